@@ -1,0 +1,13 @@
+#include "bench/cases.h"
+
+namespace ace::bench {
+
+std::vector<Case> AllCases() {
+    std::vector<Case> all = WalkCases();
+    for (const auto& more : {SectionCases(), DocumentCases()}) {
+        all.insert(all.end(), more.begin(), more.end());
+    }
+    return all;
+}
+
+}  // namespace ace::bench

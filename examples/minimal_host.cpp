@@ -1,0 +1,96 @@
+// A complete host: minimal_host FILE SUBRANGES loads the actions of a single test and runs it over
+// a few frequencies. What the host doesn't have is the engine's do-nothing default.
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <memory>
+
+#include <ace/core/actions_engine.h>
+#include <ace/host/forms.h>
+
+namespace {
+
+using ace::String;
+
+/// The sections of a file. A real host also writes it and answers for single keys.
+class File : public ace::DefaultSettingsFile {
+  public:
+    explicit File(std::istream& in) {
+        String section;
+        for (std::string line; std::getline(in, line);) {
+            const String text(line.begin(), line.end() - (line.ends_with('\r') ? 1 : 0));
+            if (text.starts_with(L'[')) {
+                section = text.substr(1, text.find(L']') - 1);
+            } else {
+                x_sections[section].push_back(text);
+            }
+        }
+    }
+    std::vector<String> GetSection(const String& section) override { return x_sections[section]; }
+
+  private:
+    std::map<String, std::vector<String>> x_sections;
+};
+
+class System : public ace::DefaultSystemServices {
+    std::shared_ptr<ace::ISettingsFile> OpenSettingsFile(std::int32_t, std::int32_t,
+                                                         const String& name, std::int32_t,
+                                                         std::int32_t) override {
+        std::ifstream in(std::string(name.begin(), name.end()));
+        return in ? std::make_shared<File>(in) : throw ace::RunTimeError(53, L"no such file");
+    }
+};
+
+/// Prints what a dialog says and closes it at once: "go on".
+class Screen : public ace::DefaultFormHost {
+    void ShowModal(ace::Form& form) override {
+        if (const ace::Control* message = form.Find(L"lblComment")) {
+            std::wcout << L"to the operator: " << message->caption << L'\n';
+        }
+        form.CloseByFrame();
+    }
+};
+
+class StatusLine : public ace::DefaultStatusDisplay {
+    void ShowStatus(const String& text, bool, bool) override {
+        std::wcout << (text.empty() ? L"" : L"status:" + text + L'\n');
+    }
+};
+
+struct Host : ace::IHostFactory {
+    std::shared_ptr<ace::ISystemServices> MakeSystemServices() override {
+        return std::make_shared<System>();
+    }
+    std::shared_ptr<ace::IFormHost> MakeFormHost() override { return std::make_shared<Screen>(); }
+    std::shared_ptr<ace::IStatusDisplay> MakeStatusDisplay() override {
+        return std::make_shared<StatusLine>();
+    }
+};
+
+/// The moments of a test in their order; true when an action asked to stop.
+bool RunTest(ace::aceActionsEngine& engine, std::int32_t subranges) {
+    bool stop = engine.StartTest();
+    for (std::int32_t n = 1; n <= subranges && !stop; ++n) {
+        stop = engine.EnterSubrange(n);
+        for (double hertz = n * 80e6; hertz < n * 100e6 && !stop; hertz += 10e6) {
+            std::wcout << hertz / 1e6 << L" MHz\n";
+            stop = engine.NewFrequency(hertz, false);
+        }
+        stop = engine.LeaveSubrange(n) || stop;
+    }
+    return engine.StopTest() || stop;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) try {
+    const std::string name = argc > 1 ? argv[1] : "";
+    const std::int32_t subranges = argc > 2 ? std::stoi(argv[2]) : 0;
+    ace::ThreadContext::InstallHost(std::make_shared<Host>());
+    ace::aceActionsEngine engine;
+    engine.LoadActions({name.begin(), name.end()}, subranges, ace::aceTemplate);
+    std::wcout << (RunTest(engine, subranges) ? L"stopped\n" : L"finished\n");
+} catch (const ace::RunTimeError& error) {
+    std::wcerr << L"error " << error.Number() << L": " << error.Description() << L'\n';
+    return 1;
+}

@@ -1,0 +1,321 @@
+#include <algorithm>
+
+#include <ace/core/action_lists.h>
+#include <ace/core/action_store.h>
+#include <ace/core/actions_engine.h>
+#include <ace/core/operation.h>
+#include <ace/host/rounding.h>
+
+namespace ace {
+
+namespace {
+
+using SharedState = std::shared_ptr<EngineState>;
+
+/// What stands beside the wireless tests: the keys first, then the host's list of them.
+constexpr DynArray<String> EngineState::*TestTexts[] = {
+    &EngineState::VKSTestUKeys, &EngineState::VKSHostUKeys, &EngineState::VKSHostNames};
+/// What stands beside the wireless steps.
+constexpr DynArray<String> EngineState::*StepTexts[] = {
+    &EngineState::VKSStepUKeys, &EngineState::VKSStepNames, &EngineState::VKSStepKeys};
+
+/// The lists that the host keeps in step with its own; none for the kinds without. The rows of the
+/// matrix are not among them: they follow its tables.
+const NumberedList* HostList(std::int32_t modul) {
+    const ModuleRow* module = FindModule(modul);
+    const bool has = module != nullptr && modul != aceVKSDUT && !module->NumberedLists().empty();
+    return has ? &module->NumberedLists().front() : nullptr;
+}
+
+String IndexMessage(std::int32_t index) {
+    return L"Index = " + std::to_wstring(index);
+}
+String MoveMessage(std::int32_t source, std::int32_t destination) {
+    return L"Source = " + std::to_wstring(source) + L", Destination = " +
+           std::to_wstring(destination);
+}
+
+/// Fills element `index` with the one above. The source is given up where the next step fills it.
+void TakeFromAbove(DynArray<p_Subrange>& list, std::int32_t index, std::int32_t count) {
+    p_Subrange& target = list[index];
+    p_Subrange& source = list[index + 1];
+    if (index + 1 < std::min(count, list.UpperBound())) {
+        target = std::move(source);
+    } else {
+        target = source;
+    }
+}
+
+// ---- wireless tests ------------------------------------------------------------------------
+
+/// Index of the first of the elements 0 to `last` that is `key`, to the letter; -1 for none.
+std::int32_t FindKey(const DynArray<String>& keys, std::int32_t last, const String& key) {
+    for (std::int32_t i = 0; i <= last; ++i) {
+        if (keys[i] == key) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+/// The key goes behind the last one wherever the test went: the keys are not shifted.
+void AddTestKey(EngineState& state, const Statements& stmt, const String& key) {
+    for (DynArray<String> EngineState::*texts : TestTexts) {
+        stmt([&] { (state.*texts).RedimPreserve(state.VKSTestCount); });
+    }
+    stmt([&] { state.VKSTestUKeys[state.VKSTestCount - 1] = key; });
+}
+
+/// The spare place is searched too, so an empty key removes the last test. Below 0 the keys stay
+/// as they are, unlike the two arrays beside them.
+void DeleteTest(EngineState& state, const Statements& stmt, const String& key) {
+    const std::int32_t found =
+        stmt([&] { return FindKey(state.VKSTestUKeys, state.VKSTestCount, key); });
+    if (found < 0) {
+        return;
+    }
+    std::int32_t index = found + 1;
+    stmt(
+        [&] { modActions::DeleteEntry(state.Context, state.VKSTests, state.VKSTestCount, index); });
+    CloseGap(state.VKSTestUKeys, found);
+    for (DynArray<String> EngineState::*texts : TestTexts) {
+        if (state.VKSTestCount >= 0) {
+            stmt([&] { (state.*texts).RedimPreserve(state.VKSTestCount); });
+        } else if (texts != &EngineState::VKSTestUKeys) {
+            stmt([&] { (state.*texts).Redim(0, 0); });
+        }
+    }
+}
+
+void DeleteStep(EngineState& state, const Statements& stmt, std::int32_t found) {
+    std::int32_t index = found + 1;
+    stmt(
+        [&] { modActions::DeleteEntry(state.Context, state.VKSSteps, state.VKSStepCount, index); });
+    for (DynArray<String> EngineState::*texts : StepTexts) {
+        stmt([&] { CloseGap(state.*texts, found); });
+    }
+    for (DynArray<String> EngineState::*texts : StepTexts) {
+        stmt([&] { (state.*texts).RedimPreserve(state.VKSStepCount); });
+    }
+}
+
+/// Also those of a test that is not there.
+void DeleteStepsOf(EngineState& state, const Statements& stmt, const String& key) {
+    for (;;) {
+        const std::int32_t found =
+            stmt([&] { return FindKey(state.VKSStepUKeys, state.VKSStepCount - 1, key); });
+        if (found < 0) {
+            return;
+        }
+        DeleteStep(state, stmt, found);
+    }
+}
+
+// ---- the operations ------------------------------------------------------------------------
+
+/// An open editor builds everything again.
+void ReloadEditor(const SharedState& state, const Statements& stmt) {
+    const std::shared_ptr<IEditor> editor = state->Context.Editor;
+    if (editor) {
+        stmt([&] { editor->LoadEditor(state->Modul, state); });
+    }
+}
+
+/// `place` counts from 1, and the editor from 0.
+void SelectInEditor(const SharedState& state, const Statements& stmt, std::int32_t place) {
+    const std::shared_ptr<IEditor> editor = state->Context.Editor;
+    if (editor) {
+        stmt([&] { editor->SetSubrange(CheckedDifference(place, 1)); });
+    }
+}
+
+/// The editor selects the subrange before the new one, and that of the count after an append: what
+/// `AddEntry` left in the index counts. A new wireless test doesn't reach the editor. Both wanted.
+void AddToStore(const SharedState& state, std::int32_t Index, const String& key) {
+    const auto message = [&] { return IndexMessage(Index); };
+    Logged(state->Context, EngineLines(L"AddSubrange"), message, [&](const Statements& stmt) {
+        const NumberedList* list = HostList(state->Modul);
+        if (list == nullptr) {
+            return;
+        }
+        std::int32_t index = Index;
+        stmt([&] {
+            modActions::AddEntry(state->Context, (*state).*list->lists, (*state).*list->count,
+                                 index);
+        });
+        if (state->Modul == aceVKSTemplate) {
+            AddTestKey(*state, stmt, key);
+        } else if (!state->InternalSubrangeOp) {
+            ReloadEditor(state, stmt);
+            SelectInEditor(state, stmt, index);
+        }
+    });
+}
+
+void DeleteFromStore(const SharedState& state, std::int32_t Index, const String& key) {
+    const auto message = [&] { return IndexMessage(Index); };
+    Logged(state->Context, EngineLines(L"DeleteSubrange"), message, [&](const Statements& stmt) {
+        const NumberedList* list = HostList(state->Modul);
+        if (list == nullptr) {
+            return;
+        }
+        if (state->Modul == aceVKSTemplate) {
+            DeleteTest(*state, stmt, key);
+            DeleteStepsOf(*state, stmt, key);
+        } else {
+            std::int32_t index = Index;
+            stmt([&] {
+                modActions::DeleteEntry(state->Context, (*state).*list->lists,
+                                        (*state).*list->count, index);
+            });
+        }
+        if (!state->InternalSubrangeOp) {
+            ReloadEditor(state, stmt);
+        }
+    });
+}
+
+/// An entry as a whole: its lists, and the key of a wireless test.
+struct WholeEntry {
+    p_Subrange lists;
+    String key;
+};
+
+/// `place` counts from 1.
+WholeEntry TakeEntry(const SharedState& state, const Statements& stmt, const NumberedList& list,
+                     std::int32_t place) {
+    return stmt([&] {
+        const std::int32_t index = CheckedDifference(place, 1);
+        WholeEntry entry{((*state).*list.lists)[index], {}};
+        if (state->Modul == aceVKSTemplate) {
+            entry.key = state->VKSTestUKeys[index];
+        }
+        return entry;
+    });
+}
+
+void PutEntry(const SharedState& state, const Statements& stmt, const NumberedList& list,
+              std::int32_t place, const WholeEntry& entry) {
+    stmt([&] {
+        const std::int32_t index = CheckedDifference(place, 1);
+        ((*state).*list.lists)[index] = entry.lists;
+        if (state->Modul == aceVKSTemplate) {
+            state->VKSTestUKeys[index] = entry.key;
+        }
+    });
+}
+
+}  // namespace
+
+void RequireFree(const DynArray<p_Subrange>& lists) {
+    if (lists.IsHeld()) {
+        Raise(Errors::ArrayInUse);
+    }
+}
+
+void modActions::AddEntry(ThreadContext& context, DynArray<p_Subrange>& List, std::int32_t& Count,
+                          std::int32_t& Index) {
+    const auto message = [&] { return IndexMessage(Index); };
+    Logged(context, ModuleLines(L"AddEntry"), message, [&](const Statements& stmt) {
+        stmt([&] { RequireFree(List); });
+        stmt([&] { Index = CheckedDifference(Index, 1); });
+        stmt([&] { Count = CheckedDifference(Count, -1); });
+        stmt([&] { List.RedimPreserve(Count); });
+        const std::int32_t first = std::max(Index, 0);
+        for (std::int32_t i = Count - 1; i > first; --i) {
+            List[i + 1] = std::move(List[i]);
+        }
+        if (first < Count) {
+            stmt([&] { List[first + 1] = List[first]; });
+        }
+        if (Index >= Count) {
+            Index = Count;
+        }
+        stmt([&] {
+            for (const ListFields& list : {EnterList, LeaveList, MlcList}) {
+                EmptyList(List[Index], list);
+            }
+        });
+    });
+}
+
+void modActions::DeleteEntry(ThreadContext& context, DynArray<p_Subrange>& List,
+                             std::int32_t& Count, std::int32_t& Index) {
+    const auto message = [&] { return IndexMessage(Index); };
+    Logged(context, ModuleLines(L"DeleteEntry"), message, [&](const Statements& stmt) {
+        stmt([&] { RequireFree(List); });
+        stmt([&] { Index = CheckedDifference(Index, 1); });
+        stmt([&] { Count = CheckedDifference(Count, 1); });
+        for (std::int32_t i = Index; i < Count; ++i) {
+            stmt([&] { TakeFromAbove(List, i, Count); });
+        }
+        if (Count >= 0) {
+            stmt([&] { List.RedimPreserve(Count); });
+        } else {
+            stmt([&] { List.Redim(0, 0); });
+        }
+    });
+}
+
+void aceActionsEngine::EditorSelectSubrange(std::int32_t Number) {
+    const SharedState state = x_state;
+    Logged(state->Context, EngineLines(L"EditorSelectSubrange"), NoMessage,
+           [&](const Statements& stmt) { SelectInEditor(state, stmt, Number); });
+}
+
+void aceActionsEngine::AddSubrange(std::int32_t Index, const String& VKSUkey) {
+    const SharedState state = x_state;
+    AddToStore(state, Index, String(VKSUkey));
+}
+
+void aceActionsEngine::DeleteSubrange(std::int32_t Index, const String& VKSUkey) {
+    const SharedState state = x_state;
+    DeleteFromStore(state, Index, String(VKSUkey));
+}
+
+/// Both steps run without a key, so that a wireless test is not found by its own: the last one goes
+/// and the one at the destination is overwritten. That is wanted.
+void aceActionsEngine::MoveSubrange(std::int32_t Source, std::int32_t Destination) {
+    const SharedState state = x_state;
+    const auto message = [&] { return MoveMessage(Source, Destination); };
+    Logged(state->Context, EngineLines(L"MoveSubrange"), message, [&](const Statements& stmt) {
+        const NumberedList* list = HostList(state->Modul);
+        state->InternalSubrangeOp = true;
+        WholeEntry entry;
+        if (list != nullptr) {
+            entry = TakeEntry(state, stmt, *list, Source);
+        }
+        stmt([&] { DeleteFromStore(state, Source, {}); });
+        stmt([&] { AddToStore(state, Destination, {}); });
+        if (list != nullptr) {
+            PutEntry(state, stmt, *list, Destination, entry);
+        }
+        state->InternalSubrangeOp = false;
+        if (list != nullptr) {
+            ReloadEditor(state, stmt);
+            SelectInEditor(state, stmt, Destination);
+        }
+    });
+}
+
+void aceActionsEngine::SwapSubrange(std::int32_t Source, std::int32_t Destination) {
+    const SharedState state = x_state;
+    const auto message = [&] { return MoveMessage(Source, Destination); };
+    Logged(state->Context, EngineLines(L"SwapSubrange"), message, [&](const Statements& stmt) {
+        const NumberedList* list = HostList(state->Modul);
+        state->InternalSubrangeOp = true;
+        if (list != nullptr) {
+            stmt([&] { RequireFree((*state).*list->lists); });
+            const WholeEntry entry = TakeEntry(state, stmt, *list, Source);
+            PutEntry(state, stmt, *list, Source, TakeEntry(state, stmt, *list, Destination));
+            PutEntry(state, stmt, *list, Destination, entry);
+        }
+        state->InternalSubrangeOp = false;
+        if (list != nullptr) {
+            ReloadEditor(state, stmt);
+            SelectInEditor(state, stmt, Destination);
+        }
+    });
+}
+
+}  // namespace ace

@@ -1,0 +1,158 @@
+#include <ace/core/actions_engine.h>
+#include <ace/core/cleaning.h>
+#include <ace/core/operation.h>
+
+namespace ace {
+
+namespace {
+
+/// The error of a module kind outside the members is that of the flag array's bounds.
+Boolean& ChangeFlag(EngineState& state) {
+    if (FindModule(state.Modul) == nullptr) {
+        Raise(Errors::SubscriptOutOfRange);
+    }
+    return state.ChangeFlags[static_cast<std::size_t>(state.Modul)];
+}
+
+void TakeOverEditorLists(EngineState& state) {
+    const std::shared_ptr<IEditor> held = Required(state.Context.Editor);
+    IEditor& editor = *held;
+    switch (state.Modul) {
+        case aceTemplate:
+            editor.GetMainActions(state.MainSubrangeCount, state.MainSubranges, state.MainTest);
+            break;
+        case aceMonitoring:
+            editor.GetMoniActions(state.MoniChannelCount, state.MoniChannels, state.MoniEut,
+                                  state.MoniLoop);
+            break;
+        case aceEMSAutoTemplateGeneral:
+            editor.GetEMSAutoActionsGeneral(state.EMSAutoGeneral);
+            break;
+        case aceEMSAutoTemplate:
+            editor.GetEMSAutoActions(state.EMSAutoStepCount, state.EMSAutoSteps);
+            break;
+        case aceEMIAutoTemplate:
+            editor.GetEMIAutoActions(state.EMIAutoStepCount, state.EMIAutoSteps, state.EMIAutoTest);
+            break;
+        case aceTSTemplate:
+            editor.GetTSActions(state.TSTestCount, state.TSTests, state.TSTest);
+            break;
+        case aceAziChart:
+            editor.GetAziChartActions(state.AziChart);
+            break;
+        case aceVKSTemplate:
+            editor.GetVKSActions(state.VKSTestCount, state.VKSTests, state.VKSTemplate,
+                                 state.VKSStepCount, state.VKSSteps);
+            break;
+        case aceVKSDUT:
+            editor.GetVKSDUTActions(state);
+            editor.GetVKSDUTGlobActions(state.VKSDUTGlob);
+            break;
+    }
+}
+
+/// The shared port and socket end with any object, also those that other objects use. A socket that
+/// the host calls dead is left alone, and its handle stands.
+void CloseConnections(ThreadContext& context, ResumeNext& next) {
+    const std::shared_ptr<IComPortForm> form = context.ComPortForm;
+    if (form) {
+        next([&] {
+            if (form->ComPort().PortOpen()) {
+                form->ComPort().PortOpen(false);
+            }
+        });
+    }
+    bool isOpen = false;
+    next([&] {
+        isOpen =
+            context.SocketHandle > 0 && context.DeviceList().SocketIsOpen(context.SocketHandle);
+    });
+    if (isOpen) {
+        next([&] { context.DeviceList().CloseSocket(context.SocketHandle); });
+        context.SocketHandle = -1;
+    }
+    context.ComPortForm.reset();
+}
+
+}  // namespace
+
+/// The beginning of what the objects of a thread share.
+namespace modManage {
+
+/// Number of the first label of the status line.
+constexpr std::int32_t FirstStatusText = 9410;
+constexpr std::int32_t FirstDeviceSection = 100;
+
+/// Counts the object; the first one makes the status display and fetches its labels. A failure
+/// leaves the object counted.
+static void InitModule(ThreadContext& context) {
+    Guarded(context, [&](const Statements& stmt) {
+        ++context.InstanceCount;
+        if (context.ModuleInitialised) {
+            return;
+        }
+        stmt([&] { context.StatusDisplay = Required(context.Factory().MakeStatusDisplay()); });
+        for (std::size_t i = 0; i < context.ActionStatusTexts.size(); ++i) {
+            stmt([&] {
+                context.ActionStatusTexts[i] =
+                    context.Language().Text(FirstStatusText + static_cast<std::int32_t>(i));
+            });
+        }
+        context.DeviceSectionCounter = FirstDeviceSection;
+        context.ModuleInitialised = true;
+    });
+}
+
+}  // namespace modManage
+
+aceActionsEngine::aceActionsEngine(ThreadContext& context)
+    : x_state(std::make_shared<EngineState>(context)) {
+    modManage::InitModule(context);
+    context.TestRunning = false;
+    context.InitReceiverPending = false;
+    context.SocketHandle = -1;
+    context.ComPortForm = MakeComPortForm(context);
+}
+
+aceActionsEngine::~aceActionsEngine() {
+    ThreadContext& context = x_state->Context;
+    ResumeNext next;
+    CloseConnections(context, next);
+    CleanLists(*x_state);
+    --context.InstanceCount;
+    if (context.InstanceCount < 1) {
+        context.StatusDisplay.reset();
+        context.CommentForm.reset();
+        context.ModuleInitialised = false;
+        context.InstanceCount = 0;
+    }
+}
+
+Boolean aceActionsEngine::Change() {
+    return ChangeFlag(*x_state);
+}
+
+void aceActionsEngine::Change(Boolean value) {
+    const std::shared_ptr<EngineState> state = x_state;
+    ChangeFlag(*state) = value;
+    if (value) {
+        TakeOverEditorLists(*state);
+    }
+}
+
+Boolean aceActionsEngine::InitReceiver() {
+    const Boolean pending = x_state->Context.InitReceiverPending;
+    x_state->Context.InitReceiverPending = false;
+    return pending;
+}
+
+void aceActionsEngine::Release() {
+    ThreadContext& context = x_state->Context;
+    const std::shared_ptr<IEditor> editor = context.Editor;
+    if (editor) {
+        editor->Unload();
+        context.Editor.reset();
+    }
+}
+
+}  // namespace ace

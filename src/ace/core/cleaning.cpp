@@ -1,0 +1,125 @@
+#include <algorithm>
+
+#include <ace/core/action_lists.h>
+#include <ace/core/cleaning.h>
+#include <ace/core/operation.h>
+#include <ace/host/rounding.h>
+
+namespace ace {
+
+namespace {
+
+using Kinds = std::uint32_t;
+constexpr Kinds KindBit(p_ActionTypes kind) {
+    return Kinds{1} << kind;
+}
+
+/// The kinds that are treated in a list. A remote action of the `Freq` list is not among them: its
+/// bus device stays open, and that asymmetry is wanted.
+struct CleanedList {
+    ListFields list;
+    Kinds kinds;
+};
+constexpr Kinds DeviceKinds = KindBit(atSetDevice) | KindBit(atCheckEut) | KindBit(atSwitchUnit);
+constexpr CleanedList CleanedLists[] = {
+    {EnterList, DeviceKinds | KindBit(atRemote) | KindBit(atMonitorEUT) | KindBit(atSwitchAmp)},
+    {LeaveList, DeviceKinds | KindBit(atRemote) | KindBit(atSwitchAmp)},
+    {FreqList, DeviceKinds | KindBit(atTrackFreq)},
+    {MlcList, DeviceKinds | KindBit(atRemote)},
+};
+
+bool Contains(Kinds kinds, std::int32_t kind) {
+    return kind >= 0 && kind < 32 && (kinds >> kind & 1U) != 0;
+}
+
+void CleanRemote(ThreadContext& context, const p_Action& action) {
+    aceRemote& record = context.ReaderRecords.Remote;
+    record = RecordOf<aceRemote>(action);
+    constexpr std::int32_t Gpib = 0;
+    if (record.Iface != Gpib || record.DrvHdl <= -1) {
+        return;
+    }
+    ResumeNext next;
+    next([&] { context.GpibDriver().CloseDevice(NarrowToShort(record.DrvHdl), 0); });
+    record.DrvHdl = -1;
+}
+
+void CleanTrackFreq(ThreadContext& context, const p_Action& action) {
+    aceTrackFreq& record = context.ReaderRecords.TrackFreq;
+    record = RecordOf<aceTrackFreq>(action);
+    record.MoniDev.reset();
+    record.GenDev.reset();
+    record.SigPath.reset();
+    record.CalTable.reset();
+}
+
+void CleanSetDevice(ThreadContext& context, const p_Action& action) {
+    aceSetDevice& record = context.ReaderRecords.SetDevice;
+    record = RecordOf<aceSetDevice>(action);
+    record.Device.reset();
+    record.MoniDev.reset();
+    record.BcGen.reset();
+    record.AmplDev.reset();
+    record.SwitchDev.reset();
+    record.SigPath.reset();
+}
+
+void CleanAction(ThreadContext& context, const p_Action& action) {
+    switch (action.ActionType) {
+        case atRemote:
+            CleanRemote(context, action);
+            break;
+        case atTrackFreq:
+            CleanTrackFreq(context, action);
+            break;
+        default:
+            CleanSetDevice(context, action);
+            break;
+    }
+}
+
+/// How many elements both a count and its array have. Any beyond could only fail and be passed
+/// over, and the count that a failed load leaves may be a huge one.
+template <class T>
+std::int32_t Reachable(std::int32_t count, const DynArray<T>& array) {
+    return static_cast<std::int32_t>(
+        std::min(static_cast<std::size_t>(std::max(count, 0)), array.Size()));
+}
+
+}  // namespace
+
+void modActions::CleanSubrange(ThreadContext& context, const p_Subrange& lists) {
+    ResumeNext next;
+    for (const CleanedList& cleaned : CleanedLists) {
+        const DynArray<p_Action>& actions = lists.*cleaned.list.actions;
+        const std::int32_t end = Reachable(lists.*cleaned.list.count, actions);
+        for (std::int32_t i = 0; i < end; ++i) {
+            next([&] {
+                const p_Action& action = actions[i];
+                if (Contains(cleaned.kinds, action.ActionType)) {
+                    CleanAction(context, action);
+                }
+            });
+        }
+    }
+}
+
+void CleanLists(EngineState& state) {
+    const ModuleRow* module = FindModule(state.Modul);
+    if (module == nullptr) {
+        return;
+    }
+    ResumeNext next;
+    for (const FixedList& fixed : module->FixedLists()) {
+        modActions::CleanSubrange(state.Context, state.*fixed.list);
+    }
+    for (const NumberedList& numbered : module->NumberedLists()) {
+        const DynArray<p_Subrange>& lists = state.*numbered.lists;
+        const std::int32_t end = Reachable(state.*numbered.count, lists);
+        for (std::int32_t i = 0; i < end; ++i) {
+            next([&] { modActions::CleanSubrange(state.Context, lists[i]); });
+        }
+    }
+}
+
+}  // namespace ace

@@ -1,0 +1,80 @@
+#include <ace/core/text.h>
+#include <ace/execution/api_macro.h>
+#include <ace/execution/device_failure.h>
+#include <ace/execution/replace_variables.h>
+
+namespace ace {
+
+namespace {
+
+constexpr std::int32_t MacroTitle = 9430;
+constexpr std::int32_t MacroFailedText = 9183;
+
+/// The record's texts as the macro gets them. Pairs of the host come first, so that a value that
+/// holds "#FREQ#" is filled in too; the decimal separator of the frequency is the locale's.
+void FillParameters(ThreadContext& context, aceAPI& record) {
+    const std::int32_t last = record.Parameters.UpperBound();
+    for (std::int32_t i = 1; i <= last; ++i) {
+        String& parameter = record.Parameters[i];
+        ReplaceVariables(context, record.vks, parameter);
+        if (parameter.find(L"#FREQ#") != String::npos) {
+            const wchar_t separator = context.Platform().DecimalSeparator();
+            ReplaceAll(parameter, L"#FREQ#", FormatFixed(record.Freq, 1, separator));
+        }
+    }
+}
+
+bool LoadMacro(ThreadContext& context, IApiMacro& macro, aceAPI& record) {
+    Value unread;
+    if (record.Parameters.UpperBound() < 1) {
+        return macro.Load(record.Program, {}, {}, unread);
+    }
+    FillParameters(context, record);
+    return macro.Load(record.Program, record.Parameters, {}, unread);
+}
+
+/// True when the macro was started.
+bool StartMacro(ThreadContext& context, IApiMacro& macro, const aceAPI& record) {
+    Required(context.StatusDisplay)
+        ->ShowStatus(L"Execute API Macro: " + record.Program, false, false);
+    String unreadText;
+    String errorText;
+    Value unread;
+    if (macro.Execute(unreadText, errorText, unread)) {
+        return true;
+    }
+    context.UserDialogs().ShowMessageBox(errorText, IUserDialogs::Critical,
+                                         context.Language().Text(MacroTitle));
+    return false;
+}
+
+/// The result is the runner's first answer; its second one alone decides about the message.
+void RunMacro(ThreadContext& context, aceAPI& record, Boolean& result) {
+    if (!context.RunningMacro) {
+        context.RunningMacro = Required(context.Factory().MakeApiMacro());
+    }
+    const std::shared_ptr<IApiMacro> macro = context.RunningMacro;
+    if (!LoadMacro(context, *macro, record) || !StartMacro(context, *macro, record)) {
+        return;
+    }
+    macro->WaitFinished();
+    result = macro->GetResult();
+    if (!macro->GetResult()) {
+        ILanguage& language = context.Language();
+        context.UserDialogs().ShowMessageBox(
+            language.Text(MacroFailedText) + L" [" + record.Program + L"]",
+            IUserDialogs::Exclamation, language.Text(MacroTitle));
+    }
+}
+
+}  // namespace
+
+Boolean modActions::RunApiMacro(ThreadContext& context, aceAPI& record) {
+    Boolean result;
+    ResumeNext quiet;
+    quiet([&] { RunMacro(context, record, result); });
+    quiet([&] { ClearStatus(context); });
+    return result;
+}
+
+}  // namespace ace

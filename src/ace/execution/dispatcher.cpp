@@ -1,0 +1,177 @@
+#include <ace/core/operation.h>
+#include <ace/execution/api_macro.h>
+#include <ace/execution/device_actions.h>
+#include <ace/execution/dispatcher.h>
+#include <ace/execution/plain_actions.h>
+#include <ace/execution/remote_commands.h>
+#include <ace/execution/signal_path.h>
+#include <ace/execution/track_frequency.h>
+
+namespace ace {
+
+namespace {
+
+/// One run of an action. The working records are those of the thread: an action that runs inside
+/// this one overwrites them, and the routine in progress goes on with the new content. Only the
+/// latch is a copy of its own.
+struct Run {
+    ThreadContext& context;
+    const Statements& stmt;
+    p_Action& action;
+    std::int32_t modul;
+    Boolean ignoreErr = action.IgnoreErr;
+
+    template <class Record>
+    void CopyOut(Record& working) const {
+        stmt([&] { working = RecordOf<Record>(action); });
+    }
+    template <class Record>
+    void WriteBack(const Record& working) const {
+        stmt([&] { action.Parameter = working; });
+    }
+};
+
+Boolean RunWait(const Run& run) {
+    aceWait& record = run.context.DispatcherRecords.Wait;
+    run.CopyOut(record);
+    modActions::Wait(run.context, record);
+    return false;
+}
+
+/// With both texts set both run, and the program's answer replaces that of the command.
+Boolean RunRemote(Run& run) {
+    aceRemote& record = run.context.DispatcherRecords.Remote;
+    run.CopyOut(record);
+    Boolean result;
+    if (!record.Command.empty()) {
+        result = run.stmt(
+            [&] { return modActions::SendRemoteCommand(run.context, record, run.ignoreErr); });
+    }
+    if (!record.Program.empty()) {
+        result = run.stmt(
+            [&] { return modActions::StartRemoteProgram(run.context, record, run.ignoreErr); });
+    }
+    run.WriteBack(record);
+    run.action.IgnoreErr = run.ignoreErr;
+    return result;
+}
+
+Boolean RunSetCheck(Run& run) {
+    aceSetDevice& record = run.context.DispatcherRecords.SetDevice;
+    run.CopyOut(record);
+    const Boolean isSet = run.action.ActionType == atSetDevice;
+    const Boolean result = run.stmt([&] {
+        return modActions::SetCheckDevice(run.context, record, isSet, run.ignoreErr, run.modul);
+    });
+    run.WriteBack(record);
+    run.action.IgnoreErr = run.ignoreErr;
+    return result;
+}
+
+/// With both names set both run, and the answer of the tracking replaces that of the generator.
+Boolean RunTrack(Run& run) {
+    aceTrackFreq& record = run.context.DispatcherRecords.TrackFreq;
+    run.CopyOut(record);
+    Boolean result;
+    if (!record.GenName.empty()) {
+        result =
+            run.stmt([&] { return modActions::SyncGenerator(run.context, record, run.ignoreErr); });
+    }
+    if (!record.MoniName.empty()) {
+        result =
+            run.stmt([&] { return modActions::TrackMonitor(run.context, record, run.ignoreErr); });
+    }
+    run.WriteBack(record);
+    run.action.IgnoreErr = run.ignoreErr;
+    return result;
+}
+
+/// The host hears of the wanted state also when the switching failed.
+Boolean RunSwitchAmp(const Run& run) {
+    aceSetDevice& record = run.context.DispatcherRecords.SetDevice;
+    run.CopyOut(record);
+    const Boolean result =
+        run.stmt([&] { return modActions::SwitchAmplifier(run.context, record); });
+    run.WriteBack(record);
+    run.stmt([&] {
+        modActions::PostEvent(run.context, modActions::AmplifierEvent,
+                              std::to_wstring(record.AmpState));
+    });
+    run.stmt([&] { run.context.Platform().Yield(); });
+    return result;
+}
+
+Boolean RunSwitchUnit(const Run& run) {
+    aceSetDevice& record = run.context.DispatcherRecords.SetDevice;
+    run.CopyOut(record);
+    const Boolean result =
+        run.stmt([&] { return modActions::SwitchUnitPath(run.context, record); });
+    run.WriteBack(record);
+    return result;
+}
+
+Boolean RunApi(const Run& run) {
+    aceAPI& record = run.context.DispatcherRecords.Api;
+    run.CopyOut(record);
+    const Boolean succeeded =
+        run.stmt([&] { return modActions::RunApiMacro(run.context, record); });
+    return !succeeded;
+}
+
+Boolean RunNotify(const Run& run) {
+    aceNotify& record = run.context.DispatcherRecords.Notify;
+    run.CopyOut(record);
+    return modActions::Notify(run.context, run.stmt, record, run.modul);
+}
+
+Boolean RunQuestion(const Run& run) {
+    aceNotify& record = run.context.DispatcherRecords.Notify;
+    run.CopyOut(record);
+    return modActions::Question(run.context, run.stmt, record);
+}
+
+Boolean Dispatch(Run run) {
+    switch (run.action.ActionType) {
+        case atComment:
+        case atTestStop:
+        case atGotoSingle:
+        case atStopLevSweep:
+        case atNbBbEtsi:
+            return true;
+        case atWait:
+            return RunWait(run);
+        case atNotify:
+            return RunNotify(run);
+        case atQuestion:
+            return RunQuestion(run);
+        case atRemote:
+            return RunRemote(run);
+        case atSetDevice:
+        case atCheckEut:
+        case atMonitorEUT:
+            return RunSetCheck(run);
+        case atTrackFreq:
+            return RunTrack(run);
+        case atProtRec:
+            modActions::ProtectIfAllowed(run.context, run.stmt, run.modul);
+            return false;
+        case atSwitchAmp:
+            return RunSwitchAmp(run);
+        case atSwitchUnit:
+            return RunSwitchUnit(run);
+        case atAPI:
+            return RunApi(run);
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+Boolean modActions::RunActing(ThreadContext& context, p_Action& action, std::int32_t modul) {
+    return Logged(context, DoActionLines, NoMessage, [&](const Statements& stmt) {
+        return Dispatch({context, stmt, action, modul});
+    });
+}
+
+}  // namespace ace

@@ -1,0 +1,46 @@
+/// Carries out one action.
+#pragma once
+
+#include <ace/core/operation.h>
+
+namespace ace::modActions {
+
+/// A bit for each kind of a set; a kind outside the members is in none.
+class KindSet {
+  public:
+    template <class... Kinds>
+    constexpr explicit KindSet(Kinds... kinds) : x_bits(((1U << kinds) | ...)) {}
+    /// The bit is looked at first: in a list where most kinds are in no set, that decides.
+    constexpr bool Has(std::int32_t kind) const {
+        return (x_bits >> (kind & 31) & 1U) != 0 && static_cast<std::uint32_t>(kind) < 32;
+    }
+
+  private:
+    std::uint32_t x_bits;
+};
+
+/// The kinds that have a routine, or that answer true without one.
+inline constexpr KindSet ActingKinds(atWait, atNotify, atRemote, atSetDevice, atCheckEut,
+                                     atTrackFreq, atComment, atProtRec, atTestStop, atGotoSingle,
+                                     atStopLevSweep, atNbBbEtsi, atSwitchAmp, atSwitchUnit, atAPI,
+                                     atQuestion, atMonitorEUT);
+inline constexpr TraceLines DoActionLines = ModuleLines(L"DoAction");
+
+/// `DoAction` of an acting kind.
+Boolean RunActing(ThreadContext& context, p_Action& action, std::int32_t modul);
+
+/// Copies the record out of `action`, runs the routine of its kind and, for some kinds, copies back
+/// what must survive. True means that the walker has something to act on: the routine or the
+/// operator asked to stop, or the kind is a signal to the host. `modul` is the module kind that the
+/// moment tells, which is not always that of the object. A kind outside the members does nothing.
+/// Errors are reported and raised; those of devices come back as results instead. Messages may run.
+/// The action must stay in its place: its list is held by the walk.
+inline Boolean DoAction(ThreadContext& context, p_Action& action, std::int32_t modul) {
+    if (ActingKinds.Has(action.ActionType)) {
+        return RunActing(context, action, modul);
+    }
+    return Logged(context, DoActionLines, NoMessage,
+                  [](const Statements&) -> Boolean { return false; });
+}
+
+}  // namespace ace::modActions

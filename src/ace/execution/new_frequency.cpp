@@ -1,0 +1,132 @@
+#include <ace/core/actions_engine.h>
+#include <ace/core/text.h>
+#include <ace/execution/walks.h>
+
+namespace ace {
+
+namespace {
+
+/// The every-frequency list by `aceModul`; none for the modules that have no such moment.
+constexpr p_Subrange EngineState::*FrequencySets[ModulCount] = {&EngineState::MainTest,
+                                                                &EngineState::MoniEut,
+                                                                &EngineState::EMSAutoGeneral,
+                                                                nullptr,
+                                                                &EngineState::EMIAutoTest,
+                                                                nullptr,
+                                                                &EngineState::AziChart,
+                                                                nullptr,
+                                                                nullptr};
+
+/// What a tracking action outside `aceTemplate` is left with instead of its record. The dispatcher
+/// then fails on it, and the record is lost for the life of the list: that is wanted.
+constexpr std::int32_t TrackingLost = 5;
+
+/// Writes the frequency into the record of the kinds that follow it.
+void PassFrequency(p_Action& action, aceModul modul, double frequency) {
+    if (action.ActionType == atTrackFreq) {
+        RecordOf<aceTrackFreq>(action).Freq = frequency;
+        if (modul != aceTemplate) {
+            action.Parameter = TrackingLost;
+        }
+    } else if (action.ActionType == atAPI) {
+        RecordOf<aceAPI>(action).Freq = frequency;
+    }
+}
+
+/// The kinds that can act at a frequency; all others are skipped without a call.
+constexpr modActions::KindSet FrequencyKinds(atWait, atRemote, atSetDevice, atCheckEut,
+                                             atSwitchUnit, atTrackFreq, atAPI);
+
+/// In the general lists of a susceptibility test, waits and commands have no say in the result.
+bool CountsForResult(std::int32_t kind, aceModul modul) {
+    return modul != aceEMSAutoTemplateGeneral || (kind != atWait && kind != atRemote);
+}
+
+/// Runs one element; `result` takes its answer unless that does not count. Apart from the loop,
+/// which mostly passes elements by.
+[[gnu::noinline]] void RunAtFrequency(EngineState& state, const Statements& stmt,
+                                      const FixedActions& actions, std::int32_t index,
+                                      double frequency, Boolean& result) {
+    const std::int32_t kind = actions[index].ActionType;
+    stmt([&] { PassFrequency(actions[index], state.Modul, frequency); });
+    const Boolean answer = stmt([&] { return actions.Run(index, state.Modul); });
+    if (CountsForResult(kind, state.Modul)) {
+        result = answer;
+    }
+}
+
+/// Runs the whole list; the answer is the last result alone.
+[[gnu::noinline]] Boolean RunFrequencyList(EngineState& state, const Statements& stmt,
+                                           p_Subrange& set, double frequency) {
+    ThreadContext& context = state.Context;
+    const FixedActions actions(state, set, FreqList);
+    const std::int32_t count = actions.Count();
+    Boolean result;
+    for (std::int32_t i = 0; i < count; ++i) {
+        stmt([&] { context.Platform().Yield(); });
+        if (stmt([&] { return FrequencyKinds.Has(actions[i].ActionType); })) {
+            RunAtFrequency(state, stmt, actions, i, frequency, result);
+        }
+    }
+    return result;
+}
+
+}  // namespace
+
+Boolean aceActionsEngine::NewFrequency(double FreqVal, Boolean IsNotEmiScSwMeas) {
+    const std::shared_ptr<EngineState> state = x_state;
+    ThreadContext& context = state->Context;
+    const auto message = [&] {
+        return L"Freq = " + FormatGeneral(FreqVal, context.Platform().DecimalSeparator());
+    };
+    return Logged(
+        context, EngineLines(L"NewFrequency"), message, [&](const Statements& stmt) -> Boolean {
+            context.EutCheckRequest = acEutNoAction;
+            context.EutCheckComment.clear();
+            const bool same =
+                stmt([&] { return context.Utilities().IsEqual(FreqVal, state->LastFrequency); });
+            if (same && !IsNotEmiScSwMeas) {
+                return false;
+            }
+            state->LastFrequency = FreqVal;
+            const bool known = FindModule(state->Modul) != nullptr;
+            p_Subrange EngineState::*set = known ? FrequencySets[state->Modul] : nullptr;
+            return set != nullptr ? RunFrequencyList(*state, stmt, state.get()->*set, FreqVal)
+                                  : Boolean(false);
+        });
+}
+
+Boolean aceActionsEngine::NewFrqCheckForAccLoading() {
+    const std::shared_ptr<EngineState> state = x_state;
+    return Logged(state->Context, EngineLines(L"NewFrqCheckForAccLoading"), NoMessage,
+                  [&](const Statements& stmt) -> Boolean {
+                      if (state->Modul != aceEMIAutoTemplate) {
+                          return false;
+                      }
+                      const p_Subrange& test = state->EMIAutoTest;
+                      for (std::int32_t i = 0; i < test.FreqCount; ++i) {
+                          const bool wants = stmt([&] {
+                              const p_Action& action = test.Freq[i];
+                              return action.ActionType == atCheckEut &&
+                                     RecordOf<aceSetDevice>(action).LoadingPos;
+                          });
+                          if (wants) {
+                              return true;
+                          }
+                      }
+                      return false;
+                  });
+}
+
+/// The comment stays until the next frequency; only the bits are taken.
+std::int32_t aceActionsEngine::GetCheckEutAction(Value& strComment) {
+    ThreadContext& context = x_state->Context;
+    return Logged(context, EngineLines(L"GetCheckEutAction"), NoMessage, [&](const Statements&) {
+        strComment = context.EutCheckComment;
+        const std::int32_t request = context.EutCheckRequest;
+        context.EutCheckRequest = acEutNoAction;
+        return request;
+    });
+}
+
+}  // namespace ace

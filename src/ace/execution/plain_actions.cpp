@@ -1,0 +1,129 @@
+#include <ace/core/actions_engine.h>
+#include <ace/core/text.h>
+#include <ace/execution/plain_actions.h>
+#include <ace/execution/replace_variables.h>
+#include <ace/execution/signal_path.h>
+#include <ace/host/rounding.h>
+
+namespace ace {
+
+namespace {
+
+/// Index of the wait label among the status texts.
+constexpr std::size_t WaitLabel = 0;
+/// "Please wait" or the like, second line of the timed message.
+constexpr std::int32_t WaitHint = 9044;
+/// Style of an information box.
+constexpr std::int32_t InformationStyle = 64;
+/// The one state of the host's test in which a template leaves its receivers alone.
+constexpr std::int32_t UnprotectedState = 14;
+
+Boolean ShowMessage(ThreadContext& context, const Statements& stmt, aceNotify& record,
+                    Boolean question) {
+    if (!context.CommentForm) {
+        stmt([&] { context.CommentForm = MakeCommentForm(context); });
+    }
+    stmt([&] { ReplaceVariables(context, record.vks, record.Message); });
+    return stmt([&] {
+        const std::shared_ptr<ICommentForm> form = Required(context.CommentForm);
+        return form->DisplayMessage(record.Message, question);
+    });
+}
+
+}  // namespace
+
+void modActions::PostEvent(ThreadContext& context, std::int32_t kind, const String& text) {
+    context.DeviceList().GetDeviceListHost().PostEvent(L"ActionEngine", kind, text);
+}
+
+void modActions::Wait(ThreadContext& context, const aceWait& record) {
+    ResumeNext quiet;
+    quiet([&] {
+        const wchar_t separator = context.Platform().DecimalSeparator();
+        const String time = WithPoint(FormatFixed(record.Time / 1000.0, 3, separator));
+        const String status = context.ActionStatusTexts[WaitLabel] + L" " + time + L" s";
+        Required(context.StatusDisplay)->ShowStatus(status, true, true);
+        std::int32_t style = InformationStyle;
+        context.SystemServices().ShowTimedMessage(
+            status + L"\r\n" + context.Language().Text(WaitHint), style,
+            context.ActionStatusTexts[WaitLabel], RoundToLong(record.Time));
+        Required(context.StatusDisplay)->ShowStatus({}, false, false);
+    });
+}
+
+void modActions::PlaySound(ThreadContext& context, const aceNotify& record) {
+    ResumeNext quiet;
+    quiet([&] {
+        IPlatform& platform = context.Platform();
+        bool played = true;
+        if (!record.WaveFile.empty()) {
+            played = platform.sndPlaySoundA(record.WaveFile, IPlatform::SoundFlags) != 0;
+        }
+        if (record.Beep) {
+            platform.Beep();
+        }
+        if (!played) {
+            platform.Beep();
+        }
+    });
+}
+
+Boolean modActions::Notify(ThreadContext& context, const Statements& stmt, aceNotify& record,
+                           std::int32_t modul) {
+    const bool silent = modul == aceTemplate && context.SystemCheck;
+    if (!record.WaveFile.empty() || (record.Beep && !silent)) {
+        PlaySound(context, record);
+    }
+    stmt([&] { PostEvent(context, RadiationEvent, L"Standby On"); });
+    stmt([&] { context.Platform().Yield(); });
+    Boolean result;
+    if (!record.Message.empty() && !silent) {
+        result = ShowMessage(context, stmt, record, false);
+    }
+    stmt([&] { PostEvent(context, RadiationEvent, L"Radiation on"); });
+    stmt([&] { context.Platform().Yield(); });
+    return result;
+}
+
+Boolean modActions::Question(ThreadContext& context, const Statements& stmt, aceNotify& record) {
+    if (!record.WaveFile.empty() || record.Beep) {
+        PlaySound(context, record);
+    }
+    stmt([&] { context.Platform().Yield(); });
+    Boolean result;
+    if (!record.Message.empty()) {
+        result = ShowMessage(context, stmt, record, true);
+    }
+    stmt([&] { context.Platform().Yield(); });
+    return result;
+}
+
+void modActions::ProtectIfAllowed(ThreadContext& context, const Statements& stmt,
+                                  std::int32_t modul) {
+    const std::shared_ptr<ITestInfo> test =
+        stmt([&] { return context.SystemServices().GetCurrentTest(); });
+    bool forbidden = false;
+    if (test) {
+        String name;
+        const std::int32_t state = stmt([&] { return test->GetTestState(name); });
+        forbidden = state == UnprotectedState && modul == aceTemplate;
+    }
+    if (!forbidden) {
+        context.InitReceiverPending = true;
+        stmt([&] { ProtectReceivers(context); });
+    }
+}
+
+void aceActionsEngine::StopAllActions() {
+    ThreadContext& context = x_state->Context;
+    ResumeNext quiet;
+    quiet([&] {
+        const std::shared_ptr<IApiMacro> macro = context.RunningMacro;
+        if (macro) {
+            macro->Abort();
+        }
+        Required(context.StatusDisplay)->ShowStatus({}, false, false);
+    });
+}
+
+}  // namespace ace

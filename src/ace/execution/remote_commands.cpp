@@ -1,0 +1,139 @@
+#include <ace/execution/device_failure.h>
+#include <ace/execution/remote_commands.h>
+#include <ace/execution/replace_variables.h>
+#include <ace/host/rounding.h>
+
+namespace ace {
+
+namespace {
+
+/// Indexes of the status labels.
+constexpr std::size_t GpibLabel = 1;
+constexpr std::size_t SerialLabel = 2;
+constexpr std::size_t TcpLabel = 3;
+
+/// Arguments of opening a bus device: time-out code 11 is one second, EOI asserted.
+constexpr std::int16_t NoSecondary = 0;
+constexpr std::int16_t OneSecond = 11;
+constexpr std::int16_t SendEoi = 1;
+constexpr std::int16_t NoEndOfString = 0;
+
+/// By terminator code; any other code adds nothing.
+constexpr StringView Terminators[] = {L"\n", L"\r", L"\r\n", L""};
+
+StringView TerminatorOf(std::int32_t code) {
+    const bool known = code >= 0 && code < static_cast<std::int32_t>(std::size(Terminators));
+    return known ? Terminators[code] : StringView();
+}
+
+void ShowStatus(ThreadContext& context, std::size_t label, const String& text) {
+    Required(context.StatusDisplay)
+        ->ShowStatus(context.ActionStatusTexts[label] + text, false, false);
+}
+
+/// The handle stays in the record: opened at the first use, kept between uses, also after a
+/// failure.
+void SendGpib(ThreadContext& context, aceRemote& record, const String& text) {
+    constexpr std::int32_t BoardUnit = 100;
+    const std::int32_t rest = (record.GpibAddress % BoardUnit + BoardUnit) % BoardUnit;
+    const std::int16_t board =
+        NarrowToShort((CheckedDifference(record.GpibAddress, rest)) / BoardUnit);
+    const auto address = static_cast<std::int16_t>(rest);
+    if (record.DrvHdl == -1) {
+        record.DrvHdl = context.GpibDriver().OpenDevice(board, address, NoSecondary, OneSecond,
+                                                        SendEoi, NoEndOfString);
+        if (record.DrvHdl == -1) {
+            RaiseDeviceFailed(context);
+        }
+    }
+    ShowStatus(context, GpibLabel, std::to_wstring(board) + L":" + std::to_wstring(address));
+    context.GpibDriver().WriteString(NarrowToShort(record.DrvHdl), text);
+}
+
+/// The port is held for the one write only, so that other programs can use it between actions. A
+/// write that fails leaves it open.
+void SendSerial(ThreadContext& context, const aceRemote& record, const String& text) {
+    const std::shared_ptr<IComPortForm> form = context.ComPortForm;
+    if (!form) {
+        return;
+    }
+    ISerialPort& port = form->ComPort();
+    if (port.CommPort() != record.SerComPort) {
+        ResumeNext quiet;
+        quiet([&] { port.PortOpen(false); });
+        context.Platform().Yield();
+        port.CommPort(NarrowToShort(record.SerComPort));
+    }
+    if (!port.PortOpen()) {
+        port.PortOpen(true);
+        context.Platform().Yield();
+        if (!port.PortOpen()) {
+            RaiseDeviceFailed(context);
+        }
+    }
+    ShowStatus(context, SerialLabel, std::to_wstring(record.SerComPort));
+    port.Output(text);
+    port.PortOpen(false);
+}
+
+/// One connection for the thread, and it follows the endpoint of the latest action. The handle that
+/// the host finds for the endpoint is compared only, never taken over.
+void SendTcp(ThreadContext& context, const aceRemote& record, const String& text) {
+    IDeviceList& list = context.DeviceList();
+    std::int32_t held = context.SocketHandle;
+    const std::int16_t found = list.FindSocket(record.TcpHost, record.TcpPort, {}, held);
+    if (context.SocketHandle != found && context.SocketHandle > 0) {
+        list.CloseSocket(context.SocketHandle);
+        context.SocketHandle = -1;
+    }
+    if (!list.SocketIsOpen(context.SocketHandle) || context.SocketHandle < 1) {
+        list.OpenSocket(record.TcpHost, record.TcpPort, 0, L"TCP", context.SocketHandle);
+    }
+    if (!list.SocketIsOpen(context.SocketHandle)) {
+        RaiseDeviceFailed(context);
+    }
+    ShowStatus(context, TcpLabel, record.TcpHost);
+    list.SendSocket(context.SocketHandle, text);
+}
+
+/// The transports by interface number; any other number sends nothing.
+void Send(ThreadContext& context, aceRemote& record) {
+    String text = record.Command;
+    ReplaceVariables(context, record.vks, text);
+    text += TerminatorOf(record.Terminator);
+    switch (record.Iface) {
+        case 0:
+            SendGpib(context, record, text);
+            break;
+        case 1:
+            SendSerial(context, record, text);
+            break;
+        case 2:
+            SendTcp(context, record, text);
+            break;
+        default:
+            break;
+    }
+}
+
+}  // namespace
+
+Boolean modActions::SendRemoteCommand(ThreadContext& context, aceRemote& record,
+                                      Boolean& ignoreAll) {
+    Boolean result;
+    try {
+        Send(context, record);
+        ClearStatus(context);
+        return false;
+    } catch (...) {
+        const RunTimeError error = CurrentRunTimeError();
+        if (!ignoreAll) {
+            result = ShowDeviceError(context, atRemote, ignoreAll, record, error.Number(),
+                                     error.Description());
+        }
+    }
+    ClearStatus(context);
+    return result;
+}
+
+}  // namespace ace

@@ -1,0 +1,16 @@
+/// Commands to instruments and the start of programs.
+#pragma once
+
+#include <ace/core/thread_context.h>
+
+namespace ace::modActions {
+
+/// Sends the record's command over its transport. True when the operator stops the test after a
+/// failure; `ignoreAll` keeps his wish to hear no more of this action.
+Boolean SendRemoteCommand(ThreadContext& context, aceRemote& record, Boolean& ignoreAll);
+
+/// Starts the record's program, or brings it to the front when it still runs. The answer is as
+/// above.
+Boolean StartRemoteProgram(ThreadContext& context, aceRemote& record, Boolean& ignoreAll);
+
+}  // namespace ace::modActions

@@ -1,0 +1,82 @@
+#include <ace/host/forms.h>
+#include <ace/host/run_time_error.h>
+
+namespace ace {
+
+Control::Control(Form& form, ControlKind kind, String name, ControlFields design)
+    : ControlFields(std::move(design)), x_name(std::move(name)), x_kind(kind) {
+    form.x_controls.push_back(this);
+}
+
+void Control::Choose(std::int32_t index) {
+    if (index < -1 || index >= static_cast<std::int64_t>(list.size())) {
+        Raise(Errors::InvalidProcedureCall);
+    }
+    listIndex = index;
+    Run(onClick);
+}
+
+void Control::Type(String newText) {
+    text = std::move(newText);
+    Run(onChange);
+}
+
+void Control::Tick(Boolean newTicked) {
+    ticked = newTicked;
+    Run(onClick);
+}
+
+Form::Form(String name, std::int32_t titleNumber, float width_, float height_)
+    : width(width_), height(height_), x_name(std::move(name)), x_titleNumber(titleNumber) {}
+
+Control* Form::Find(StringView name) const {
+    for (Control* control : x_controls) {
+        if (control->Name() == name) {
+            return control;
+        }
+    }
+    return nullptr;
+}
+
+void Form::Load() {
+    if (!x_isLoaded) {
+        Loaded();
+        x_isLoaded = true;
+    }
+}
+
+void Form::ShowModal(IFormHost& host) {
+    Load();
+    /// A show that ends without hiding the form leaves it as it was before: hidden, or shown by the
+    /// call around it.
+    struct Shown {
+        Form& form;
+        IFormHost* before;
+        ~Shown() {
+            if (form.x_host != nullptr) {
+                form.x_host = before;
+            }
+        }
+    };
+    const Shown shown{*this, std::exchange(x_host, &host)};
+    host.ShowModal(*this);
+}
+
+void Form::Hide() {
+    if (IFormHost* host = std::exchange(x_host, nullptr)) {
+        host->Hide(*this);
+    }
+}
+
+void Form::SetFocus(Control& control) {
+    Control* before = std::exchange(x_focus, &control);
+    if (before != nullptr && before != &control) {
+        before->Leave();
+    }
+}
+
+void DefaultFormHost::ShowModal(Form& form) {
+    form.CloseByFrame();
+}
+
+}  // namespace ace

@@ -1,0 +1,55 @@
+/// Run-time errors: the one way in which a failure travels through the engine and to the host.
+#pragma once
+
+#include <exception>
+
+#include <ace/host/basic_types.h>
+
+namespace ace {
+
+/// A failure with the number by which every party knows it. Thrown by the engine and by host
+/// services alike; handlers decide by `Number()` alone.
+class RunTimeError : public std::exception {
+  public:
+    /// `source` names who raised it; `helpFile` goes along unread. Both may be empty.
+    explicit RunTimeError(std::int32_t number, String description = {}, String source = {},
+                          String helpFile = {});
+
+    std::int32_t Number() const { return x_number; }
+    const String& Description() const { return x_description; }
+    const String& Source() const { return x_source; }
+    const String& HelpFile() const { return x_helpFile; }
+    /// "run-time error <number>", for handlers that know nothing of this class.
+    const char* what() const noexcept override { return x_what.c_str(); }
+
+  private:
+    std::int32_t x_number;
+    String x_description;
+    String x_source;
+    String x_helpFile;
+    std::string x_what;
+};
+
+/// Every number that the engine raises itself.
+namespace Errors {
+inline constexpr std::int32_t InvalidProcedureCall = 5;
+inline constexpr std::int32_t Overflow = 6;
+inline constexpr std::int32_t OutOfMemory = 7;
+inline constexpr std::int32_t SubscriptOutOfRange = 9;
+inline constexpr std::int32_t ArrayInUse = 10;
+inline constexpr std::int32_t TypeMismatch = 13;
+/// A program that isn't there, as the default platform says of all.
+inline constexpr std::int32_t NoSuchFile = 53;
+/// A failure that carries no number of its own, such as a foreign exception out of a host service.
+inline constexpr std::int32_t Internal = 51;
+inline constexpr std::int32_t ObjectNotSet = 91;
+/// A device, bus or connection does not come to life.
+inline constexpr std::int32_t DeviceFailed = 4010;
+/// An operation or action kind that this version does not carry yet; the description names it.
+inline constexpr std::int32_t NotBuiltYet = 4099;
+}  // namespace Errors
+
+/// Raises one of the numbers above with its standing description.
+[[noreturn]] void Raise(std::int32_t number);
+
+}  // namespace ace

@@ -1,0 +1,22 @@
+/// The host's running test, as the engine may ask about it.
+#pragma once
+
+#include <ace/host/basic_types.h>
+
+namespace ace {
+
+/// The current test. No operation lets messages run.
+class ITestInfo {
+  public:
+    virtual ~ITestInfo() = default;
+    /// State of the test; 14 is the only value that the engine tests. `name` arrives empty.
+    virtual std::int32_t GetTestState(String& name) = 0;
+};
+
+/// A test in state 0.
+class DefaultTestInfo : public ITestInfo {
+  public:
+    std::int32_t GetTestState(String&) override { return 0; }
+};
+
+}  // namespace ace

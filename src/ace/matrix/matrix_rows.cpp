@@ -1,0 +1,106 @@
+#include <functional>
+
+#include <ace/core/action_store.h>
+#include <ace/core/text.h>
+#include <ace/host/rounding.h>
+#include <ace/matrix/matrix_rows.h>
+
+namespace ace {
+
+namespace {
+
+constexpr std::int32_t Columns = 3;
+
+void PutKey(EngineState& state, std::int32_t row, const RowKey& key) {
+    for (std::int32_t column = 0; column < Columns; ++column) {
+        state.VKSDUTIds(row, column) = key[static_cast<std::size_t>(column)];
+    }
+}
+
+void EnlargeIds(EngineState& state) {
+    if (state.VKSDUTIds.IsAllocated()) {
+        state.VKSDUTIds.RedimPreserveRows(state.VKSStepCount);
+    } else {
+        state.VKSDUTIds.Redim(0, state.VKSStepCount, 0, Columns - 1);
+    }
+}
+
+/// The last of the keys stays as it is, and becomes the spare one.
+void CloseKeyGap(EngineState& state, std::int32_t row) {
+    const std::int32_t last = state.VKSDUTIds.RowUpperBound();
+    for (std::int32_t i = row; i < last; ++i) {
+        PutKey(state, i, KeyOf(state, i + 1));
+    }
+}
+
+String KeyMessage(ThreadContext& context, const RowKey& key) {
+    return L"Freq = " + FormatGeneral(key[0], context.Platform().DecimalSeparator());
+}
+
+}  // namespace
+
+RowKey KeyOf(const EngineState& state, std::int32_t row) {
+    const Array2D<double>& ids = state.VKSDUTIds;
+    return {ids(row, 0), ids(row, 1), ids(row, 2)};
+}
+
+std::int32_t FindRow(const EngineState& state, const RowKey& key) {
+    for (std::int32_t row = 0; row < state.VKSStepCount; ++row) {
+        if (KeyOf(state, row) == key) {
+            return row;
+        }
+    }
+    return -1;
+}
+
+RowKeys::RowKeys(const EngineState& state) {
+    for (std::int32_t row = 0; row < state.VKSStepCount; ++row) {
+        Insert(KeyOf(state, row));
+    }
+}
+
+/// Both zeros are one value, and hash alike.
+std::size_t RowKeys::Hash::operator()(const RowKey& key) const {
+    constexpr std::size_t Spread = 1000003;
+    const std::hash<double> hash;
+    return (hash(key[0]) * Spread + hash(key[1])) * Spread + hash(key[2]);
+}
+
+void AddVKSDUTStep(EngineState& state, RowKeys& keys, const RowKey& key) {
+    const auto message = [&] { return KeyMessage(state.Context, key); };
+    Logged(state.Context, EngineLines(L"AddVKSDUTStep"), message, [&](const Statements& stmt) {
+        if (keys.Contains(key)) {
+            return;
+        }
+        std::int32_t index = stmt([&] { return CheckedDifference(state.VKSStepCount, -1); });
+        stmt([&] {
+            modActions::AddEntry(state.Context, state.VKSSteps, state.VKSStepCount, index);
+        });
+        stmt([&] { EnlargeIds(state); });
+        stmt([&] { PutKey(state, state.VKSStepCount - 1, key); });
+        stmt([&] { keys.Insert(key); });
+    });
+}
+
+void DeleteVKSDUTStep(EngineState& state, const RowKey& key) {
+    const auto message = [&] { return KeyMessage(state.Context, key); };
+    Logged(state.Context, EngineLines(L"DeleteVKSDUTStep"), message, [&](const Statements& stmt) {
+        const std::int32_t row = stmt([&] { return FindRow(state, key); });
+        if (row < 0) {
+            return;
+        }
+        stmt([&] { RequireFree(state.VKSSteps); });
+        CloseKeyGap(state, row);
+        std::int32_t index = row + 1;
+        stmt([&] {
+            modActions::DeleteEntry(state.Context, state.VKSSteps, state.VKSStepCount, index);
+        });
+        if (state.VKSStepCount >= 0) {
+            stmt([&] { state.VKSDUTIds.RedimPreserveRows(state.VKSStepCount); });
+        } else {
+            stmt([&] { state.VKSDUTIds.Redim(0, 0, 0, Columns - 1); });
+        }
+    });
+}
+
+}  // namespace ace

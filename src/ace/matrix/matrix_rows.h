@@ -1,0 +1,45 @@
+/// The rows of the matrix: a key of three values each, with a list of actions beside it.
+#pragma once
+
+#include <array>
+#include <unordered_set>
+
+#include <ace/core/operation.h>
+
+namespace ace {
+
+/// Frequency in hertz, bandwidth id and power id; -1 stands for all of a dimension. Compared as
+/// doubles, to the bit of the value.
+using RowKey = std::array<double, 3>;
+
+/// The key of all frequencies, bandwidths and powers.
+inline constexpr RowKey AllRow{-1.0, -1.0, -1.0};
+
+/// The key of row `row`; error 9 outside the rows.
+RowKey KeyOf(const EngineState& state, std::int32_t row);
+
+/// The first row of a key; -1 for none.
+std::int32_t FindRow(const EngineState& state, const RowKey& key);
+
+/// The keys of all rows at once, so that a rebuild needs no walk over the rows for each of them.
+class RowKeys {
+  public:
+    explicit RowKeys(const EngineState& state);
+    bool Contains(const RowKey& key) const { return x_keys.contains(key); }
+    void Insert(const RowKey& key) { x_keys.insert(key); }
+
+  private:
+    struct Hash {
+        std::size_t operator()(const RowKey& key) const;
+    };
+    std::unordered_set<RowKey, Hash> x_keys;
+};
+
+/// Adds an empty row behind the last unless `keys` has it already. The list beside it keeps the
+/// frequency list of the spare place, which nothing reads. Handled.
+void AddVKSDUTStep(EngineState& state, RowKeys& keys, const RowKey& key);
+
+/// Removes the first row of a key, if there is one. Handled.
+void DeleteVKSDUTStep(EngineState& state, const RowKey& key);
+
+}  // namespace ace

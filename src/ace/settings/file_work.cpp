@@ -1,0 +1,69 @@
+#include <ace/settings/action_line.h>
+#include <ace/settings/file_work.h>
+
+namespace ace {
+
+void FileWork::ReadFixed(const FixedList& fixed) const {
+    p_Subrange& set = x_state.*fixed.list;
+    for (const ListFields& list : ActionLists) {
+        if (list != MlcList || fixed.emptyMlc) {
+            Do([&] { EmptyList(set, list); });
+        }
+    }
+    Do([&] {
+        modActions::ReadSection(x_state.Context, x_settings, String(fixed.section), set,
+                                x_state.Context.LineObserver);
+    });
+}
+
+void FileWork::ReadElement(DynArray<p_Subrange>& lists, std::int32_t index,
+                           const String& section) const {
+    const DynArray<p_Subrange>::Hold hold(lists);
+    Do([&] {
+        modActions::ReadSection(x_state.Context, x_settings, section, lists[index],
+                                x_state.Context.LineObserver);
+    });
+}
+
+void FileWork::WriteLists(const String& section, const p_Subrange& lists) const {
+    Do([&] { modActions::WriteActionList(x_state.Context, x_settings, section, lists); });
+}
+
+void FileWork::DeleteSection(const String& section) const {
+    Do([&] { x_settings.SetSection(section, {}); });
+}
+
+String FileWork::GetString(const String& section, StringView key) const {
+    return Do([&] { return x_settings.GetString(section, String(key), {}); });
+}
+
+std::int32_t FileWork::GetLong(const String& section, StringView key,
+                               std::int32_t byDefault) const {
+    return Do([&] { return x_settings.GetLong(section, String(key), byDefault); });
+}
+
+double FileWork::GetDouble(const String& section, StringView key, double byDefault) const {
+    return Do([&] { return x_settings.GetDouble(section, String(key), byDefault); });
+}
+
+Boolean FileWork::GetBoolean(const String& section, StringView key) const {
+    return Do([&] { return x_settings.GetBoolean(section, String(key), {}); });
+}
+
+void FileWork::SetString(const String& section, StringView key, const String& value) const {
+    Do([&] { x_settings.SetString(section, String(key), value); });
+}
+
+void FileWork::SetLong(const String& section, StringView key, std::int32_t value) const {
+    Do([&] { x_settings.SetLong(section, String(key), value); });
+}
+
+void FileWork::SetDouble(const String& section, StringView key, double value) const {
+    Do([&] { x_settings.SetDouble(section, String(key), value); });
+}
+
+void FileWork::SetBoolean(const String& section, StringView key, Boolean value) const {
+    Do([&] { x_settings.SetBoolean(section, String(key), value); });
+}
+
+}  // namespace ace

@@ -1,0 +1,37 @@
+/// Readers and writers of the values behind the keywords, one pair per form. A reader fills the
+/// working record of its type and leaves alone what its line does not name.
+#pragma once
+
+#include <ace/settings/entry_line.h>
+
+namespace ace::modActions {
+
+void ReadWait(EntryLine& line);
+void WriteWait(LineText& text, const p_Action& action);
+void ReadApi(EntryLine& line);
+void WriteApi(LineText& text, const p_Action& action);
+void ReadNotify(EntryLine& line);
+void WriteNotify(LineText& text, const p_Action& action);
+void ReadComment(EntryLine& line);
+void WriteComment(LineText& text, const p_Action& action);
+void ReadMessage(EntryLine& line);
+void ReadSound(EntryLine& line);
+void ReadRemote(EntryLine& line);
+void WriteRemote(LineText& text, const p_Action& action);
+void ReadGpib(EntryLine& line);
+void ReadProgram(EntryLine& line);
+void ReadSetDevice(EntryLine& line);
+void WriteSetDevice(LineText& text, const p_Action& action);
+void ReadCheckEut(EntryLine& line);
+void WriteCheckEut(LineText& text, const p_Action& action);
+void ReadSwitchAmp(EntryLine& line);
+void WriteSwitchAmp(LineText& text, const p_Action& action);
+void ReadSwitchUnit(EntryLine& line);
+void WriteSwitchUnit(LineText& text, const p_Action& action);
+void ReadTrackFreq(EntryLine& line);
+void WriteTrackFreq(LineText& text, const p_Action& action);
+void ReadSyncGen(EntryLine& line);
+/// For the kinds whose keyword is the whole line.
+void WriteNothing(LineText& text, const p_Action& action);
+
+}  // namespace ace::modActions

@@ -1,0 +1,125 @@
+#include <ace/core/text.h>
+#include <ace/settings/record_lines.h>
+
+namespace ace::modActions {
+
+namespace {
+
+constexpr std::int32_t Gpib = 0;
+constexpr std::int32_t Serial = 1;
+constexpr std::int32_t TcpIp = 2;
+constexpr std::int32_t NoHandle = -1;
+constexpr double NoProcess = -1.0;
+
+constexpr StringView Comma = L",";
+/// Stands in the file for a comma of a command.
+constexpr StringView CommaInFile = L"\x01";
+
+void ReadTcpIp(EntryLine& line, aceRemote& record) {
+    line.Set(LineField::TcpHost, record.TcpHost, line.Field(2));
+    const StringView field = line.Field(3);
+    if (!line.IsInEnterList()) {
+        // Only the first list reads a terminator; the others lose theirs, and that is wanted.
+        line.Set(LineField::TcpPort, record.TcpPort, line.RoundedNumber(field));
+        return;
+    }
+    const std::size_t colon = field.find(L':');
+    line.Set(LineField::TcpPort, record.TcpPort, line.RoundedNumber(field.substr(0, colon)));
+    const StringView terminator =
+        colon == StringView::npos ? StringView() : field.substr(colon + 1);
+    line.Set(LineField::Terminator, record.Terminator, line.RoundedNumber(terminator));
+}
+
+void ReadTransport(EntryLine& line, aceRemote& record) {
+    line.Set(LineField::Iface, record.Iface, line.StrictInteger(line.Field(1)));
+    switch (record.Iface) {
+        case Gpib:
+            line.Set(LineField::GpibAddress, record.GpibAddress, line.RoundedNumber(line.Field(2)));
+            line.Set(LineField::Terminator, record.Terminator, line.RoundedNumber(line.Field(3)));
+            record.DrvHdl = NoHandle;
+            break;
+        case Serial:
+            line.Set(LineField::SerComPort, record.SerComPort, line.RoundedNumber(line.Field(2)));
+            line.Set(LineField::Terminator, record.Terminator, line.RoundedNumber(line.Field(3)));
+            break;
+        case TcpIp:
+            ReadTcpIp(line, record);
+            break;
+        default:
+            break;
+    }
+}
+
+void WriteTransport(LineText& text, const aceRemote& record) {
+    text.Add(record.Iface).Add(Comma);
+    switch (record.Iface) {
+        case Gpib:
+            text.Add(record.GpibAddress).Add(Comma).Add(record.Terminator).Add(Comma);
+            break;
+        case Serial:
+            text.Add(record.SerComPort).Add(Comma).Add(record.Terminator).Add(Comma);
+            break;
+        case TcpIp:
+            text.Add(record.TcpHost).Add(Comma).Add(record.TcpPort).Add(L":");
+            text.Add(record.Terminator).Add(Comma);
+            break;
+        default:
+            // Puts the program where no reader looks for it; installations have such files.
+            text.Add(L",,,,");
+            break;
+    }
+}
+
+}  // namespace
+
+void ReadRemote(EntryLine& line) {
+    aceRemote& record = line.Records().Remote;
+    line.Set(LineField::Command, record.Command, line.Field(0));
+    ReplaceAll(record.Command, CommaInFile, Comma);
+    if (!record.Command.empty()) {
+        ReadTransport(line, record);
+    }
+    line.Set(LineField::RemoteProgram, record.Program, line.Field(4));
+    if (line.FieldCount() >= 6) {
+        line.Set(LineField::WaitPrgSync, record.WaitPrgSync, EntryLine::Flag(line.Field(5)));
+    }
+    record.ProgID = NoProcess;
+}
+
+void WriteRemote(LineText& text, const p_Action& action) {
+    const auto& record = RecordOf<aceRemote>(action);
+    if (record.Command.empty()) {
+        text.Add(L",,,,");
+    } else {
+        String command = record.Command;
+        ReplaceAll(command, Comma, CommaInFile);
+        text.Add(command).Add(Comma);
+        WriteTransport(text, record);
+    }
+    text.Add(record.Program).Add(Comma).AddFlag(record.WaitPrgSync).Add(Comma);
+}
+
+/// The old form of a command: address and terminator come first, and all behind the second comma is
+/// the command.
+void ReadGpib(EntryLine& line) {
+    aceRemote& record = line.Records().Remote;
+    line.Set(LineField::Iface, record.Iface, Gpib);
+    record.DrvHdl = NoHandle;
+    if (line.FieldCount() < 3) {
+        line.Next({LineStep::FindComma, 0, {}});
+        Raise(Errors::InvalidProcedureCall);
+    }
+    line.Set(LineField::GpibAddress, record.GpibAddress, line.RoundedNumber(line.Field(0)));
+    line.Set(LineField::Terminator, record.Terminator, line.RoundedNumber(line.Field(1)));
+    const std::size_t behindCommas = line.Field(0).size() + 1 + line.Field(1).size() + 1;
+    line.Set(LineField::Command, record.Command, line.Text().substr(behindCommas));
+}
+
+/// The old form of a program start.
+void ReadProgram(EntryLine& line) {
+    aceRemote& record = line.Records().Remote;
+    line.Set(LineField::RemoteProgram, record.Program, line.Text());
+    record.ProgID = NoProcess;
+}
+
+}  // namespace ace::modActions

@@ -1,0 +1,183 @@
+#include <ace/core/actions_engine.h>
+#include <ace/settings/settings_sections.h>
+#include <ace/settings/wireless_sections.h>
+
+namespace ace {
+
+namespace {
+
+std::shared_ptr<ISettingsFile> Open(ThreadContext& context, std::int32_t kind, const String& name) {
+    return context.SystemServices().OpenSettingsFile(kind, OpenMode, name, 0, 0);
+}
+
+String SectionOf(const NumberedList& numbered, std::int64_t number) {
+    return String(numbered.sectionWord) + std::to_wstring(number);
+}
+
+/// The host's number of lists decides, not what the file holds.
+void ReadNumbered(const FileWork& file, const NumberedList& numbered, std::int32_t subRanges) {
+    EngineState& state = file.State();
+    DynArray<p_Subrange>& lists = state.*numbered.lists;
+    state.*numbered.count = subRanges;
+    state.SavedCount.*numbered.saved = subRanges;
+    if (subRanges < 1) {
+        file.Do([&] { lists.Erase(); });
+        return;
+    }
+    file.Do([&] { lists.Redim(0, subRanges - 1); });
+    for (std::int32_t i = 0; i < subRanges; ++i) {
+        file.ReadElement(lists, i, SectionOf(numbered, i + 1));
+    }
+}
+
+/// Deletes one section more than there can be; that is how installations do it.
+void WriteNumbered(const FileWork& file, const NumberedList& numbered) {
+    EngineState& state = file.State();
+    const std::int32_t count = state.*numbered.count;
+    for (std::int32_t i = 0; i < count; ++i) {
+        file.Do([&] { file.WriteLists(SectionOf(numbered, i + 1), (state.*numbered.lists)[i]); });
+    }
+    const std::int64_t saved = state.SavedCount.*numbered.saved;
+    if (count < saved) {
+        for (std::int64_t number = std::int64_t{count} + 1; number <= saved + 1; ++number) {
+            file.DeleteSection(SectionOf(numbered, number));
+        }
+    }
+    state.SavedCount.*numbered.saved = count;
+}
+
+void ReadPlainModule(const FileWork& file, const ModuleRow& module, std::int32_t& subRanges) {
+    for (const FixedList& fixed : module.FixedLists()) {
+        file.ReadFixed(fixed);
+    }
+    for (const NumberedList& numbered : module.NumberedLists()) {
+        ReadNumbered(file, numbered, subRanges);
+    }
+}
+
+void WritePlainModule(const FileWork& file, const ModuleRow& module) {
+    EngineState& state = file.State();
+    for (const FixedList& fixed : module.FixedLists()) {
+        file.WriteLists(String(fixed.section), state.*fixed.list);
+    }
+    for (const NumberedList& numbered : module.NumberedLists()) {
+        WriteNumbered(file, numbered);
+    }
+    state.ChangeFlags[static_cast<std::size_t>(module.modul)] = false;
+}
+
+/// What the host's own keys tell about the module.
+void ReadHostKeys(const FileWork& file, aceModul modul) {
+    EngineState& state = file.State();
+    const String section(HostKeys::Section);
+    if (modul == aceEMIAutoTemplate) {
+        state.Context.SystemCheck = file.GetBoolean(section, HostKeys::SystemCheck);
+    } else if (modul == aceTemplate) {
+        const std::int32_t type = file.GetLong(section, HostKeys::TemplateType, 0);
+        const std::int32_t measurement = file.GetLong(section, HostKeys::MeasurementType, 0);
+        state.EmiTemplate =
+            type == HostKeys::EmissionTemplate || measurement == HostKeys::EmissionMeasurement;
+    }
+}
+
+void ReadModule(const FileWork& file, const ModuleRow& module, std::int32_t& subRanges) {
+    switch (module.modul) {
+        case aceVKSTemplate:
+            ReadWirelessTemplate(file, subRanges);
+            break;
+        case aceVKSDUT:
+            ReadMatrix(file, subRanges);
+            break;
+        default:
+            ReadPlainModule(file, module, subRanges);
+            ReadHostKeys(file, module.modul);
+            break;
+    }
+}
+
+void WriteModule(const FileWork& file, const ModuleRow& module) {
+    switch (module.modul) {
+        case aceVKSTemplate:
+            WriteWirelessTemplate(file);
+            break;
+        case aceVKSDUT:
+            WriteMatrix(file);
+            break;
+        default:
+            WritePlainModule(file, module);
+            break;
+    }
+}
+
+}  // namespace
+
+void ReadActionLists(EngineState& state, const String& fileName, std::int32_t& subRanges,
+                     aceModul modul) {
+    Guarded(state.Context, [&](const Statements& stmt) {
+        const ModuleRow* module = FindModule(modul);
+        if (module == nullptr) {
+            return;
+        }
+        state.Context.ModuleFileNames[static_cast<std::size_t>(module->nameRow)] = fileName;
+        const std::shared_ptr<ISettingsFile> settings =
+            stmt([&] { return Open(state.Context, module->readKind, fileName); });
+        if (!settings) {
+            return;
+        }
+        ReadModule(FileWork(state, *settings, stmt), *module, subRanges);
+        stmt([&] { settings->Release(); });
+    });
+}
+
+void WriteActionLists(EngineState& state, const String& fileName, aceModul modul) {
+    Guarded(state.Context, [&](const Statements& stmt) {
+        const std::shared_ptr<ISettingsFile> settings =
+            stmt([&] { return Open(state.Context, WriteKind, fileName); });
+        if (!settings) {
+            return;
+        }
+        if (const ModuleRow* module = FindModule(modul)) {
+            WriteModule(FileWork(state, *settings, stmt), *module);
+        }
+        stmt([&] { settings->Release(); });
+    });
+}
+
+std::shared_ptr<ISettingsFile> OpenModuleSettings(ThreadContext& context, aceModul modul) {
+    const ModuleRow* module = FindModule(modul);
+    if (module == nullptr) {
+        return nullptr;
+    }
+    return Open(context, module->settFileKind,
+                context.ModuleFileNames[static_cast<std::size_t>(module->nameRow)]);
+}
+
+std::shared_ptr<ISettingsFile> GetSettFile(EngineState& state) {
+    return Guarded(state.Context, [&](const Statements& stmt) {
+        return stmt([&] { return OpenModuleSettings(state.Context, state.Modul); });
+    });
+}
+
+void aceActionsEngine::LoadActions(const String& FileName, std::int32_t SubRanges, aceModul Modul) {
+    const std::shared_ptr<EngineState> state = x_state;
+    Guarded(state->Context, [&](const Statements& stmt) {
+        state->FileName = FileName;
+        state->Modul = Modul;
+        const ModuleRow* module = FindModule(Modul);
+        state->IsAutoModule = module != nullptr && module->isAutoModule;
+        std::int32_t subRanges = SubRanges;
+        stmt([&] { ReadActionLists(*state, state->FileName, subRanges, Modul); });
+    });
+}
+
+void aceActionsEngine::SaveActions(const String& FileName) {
+    const std::shared_ptr<EngineState> state = x_state;
+    ace::WriteActionLists(*state, FileName, state->Modul);
+}
+
+void aceActionsEngine::WriteActionLists(const String& FileName, aceModul Modul) {
+    const std::shared_ptr<EngineState> state = x_state;
+    ace::WriteActionLists(*state, FileName, Modul);
+}
+
+}  // namespace ace

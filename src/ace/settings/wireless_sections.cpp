@@ -1,0 +1,263 @@
+#include <ace/host/rounding.h>
+#include <ace/settings/action_line.h>
+#include <ace/settings/wireless_sections.h>
+
+namespace ace {
+
+namespace {
+
+constexpr StringView TestKey = L"VKS_UKey";
+constexpr StringView StepCountKey = L"SUBSTEPS";
+constexpr StringView StepNameKey = L"VKS_Name";
+constexpr StringView StepKeyKey = L"VKS_Key";
+constexpr StringView CountKey = L"Count";
+/// What the influence flags of the matrix are called in its file.
+struct InfluenceKey {
+    StringView key;
+    Boolean EngineState::*flag;
+};
+constexpr InfluenceKey InfluenceKeys[] = {
+    {L"Freq", &EngineState::VKSInfByFreq},
+    {L"Bandwidth", &EngineState::VKSInfByBandwidth},
+    {L"Power", &EngineState::VKSInfByPower},
+};
+/// The template number whose matrix has global lists.
+constexpr std::int32_t GlobalTemplate = 3;
+
+constexpr const ModuleRow& TemplateRow = ModuleTable[aceVKSTemplate];
+constexpr const ModuleRow& MatrixRow = ModuleTable[aceVKSDUT];
+
+String Numbered(StringView word, std::int32_t number) {
+    return String(word) + std::to_wstring(number);
+}
+String TestSection(std::int32_t test) {
+    return Numbered(VKSTestsList.sectionWord, test);
+}
+String StepSection(const String& testKey, std::int32_t step) {
+    return String(VKSStepsList.sectionWord) + testKey + Numbered(L"_", step);
+}
+String MatrixSection(const EngineState& state) {
+    return String(TemplateRow.fixed[0].section) + Numbered(L"_", state.VKSDUTTemplate);
+}
+String RowSection(const EngineState& state, std::int32_t row) {
+    return StepSection(Numbered(L"_", state.VKSDUTTemplate), row);
+}
+/// The section beside a section of action lines, for the keys that belong to it.
+String KeysOf(const String& section) {
+    return section + L"_VKS";
+}
+
+/// A number of sections that the file asks for.
+std::int32_t ReadCount(const FileWork& file, const String& section, StringView key) {
+    const std::int32_t count = file.GetLong(section, key, 0);
+    file.Do([&] {
+        if (count > MostEntries) {
+            Raise(Errors::OutOfMemory);
+        }
+    });
+    return count;
+}
+
+void ReadStep(const FileWork& file, const String& testKey, std::int32_t step) {
+    EngineState& state = file.State();
+    const String section = StepSection(testKey, step);
+    const String key = file.GetString(KeysOf(section), StepKeyKey);
+    if (key.empty()) {
+        return;
+    }
+    const std::int32_t index = state.VKSStepCount;
+    file.Do([&] { state.VKSStepUKeys.RedimPreserve(index); });
+    file.Do([&] { state.VKSStepNames.RedimPreserve(index); });
+    file.Do([&] { state.VKSStepKeys.RedimPreserve(index); });
+    file.Do([&] { state.VKSSteps.RedimPreserve(index); });
+    state.VKSStepUKeys[index] = testKey;
+    state.VKSStepNames[index] = file.GetString(KeysOf(section), StepNameKey);
+    state.VKSStepKeys[index] = key;
+    file.ReadElement(state.VKSSteps, index, section);
+    ++state.VKSStepCount;
+}
+
+void ReadTest(const FileWork& file, std::int32_t test) {
+    EngineState& state = file.State();
+    const String section = TestSection(test);
+    const std::int32_t index = state.VKSTestCount;
+    const String key = file.GetString(KeysOf(section), TestKey);
+    state.VKSTestUKeys[index] = key;
+    if (key.empty()) {
+        return;
+    }
+    const std::int32_t steps = ReadCount(file, KeysOf(section), StepCountKey);
+    file.ReadElement(state.VKSTests, index, section);
+    for (std::int32_t step = 1; step <= steps; ++step) {
+        ReadStep(file, key, step);
+    }
+    ++state.VKSTestCount;
+}
+
+/// The arrays of the tests get a spare element; those of the steps grow as steps are found.
+void MakeTestArrays(const FileWork& file, std::int32_t subRanges) {
+    EngineState& state = file.State();
+    file.Do([&] { state.VKSTests.Redim(0, subRanges); });
+    file.Do([&] { state.VKSTestUKeys.Redim(0, subRanges); });
+    file.Do([&] { state.VKSHostUKeys.Redim(0, subRanges); });
+    file.Do([&] { state.VKSHostNames.Redim(0, subRanges); });
+    file.Do([&] { state.VKSStepUKeys.Redim(0, 0); });
+    file.Do([&] { state.VKSStepNames.Redim(0, 0); });
+    file.Do([&] { state.VKSStepKeys.Redim(0, 0); });
+    file.Do([&] { state.VKSSteps.Erase(); });
+    state.VKSTestCount = 0;
+    state.VKSStepCount = 0;
+}
+
+/// Writes the steps of a test under numbers from 1 and answers how many it has.
+std::int32_t WriteSteps(const FileWork& file, const String& testKey) {
+    const EngineState& state = file.State();
+    std::int32_t number = 0;
+    for (std::int32_t i = 0; i < state.VKSStepCount; ++i) {
+        if (file.Do([&] { return state.VKSStepUKeys[i] != testKey; })) {
+            continue;
+        }
+        ++number;
+        const String section = StepSection(testKey, number);
+        file.Do([&] { file.WriteLists(section, state.VKSSteps[i]); });
+        file.Do([&] { file.SetString(KeysOf(section), StepNameKey, state.VKSStepNames[i]); });
+        file.Do([&] { file.SetString(KeysOf(section), StepKeyKey, state.VKSStepKeys[i]); });
+    }
+    return number;
+}
+
+void WriteTest(const FileWork& file, std::int32_t test) {
+    const EngineState& state = file.State();
+    const String key = file.Do([&] { return state.VKSTestUKeys[test - 1]; });
+    const std::int32_t steps = WriteSteps(file, key);
+    const String section = TestSection(test);
+    file.Do([&] { file.WriteLists(section, state.VKSTests[test - 1]); });
+    file.SetString(KeysOf(section), TestKey, key);
+    file.SetLong(KeysOf(section), StepCountKey, steps);
+}
+
+void DeleteWithKeys(const FileWork& file, const String& section) {
+    file.DeleteSection(section);
+    file.DeleteSection(KeysOf(section));
+}
+
+void DeleteTest(const FileWork& file, std::int32_t test) {
+    const String section = TestSection(test);
+    const String key = file.GetString(KeysOf(section), TestKey);
+    const std::int32_t steps = ReadCount(file, KeysOf(section), StepCountKey);
+    for (std::int32_t step = 1; step <= steps; ++step) {
+        DeleteWithKeys(file, StepSection(key, step));
+    }
+    DeleteWithKeys(file, section);
+}
+
+void ReadRow(const FileWork& file, std::int32_t row) {
+    EngineState& state = file.State();
+    const String section = RowSection(state, row);
+    const auto readId = [&](std::int32_t column, double id) {
+        file.Do([&] { state.VKSDUTIds(row - 1, column) = id; });
+    };
+    readId(0, file.GetDouble(KeysOf(section), L"ID0", -1.0));
+    readId(1, file.GetLong(KeysOf(section), L"ID1", -1));
+    readId(2, file.GetLong(KeysOf(section), L"ID2", -1));
+    file.ReadElement(state.VKSSteps, row - 1, section);
+}
+
+void WriteRow(const FileWork& file, std::int32_t row) {
+    const EngineState& state = file.State();
+    const String section = RowSection(state, row);
+    const auto idOf = [&](std::int32_t column) { return state.VKSDUTIds(row - 1, column); };
+    file.Do([&] { file.SetDouble(KeysOf(section), L"ID0", idOf(0)); });
+    file.Do([&] { file.SetLong(KeysOf(section), L"ID1", RoundToLong(idOf(1))); });
+    file.Do([&] { file.SetLong(KeysOf(section), L"ID2", RoundToLong(idOf(2))); });
+    file.Do([&] { file.WriteLists(section, state.VKSSteps[row - 1]); });
+}
+
+void ReadRows(const FileWork& file, std::int32_t count) {
+    EngineState& state = file.State();
+    if (count < 1) {
+        file.Do([&] { state.VKSSteps.Erase(); });
+        return;
+    }
+    file.Do([&] { state.VKSSteps.Redim(0, count); });
+    file.Do([&] { state.VKSDUTIds.Redim(0, count, 0, 2); });
+    for (std::int32_t row = 1; row <= count; ++row) {
+        ReadRow(file, row);
+    }
+}
+
+}  // namespace
+
+void ReadWirelessTemplate(const FileWork& file, std::int32_t subRanges) {
+    EngineState& state = file.State();
+    state.VKSReplaceVars.count = 0;
+    file.ReadFixed(TemplateRow.fixed[0]);
+    if (subRanges < 1) {
+        state.VKSTestCount = 0;
+        state.VKSStepCount = 0;
+        state.SavedCount.VKSTests = subRanges;
+        file.Do([&] { state.VKSTests.Erase(); });
+        file.Do([&] { state.VKSSteps.Erase(); });
+        return;
+    }
+    MakeTestArrays(file, subRanges);
+    for (std::int32_t test = 1; test <= subRanges; ++test) {
+        ReadTest(file, test);
+    }
+    state.SavedCount.VKSSteps = state.VKSStepCount;
+    state.SavedCount.VKSTests = subRanges;
+}
+
+void WriteWirelessTemplate(const FileWork& file) {
+    EngineState& state = file.State();
+    file.WriteLists(String(TemplateRow.fixed[0].section), state.VKSTemplate);
+    for (std::int32_t test = 1; test <= state.VKSTestCount; ++test) {
+        WriteTest(file, test);
+    }
+    if (state.VKSTestCount < state.SavedCount.VKSTests) {
+        for (std::int32_t test = state.VKSTestCount + 1; test <= state.SavedCount.VKSTests + 1;
+             ++test) {
+            DeleteTest(file, test);
+        }
+    }
+    state.SavedCount.VKSTests = state.VKSTestCount;
+    state.ChangeFlags[aceVKSTemplate] = false;
+}
+
+void ReadMatrix(const FileWork& file, std::int32_t& subRanges) {
+    EngineState& state = file.State();
+    state.VKSReplaceVars.count = 0;
+    state.VKSDUTTemplate = subRanges;
+    subRanges = ReadCount(file, MatrixSection(state), CountKey);
+    for (const InfluenceKey& influence : InfluenceKeys) {
+        state.*influence.flag = file.GetBoolean(MatrixSection(state), influence.key);
+    }
+    state.VKSStepCount = subRanges;
+    state.SavedCount.VKSSteps = subRanges;
+    ReadRows(file, subRanges);
+    if (state.VKSDUTTemplate == GlobalTemplate) {
+        file.ReadFixed(MatrixRow.fixed[0]);
+    }
+}
+
+/// Deletes one section more than there can be; that is how installations do it.
+void WriteMatrix(const FileWork& file) {
+    EngineState& state = file.State();
+    file.SetLong(MatrixSection(state), CountKey, state.VKSStepCount);
+    for (const InfluenceKey& influence : InfluenceKeys) {
+        file.SetBoolean(MatrixSection(state), influence.key, state.*influence.flag);
+    }
+    for (std::int32_t row = 1; row <= state.VKSStepCount; ++row) {
+        WriteRow(file, row);
+    }
+    for (std::int32_t row = state.VKSStepCount + 1; row <= state.SavedCount.VKSSteps + 1; ++row) {
+        DeleteWithKeys(file, RowSection(state, row));
+    }
+    state.SavedCount.VKSSteps = state.VKSStepCount;
+    state.ChangeFlags[aceVKSDUT] = false;
+    if (state.VKSDUTTemplate == GlobalTemplate) {
+        file.WriteLists(String(MatrixRow.fixed[0].section), state.VKSDUTGlob);
+    }
+}
+
+}  // namespace ace

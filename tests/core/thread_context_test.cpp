@@ -1,0 +1,210 @@
+#include <map>
+#include <string>
+#include <thread>
+
+#include <ace/core/actions_engine.h>
+
+#include "support/fixture.h"
+
+namespace ace::test {
+namespace {
+
+using ::testing::IsEmpty;
+
+/// Counts what it makes; makes nothing at all when told so.
+class CountingFactory : public IHostFactory {
+  public:
+    std::map<std::string, int> made;
+    bool isEmpty = false;
+
+    std::shared_ptr<ITraceLog> MakeTraceLog() override {
+        return Make<DefaultTraceLog>("trace log");
+    }
+    std::shared_ptr<ILanguage> MakeLanguage() override { return Make<DefaultLanguage>("language"); }
+    std::shared_ptr<IUtilities> MakeUtilities() override {
+        return Make<DefaultUtilities>("utilities");
+    }
+    std::shared_ptr<ISystemServices> MakeSystemServices() override {
+        return Make<DefaultSystemServices>("system services");
+    }
+    std::shared_ptr<IDeviceList> MakeDeviceList() override {
+        return Make<DefaultDeviceList>("device list");
+    }
+    std::shared_ptr<IGpibDriver> MakeGpibDriver() override {
+        return Make<DefaultGpibDriver>("bus driver");
+    }
+    std::shared_ptr<IStatusDisplay> MakeStatusDisplay() override {
+        return Make<DefaultStatusDisplay>("status display");
+    }
+    std::shared_ptr<IPlatform> MakePlatform() override { return Make<DefaultPlatform>("platform"); }
+    std::shared_ptr<IFormHost> MakeFormHost() override {
+        return Make<DefaultFormHost>("form host");
+    }
+
+  private:
+    template <class Service>
+    std::shared_ptr<Service> Make(const std::string& name) {
+        ++made[name];
+        return isEmpty ? nullptr : std::make_shared<Service>();
+    }
+};
+
+struct ServiceRow {
+    std::string name;
+    void (*use)(ThreadContext&);
+};
+
+const ServiceRow Services[] = {
+    {"trace log", [](ThreadContext& context) { context.TraceLog().IsEnabled(); }},
+    {"language", [](ThreadContext& context) { context.Language().Text(1); }},
+    {"utilities", [](ThreadContext& context) { context.Utilities().IsEqual(1.0, 2.0); }},
+    {"system services", [](ThreadContext& context) { context.SystemServices().GetCurrentTest(); }},
+    {"device list", [](ThreadContext& context) { context.DeviceList().SocketIsOpen(1); }},
+    {"bus driver", [](ThreadContext& context) { context.GpibDriver().CloseDevice(1, 0); }},
+    {"platform", [](ThreadContext& context) { context.Platform().ThreadId(); }},
+    {"form host", [](ThreadContext& context) { context.FormHost().TextHeight(L"", 1.0F); }},
+};
+
+TEST(ThreadContextTest, MakesEachServiceOnceOnItsFirstUse) {
+    const auto factory = std::make_shared<CountingFactory>();
+    ThreadContext context(factory);
+    EXPECT_THAT(factory->made, IsEmpty());
+    for (const ServiceRow& service : Services) {
+        SCOPED_TRACE(service.name);
+        EXPECT_EQ(factory->made.count(service.name), 0U);
+        service.use(context);
+        service.use(context);
+        EXPECT_EQ(factory->made[service.name], 1);
+    }
+    EXPECT_EQ(factory->made.size(), std::size(Services));
+}
+
+TEST(ThreadContextTest, AFactoryThatAnswersWithoutAnObjectIsError91) {
+    const auto factory = std::make_shared<CountingFactory>();
+    factory->isEmpty = true;
+    ThreadContext context(factory);
+    for (const ServiceRow& service : Services) {
+        SCOPED_TRACE(service.name);
+        EXPECT_EQ(ErrorOf([&] { service.use(context); }), 91);
+    }
+    factory->isEmpty = false;
+    for (const ServiceRow& service : Services) {
+        SCOPED_TRACE(service.name);
+        EXPECT_EQ(ErrorOf([&] { service.use(context); }), 0);
+    }
+}
+
+TEST(ThreadContextTest, ServicesStayAfterTheLastEngine) {
+    const auto factory = std::make_shared<CountingFactory>();
+    ThreadContext context(factory);
+    for (int round = 0; round < 3; ++round) {
+        const aceActionsEngine engine(context);
+    }
+    EXPECT_EQ(factory->made["language"], 1);
+    EXPECT_EQ(factory->made["status display"], 3);
+}
+
+TEST(ThreadContextTest, StartsWithTheSharedStateEmpty) {
+    const ThreadContext context;
+    EXPECT_EQ(context.InstanceCount, 0);
+    EXPECT_FALSE(context.ModuleInitialised);
+    EXPECT_EQ(context.StatusDisplay, nullptr);
+    EXPECT_THAT(context.ActionStatusTexts, ::testing::Each(L""));
+    EXPECT_FALSE(context.TestRunning);
+    EXPECT_FALSE(context.InitReceiverPending);
+    EXPECT_EQ(context.Editor, nullptr);
+    EXPECT_EQ(context.CommentForm, nullptr);
+    EXPECT_EQ(context.ComPortForm, nullptr);
+    EXPECT_EQ(context.SocketHandle, -1);
+    EXPECT_EQ(context.DeviceSectionCounter, 100);
+    EXPECT_EQ(context.ModuleFileNames.size(), 8U);
+    EXPECT_THAT(context.ModuleFileNames, ::testing::Each(L""));
+    EXPECT_FALSE(context.SystemCheck);
+    EXPECT_EQ(context.EutCheckRequest, 0);
+    EXPECT_EQ(context.EutCheckComment, L"");
+    EXPECT_EQ(context.RunningMacro, nullptr);
+}
+
+TEST(ThreadContextTest, TheReaderHasWorkingRecordsOfItsOwn) {
+    ThreadContext context;
+    context.DispatcherRecords.Remote.Command = L"*RST";
+    EXPECT_EQ(context.ReaderRecords.Remote, aceRemote());
+}
+
+// Each of these runs on a thread of its own, so that the thread's context is fresh.
+
+TEST(ThreadContextTest, TwoEnginesOfAThreadShareItsState) {
+    std::thread([] {
+        aceActionsEngine first;
+        aceActionsEngine second;
+        ThreadContext& context = ThreadContext::Current();
+        EXPECT_EQ(&first.State().Context, &context);
+        EXPECT_EQ(&second.State().Context, &context);
+        EXPECT_EQ(context.InstanceCount, 2);
+        context.InitReceiverPending = true;
+        EXPECT_TRUE(second.InitReceiver());
+        EXPECT_FALSE(first.InitReceiver());
+    }).join();
+}
+
+TEST(ThreadContextTest, AnotherThreadHasItsOwnState) {
+    std::thread([] {
+        aceActionsEngine here;
+        ThreadContext& context = ThreadContext::Current();
+        context.TestRunning = true;
+        std::thread([&context] {
+            aceActionsEngine there;
+            EXPECT_NE(&ThreadContext::Current(), &context);
+            EXPECT_EQ(ThreadContext::Current().InstanceCount, 1);
+            EXPECT_FALSE(ThreadContext::Current().TestRunning);
+        }).join();
+        EXPECT_EQ(context.InstanceCount, 1);
+        EXPECT_TRUE(context.TestRunning);
+    }).join();
+}
+
+TEST(ThreadContextTest, AnEngineTakesTheServicesOfTheHostInstalledForItsThread) {
+    std::thread([] {
+        const auto factory = std::make_shared<CountingFactory>();
+        ThreadContext::InstallHost(factory);
+        const aceActionsEngine engine;
+        EXPECT_EQ(factory->made["status display"], 1);
+        EXPECT_EQ(factory->made["language"], 1);
+        const auto later = std::make_shared<CountingFactory>();
+        ThreadContext::InstallHost(later);
+        ThreadContext::Current().Language();
+        ThreadContext::Current().DeviceList();
+        EXPECT_EQ(later->made.count("language"), 0U);
+        EXPECT_EQ(later->made["device list"], 1);
+    }).join();
+}
+
+TEST(ThreadContextTest, AHostInstalledOnAnotherThreadServesThatThreadAlone) {
+    const auto factory = std::make_shared<CountingFactory>();
+    std::thread([&] { ThreadContext::InstallHost(factory); }).join();
+    std::thread([] { const aceActionsEngine engine; }).join();
+    EXPECT_THAT(factory->made, IsEmpty());
+}
+
+TEST(ThreadContextTest, WithoutAHostTheDefaultsServe) {
+    std::thread([] {
+        ThreadContext::InstallHost(nullptr);
+        aceActionsEngine engine;
+        EXPECT_EQ(ErrorOf([&] {
+                      engine.LoadActions(L"none", 1, aceTemplate);
+                      EXPECT_FALSE(engine.StartTest());
+                      EXPECT_FALSE(engine.StopTest());
+                      engine.SaveActions(L"none");
+                  }),
+                  0);
+    }).join();
+}
+
+TEST(ThreadContextTest, AnUnsetObjectThatIsNeededIsError91) {
+    EXPECT_EQ(ErrorOf([] { Required(std::shared_ptr<int>()); }), 91);
+    const auto object = std::make_shared<int>(3);
+    EXPECT_EQ(Required(object), object);
+}
+
+}  // namespace
+}  // namespace ace::test

@@ -1,0 +1,3 @@
+#pragma once
+
+#include "workbench/main_job.h"

@@ -1,0 +1,2 @@
+#include <ace/host/platform.h>
+#include <windows.h>

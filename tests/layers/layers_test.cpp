@@ -1,0 +1,54 @@
+#include "layers/layers.h"
+
+#include <gmock/gmock.h>
+
+namespace ace::layers {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(Layers, EveryIncludeOfTheSourcesFollowsTheDirection) {
+    EXPECT_THAT(FaultsBelow(ACE_SOURCE_DIR), IsEmpty());
+}
+
+TEST(Layers, FaultsAreToldWithFileAndLine) {
+    EXPECT_THAT(
+        FaultsBelow(ACE_SOURCE_DIR "/tests/layers/bad_tree"),
+        ElementsAre("sim/peeks.h:3: sim includes workbench, a later folder: workbench/main_job.h",
+                    "src/ace/core/impatient.h:5: core includes execution, a later folder: "
+                    "ace/execution/walks.h",
+                    "src/ace/core/impatient.h:6: core includes sim, a later folder: sim/journal.h",
+                    "src/ace/core/impatient.h:9: includes \"impatient_detail.h\", which is in no "
+                    "known folder",
+                    "src/ace/host/foreign.cpp:2: the engine includes <windows.h>, which is not of "
+                    "the standard library",
+                    "src/ace/stray.h:3: lies in no known folder"));
+}
+
+TEST(Layers, ATreeWithoutSourcesIsAFault) {
+    EXPECT_THAT(FaultsBelow(ACE_SOURCE_DIR "/tests/layers/no_such_tree"), testing::SizeIs(1));
+}
+
+TEST(Layers, EachFolderIncludesItselfAndTheOnesBeforeIt) {
+    EXPECT_EQ(Fault("src/ace/core/text.cpp", "ace/core/text.h", true), "");
+    EXPECT_EQ(Fault("src/ace/dialogs/form.cpp", "ace/host/forms.h", true), "");
+    EXPECT_EQ(Fault("sim/host.h", "ace/dialogs/form.h", true), "");
+    EXPECT_EQ(Fault("workbench/main.cpp", "sim/journal.h", false), "");
+}
+
+TEST(Layers, FoldersInTheOrderOfTheEngineMayNotLookAhead) {
+    EXPECT_NE(Fault("src/ace/host/value.h", "ace/core/text.h", true), "");
+    EXPECT_NE(Fault("src/ace/settings/action_line.cpp", "ace/matrix/step_tree.h", true), "");
+    EXPECT_NE(Fault("src/ace/editor/panes/wait.h", "ace/dialogs/frm_comment.h", true), "");
+    EXPECT_NE(Fault("src/ace/dialogs/frm_comment.h", "workbench/session/session.h", false), "");
+}
+
+TEST(Layers, OnlyTheEngineIsConfinedToTheStandardLibrary) {
+    EXPECT_EQ(Fault("src/ace/core/text.h", "vector", true), "");
+    EXPECT_NE(Fault("src/ace/core/text.h", "CLI/CLI.hpp", true), "");
+    EXPECT_EQ(Fault("workbench/main.cpp", "CLI/CLI.hpp", true), "");
+}
+
+}  // namespace
+}  // namespace ace::layers

@@ -1,0 +1,141 @@
+/// Random operations on the lists of one module, compared with the model as a whole.
+#pragma once
+
+#include <random>
+
+#include "core/fake_editor.h"
+#include "matrix/model_readers.h"
+
+namespace ace::test {
+
+/// An engine of one module and the model side by side: random operations are made on both.
+class StoreModelTest : public EngineTest {
+  protected:
+    explicit StoreModelTest(aceModul served) : modul(served) {
+        State().Modul = modul;
+        context.Editor = std::make_shared<FakeEditor>(*host);
+        model.loading = L"Editor.LoadEditor(" + std::to_wstring(modul) + L")";
+        model.wireless = modul == aceVKSTemplate;
+        model.count = State().*List().count;
+    }
+    const NumberedList& List() const { return ModuleTable[modul].numbered[0]; }
+
+    int Draw(int from, int to) { return std::uniform_int_distribution(from, to)(random); }
+    String DrawKey() {
+        return std::array<String, 6>{L"a", L"b", L"c", L"d", L"", L"aa"}.at(
+            static_cast<std::size_t>(Draw(0, 5)));
+    }
+
+    /// As a load leaves the lists: without a spare place, but for a wireless template.
+    void Load(int entries) {
+        DynArray<p_Subrange>& lists = State().*List().lists;
+        lists.Erase();
+        model.list = {};
+        model.count = State().*List().count = entries;
+        const int upper = model.wireless ? entries : entries - 1;
+        if (upper >= 0) {
+            lists.Redim(0, upper);
+            model.list.Resize(upper);
+        }
+        for (ModelArray<String>* texts : {&model.keys, &model.hostKeys, &model.hostNames}) {
+            *texts = {};
+            texts->Resize(entries);
+        }
+        for (DynArray<String> EngineState::*texts :
+             {&EngineState::VKSTestUKeys, &EngineState::VKSHostUKeys, &EngineState::VKSHostNames}) {
+            (State().*texts).Redim(0, entries);
+        }
+        for (int i = 0; i < entries; ++i) {
+            model.keys.At(i) = State().VKSTestUKeys[i] = DrawKey();
+            Edit(lists[i], model.list.At(i));
+        }
+    }
+    /// Gives an entry five new lists, some of them empty.
+    void Edit(p_Subrange& set, ModelEntry& entry) {
+        entry = {Draw(0, 1) * ++content, Draw(0, 1) * ++content, Draw(0, 2) * ++content,
+                 Draw(0, 1) * ++content, Draw(0, 1) * ++content};
+        Write(set, entry);
+    }
+    void EditSomeEntry() {
+        if (model.count > 0) {
+            const int index = Draw(0, model.count - 1);
+            Edit((State().*List().lists)[index], model.list.At(index));
+        }
+        if (model.stepCount > 0) {
+            const int index = Draw(0, model.stepCount - 1);
+            Edit(State().VKSSteps[index], model.steps.At(index));
+        }
+    }
+
+    /// One operation on both; the index is now and then outside the list.
+    void Step() {
+        const int beyond = std::max(model.count, 0) + 3;
+        const int index = Draw(-1, beyond);
+        const int other = Draw(-1, beyond);
+        const String key = DrawKey();
+        const String name = std::to_wstring(++content);
+        int expected = 0;
+        std::function<void()> act = [] {};
+        switch (Draw(0, 9)) {
+            case 0:
+            case 1:
+                act = [&] { engine->AddSubrange(index, key); };
+                expected = model.Add(index, key);
+                break;
+            case 2:
+            case 3:
+                act = [&] { engine->DeleteSubrange(index, key); };
+                expected = model.Delete(index, key);
+                break;
+            case 4:
+            case 5:
+                act = [&] { engine->MoveSubrange(index, other); };
+                expected = model.Move(index, other);
+                break;
+            case 6:
+                act = [&] { engine->SwapSubrange(index, other); };
+                expected = model.Swap(index, other);
+                break;
+            case 7:
+                act = [&] { engine->AddVKSStep(name, key, name); };
+                expected = model.AddStep(name, key, name);
+                break;
+            default:
+                EditSomeEntry();
+                break;
+        }
+        EXPECT_EQ(ErrorOf(act), expected);
+    }
+
+    void Compare() {
+        EXPECT_EQ(Read(State().*List().lists), model.list);
+        EXPECT_EQ(State().*List().count, model.count);
+        EXPECT_EQ(State().InternalSubrangeOp, model.suppressed);
+        EXPECT_EQ(host->journal.LinesOf(L"Editor."), model.editor);
+        EXPECT_EQ(Read(State().VKSSteps), model.steps);
+        EXPECT_EQ(State().VKSStepCount, model.stepCount);
+        EXPECT_EQ(Read(State().VKSStepUKeys), model.stepOwners);
+        EXPECT_EQ(Read(State().VKSStepNames), model.stepNames);
+        EXPECT_EQ(Read(State().VKSStepKeys), model.stepKeys);
+        if (model.wireless) {
+            EXPECT_EQ(Read(State().VKSTestUKeys), model.keys);
+            EXPECT_EQ(Read(State().VKSHostUKeys), model.hostKeys);
+            EXPECT_EQ(Read(State().VKSHostNames), model.hostNames);
+        }
+        host->journal.Clear();
+        model.editor.clear();
+    }
+    void Run(int steps) {
+        for (int step = 0; step < steps && !HasFailure(); ++step) {
+            Step();
+            Compare();
+        }
+    }
+
+    const aceModul modul;
+    std::mt19937 random{20111};
+    StoreModel model;
+    int content = 0;
+};
+
+}  // namespace ace::test

@@ -1,0 +1,57 @@
+#include "workbench/session/effect_words.h"
+
+#include <gtest/gtest.h>
+
+#include "sim/call_text.h"
+
+namespace ace::workbench {
+namespace {
+
+String WordsOfCall(const wchar_t* operation, const sim::CallArguments& arguments) {
+    return EffectWords({operation, arguments.text, 0, false, arguments.values});
+}
+
+TEST(EffectWords, EffectsAreToldInPlainWords) {
+    using sim::CallText;
+    EXPECT_EQ(WordsOfCall(L"SystemServices.ShowTimedMessage",
+                          CallText(L"Wait 1.500 s\r\nPlease wait", 64, L"Wait", 1500)),
+              L"wait 1.5 s");
+    EXPECT_EQ(WordsOfCall(L"Platform.sndPlaySoundA", CallText(L"C:\\a.wav", 19)),
+              L"sound C:\\a.wav");
+    EXPECT_EQ(WordsOfCall(L"Platform.Beep", {}), L"beep");
+    EXPECT_EQ(WordsOfCall(L"DeviceList.PostEvent", CallText(L"ActionEngine", 3, L"Standby On")),
+              L"event to the devices: Standby On");
+    EXPECT_EQ(WordsOfCall(L"StatusDisplay.ShowStatus", CallText(L"A \"b\", c", false, false)),
+              L"status line \"A \"b\", c\"");
+    EXPECT_EQ(WordsOfCall(L"TraceLog.ReportError", CallText(13, L"Type mismatch", 1)),
+              L"error report: error 13, Type mismatch");
+}
+
+TEST(EffectWords, WhatAnotherLineTellsAndWhatHasNoEffectIsSilent) {
+    using sim::CallText;
+    EXPECT_EQ(WordsOfCall(L"StatusDisplay.ShowStatus", CallText(L"Wait 1.500 s", true, true)), L"");
+    EXPECT_EQ(WordsOfCall(L"StatusDisplay.ShowStatus", CallText(L"", false, false)), L"");
+    EXPECT_EQ(WordsOfCall(L"Platform.Yield", {}), L"");
+    EXPECT_EQ(WordsOfCall(L"Utilities.IsEqual", CallText(1.0, 2.0)), L"");
+    EXPECT_EQ(EffectWords({L"Platform.ThreadId", L"", 0, true, {}}), L"");
+}
+
+TEST(EffectWords, WhatSurroundsCommandsAndProgramsIsTold) {
+    using sim::CallText;
+    EXPECT_EQ(WordsOfCall(L"SystemServices.SetProgressText", CallText(L"Waiting for it")),
+              L"busy: Waiting for it");
+    EXPECT_EQ(WordsOfCall(L"SystemServices.SetProgressText", CallText(L"")), L"");
+    EXPECT_EQ(WordsOfCall(L"SystemServices.WriteMacroSync", CallText(1, 14, L"STARTED")),
+              L"macro synchronisation: STARTED");
+    EXPECT_EQ(WordsOfCall(L"UserDialogs.ShowMessageBox", CallText(L"no\r\nlicence", 16, L"Macro")),
+              L"message \"no / licence\"");
+    EXPECT_EQ(WordsOfCall(L"ApiMacro.Abort", {}), L"the API macro is told to end");
+    EXPECT_EQ(WordsOfCall(L"SettingsFile.GetLong", CallText(L"A", L"B", 180)), L"");
+}
+
+TEST(EffectWords, ACallThatTheTableDoesNotKnowIsToldAsItStands) {
+    EXPECT_EQ(WordsOfCall(L"Oven.Heat", sim::CallText(L"slowly", 3)), L"Oven.Heat(\"slowly\", 3)");
+}
+
+}  // namespace
+}  // namespace ace::workbench

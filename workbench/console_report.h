@@ -1,0 +1,43 @@
+/// What a run prints.
+#pragma once
+
+#include <chrono>
+#include <iosfwd>
+
+#include "workbench/session/session.h"
+
+namespace ace::workbench {
+
+/// Prints a session as it goes on, in UTF-8. On a terminal the last line shows how far a sweep is;
+/// anywhere else nothing but whole lines is written.
+class ConsoleReport final : public SessionListener {
+  public:
+    /// `out` must outlive the object.
+    ConsoleReport(std::ostream& out, bool isTerminal) : x_out(out), x_isTerminal(isTerminal) {}
+
+    /// `isReal` says that the transports are.
+    void PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock, bool isReal);
+    void OnLine(const Place& place, const String& words) override;
+    void OnProgress(std::size_t done, std::size_t total) override;
+    /// `traceFailure` says why the trace file is not complete; empty while it is.
+    void PrintSummary(Outcome outcome, const Summary& summary, const Answers& answers,
+                      const String& traceFailure);
+
+    /// The lines of a text, each as it stands.
+    void PrintText(StringView text);
+    /// The words behind which the user types an answer; without a line end.
+    void PrintPrompt(const String& words);
+    /// A line of the set-up or of the summary.
+    void PrintPair(StringView name, const String& text);
+
+  private:
+    void Print(const String& line);
+    void EraseProgress();
+
+    std::ostream& x_out;
+    bool x_isTerminal;
+    bool x_progressShown = false;
+    std::chrono::steady_clock::time_point x_lastProgress;
+};
+
+}  // namespace ace::workbench

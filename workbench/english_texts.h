@@ -1,0 +1,25 @@
+/// The English texts of the workbench.
+#pragma once
+
+#include <span>
+
+#include <ace/host/language.h>
+
+namespace ace::workbench {
+
+/// A text and its number.
+struct NumberedText {
+    std::int32_t number;
+    StringView text;
+};
+
+/// All texts in the order of their numbers, each number once.
+std::span<const NumberedText> EnglishTextTable();
+
+/// Texts in English; a number without a text reads as empty.
+class EnglishTexts : public ILanguage {
+  public:
+    String Text(std::int32_t number) override;
+};
+
+}  // namespace ace::workbench

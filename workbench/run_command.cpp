@@ -1,0 +1,178 @@
+#include "workbench/run_command.h"
+
+#include <cerrno>
+#include <fstream>
+#include <system_error>
+
+#include "workbench/console_report.h"
+#include "workbench/file_store.h"
+#include "workbench/session/transport_host.h"
+#include "workbench/session/wording.h"
+#include "workbench/text_encoding.h"
+#include "workbench/trace_file.h"
+
+namespace ace::workbench {
+
+namespace {
+
+/// Entries that the journal keeps; the report follows it as it is written.
+constexpr std::size_t JournalBound = 1000;
+constexpr std::int32_t MostSubranges = 10'000;
+
+SetUpOptions ReadOptions(const RunArguments& arguments) {
+    SetUpOptions options;
+    if (arguments.module) {
+        const String text = FromUtf8(*arguments.module);
+        const ModuleWords* module = FindModuleWords(text);
+        if (module == nullptr) {
+            RefuseUse(L"--module: \"" + text + L"\" is no module: 0 to 8, or a name such as " +
+                      L"aceTemplate");
+        }
+        options.modul = module->modul;
+    }
+    if (arguments.subRanges) {
+        const String text = FromUtf8(*arguments.subRanges);
+        options.subRanges = WholeInteger(text);
+        if (!options.subRanges || *options.subRanges < 0 || *options.subRanges > MostSubranges) {
+            RefuseUse(L"--subranges: \"" + text + L"\" is no whole number from 0 to " +
+                      std::to_wstring(MostSubranges));
+        }
+    }
+    for (const std::string& text : arguments.sweeps) {
+        try {
+            options.sweeps.push_back(ParseSweep(FromUtf8(text)));
+        } catch (const RunTimeError& error) {
+            RefuseUse(L"--sweep: " + error.Description());
+        }
+    }
+    return options;
+}
+
+Clock ReadClock(const RunArguments& arguments) {
+    const std::string text = arguments.clock.value_or(arguments.real ? "real" : "virtual");
+    if (text != "virtual" && text != "real") {
+        RefuseUse(L"--clock: \"" + FromUtf8(text) + L"\" is neither virtual nor real");
+    }
+    if (arguments.real && text != "real") {
+        RefuseUse(L"--clock virtual: with --real the waits between the commands take their time");
+    }
+    return text == "real" ? Clock::Real : Clock::Virtual;
+}
+
+/// What `read` finds at `path`; a file that is missing or can't be read is a bad file.
+template <class Read>
+auto Existing(const std::string& path, Read&& read) {
+    try {
+        if (auto content = read(path)) {
+            return *std::move(content);
+        }
+    } catch (const RunTimeError& error) {
+        RefuseFile(error.Description());
+    }
+    RefuseFile(FromUtf8(path) + L": there is no such file");
+}
+
+Answers ReadAnswers(const RunArguments& arguments) {
+    if (!arguments.answers) {
+        return {};
+    }
+    const std::string bytes =
+        Existing(*arguments.answers, [](const std::string& path) { return ReadWholeFile(path); });
+    const Encoding encoding = DetectEncoding(bytes);
+    const std::string_view text = std::string_view(bytes).substr(ByteOrderMark(encoding).size());
+    return Answers(Decode(encoding, text), FromUtf8(*arguments.answers));
+}
+
+std::shared_ptr<TraceFile> OpenTrace(const RunArguments& arguments) {
+    try {
+        return arguments.trace ? std::make_shared<TraceFile>(*arguments.trace) : nullptr;
+    } catch (const RunTimeError& error) {
+        RefuseFile(error.Description());
+    }
+}
+
+TransportChoice ReadTransports(const RunArguments& arguments, SettingsFiles& files) {
+    TransportChoice choice;
+    choice.isReal = arguments.real;
+    if (!arguments.config) {
+        return choice;
+    }
+    const String name = FromUtf8(*arguments.config);
+    choice.openConfiguration = [&files, name] { return files.Open(name); };
+    DiskSettingsFile file =
+        Existing(*arguments.config, [&](const std::string&) { return files.Open(name); });
+    try {
+        choice.settings = ReadTransportSettings(file);
+    } catch (const RunTimeError& error) {
+        RefuseFile(error.Description());
+    }
+    return choice;
+}
+
+/// Makes the traffic log anew; a stream that is not open when none is wanted.
+std::ofstream OpenTraffic(const RunArguments& arguments) {
+    std::ofstream stream;
+    if (arguments.traffic) {
+        errno = 0;
+        stream.open(*arguments.traffic, std::ios::binary);
+        if (!stream) {
+            RefuseFile(FromUtf8(*arguments.traffic +
+                                ": cannot be made: " + std::generic_category().message(errno)));
+        }
+    }
+    return stream;
+}
+
+void PrintTransports(ConsoleReport& report, const TransportHost& host) {
+    for (const String& program : host.SilentPrograms()) {
+        report.PrintPair(L"Program", L"never confirmed its work: " + program);
+    }
+    if (!host.LogIsGood()) {
+        report.PrintPair(L"Traffic", L"the log is not complete: it could not be written");
+    }
+}
+
+/// None unless the operator is to be asked.
+std::unique_ptr<IOperator> MakeOperator(const RunArguments& arguments,
+                                        const CommandSurroundings& surroundings,
+                                        ConsoleReport& report, const SessionHost& host) {
+    if (!arguments.ask || surroundings.input.stream == nullptr) {
+        return nullptr;
+    }
+    return std::make_unique<TerminalOperator>(report, surroundings.input,
+                                              [&host] { return host.InterruptIsNew(); });
+}
+
+}  // namespace
+
+Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& surroundings) {
+    const SetUpOptions options = ReadOptions(arguments);
+    const Clock clock = ReadClock(arguments);
+    const String file = FromUtf8(arguments.file);
+    const SettingsDocument document =
+        Existing(arguments.file, [](const std::string& path) { return LoadDocument(path); });
+    const TestSetUp setUp = ReadSetUp(document, file, options);
+    Answers answers = ReadAnswers(arguments);
+
+    const std::shared_ptr<TraceFile> trace = OpenTrace(arguments);
+    SettingsFiles files;
+    TransportChoice transports = ReadTransports(arguments, files);
+    std::ofstream traffic = OpenTraffic(arguments);
+    transports.log = traffic.is_open() ? &traffic : nullptr;
+    const auto host = std::make_shared<TransportHost>(clock, std::move(transports));
+    host->traceFile = trace;
+    host->journal.Bound(JournalBound);
+    host->isInterrupted = surroundings.isInterrupted;
+    ConsoleReport report(surroundings.out, surroundings.isTerminal);
+    const std::unique_ptr<IOperator> theOperator =
+        MakeOperator(arguments, surroundings, report, *host);
+    Session session(host, setUp, answers, report, theOperator.get());
+    session.Load(file);
+    report.PrintSetUp(file, setUp, clock, arguments.real);
+    const Outcome outcome = session.Run();
+    report.PrintSummary(outcome, session.Counts(), answers, trace ? trace->Failure() : String());
+    PrintTransports(report, *host);
+    return outcome;
+}
+
+}  // namespace ace::workbench

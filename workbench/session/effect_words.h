@@ -1,0 +1,14 @@
+/// Host calls in the words of a test engineer.
+#pragma once
+
+#include "sim/journal.h"
+
+namespace ace::workbench {
+
+/// One line about a call of the journal; empty for calls that have no effect in the laboratory
+/// (reading settings, comparing, tracing, letting messages run) and for those that another line
+/// tells (the status line of a wait, and its clearing; what `TransportHost` sends and starts). A
+/// call that the table does not know is told as the journal has it.
+String EffectWords(const sim::JournalEntry& entry);
+
+}  // namespace ace::workbench

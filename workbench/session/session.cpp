@@ -1,0 +1,283 @@
+#include "workbench/session/session.h"
+
+#include <algorithm>
+
+#include <ace/core/actions_engine.h>
+#include <ace/core/operation.h>
+
+#include "workbench/session/effect_words.h"
+#include "workbench/session/load_place.h"
+#include "workbench/session/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+struct RequestRow {
+    acEutCheck bit;
+    StringView words;
+};
+constexpr RequestRow Requests[] = {
+    {acEutStoreComment, L"the check asks to store a comment"},
+    {acEutRepeatSubrangeMeas, L"the check asks to repeat the measurement of the subrange"},
+    {acEutParkAccessories, L"request to park the accessories"},
+    {acEutStopTest, L"the check asks to stop the test"},
+};
+
+bool IsFrequency(const Moment& moment) {
+    return moment.call == MomentCall::NewFrequency;
+}
+
+}  // namespace
+
+Session::Session(std::shared_ptr<SessionHost> host, TestSetUp setUp, Answers& answers,
+                 SessionListener& listener, IOperator* theOperator)
+    : x_host(std::move(host)),
+      x_setUp(std::move(setUp)),
+      x_plan(PlanOf(x_setUp)),
+      x_answers(answers),
+      x_listener(listener),
+      x_operator(theOperator),
+      x_context(x_host),
+      x_frequencies(static_cast<std::size_t>(std::ranges::count_if(x_plan, IsFrequency))) {}
+
+Session::~Session() {
+    x_host->journal.Observe({});
+    x_host->onPrompt = {};
+    x_host->onRemark = {};
+    x_host->onInterrupt = {};
+    x_host->place = {};
+}
+
+void Session::Load(const String& fileName) {
+    LoadInto(x_engine, fileName, x_setUp.modul);
+    if (x_setUp.modul == aceEMSAutoTemplateGeneral && x_setUp.subRanges > 0) {
+        LoadInto(x_steps, fileName, aceEMSAutoTemplate);
+    }
+}
+
+void Session::LoadInto(std::unique_ptr<_aceActionsEngine>& engine, const String& fileName,
+                       aceModul modul) {
+    LoadPlace place(x_context);
+    try {
+        engine = std::make_unique<aceActionsEngine>(x_context);
+        engine->LoadActions(fileName, x_setUp.subRanges, modul);
+    } catch (...) {
+        RefuseFile(place.Describe(fileName, CurrentRunTimeError()));
+    }
+}
+
+Outcome Session::Run() {
+    ListenToHost();
+    while (x_at < x_plan.size()) {
+        x_next = x_at + 1;
+        RunMoment(x_plan[x_at]);
+        x_at = x_next;
+    }
+    Close();
+    return x_outcome;
+}
+
+/// From here on the host's calls are effects of the test.
+void Session::ListenToHost() {
+    x_host->counts = {};
+    x_host->journal.Observe([this](const sim::JournalEntry& entry) {
+        if (const String words = EffectWords(entry); !words.empty()) {
+            Tell(words);
+        }
+    });
+    x_host->onRemark = [this](StringView words) { Tell(String(words)); };
+    x_host->onInterrupt = [this] { OnInterrupt(); };
+    x_host->onPrompt = [this](const Dialog& dialog) { return Decide(dialog); };
+    x_host->place = [this] { return CurrentPlace(); };
+}
+
+void Session::RunMoment(const Moment& moment) {
+    x_place = WordsOf(moment);
+    ++x_summary.moments;
+    try {
+        CallEngine(moment);
+    } catch (...) {
+        const RunTimeError error = CurrentRunTimeError();
+        ++x_summary.errors;
+        Tell(L"ERROR " + std::to_wstring(error.Number()) + L": " + error.Description());
+        Worsen(Outcome::Failed);
+    }
+    x_host->CheckInterrupt();
+    const std::size_t end = x_plan.size() - 1;  // the end of the test runs in any case
+    if (x_outcome != Outcome::Finished && x_at < end) {
+        Tell(L"the test is stopped");
+        x_next = end;
+        x_host->skipsWaits = false;  // amplifiers need their time, whoever is in a hurry
+    }
+}
+
+/// The end of the test runs in any case, and its waits too.
+void Session::OnInterrupt() {
+    Tell(L"stopped by the user");
+    Worsen(Outcome::Stopped);
+    if (x_at + 1 < x_plan.size()) {
+        x_host->skipsWaits = true;
+        x_engine->StopAllActions();
+    }
+}
+
+void Session::CallEngine(const Moment& moment) {
+    _aceActionsEngine& engine = moment.ofSteps ? *x_steps : *x_engine;
+    const MomentRow& row = RowOf(moment.call);
+    ActOnAnswer(row, row.run(engine, moment));
+    if (moment.call == MomentCall::VKSStep) {
+        Tell(engine.VKSGetResult() ? L"verdict: passed" : L"verdict: failed");
+    }
+    if (IsFrequency(moment)) {
+        TakeRequests(engine);
+        StayOnFrequency(moment);
+    }
+    if (moment.call == MomentCall::StopTest) {
+        TakeRequests(engine);
+    }
+}
+
+void Session::ActOnAnswer(const MomentRow& row, std::int32_t answer) {
+    bool stops = row.meaning == AnswerMeaning::TrueStops && answer != 0;
+    if (row.meaning == AnswerMeaning::CodeCounts) {
+        if (const ChannelCode* code = FindChannelCode(answer)) {
+            Tell(L"code " + std::to_wstring(answer) + L": " + String(code->words));
+            stops = code->stopsTest;
+        }
+    }
+    if (stops) {
+        Worsen(Outcome::Stopped);
+    }
+}
+
+void Session::TakeRequests(_aceActionsEngine& engine) {
+    Value comment;
+    const std::int32_t bits = engine.GetCheckEutAction(comment);
+    for (const RequestRow& row : Requests) {
+        if ((bits & row.bit) != 0) {
+            const String* const text = std::get_if<String>(&comment);
+            const bool hasComment = row.bit == acEutStoreComment && text != nullptr;
+            Tell(String(row.words) + (hasComment ? L": " + QuotedLine(*text) : String()));
+        }
+    }
+    if ((bits & acEutStopTest) != 0) {
+        Worsen(Outcome::Stopped);
+    } else if ((bits & acEutRepeatSubrangeMeas) != 0 && IsFrequency(x_plan[x_at])) {
+        RepeatFrequencies();
+    }
+}
+
+/// Goes back to the first frequency of the stretch, once, so that a check that never succeeds does
+/// not keep the test for ever.
+void Session::RepeatFrequencies() {
+    std::size_t first = x_at;
+    while (first > 0 && IsFrequency(x_plan[first - 1]) &&
+           x_plan[first - 1].number == x_plan[first].number) {
+        --first;
+    }
+    if (x_repeated.insert(first).second) {
+        x_frequenciesDone -= x_at - first;
+        x_next = first;
+    } else {
+        Tell(L"it was repeated before, so the test goes on");
+    }
+}
+
+void Session::StayOnFrequency(const Moment& moment) {
+    if (x_outcome == Outcome::Finished && moment.dwellMs > 0.0) {
+        const double before = x_host->counts.passedMs;
+        x_host->PassTime(moment.dwellMs);
+        x_summary.dwellMs += x_host->counts.passedMs - before;
+    }
+    if (x_next > x_at) {
+        x_listener.OnProgress(++x_frequenciesDone, x_frequencies);
+    }
+}
+
+/// A line of the answers goes before the operator. Without either, only a question stops the test.
+Reply Session::Decide(const Dialog& dialog) {
+    const Moment& moment = x_plan[x_at];
+    const String shown = String(WordOf(dialog.kind)) + L" " + QuotedLine(dialog.message);
+    std::optional<Reply> reply = x_answers.Take(
+        {dialog.kind, dialog.message, WordsOf(moment), String(RowOf(moment.call).operation)});
+    if (!reply) {
+        reply = AskOperator(dialog);
+    }
+    if (!reply && dialog.kind == PromptKind::Question) {
+        ++x_summary.unanswered;
+        Tell(shown + L": NO ANSWER, so it is No");
+        Worsen(Outcome::Unanswered);
+        return Reply::Stop;
+    }
+    const Reply decided = reply.value_or(Reply::GoOn);
+    Count(dialog.kind, decided);
+    Tell(shown + L": " + String(WordOf(dialog.kind, decided)));
+    return decided;
+}
+
+/// When the operator has gone the test is stopped. Its end runs as if nobody had been there: what
+/// it switches off is not to wait for an answer that never comes.
+std::optional<Reply> Session::AskOperator(const Dialog& dialog) {
+    if (x_operator == nullptr) {
+        return std::nullopt;
+    }
+    while (!x_operatorIsGone) {
+        if (const std::optional<Reply> reply = x_operator->Ask(dialog)) {
+            return reply;
+        }
+        if (x_host->InterruptIsNew()) {
+            x_host->CheckInterrupt();
+            if (!IsAtEnd()) {
+                return Reply::Stop;
+            }
+        } else {
+            x_operatorIsGone = true;
+            Tell(L"the operator's input has ended, so the test is stopped");
+            Worsen(Outcome::Unanswered);
+        }
+    }
+    const bool isUnanswered = dialog.kind == PromptKind::Question || IsAtEnd();
+    return isUnanswered ? std::nullopt : std::optional(Reply::Stop);
+}
+
+void Session::Count(PromptKind kind, Reply reply) {
+    const bool stops = reply == Reply::Stop;
+    switch (kind) {
+        case PromptKind::Notification:
+            ++x_summary.notifications;
+            x_summary.notificationsStopped += stops ? 1 : 0;
+            break;
+        case PromptKind::Question:
+            ++(stops ? x_summary.no : x_summary.yes);
+            break;
+        case PromptKind::Failure:
+            ++(stops                       ? x_summary.failuresStopped
+               : reply == Reply::IgnoreAll ? x_summary.failuresIgnoredForGood
+                                           : x_summary.failuresIgnored);
+            break;
+    }
+}
+
+void Session::Worsen(Outcome outcome) {
+    x_outcome = std::max(x_outcome, outcome);
+}
+
+Place Session::CurrentPlace() const {
+    return {x_host->Now(), x_place, x_at < x_plan.size() ? x_plan[x_at].hertz : 0.0};
+}
+
+void Session::Tell(const String& words) {
+    x_listener.OnLine(CurrentPlace(), words);
+}
+
+void Session::Close() {
+    x_place = L"after the test";
+    x_steps.reset();
+    x_engine.reset();
+    x_summary.actions = x_host->counts.actions;
+    x_summary.errorReports = x_host->counts.errorReports;
+    x_summary.waitedMs = x_host->counts.passedMs - x_summary.dwellMs;
+}
+
+}  // namespace ace::workbench

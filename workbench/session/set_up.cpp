@@ -1,0 +1,302 @@
+#include "workbench/session/set_up.h"
+
+#include <algorithm>
+
+#include <ace/core/text.h>
+
+#include "workbench/session/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+constexpr StringView MainSection = L"Workbench";
+/// More numbered entries than this are a slip of the pen.
+constexpr std::int32_t MostSubranges = 10'000;
+
+String Numbered(StringView word, std::int32_t number) {
+    return String(word) + std::to_wstring(number);
+}
+
+/// Reads keys of one file and names their places when they make no sense.
+class Reader {
+  public:
+    Reader(const SettingsDocument& document, const String& path)
+        : x_document(document), x_path(path) {}
+
+    bool Has(StringView section) const { return x_document.HasSection(section); }
+    std::optional<String> Text(StringView section, StringView key) const {
+        const std::optional<String> value = x_document.GetKey(section, key);
+        return value ? std::optional(String(Trimmed(*value))) : std::nullopt;
+    }
+    std::optional<double> Number(StringView section, StringView key) const {
+        const std::optional<String> text = Text(section, key);
+        const std::optional<double> number = text ? WholeNumber(*text) : std::nullopt;
+        if (text && !number) {
+            Refuse(section, key, L"\"" + *text + L"\" is no number");
+        }
+        return number;
+    }
+    std::optional<std::int32_t> Integer(StringView section, StringView key, std::int32_t least,
+                                        std::int32_t most) const {
+        const std::optional<double> number = Number(section, key);
+        if (!number) {
+            return std::nullopt;
+        }
+        if (*number < least || *number > most || *number != static_cast<std::int32_t>(*number)) {
+            Refuse(section, key,
+                   L"this must be a whole number from " + std::to_wstring(least) + L" to " +
+                       std::to_wstring(most));
+        }
+        return static_cast<std::int32_t>(*number);
+    }
+    std::vector<std::int32_t> Integers(StringView section, StringView key) const;
+    double Needed(StringView section, StringView key) const {
+        const std::optional<double> number = Number(section, key);
+        if (!number) {
+            Refuse(section, key, L"the sweep needs this key");
+        }
+        return *number;
+    }
+    [[noreturn]] void Refuse(StringView section, StringView key, StringView why) const {
+        RefuseFile(PlaceText(x_document, x_path, section, key) + L": " + String(why));
+    }
+
+  private:
+    const SettingsDocument& x_document;
+    const String& x_path;
+};
+
+std::vector<std::int32_t> Reader::Integers(StringView section, StringView key) const {
+    std::vector<std::int32_t> numbers;
+    const String text = Text(section, key).value_or(String());
+    for (StringView rest = text; !rest.empty();) {
+        const std::size_t end = std::min(rest.find(L','), rest.size());
+        const std::optional<std::int32_t> number = WholeInteger(rest.substr(0, end));
+        if (!number || *number < 1) {
+            Refuse(section, key, L"these must be numbers of frequencies from 1, separated by ,");
+        }
+        numbers.push_back(*number);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return numbers;
+}
+
+std::optional<Sweep> FileSweep(const Reader& reader, std::int32_t number) {
+    const String section = Numbered(L"Workbench.Subrange", number);
+    if (!reader.Has(section)) {
+        return std::nullopt;
+    }
+    const Sweep sweep{reader.Needed(section, L"StartHz"), reader.Needed(section, L"StopHz"),
+                      reader.Needed(section, L"StepPercent"),
+                      reader.Number(section, L"DwellMs").value_or(0.0)};
+    if (const String why = WhyNoSweep(sweep); !why.empty()) {
+        reader.Refuse(section, {}, why);
+    }
+    return sweep;
+}
+
+/// The sweep of entry `number`: an option wins and keeps the file's dwell.
+std::optional<Sweep> SweepOf(const Reader& reader, const SetUpOptions& options,
+                             std::int32_t number) {
+    if (options.sweeps.empty()) {
+        return FileSweep(reader, number);
+    }
+    const auto index = std::min(static_cast<std::size_t>(number), options.sweeps.size()) - 1;
+    Sweep sweep = options.sweeps[index];
+    sweep.dwellMs =
+        reader.Number(Numbered(L"Workbench.Subrange", number), L"DwellMs").value_or(0.0);
+    return sweep;
+}
+
+/// Sweeps for modules whose numbered entries have none: all that are given, one after the other.
+void ReadTestSweeps(const Reader& reader, const SetUpOptions& options, TestSetUp& setUp) {
+    const auto given = static_cast<std::int32_t>(options.sweeps.size());
+    for (std::int32_t number = 1; given == 0 || number <= given; ++number) {
+        const std::optional<Sweep> sweep = SweepOf(reader, options, number);
+        if (!sweep) {
+            return;
+        }
+        setUp.sweeps.push_back(sweep);
+    }
+}
+
+void ReadEntrySweeps(const Reader& reader, const SetUpOptions& options, TestSetUp& setUp) {
+    String missing;
+    for (std::int32_t number = 1; number <= setUp.subRanges; ++number) {
+        setUp.sweeps.push_back(SweepOf(reader, options, number));
+        if (!setUp.sweeps.back()) {
+            missing += (missing.empty() ? L"" : L", ") + std::to_wstring(number);
+        }
+    }
+    if (!missing.empty()) {
+        setUp.notes.push_back(String(WordsOf(setUp.modul).one) + L" " + missing +
+                              L": no sweep in [Workbench.Subrange<n>] and no --sweep, so no "
+                              L"frequency is run there");
+    }
+}
+
+void ReadSweeps(const Reader& reader, const SetUpOptions& options, TestSetUp& setUp) {
+    static constexpr aceModul WithFrequencies[] = {
+        aceTemplate, aceMonitoring, aceEMSAutoTemplateGeneral, aceEMIAutoTemplate, aceAziChart};
+    if (std::ranges::find(WithFrequencies, setUp.modul) == std::end(WithFrequencies)) {
+        if (!options.sweeps.empty()) {
+            RefuseUse(L"--sweep: a test of module " + String(WordsOf(setUp.modul).name) +
+                      L" has no frequencies");
+        }
+        return;
+    }
+    if (WordsOf(setUp.modul).sweepPerEntry && setUp.subRanges > 0) {
+        ReadEntrySweeps(reader, options, setUp);
+        return;
+    }
+    ReadTestSweeps(reader, options, setUp);
+    if (setUp.sweeps.empty()) {
+        setUp.notes.push_back(
+            L"no sweep in [Workbench.Subrange1] and no --sweep, so no frequency is run");
+    }
+}
+
+/// The plan of a test is made before it, so it must fit into memory.
+void RequireBounded(const TestSetUp& setUp) {
+    std::size_t count = 0;
+    for (const std::optional<Sweep>& sweep : setUp.sweeps) {
+        count += sweep ? Frequencies(*sweep).size() : 0;
+        if (count > MostFrequencies) {
+            RefuseUse(L"the sweeps of the test have more than " + std::to_wstring(MostFrequencies) +
+                      L" frequencies");
+        }
+    }
+}
+
+void ReadChannels(const Reader& reader, TestSetUp& setUp) {
+    for (std::int32_t number = 1; number <= setUp.subRanges; ++number) {
+        const String section = Numbered(L"Workbench.Channel", number);
+        setUp.channels.push_back(
+            {reader.Text(section, L"Name").value_or(Numbered(L"Channel ", number)),
+             reader.Integers(section, L"Trigger"), reader.Integers(section, L"NoGo"),
+             reader.Integers(section, L"Go")});
+    }
+}
+
+void ReadWirelessTests(const Reader& reader, TestSetUp& setUp) {
+    for (std::int32_t test = 1; test <= setUp.subRanges; ++test) {
+        const String section = Numbered(L"ActionsOnTest", test) + L"_VKS";
+        const std::optional<String> key = reader.Text(section, L"VKS_UKey");
+        if (!key || key->empty()) {
+            continue;  // a gap in the numbers is no test
+        }
+        WirelessTest wireless{*key, {}};
+        const std::int32_t steps =
+            reader.Integer(section, L"SUBSTEPS", 0, MostSubranges).value_or(0);
+        for (std::int32_t step = 1; step <= steps; ++step) {
+            const String stepSection = Numbered(L"ActionsOnStep" + *key + L"_", step) + L"_VKS";
+            const std::optional<String> stepKey = reader.Text(stepSection, L"VKS_Key");
+            if (stepKey && !stepKey->empty()) {
+                wireless.steps.push_back(*stepKey);
+            }
+        }
+        setUp.tests.push_back(std::move(wireless));
+    }
+}
+
+void ReadMatrix(const Reader& reader, TestSetUp& setUp) {
+    static constexpr StringView Section = L"Workbench.DUT";
+    Matrix& matrix = setUp.matrix;
+    for (std::int32_t id = 0;; ++id) {
+        const std::optional<double> hertz = reader.Number(Section, Numbered(L"Freq", id));
+        if (!hertz) {
+            break;
+        }
+        matrix.hertz.push_back(*hertz);
+    }
+    while (reader.Text(Section, Numbered(L"BandwidthName", matrix.bandwidths))) {
+        ++matrix.bandwidths;
+    }
+    while (reader.Text(Section, Numbered(L"PowerName", matrix.powers))) {
+        ++matrix.powers;
+    }
+    if (matrix.hertz.empty() || matrix.bandwidths == 0 || matrix.powers == 0) {
+        reader.Refuse(Section, {},
+                      L"the matrix needs Freq0, BandwidthName0 and PowerName0 at least");
+    }
+}
+
+aceModul ReadModul(const Reader& reader, const SetUpOptions& options) {
+    if (options.modul) {
+        return *options.modul;
+    }
+    const std::optional<String> text = reader.Text(MainSection, L"Module");
+    if (!text) {
+        RefuseUse(
+            L"the file does not say which module it is for ([Workbench] Module=): say it "
+            L"with --module");
+    }
+    const ModuleWords* module = FindModuleWords(*text);
+    if (module == nullptr) {
+        reader.Refuse(MainSection, L"Module",
+                      L"\"" + *text + L"\" is no module: 0 to 8, or a name such as aceTemplate");
+    }
+    return module->modul;
+}
+
+std::int32_t ReadSubRanges(const Reader& reader, const SetUpOptions& options, aceModul modul) {
+    if (options.subRanges) {
+        return *options.subRanges;
+    }
+    const std::optional<std::int32_t> number =
+        reader.Integer(MainSection, L"SubRanges", 0, MostSubranges);
+    if (!number && WordsOf(modul).needsSubranges) {
+        const StringView many = WordsOf(modul).many;
+        RefuseUse(L"the file does not say " +
+                  (many.empty() ? String(L"which template") : L"how many " + String(many)) +
+                  L" the test has ([Workbench] SubRanges=): say it with --subranges");
+    }
+    return number.value_or(0);
+}
+
+/// Position of `key` among the lines of a section, from 0.
+std::optional<std::size_t> LineOfKey(const std::vector<String>& lines, StringView key) {
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const StringView line = lines[i];
+        const std::size_t equals = line.find(L'=');
+        if (equals != StringView::npos && EqualNoCase(Trimmed(line.substr(0, equals)), key)) {
+            return i;
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace
+
+TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
+                    const SetUpOptions& options) {
+    const Reader reader(document, path);
+    TestSetUp setUp;
+    setUp.modul = ReadModul(reader, options);
+    setUp.subRanges = ReadSubRanges(reader, options, setUp.modul);
+    setUp.title = reader.Text(MainSection, L"Title").value_or(String());
+    ReadSweeps(reader, options, setUp);
+    RequireBounded(setUp);
+    if (setUp.modul == aceMonitoring) {
+        ReadChannels(reader, setUp);
+    } else if (setUp.modul == aceVKSTemplate) {
+        ReadWirelessTests(reader, setUp);
+    } else if (setUp.modul == aceVKSDUT) {
+        ReadMatrix(reader, setUp);
+    }
+    return setUp;
+}
+
+String PlaceText(const SettingsDocument& document, const String& path, StringView section,
+                 StringView key) {
+    String place = path;
+    if (const std::optional<std::size_t> header = document.HeaderLine(section)) {
+        const std::optional<std::size_t> line = LineOfKey(document.GetSection(section), key);
+        place += L":" + std::to_wstring(*header + (line ? *line + 1 : 0));
+    }
+    place += L": [" + String(section) + L"]";
+    return key.empty() ? place : place + L" " + String(key);
+}
+
+}  // namespace ace::workbench

@@ -1,0 +1,69 @@
+/// What is tested: from the sections "Workbench..." of a settings file, and from options.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "workbench/session/module_words.h"
+#include "workbench/session/outcome.h"
+#include "workbench/session/sweep.h"
+#include "workbench/settings_document.h"
+
+namespace ace::workbench {
+
+/// What the user may say instead of the file.
+struct SetUpOptions {
+    std::optional<aceModul> modul{};
+    std::optional<std::int32_t> subRanges{};
+    /// The first for subrange 1 and so on; the last one serves all that follow.
+    std::vector<Sweep> sweeps{};
+};
+
+/// When a monitoring channel changes: numbers of the frequencies of the test, from 1.
+struct ChannelEvents {
+    String name;
+    std::vector<std::int32_t> trigger;
+    std::vector<std::int32_t> noGo;
+    std::vector<std::int32_t> go;
+};
+
+/// A wireless test with the keys of its steps.
+struct WirelessTest {
+    String key;
+    std::vector<String> steps;
+};
+
+/// The dimensions of the matrix of a device under test; ids count from 0.
+struct Matrix {
+    std::vector<double> hertz;
+    std::int32_t bandwidths = 0;
+    std::int32_t powers = 0;
+};
+
+/// One test that a session can run.
+struct TestSetUp {
+    aceModul modul = aceTemplate;
+    /// Number of subranges, channels, steps or tests; of the matrix its template number.
+    std::int32_t subRanges = 0;
+    String title;
+    /// One for each numbered entry where entries have sweeps of their own; nothing for an entry
+    /// without. Otherwise the sweeps of the test, one after the other.
+    std::vector<std::optional<Sweep>> sweeps;
+    std::vector<ChannelEvents> channels;
+    std::vector<WirelessTest> tests;
+    Matrix matrix;
+    std::vector<String> notes;  ///< what the user should know before the test, one line each
+};
+
+/// Works out the test. `path` is for messages. Raises `CommandError`: `BadFile` for a key of the
+/// file that makes no sense, with its line, `WrongUse` where neither the file nor an option says
+/// what is needed.
+TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
+                    const SetUpOptions& options);
+
+/// "file.ini:12: [Section] what": how a place in a settings file is told. The line is left out when
+/// the section or the key is missing.
+String PlaceText(const SettingsDocument& document, const String& path, StringView section,
+                 StringView key);
+
+}  // namespace ace::workbench

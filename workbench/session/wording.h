@@ -1,0 +1,52 @@
+/// Small texts that many lines are made of.
+#pragma once
+
+#include <optional>
+
+#include <ace/host/basic_types.h>
+
+namespace ace::workbench {
+
+/// Without blanks and tabs at either end.
+StringView Trimmed(StringView text);
+/// "1 frequency", "254 frequencies".
+String Counted(std::size_t count, StringView one, StringView many);
+/// "1.5 s", to the millisecond.
+String SecondsText(double milliseconds);
+/// "1:02:03.500": hours, minutes, seconds.
+String TimeText(double milliseconds);
+/// A text as one line: line ends become " / ", other control characters blanks, so that no file can
+/// send commands to a terminal.
+String OneLine(StringView text);
+/// The same in double quotes.
+String QuotedLine(StringView text);
+/// `text`, and blanks behind it up to `width` characters; a longer text stays whole.
+String Padded(StringView text, std::size_t width);
+/// `pattern` with each "%1" to "%9" replaced by the value of that number; empty for a missing one.
+template <class Values>
+String Filled(StringView pattern, const Values& values) {
+    String text;
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+        const bool isPlace = pattern[i] == L'%' && i + 1 < pattern.size() &&
+                             pattern[i + 1] >= L'1' && pattern[i + 1] <= L'9';
+        if (!isPlace) {
+            text += pattern[i];
+            continue;
+        }
+        const auto index = static_cast<std::size_t>(pattern[++i] - L'1');
+        if (index < values.size()) {
+            text += values[index];
+        }
+    }
+    return text;
+}
+/// `text` fits `pattern`, in which "*" stands for any characters and "?" for one. The case of the
+/// letters A to Z does not count.
+bool FitsPattern(StringView text, StringView pattern);
+/// The number that `text` is, with a point and perhaps an exponent, blanks around it allowed;
+/// nothing when it is anything else.
+std::optional<double> WholeNumber(StringView text);
+/// The same for a 32-bit integer.
+std::optional<std::int32_t> WholeInteger(StringView text);
+
+}  // namespace ace::workbench
