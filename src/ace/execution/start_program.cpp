@@ -52,7 +52,7 @@ std::int32_t SyncRounds(ThreadContext& context) {
     const std::int32_t seconds =
         Required(context.SystemServices().GetGlobalSettings())
             ->GetLong(L"OtaMeasurements", L"ActionSyncTimeout", DefaultSyncSeconds);
-    return RoundToLong(seconds * 1000.0 / double{SyncPollMilliseconds});
+    return RoundToLong(seconds * 1000.0 / static_cast<double>(SyncPollMilliseconds));
 }
 
 /// The time-out passes in silence: the test goes on as if the program had answered.
