@@ -76,6 +76,29 @@ String OperatorText(const Summary& summary) {
            FailuresText(summary);
 }
 
+/// "1 passed, 1 failed, 2 not reached"
+String VerdictsText(const Summary& summary) {
+    const auto count = [&](Verdict verdict) {
+        return summary.verdicts[static_cast<std::size_t>(verdict)];
+    };
+    const std::size_t without = count(Verdict::BrokenOff) + count(Verdict::NoActions);
+    const std::size_t passed = count(Verdict::Passed);
+    const std::size_t failed = count(Verdict::Failed);
+    return Detailed(L"step", L"steps",
+                    {{passed, L"passed"},
+                     {failed, L"FAILED"},
+                     {without, L"n.a."},
+                     {summary.wirelessSteps - passed - failed - without, L"not reached"}});
+}
+
+/// "4 frequencies, 2 bandwidths, 2 powers: 16 rows"
+String MatrixText(const Matrix& matrix) {
+    return Counted(matrix.frequencies.size(), L"frequency", L"frequencies") + L", " +
+           Counted(matrix.bandwidths.size(), L"bandwidth", L"bandwidths") + L", " +
+           Counted(matrix.powers.size(), L"power", L"powers") + L": " +
+           Counted(CombinationsOf(matrix), L"row", L"rows");
+}
+
 String ActionsText(const Summary& summary) {
     const bool hasNone = summary.actions == 0 && summary.errors == 0;
     return hasNone
@@ -102,6 +125,9 @@ void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock
     }
     PrintPair(L"Module", std::to_wstring(setUp.modul) + L" " + String(words.name) + L": " +
                              String(words.words) + SubrangesText(setUp));
+    if (setUp.modul == aceVKSDUT) {
+        PrintPair(L"Matrix", MatrixText(setUp.matrix));
+    }
     for (std::size_t i = 0; i < setUp.sweeps.size(); ++i) {
         if (setUp.sweeps[i]) {
             PrintPair(L"Sweep " + std::to_wstring(i + 1), SweepText(*setUp.sweeps[i]));
@@ -147,6 +173,9 @@ void ConsoleReport::PrintSummary(Outcome outcome, const Summary& summary, const 
     PrintPair(L"Waited", TimeText(summary.waitedMs) + L" by actions, " + TimeText(summary.dwellMs) +
                              L" dwelling on frequencies");
     PrintPair(L"Operator", OperatorText(summary));
+    if (summary.wirelessSteps != 0) {
+        PrintPair(L"Verdicts", VerdictsText(summary));
+    }
     PrintPair(L"Errors", ErrorsText(summary));
     for (const AnswerLine* line : answers.Unused()) {
         PrintPair(L"Unused",

@@ -41,8 +41,12 @@ void AddRun(CLI::App& app, RunArguments& arguments) {
                     "[Workbench] Module")
         ->type_name("M");
     run->add_option("--subranges", arguments.subRanges,
-                    "number of subranges, channels, steps or tests, or the template number of a "
-                    "matrix; otherwise the file's [Workbench] SubRanges")
+                    "number of subranges, channels, steps or tests; otherwise the file's "
+                    "[Workbench] SubRanges")
+        ->type_name("N");
+    run->add_option("--template", arguments.matrixTemplate,
+                    "template number of a matrix, 0 to 3; otherwise --subranges or the file's "
+                    "[Workbench] SubRanges")
         ->type_name("N");
     run->add_option("--sweep", arguments.sweeps,
                     "such as 80MHz..1GHz/1%; given more than once: one for each subrange, the last "

@@ -38,6 +38,14 @@ SetUpOptions ReadOptions(const RunArguments& arguments) {
                       std::to_wstring(MostSubranges));
         }
     }
+    if (arguments.matrixTemplate) {
+        const String text = FromUtf8(*arguments.matrixTemplate);
+        options.matrixTemplate = WholeInteger(text);
+        if (!options.matrixTemplate || *options.matrixTemplate < 0 || *options.matrixTemplate > 3) {
+            RefuseUse(L"--template: \"" + text + L"\" is no template number: 0 by frequency, " +
+                      L"1 by bandwidth, 2 by power, 3 the lists for all rows");
+        }
+    }
     for (const std::string& text : arguments.sweeps) {
         try {
             options.sweeps.push_back(ParseSweep(FromUtf8(text)));

@@ -16,6 +16,7 @@ struct RunArguments {
     std::string file;
     std::optional<std::string> module;
     std::optional<std::string> subRanges;
+    std::optional<std::string> matrixTemplate;  ///< template number of a matrix
     std::vector<std::string> sweeps;
     std::optional<std::string> answers;  ///< path of an answers file
     std::optional<std::string> trace;    ///< path of a trace file

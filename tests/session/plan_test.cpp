@@ -87,22 +87,29 @@ TEST(Plan, ASequenceRunsItsTestsAndAnAzimuthChartItsFrequencies) {
 
 TEST(Plan, WirelessTestsRunTheirStepsByKey) {
     TestSetUp setUp = Of(aceVKSTemplate, 2);
-    setUp.tests = {{L"U1", {L"A", L"B"}}, {L"U2", {}}};
+    setUp.tests = {{L"U1", {{L"A", L"Power"}, {L"B", L""}}}, {L"U2", {}}};
     EXPECT_THAT(CallsOf(setUp),
                 ElementsAre("StartTest", "BeforeVKSTest U1", "VKSStep U1 A", "VKSStep U1 B",
                             "AfterVKSTest U1", "BeforeVKSTest U2", "AfterVKSTest U2", "StopTest"));
 }
 
-TEST(Plan, TheMatrixRunsEveryCombinationBetweenItsGlobalLists) {
+TEST(Plan, TheMatrixRunsTheListsForAllRowsAroundEachCombination) {
     TestSetUp setUp = Of(aceVKSDUT, 0);
-    setUp.matrix = {{0.0, 2402e6}, 1, 2};
-    EXPECT_THAT(CallsOf(setUp),
-                ElementsAre("StartTest", "VKSDUTStepGlobBefore", "VKSDUTStep 1", "VKSDUTStep 2",
-                            "VKSDUTStep 3 2.402 GHz", "VKSDUTStep 4 2.402 GHz",
-                            "VKSDUTStepGlobAfter", "StopTest"));
+    setUp.matrix.frequencies = {{0.0, L"test mode"}, {2402e6, L"low"}};
+    setUp.matrix.bandwidths = {L"1 MHz"};
+    setUp.matrix.powers = {L"0 dBm", L"10 dBm"};
+    EXPECT_THAT(
+        CallsOf(setUp),
+        ElementsAre("StartTest", "VKSDUTStepGlobBefore 1", "VKSDUTStep 1", "VKSDUTStepGlobAfter 1",
+                    "VKSDUTStepGlobBefore 2", "VKSDUTStep 2", "VKSDUTStepGlobAfter 2",
+                    "VKSDUTStepGlobBefore 3 2.402 GHz", "VKSDUTStep 3 2.402 GHz",
+                    "VKSDUTStepGlobAfter 3 2.402 GHz", "VKSDUTStepGlobBefore 4 2.402 GHz",
+                    "VKSDUTStep 4 2.402 GHz", "VKSDUTStepGlobAfter 4 2.402 GHz", "StopTest"));
     const std::vector<Moment> plan = PlanOf(setUp);
-    EXPECT_EQ(plan[5].bandwidth, 0);
-    EXPECT_EQ(plan[5].power, 1);
+    for (const std::size_t ofRowTwo : {4U, 5U, 6U}) {
+        EXPECT_EQ(plan[ofRowTwo].bandwidth, 0);
+        EXPECT_EQ(plan[ofRowTwo].power, 1);
+    }
 }
 
 TEST(Plan, EachFrequencyCarriesItsDwell) {

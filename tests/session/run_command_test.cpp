@@ -7,6 +7,7 @@
 namespace ace::workbench {
 namespace {
 
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
@@ -117,6 +118,12 @@ TEST_F(RunCommandTest, OptionsThatMakeNoSenseAreWrongUse) {
             refusal([&](RunArguments& a) { a.subRanges = number; }),
             "5 --subranges: \"" + std::string(number) + "\" is no whole number from 0 to 10000");
     }
+    for (const char* number : {"-1", "4", "x", "1.5"}) {
+        EXPECT_EQ(refusal([&](RunArguments& a) { a.matrixTemplate = number; }),
+                  "5 --template: \"" + std::string(number) +
+                      "\" is no template number: 0 by frequency, 1 by bandwidth, 2 by power, 3 the "
+                      "lists for all rows");
+    }
     EXPECT_EQ(refusal([](RunArguments& a) {
                   a.sweeps = {"1..2/1%", "1..2"};
               }),
@@ -167,6 +174,103 @@ TEST_F(RunCommandTest, TheTrafficIsWrittenToItsFileAnew) {
     arguments.traffic = Path("no/such/folder");
     EXPECT_EQ(RefusalOf([&] { RunText(Small, arguments); }),
               "4 " + Path("no/such/folder") + ": cannot be made: No such file or directory");
+}
+
+/// The lines of a traffic log from their moment on, without its head.
+std::vector<std::string> TrafficOf(const std::string& log) {
+    std::vector<std::string> lines;
+    std::istringstream text(log);
+    std::string line;
+    std::getline(text, line);
+    while (std::getline(text, line)) {
+        lines.push_back(line.substr(line.find('\t') + 1));
+    }
+    return lines;
+}
+
+const std::string DutMatrix = std::string(ACE_EXAMPLES) + "/wireless_dut.ini";
+
+TEST_F(RunCommandTest, TheRowsOfTheExampleFillTheirPlaceholdersInTheTraffic) {
+    RunArguments arguments;
+    arguments.file = DutMatrix;
+    arguments.traffic = Path("traffic.log");
+    arguments.matrixTemplate = "0";
+    std::ostringstream out;
+    RunCommand(arguments, {.out = out});
+    std::vector<std::string> lines = TrafficOf(Read("traffic.log"));
+    ASSERT_GE(lines.size(), 11U);
+    lines.resize(11);  // the test mode, and the first command of the first frequency
+    const std::string enter = "\t\tRS232\tCOM4\t\"TEST ENTER\\r\\n\"\tsent 12 bytes (simulated)";
+    const std::string phy = "\\r\\n\"\tsent 11 bytes (simulated)";
+    const std::string bypass =
+        "\t\tRS232\tCOM4\t\"PA BYPASS OFF\\r\\n\"\tsent 15 bytes (simulated)";
+    EXPECT_THAT(
+        lines,
+        ElementsAre("matrix row 1" + enter, "matrix row 1\t\tRS232\tCOM4\t\"PHY 1 MHz" + phy,
+                    "matrix row 2" + enter, "matrix row 2\t\tRS232\tCOM4\t\"PHY 1 MHz" + phy,
+                    "matrix row 2" + bypass, "matrix row 3" + enter,
+                    "matrix row 3\t\tRS232\tCOM4\t\"PHY 2 MHz" + phy, "matrix row 4" + enter,
+                    "matrix row 4\t\tRS232\tCOM4\t\"PHY 2 MHz" + phy, "matrix row 4" + bypass,
+                    "matrix row 5\t2402000000\tRS232\tCOM4\t\"DTM TX 2402000000,1 MHz,0 dBm\\r"
+                    "\\n\"\tsent 31 bytes (simulated)"));
+}
+
+/// By power: the four rows of the test mode have none, each of the other twelve runs a program,
+/// which has ended when the next one is due, and a macro.
+TEST_F(RunCommandTest, TheRowsByPowerOfTheExampleRunTheirProgramForEachCombination) {
+    RunArguments arguments;
+    arguments.file = DutMatrix;
+    arguments.traffic = Path("traffic.log");
+    arguments.matrixTemplate = "2";
+    std::ostringstream out;
+    EXPECT_EQ(RunCommand(arguments, {.out = out}), Outcome::Finished);
+    EXPECT_THAT(out.str(),
+                HasSubstr("wireless matrix of the device under test, template 2\n"
+                          "Matrix     4 frequencies, 2 bandwidths, 2 powers: 16 rows\n"));
+    EXPECT_THAT(out.str(), HasSubstr("\nMoments    50 calls of the engine\nActions    24 begun"));
+    std::vector<std::string> expected;
+    int row = 4;
+    for (const char* frequency : {"2402000000", "2440000000", "2480000000"}) {
+        for (const char* bandwidth : {"1 MHz", "2 MHz"}) {
+            for (const char* power : {"0 dBm", "+10 dBm"}) {
+                const std::string head = "matrix row " + std::to_string(++row) + "\t" + frequency;
+                expected.push_back(
+                    head + "\tprogram\t\t\"\\\"C:\\\\EMC\\\\Tools\\\\dutctl.exe\\\" " + "--freq " +
+                    frequency + " --bw " + bandwidth + " --power " + power +
+                    (power[0] == '+' ? " --fan on" : "") + "\"\tstarted, process " +
+                    std::to_string(995 + row) + " (simulated)");
+                expected.push_back(head + "\tAPI macro\tC:\\EMC\\Macros\\dut_log.mac\t\"" +
+                                   frequency + "\\n" + bandwidth + "\\n" + power +
+                                   "\\n0\\n\"\tstarted (simulated)");
+            }
+        }
+    }
+    EXPECT_EQ(TrafficOf(Read("traffic.log")), expected);
+}
+
+TEST_F(RunCommandTest, OnlyAProgramThatIsWaitedForHasEndedWhenItIsDueAgain) {
+    const std::string head =
+        "[Workbench]\nModule=6\n[Workbench.Subrange1]\nStartHz=1\nStopHz=2\nStepPercent=100\n"
+        "[ActionsOnAzimuthChart]\nNumOfFreqActions=1\nFrequAction1=REMOTE:,,,,";
+    RunArguments arguments;
+    arguments.traffic = Path("traffic.log");
+    RunText(head + "logger,0,\n", arguments);
+    EXPECT_EQ(TrafficOf(Read("traffic.log")).size(), 1U);
+    RunText(head + "logger,1,\n", arguments);
+    EXPECT_EQ(TrafficOf(Read("traffic.log")).size(), 2U);
+}
+
+TEST_F(RunCommandTest, TheVerdictsOfTheExampleAreCounted) {
+    RunArguments arguments;
+    arguments.file = std::string(ACE_EXAMPLES) + "/wireless_tests.ini";
+    arguments.answers = std::string(ACE_EXAMPLES) + "/wireless_answers.txt";
+    std::ostringstream out;
+    EXPECT_EQ(RunCommand(arguments, {.out = out}), Outcome::Finished);
+    EXPECT_THAT(out.str(), HasSubstr("\nOperator   2 notifications (2 OK), 3 questions (2 Yes, 1 "
+                                     "No)\nVerdicts   4 steps (2 passed, 1 FAILED, 1 n.a.)\n"));
+    arguments.answers = std::nullopt;  // the first question has no answer
+    EXPECT_EQ(RunCommand(arguments, {.out = out}), Outcome::Unanswered);
+    EXPECT_THAT(out.str(), HasSubstr("\nVerdicts   4 steps (1 n.a., 3 not reached)\n"));
 }
 
 TEST_F(RunCommandTest, OptionsTakeThePlaceOfTheFilesKeys) {

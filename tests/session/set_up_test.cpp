@@ -6,6 +6,7 @@ namespace ace::workbench {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::FieldsAre;
 using ::testing::IsEmpty;
 using ::testing::Optional;
 
@@ -79,23 +80,65 @@ TEST(SetUpKeys, WirelessTestsComeFromTheirSectionsAndGapsCloseUp) {
     const TestSetUp setUp = SetUpOf(
         "[Workbench]\nModule=7\nSubRanges=3\n"
         "[ActionsOnTest1_VKS]\nVKS_UKey=U1\nSUBSTEPS=2\n"
-        "[ActionsOnStepU1_1_VKS]\nVKS_Key=A\n[ActionsOnStepU1_2_VKS]\nVKS_Key=B\n"
+        "[ActionsOnStepU1_1_VKS]\nVKS_Key=A\nVKS_Name=Power\n[ActionsOnStepU1_2_VKS]\nVKS_Key=B\n"
         "[ActionsOnTest3_VKS]\nVKS_UKey=U3\nSUBSTEPS=0\n");
     ASSERT_EQ(setUp.tests.size(), 2U);
     EXPECT_EQ(setUp.tests[0].key, L"U1");
-    EXPECT_THAT(setUp.tests[0].steps, ElementsAre(L"A", L"B"));
+    EXPECT_THAT(setUp.tests[0].steps, ElementsAre(FieldsAre(L"A", L"Power"), FieldsAre(L"B", L"")));
     EXPECT_EQ(setUp.tests[1].key, L"U3");
     EXPECT_THAT(setUp.tests[1].steps, IsEmpty());
+    EXPECT_THAT(setUp.notes, ElementsAre(L"test 2: no VKS_UKey in [ActionsOnTest2_VKS], so there "
+                                         L"is no such test"));
 }
 
-TEST(SetUpKeys, TheMatrixHasItsThreeTables) {
-    const TestSetUp setUp = SetUpOf(
-        "[Workbench]\nModule=8\nSubRanges=2\n[Workbench.DUT]\nFreq0=0\nFreq1=2402000000\n"
-        "BandwidthName0=1 MHz\nPowerName0=0 dBm\nPowerName1=+10 dBm\n");
+const std::string Tables =
+    "[Workbench.DUT]\nFreq0=0\nFreq1=2402000000\nFreqName1=low\nFreq2=2480000000\n"
+    "BandwidthName0=1 MHz\nPowerName0=0 dBm\nPowerName1=+10 dBm\n";
+const std::string MatrixHead = "[Workbench]\nModule=8\nSubRanges=2\n[ActionsOnVKSTemplate_2]\n";
+
+TEST(SetUpKeys, TheMatrixHasItsThreeTablesWithTheirNames) {
+    const TestSetUp setUp = SetUpOf(MatrixHead + Tables);
     EXPECT_EQ(setUp.subRanges, 2);
-    EXPECT_THAT(setUp.matrix.hertz, ElementsAre(0.0, 2402e6));
-    EXPECT_EQ(setUp.matrix.bandwidths, 1);
-    EXPECT_EQ(setUp.matrix.powers, 2);
+    EXPECT_THAT(setUp.matrix.frequencies,
+                ElementsAre(FieldsAre(0.0, L"test mode"), FieldsAre(2402e6, L"low"),
+                            FieldsAre(2480e6, L"2.48 GHz")));
+    EXPECT_THAT(setUp.matrix.bandwidths, ElementsAre(L"1 MHz"));
+    EXPECT_THAT(setUp.matrix.powers, ElementsAre(L"0 dBm", L"+10 dBm"));
+    EXPECT_EQ(CombinationsOf(setUp.matrix), 6U);
+    EXPECT_THAT(setUp.notes, IsEmpty());
+}
+
+TEST(SetUpKeys, WhatInfluencesTheMatrixStandsInItsListsUnlessAKeySaysOtherwise) {
+    const Matrix silent = SetUpOf(MatrixHead + Tables).matrix;
+    EXPECT_EQ(silent.byFrequency, std::nullopt);
+    EXPECT_EQ(silent.byBandwidth, std::nullopt);
+    EXPECT_EQ(silent.byPower, std::nullopt);
+    const Matrix told = SetUpOf(MatrixHead + Tables +
+                                "InfluencedByFreq=1\nInfluencedByBandwidth=0\n"
+                                "InfluencedByPower=1\n")
+                            .matrix;
+    EXPECT_EQ(told.byFrequency, true);
+    EXPECT_EQ(told.byBandwidth, false);
+    EXPECT_EQ(told.byPower, true);
+}
+
+TEST(SetUpKeys, ATemplateOptionWinsAndATemplateThatTheFileLacksIsNoted) {
+    const SetUpOptions one{.modul = {}, .subRanges = 3, .sweeps = {}, .matrixTemplate = 1};
+    const TestSetUp setUp = SetUpOf(MatrixHead + Tables, one);
+    EXPECT_EQ(setUp.subRanges, 1);
+    EXPECT_THAT(setUp.notes, ElementsAre(L"the file has no template 1 ([ActionsOnVKSTemplate_1]), "
+                                         L"so its rows have no actions"));
+    EXPECT_EQ(RefusalOf([&] { SetUpOf("[Workbench]\nModule=7\n", one); }),
+              "5 --template: a test of module aceVKSTemplate has no template number");
+}
+
+TEST(SetUpKeys, PlaceholdersAreTheLinesOfTheirSection) {
+    const TestSetUp setUp = SetUpOf(
+        "[Workbench]\nModule=6\n[Workbench.Placeholders]\n; of this bench\n#BW#=1 MHz\n"
+        " #X# = a=b \n=nothing\nno pair\n#EMPTY#=\n");
+    EXPECT_THAT(setUp.placeholders,
+                ElementsAre(FieldsAre(L"#BW#", L"1 MHz"), FieldsAre(L"#X#", L"a=b"),
+                            FieldsAre(L"#EMPTY#", L"")));
 }
 
 TEST(SetUpKeys, WhatNeitherFileNorOptionSaysIsWrongUse) {
@@ -138,6 +181,15 @@ TEST(SetUpKeys, AKeyThatMakesNoSenseIsRefusedWithItsPlace) {
         {"[Workbench]\nModule=8\nSubRanges=0\n",
          "4 set-up.ini: [Workbench.DUT]: the matrix needs Freq0, BandwidthName0 and PowerName0 at "
          "least"},
+        {"[Workbench.DUT]\nFreq0=-1\n[Workbench]\nModule=8\nSubRanges=0\n",
+         "4 set-up.ini:2: [Workbench.DUT] Freq0: a frequency is 0 (the test mode) or more"},
+        {"[Workbench]\nModule=8\nSubRanges=0\n" + Tables + "InfluencedByPower=2\n",
+         "4 set-up.ini:12: [Workbench.DUT] InfluencedByPower: this must be a whole number from 0 "
+         "to 1"},
+        {"[Workbench]\nModule=8\n" + Tables,
+         "5 the file does not say which template the test has ([Workbench] SubRanges=): say it "
+         "with "
+         "--template"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(RefusalOf([&] { SetUpOf(row.text); }), row.refusal);
@@ -149,6 +201,16 @@ TEST(SetUpKeys, SweepsThatWouldFillTheMemoryAreRefused) {
     // ln 1e6 / ln 1.0002 = 13.8155 / 0.00019998 = 69,084: one is allowed, two are too many
     EXPECT_EQ(RefusalOf([&] { SetUpOf("[Workbench]\nModule=0\n", options); }),
               "5 the sweeps of the test have more than 100000 frequencies");
+}
+
+TEST(SetUpKeys, AMatrixThatWouldTakeForEverIsRefused) {
+    std::string text = "[Workbench]\nModule=8\nSubRanges=0\n[Workbench.DUT]\nFreq0=0\n";
+    for (int i = 0; i < 100; ++i) {
+        text += "BandwidthName" + std::to_string(i) + "=b\nPowerName" + std::to_string(i) + "=p\n";
+    }
+    EXPECT_EQ(CombinationsOf(SetUpOf(text).matrix), 10'000U);
+    EXPECT_EQ(RefusalOf([&] { SetUpOf(text + "Freq1=1\n"); }),
+              "4 set-up.ini:4: [Workbench.DUT]: the matrix has more than 10000 combinations");
 }
 
 }  // namespace

@@ -74,10 +74,10 @@ constexpr MomentRow Moments[] = {
      }},
     {MomentCall::AfterVKSTest, L"AfterVKSTest", L"after test %2", TrueStops,
      OfWirelessTest<&Engine::AfterVKSTest>},
-    {MomentCall::VKSDUTStepGlobBefore, L"VKSDUTStepGlobBefore", L"before all rows", TrueStops,
+    {MomentCall::VKSDUTStepGlobBefore, L"VKSDUTStepGlobBefore", L"before row %1", TrueStops,
      Plain<&Engine::VKSDUTStepGlobBefore>},
     {MomentCall::VKSDUTStep, L"VKSDUTStep", L"matrix row %1", TrueStops, RunMatrixRow},
-    {MomentCall::VKSDUTStepGlobAfter, L"VKSDUTStepGlobAfter", L"after all rows", TrueStops,
+    {MomentCall::VKSDUTStepGlobAfter, L"VKSDUTStepGlobAfter", L"after row %1", TrueStops,
      Plain<&Engine::VKSDUTStepGlobAfter>},
 };
 

@@ -37,10 +37,11 @@ enum class MomentCall {
 struct Moment {
     MomentCall call = MomentCall::StartTest;
     std::int32_t number = 0;      ///< of the subrange, sweep, step, test or channel, from 1
-    double hertz = 0.0;           ///< of `NewFrequency` and `VKSDUTStep`
+    double hertz = 0.0;           ///< of `NewFrequency` and of a matrix row
     double dwellMs = 0.0;         ///< time on this frequency after its actions, milliseconds
     String name{};                ///< name of a channel, unique key of a wireless test
     String stepKey{};             ///< of a wireless step
+    String stepName{};            ///< of a wireless step
     std::int32_t bandwidth = -1;  ///< id of a matrix row
     std::int32_t power = -1;      ///< id of a matrix row
     bool ofSteps = false;         ///< for the engine object with the steps of a susceptibility test

@@ -119,28 +119,39 @@ void PlanSequence(const TestSetUp& setUp, Plan& plan) {
 void PlanWirelessTests(const TestSetUp& setUp, Plan& plan) {
     for (const WirelessTest& test : setUp.tests) {
         plan.push_back({.call = MomentCall::BeforeVKSTest, .name = test.key});
-        for (const String& step : test.steps) {
-            plan.push_back({.call = MomentCall::VKSStep, .name = test.key, .stepKey = step});
+        for (const WirelessStep& step : test.steps) {
+            plan.push_back({.call = MomentCall::VKSStep,
+                            .name = test.key,
+                            .stepKey = step.key,
+                            .stepName = step.name});
         }
         plan.push_back({.call = MomentCall::AfterVKSTest, .name = test.key});
     }
 }
 
+/// The lists for all rows run around the actions of each.
+void AddRow(Plan& plan, const Moment& row) {
+    for (const MomentCall call : {MomentCall::VKSDUTStepGlobBefore, MomentCall::VKSDUTStep,
+                                  MomentCall::VKSDUTStepGlobAfter}) {
+        plan.push_back(row);
+        plan.back().call = call;
+    }
+}
+
 void PlanMatrix(const TestSetUp& setUp, Plan& plan) {
-    Add(plan, MomentCall::VKSDUTStepGlobBefore);
-    std::int32_t row = 0;
-    for (const double hertz : setUp.matrix.hertz) {
-        for (std::int32_t bandwidth = 0; bandwidth < setUp.matrix.bandwidths; ++bandwidth) {
-            for (std::int32_t power = 0; power < setUp.matrix.powers; ++power) {
-                plan.push_back({.call = MomentCall::VKSDUTStep,
-                                .number = ++row,
-                                .hertz = hertz,
-                                .bandwidth = bandwidth,
-                                .power = power});
+    const Matrix& matrix = setUp.matrix;
+    Moment row;
+    for (const MatrixFrequency& frequency : matrix.frequencies) {
+        row.hertz = frequency.hertz;
+        for (std::size_t bandwidth = 0; bandwidth < matrix.bandwidths.size(); ++bandwidth) {
+            row.bandwidth = static_cast<std::int32_t>(bandwidth);
+            for (std::size_t power = 0; power < matrix.powers.size(); ++power) {
+                row.power = static_cast<std::int32_t>(power);
+                ++row.number;
+                AddRow(plan, row);
             }
         }
     }
-    Add(plan, MomentCall::VKSDUTStepGlobAfter);
 }
 
 /// What stands between the start and the end of a test; indexed by `aceModul`.

@@ -16,8 +16,8 @@ namespace ace::workbench {
 ///   sequence         StartTest; for each test BeforeTest, AfterTest; StopTest
 ///   azimuth chart    StartTest, the frequencies, StopTest
 ///   wireless tests   StartTest; for each test BeforeVKSTest, its VKSSteps, AfterVKSTest; StopTest
-///   matrix           StartTest, VKSDUTStepGlobBefore, VKSDUTStep for each frequency, bandwidth and
-///                    power, VKSDUTStepGlobAfter, StopTest
+///   matrix           StartTest; for each frequency, bandwidth and power VKSDUTStepGlobBefore,
+///                    VKSDUTStep, VKSDUTStepGlobAfter; StopTest
 std::vector<Moment> PlanOf(const TestSetUp& setUp);
 
 }  // namespace ace::workbench

@@ -39,7 +39,10 @@ Session::Session(std::shared_ptr<SessionHost> host, TestSetUp setUp, Answers& an
       x_listener(listener),
       x_operator(theOperator),
       x_context(x_host),
-      x_frequencies(static_cast<std::size_t>(std::ranges::count_if(x_plan, IsFrequency))) {}
+      x_frequencies(static_cast<std::size_t>(std::ranges::count_if(x_plan, IsFrequency))) {
+    x_summary.wirelessSteps =
+        static_cast<std::size_t>(std::ranges::count(x_plan, MomentCall::VKSStep, &Moment::call));
+}
 
 Session::~Session() {
     x_host->journal.Observe({});
@@ -54,6 +57,7 @@ void Session::Load(const String& fileName) {
     if (x_setUp.modul == aceEMSAutoTemplateGeneral && x_setUp.subRanges > 0) {
         LoadInto(x_steps, fileName, aceEMSAutoTemplate);
     }
+    AnnounceWireless(*x_engine, x_setUp);
 }
 
 void Session::LoadInto(std::unique_ptr<_aceActionsEngine>& engine, const String& fileName,
@@ -101,6 +105,9 @@ void Session::RunMoment(const Moment& moment) {
         const RunTimeError error = CurrentRunTimeError();
         ++x_summary.errors;
         Tell(L"ERROR " + std::to_wstring(error.Number()) + L": " + error.Description());
+        if (moment.call == MomentCall::VKSStep) {
+            TakeVerdict(moment, Verdict::BrokenOff);
+        }
         Worsen(Outcome::Failed);
     }
     x_host->CheckInterrupt();
@@ -125,9 +132,15 @@ void Session::OnInterrupt() {
 void Session::CallEngine(const Moment& moment) {
     _aceActionsEngine& engine = moment.ofSteps ? *x_steps : *x_engine;
     const MomentRow& row = RowOf(moment.call);
-    ActOnAnswer(row, row.run(engine, moment));
+    if (moment.call == MomentCall::VKSDUTStepGlobBefore) {
+        FillRowPlaceholders(engine, x_setUp, moment);
+        Tell(RowWords(engine, x_setUp.matrix, moment));
+    }
+    const std::int32_t answer = row.run(engine, moment);
+    ActOnAnswer(row, answer);
     if (moment.call == MomentCall::VKSStep) {
-        Tell(engine.VKSGetResult() ? L"verdict: passed" : L"verdict: failed");
+        const bool isJudged = x_outcome != Outcome::Unanswered;
+        TakeVerdict(moment, isJudged ? VerdictOf(engine, moment, answer) : Verdict::BrokenOff);
     }
     if (IsFrequency(moment)) {
         TakeRequests(engine);
@@ -136,6 +149,11 @@ void Session::CallEngine(const Moment& moment) {
     if (moment.call == MomentCall::StopTest) {
         TakeRequests(engine);
     }
+}
+
+void Session::TakeVerdict(const Moment& step, Verdict verdict) {
+    ++x_summary.verdicts[static_cast<std::size_t>(verdict)];
+    Tell(VerdictWords(step, verdict));
 }
 
 void Session::ActOnAnswer(const MomentRow& row, std::int32_t answer) {

@@ -1,6 +1,7 @@
 /// A session: loads a settings file into an engine and drives a test through its moments.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <set>
 
@@ -9,6 +10,7 @@
 #include "workbench/session/answers.h"
 #include "workbench/session/plan.h"
 #include "workbench/session/session_host.h"
+#include "workbench/session/wireless_run.h"
 
 namespace ace::workbench {
 
@@ -33,6 +35,8 @@ struct Summary {
     std::size_t yes = 0;
     std::size_t no = 0;
     std::size_t unanswered = 0;
+    std::size_t wirelessSteps = 0;          ///< of the whole test, those not reached too
+    std::array<std::size_t, 4> verdicts{};  ///< of the steps that were reached, by `Verdict`
     std::size_t failuresIgnored = 0;
     std::size_t failuresIgnoredForGood = 0;
     std::size_t failuresStopped = 0;
@@ -68,6 +72,7 @@ class Session {
                   aceModul modul);
     void RunMoment(const Moment& moment);
     void CallEngine(const Moment& moment);
+    void TakeVerdict(const Moment& step, Verdict verdict);
     void ActOnAnswer(const MomentRow& row, std::int32_t answer);
     void TakeRequests(_aceActionsEngine& engine);
     void RepeatFrequencies();

@@ -13,6 +13,8 @@ namespace {
 constexpr StringView MainSection = L"Workbench";
 /// More numbered entries than this are a slip of the pen.
 constexpr std::int32_t MostSubranges = 10'000;
+/// The tables of a matrix are announced one entry at a time, and each time its rows are gone over.
+constexpr std::size_t MostCombinations = 10'000;
 
 String Numbered(StringView word, std::int32_t number) {
     return String(word) + std::to_wstring(number);
@@ -184,7 +186,9 @@ void ReadWirelessTests(const Reader& reader, TestSetUp& setUp) {
         const String section = Numbered(L"ActionsOnTest", test) + L"_VKS";
         const std::optional<String> key = reader.Text(section, L"VKS_UKey");
         if (!key || key->empty()) {
-            continue;  // a gap in the numbers is no test
+            setUp.notes.push_back(L"test " + std::to_wstring(test) + L": no VKS_UKey in [" +
+                                  section + L"], so there is no such test");
+            continue;
         }
         WirelessTest wireless{*key, {}};
         const std::int32_t steps =
@@ -193,32 +197,68 @@ void ReadWirelessTests(const Reader& reader, TestSetUp& setUp) {
             const String stepSection = Numbered(L"ActionsOnStep" + *key + L"_", step) + L"_VKS";
             const std::optional<String> stepKey = reader.Text(stepSection, L"VKS_Key");
             if (stepKey && !stepKey->empty()) {
-                wireless.steps.push_back(*stepKey);
+                wireless.steps.push_back(
+                    {*stepKey, reader.Text(stepSection, L"VKS_Name").value_or(String())});
             }
         }
         setUp.tests.push_back(std::move(wireless));
     }
 }
 
+/// The names word0, word1 ... up to the first that is missing.
+std::vector<String> ReadNames(const Reader& reader, StringView section, StringView word) {
+    std::vector<String> names;
+    while (const auto name =
+               reader.Text(section, Numbered(word, static_cast<std::int32_t>(names.size())))) {
+        names.push_back(*name);
+    }
+    return names;
+}
+
+std::vector<MatrixFrequency> ReadMatrixFrequencies(const Reader& reader, StringView section) {
+    std::vector<MatrixFrequency> frequencies;
+    for (std::int32_t id = 0;; ++id) {
+        const std::optional<double> hertz = reader.Number(section, Numbered(L"Freq", id));
+        if (!hertz) {
+            return frequencies;
+        }
+        if (*hertz < 0.0) {
+            reader.Refuse(section, Numbered(L"Freq", id),
+                          L"a frequency is 0 (the test mode) or more");
+        }
+        frequencies.push_back(
+            {*hertz, reader.Text(section, Numbered(L"FreqName", id))
+                         .value_or(*hertz == 0.0 ? String(L"test mode") : FrequencyText(*hertz))});
+    }
+}
+
+std::optional<bool> ReadFlag(const Reader& reader, StringView section, StringView key) {
+    const std::optional<std::int32_t> number = reader.Integer(section, key, 0, 1);
+    return number ? std::optional(*number == 1) : std::nullopt;
+}
+
 void ReadMatrix(const Reader& reader, TestSetUp& setUp) {
     static constexpr StringView Section = L"Workbench.DUT";
     Matrix& matrix = setUp.matrix;
-    for (std::int32_t id = 0;; ++id) {
-        const std::optional<double> hertz = reader.Number(Section, Numbered(L"Freq", id));
-        if (!hertz) {
-            break;
-        }
-        matrix.hertz.push_back(*hertz);
-    }
-    while (reader.Text(Section, Numbered(L"BandwidthName", matrix.bandwidths))) {
-        ++matrix.bandwidths;
-    }
-    while (reader.Text(Section, Numbered(L"PowerName", matrix.powers))) {
-        ++matrix.powers;
-    }
-    if (matrix.hertz.empty() || matrix.bandwidths == 0 || matrix.powers == 0) {
+    matrix.frequencies = ReadMatrixFrequencies(reader, Section);
+    matrix.bandwidths = ReadNames(reader, Section, L"BandwidthName");
+    matrix.powers = ReadNames(reader, Section, L"PowerName");
+    if (matrix.frequencies.empty() || matrix.bandwidths.empty() || matrix.powers.empty()) {
         reader.Refuse(Section, {},
                       L"the matrix needs Freq0, BandwidthName0 and PowerName0 at least");
+    }
+    if (CombinationsOf(matrix) > MostCombinations) {
+        reader.Refuse(
+            Section, {},
+            L"the matrix has more than " + std::to_wstring(MostCombinations) + L" combinations");
+    }
+    matrix.byFrequency = ReadFlag(reader, Section, L"InfluencedByFreq");
+    matrix.byBandwidth = ReadFlag(reader, Section, L"InfluencedByBandwidth");
+    matrix.byPower = ReadFlag(reader, Section, L"InfluencedByPower");
+    const String templateSection = Numbered(L"ActionsOnVKSTemplate_", setUp.subRanges);
+    if (!reader.Has(templateSection)) {
+        setUp.notes.push_back(L"the file has no template " + std::to_wstring(setUp.subRanges) +
+                              L" ([" + templateSection + L"]), so its rows have no actions");
     }
 }
 
@@ -241,8 +281,12 @@ aceModul ReadModul(const Reader& reader, const SetUpOptions& options) {
 }
 
 std::int32_t ReadSubRanges(const Reader& reader, const SetUpOptions& options, aceModul modul) {
-    if (options.subRanges) {
-        return *options.subRanges;
+    if (options.matrixTemplate && modul != aceVKSDUT) {
+        RefuseUse(L"--template: a test of module " + String(WordsOf(modul).name) +
+                  L" has no template number");
+    }
+    if (options.matrixTemplate || options.subRanges) {
+        return options.matrixTemplate ? *options.matrixTemplate : *options.subRanges;
     }
     const std::optional<std::int32_t> number =
         reader.Integer(MainSection, L"SubRanges", 0, MostSubranges);
@@ -250,9 +294,22 @@ std::int32_t ReadSubRanges(const Reader& reader, const SetUpOptions& options, ac
         const StringView many = WordsOf(modul).many;
         RefuseUse(L"the file does not say " +
                   (many.empty() ? String(L"which template") : L"how many " + String(many)) +
-                  L" the test has ([Workbench] SubRanges=): say it with --subranges");
+                  L" the test has ([Workbench] SubRanges=): say it with " +
+                  (modul == aceVKSDUT ? L"--template" : L"--subranges"));
     }
     return number.value_or(0);
+}
+
+/// The lines "name=value" of their section; the names are the user's.
+void ReadPlaceholders(const SettingsDocument& document, TestSetUp& setUp) {
+    for (const String& line : document.GetSection(L"Workbench.Placeholders")) {
+        const StringView text = Trimmed(line);
+        const std::size_t equals = text.find(L'=');
+        if (equals != StringView::npos && equals != 0 && text.front() != L';') {
+            setUp.placeholders.push_back({String(Trimmed(text.substr(0, equals))),
+                                          String(Trimmed(text.substr(equals + 1)))});
+        }
+    }
 }
 
 /// Position of `key` among the lines of a section, from 0.
@@ -268,6 +325,10 @@ std::optional<std::size_t> LineOfKey(const std::vector<String>& lines, StringVie
 }
 
 }  // namespace
+
+std::size_t CombinationsOf(const Matrix& matrix) {
+    return matrix.frequencies.size() * matrix.bandwidths.size() * matrix.powers.size();
+}
 
 TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
                     const SetUpOptions& options) {
@@ -285,6 +346,7 @@ TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
     } else if (setUp.modul == aceVKSDUT) {
         ReadMatrix(reader, setUp);
     }
+    ReadPlaceholders(document, setUp);
     return setUp;
 }
 

@@ -17,6 +17,8 @@ struct SetUpOptions {
     std::optional<std::int32_t> subRanges{};
     /// The first for subrange 1 and so on; the last one serves all that follow.
     std::vector<Sweep> sweeps{};
+    /// Template number of a matrix, instead of `subRanges`.
+    std::optional<std::int32_t> matrixTemplate{};
 };
 
 /// When a monitoring channel changes: numbers of the frequencies of the test, from 1.
@@ -27,17 +29,44 @@ struct ChannelEvents {
     std::vector<std::int32_t> go;
 };
 
-/// A wireless test with the keys of its steps.
-struct WirelessTest {
+/// A step of a wireless test.
+struct WirelessStep {
     String key;
-    std::vector<String> steps;
+    String name;
 };
 
-/// The dimensions of the matrix of a device under test; ids count from 0.
+/// A wireless test with its steps.
+struct WirelessTest {
+    String key;
+    std::vector<WirelessStep> steps;
+};
+
+/// A frequency of a device under test; 0 Hz is its test mode.
+struct MatrixFrequency {
+    double hertz = 0.0;
+    String name;
+};
+
+/// The dimensions of the matrix of a device under test. The id of a bandwidth or power is its
+/// index.
 struct Matrix {
-    std::vector<double> hertz;
-    std::int32_t bandwidths = 0;
-    std::int32_t powers = 0;
+    std::vector<MatrixFrequency> frequencies;
+    std::vector<String> bandwidths;
+    std::vector<String> powers;
+    /// Whether the actions depend on a dimension; where nothing is said, the lists' own flag
+    /// stands.
+    std::optional<bool> byFrequency;
+    std::optional<bool> byBandwidth;
+    std::optional<bool> byPower;
+};
+
+/// So many combinations of frequency, bandwidth and power.
+std::size_t CombinationsOf(const Matrix& matrix);
+
+/// A text that stands in the texts of actions, and what it stands for.
+struct Placeholder {
+    String name;
+    String value;
 };
 
 /// One test that a session can run.
@@ -52,6 +81,7 @@ struct TestSetUp {
     std::vector<ChannelEvents> channels;
     std::vector<WirelessTest> tests;
     Matrix matrix;
+    std::vector<Placeholder> placeholders;  ///< of wireless tests and the matrix, in their order
     std::vector<String> notes;  ///< what the user should know before the test, one line each
 };
 

@@ -45,6 +45,7 @@ class TransportHost::NamedPrograms final : public ForwardingPlatform {
 
     void ActivateProgram(double processId) override {
         Next().ActivateProgram(processId);
+        x_host.x_process = processId;
         x_host.x_program = x_host.x_programs[processId];
         x_host.Remark(L"program " + QuotedLine(x_host.x_program) +
                       L": still runs and is not started again");
@@ -52,6 +53,7 @@ class TransportHost::NamedPrograms final : public ForwardingPlatform {
     double StartProgram(const String& commandLine) override {
         x_host.x_program = commandLine;
         const double process = Next().StartProgram(commandLine);
+        x_host.x_process = process;
         x_host.x_programs[process] = commandLine;
         return process;
     }
@@ -60,9 +62,10 @@ class TransportHost::NamedPrograms final : public ForwardingPlatform {
     TransportHost& x_host;
 };
 
+/// A program that has confirmed its work has ended, so that the next test step starts it again.
 class TransportHost::SimulatedConfirmation final : public ForwardingSystemServices {
   public:
-    SimulatedConfirmation(const TransportHost& host, std::shared_ptr<ISystemServices> next)
+    SimulatedConfirmation(TransportHost& host, std::shared_ptr<ISystemServices> next)
         : ForwardingSystemServices(std::move(next)), x_host(host) {}
 
     std::shared_ptr<ISettingsFile> GetGlobalSettings() override {
@@ -73,11 +76,12 @@ class TransportHost::SimulatedConfirmation final : public ForwardingSystemServic
     }
     String ReadMacroSync(std::int32_t key) override {
         Next().ReadMacroSync(key);
+        x_host.programs.running.erase(x_host.x_process);
         return L"COMPLETED";
     }
 
   private:
-    const TransportHost& x_host;
+    TransportHost& x_host;
 };
 
 TransportHost::TransportHost(Clock clock, TransportChoice choice)
