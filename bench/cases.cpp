@@ -4,7 +4,7 @@ namespace ace::bench {
 
 std::vector<Case> AllCases() {
     std::vector<Case> all = WalkCases();
-    for (const auto& more : {SectionCases(), DocumentCases()}) {
+    for (const auto& more : {SectionCases(), DocumentCases(), StoreCases(), MatrixCases()}) {
         all.insert(all.end(), more.begin(), more.end());
     }
     return all;

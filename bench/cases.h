@@ -36,5 +36,7 @@ std::vector<Case> AllCases();
 std::vector<Case> WalkCases();
 std::vector<Case> SectionCases();
 std::vector<Case> DocumentCases();
+std::vector<Case> StoreCases();
+std::vector<Case> MatrixCases();
 
 }  // namespace ace::bench

@@ -194,5 +194,38 @@ TEST(Array2D, RowsAreKeptWhenTheirUpperBoundMoves) {
     EXPECT_EQ(ErrorOf([&] { array.RedimPreserveRows(-1); }), 9);
 }
 
+TEST(Array2D, ARowIsItsCellsSideBySide) {
+    Array2D<double> array;
+    EXPECT_EQ(ErrorOf([&] { array.Row(0); }), 9);
+    array.Redim(0, 1, 0, 2);
+    array(1, 0) = 4;
+    array(1, 2) = 6;
+    const double* const row = array.Row(1);
+    EXPECT_EQ(row[0], 4);
+    EXPECT_EQ(row[1], 0);
+    EXPECT_EQ(row[2], 6);
+    EXPECT_EQ(ErrorOf([&] { array.Row(2); }), 9);
+    EXPECT_EQ(ErrorOf([&] { array.Row(-1); }), 9);
+}
+
+TEST(Array2D, ClosingAGapMovesTheLaterRowsDownAndLeavesTheLastTwice) {
+    Array2D<double> array;
+    EXPECT_EQ(ErrorOf([&] { array.CloseRowGap(0); }), 9);
+    array.Redim(0, 3, 0, 1);
+    for (std::int32_t row = 0; row <= 3; ++row) {
+        array(row, 0) = row;
+        array(row, 1) = row * 10;
+    }
+    array.CloseRowGap(1);
+    const double expected[4][2] = {{0, 0}, {2, 20}, {3, 30}, {3, 30}};
+    for (std::int32_t row = 0; row <= 3; ++row) {
+        EXPECT_EQ(array(row, 0), expected[row][0]) << row;
+        EXPECT_EQ(array(row, 1), expected[row][1]) << row;
+    }
+    array.CloseRowGap(3);
+    EXPECT_EQ(array(3, 1), 30);
+    EXPECT_EQ(ErrorOf([&] { array.CloseRowGap(4); }), 9);
+}
+
 }  // namespace
 }  // namespace ace

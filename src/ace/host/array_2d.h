@@ -1,6 +1,8 @@
 /// A two-dimensional array with bounds for each dimension, for the matrix of the device under test.
 #pragma once
 
+#include <algorithm>
+
 #include <ace/host/dyn_array.h>
 
 namespace ace {
@@ -44,6 +46,14 @@ class Array2D {
     T& operator()(std::int32_t row, std::int32_t column) { return x_cells[Cell(row, column)]; }
     const T& operator()(std::int32_t row, std::int32_t column) const {
         return x_cells[Cell(row, column)];
+    }
+
+    /// The cells of a row, side by side from its lower column on; the bounds are asked once.
+    const T* Row(std::int32_t row) const { return &x_cells[Cell(row, x_columnLower)]; }
+    /// Copies every later row one row down, so that the row is gone and the last one stands twice.
+    void CloseRowGap(std::int32_t row) {
+        const std::ptrdiff_t first = Cell(row, x_columnLower);
+        std::copy(x_cells.begin() + first + Columns(), x_cells.end(), x_cells.begin() + first);
     }
 
     friend bool operator==(const Array2D&, const Array2D&) = default;

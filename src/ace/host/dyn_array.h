@@ -145,6 +145,9 @@ class DynArray {
         }
     }
     void TakeFrom(DynArray& other) {
+        if (!x_allocated && !other.x_allocated) {
+            return;  // as most lists of a set; all sets behind one that goes are moved
+        }
         if (other.IsHeld()) {
             x_items = other.x_items;
             Settle(other.x_lower, other.x_allocated);

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <functional>
 
 #include <ace/core/action_store.h>
@@ -25,14 +26,6 @@ void EnlargeIds(EngineState& state) {
     }
 }
 
-/// The last of the keys stays as it is, and becomes the spare one.
-void CloseKeyGap(EngineState& state, std::int32_t row) {
-    const std::int32_t last = state.VKSDUTIds.RowUpperBound();
-    for (std::int32_t i = row; i < last; ++i) {
-        PutKey(state, i, KeyOf(state, i + 1));
-    }
-}
-
 String KeyMessage(ThreadContext& context, const RowKey& key) {
     return L"Freq = " + FormatGeneral(key[0], context.Platform().DecimalSeparator());
 }
@@ -40,13 +33,13 @@ String KeyMessage(ThreadContext& context, const RowKey& key) {
 }  // namespace
 
 RowKey KeyOf(const EngineState& state, std::int32_t row) {
-    const Array2D<double>& ids = state.VKSDUTIds;
-    return {ids(row, 0), ids(row, 1), ids(row, 2)};
+    const double* const cells = state.VKSDUTIds.Row(row);
+    return {cells[0], cells[1], cells[2]};
 }
 
 std::int32_t FindRow(const EngineState& state, const RowKey& key) {
     for (std::int32_t row = 0; row < state.VKSStepCount; ++row) {
-        if (KeyOf(state, row) == key) {
+        if (std::equal(key.begin(), key.end(), state.VKSDUTIds.Row(row))) {
             return row;
         }
     }
@@ -90,7 +83,7 @@ void DeleteVKSDUTStep(EngineState& state, const RowKey& key) {
             return;
         }
         stmt([&] { RequireFree(state.VKSSteps); });
-        CloseKeyGap(state, row);
+        state.VKSDUTIds.CloseRowGap(row);
         std::int32_t index = row + 1;
         stmt([&] {
             modActions::DeleteEntry(state.Context, state.VKSSteps, state.VKSStepCount, index);
