@@ -215,8 +215,20 @@ TEST_F(RunCommandTest, TheRowsOfTheExampleFillTheirPlaceholdersInTheTraffic) {
                     "\\n\"\tsent 31 bytes (simulated)"));
 }
 
-/// By power: the four rows of the test mode have none, each of the other twelve runs a program,
-/// which has ended when the next one is due, and a macro.
+/// What a combination of the example's template by power sends.
+void AddRowByPower(std::vector<std::string>& lines, int row, const std::string& frequency,
+                   const std::string& bandwidth, const std::string& power) {
+    const std::string head = "matrix row " + std::to_string(row) + "\t" + frequency;
+    lines.push_back(head + "\tprogram\t\t\"\\\"C:\\\\EMC\\\\Tools\\\\dutctl.exe\\\" --freq " +
+                    frequency + " --bw " + bandwidth + " --power " + power +
+                    (power == "+10 dBm" ? " --fan on" : "") + "\"\tstarted, process " +
+                    std::to_string(995 + row) + " (simulated)");
+    lines.push_back(head + "\tAPI macro\tC:\\EMC\\Macros\\dut_log.mac\t\"" + frequency + "\\n" +
+                    bandwidth + "\\n" + power + "\\n0\\n\"\tstarted (simulated)");
+}
+
+/// The four rows of the test mode have no actions. Each of the other twelve runs a program, which
+/// has ended when the next one is due, and a macro; the simulated processes count from 1000.
 TEST_F(RunCommandTest, TheRowsByPowerOfTheExampleRunTheirProgramForEachCombination) {
     RunArguments arguments;
     arguments.file = DutMatrix;
@@ -232,17 +244,8 @@ TEST_F(RunCommandTest, TheRowsByPowerOfTheExampleRunTheirProgramForEachCombinati
     int row = 4;
     for (const char* frequency : {"2402000000", "2440000000", "2480000000"}) {
         for (const char* bandwidth : {"1 MHz", "2 MHz"}) {
-            for (const char* power : {"0 dBm", "+10 dBm"}) {
-                const std::string head = "matrix row " + std::to_string(++row) + "\t" + frequency;
-                expected.push_back(
-                    head + "\tprogram\t\t\"\\\"C:\\\\EMC\\\\Tools\\\\dutctl.exe\\\" " + "--freq " +
-                    frequency + " --bw " + bandwidth + " --power " + power +
-                    (power[0] == '+' ? " --fan on" : "") + "\"\tstarted, process " +
-                    std::to_string(995 + row) + " (simulated)");
-                expected.push_back(head + "\tAPI macro\tC:\\EMC\\Macros\\dut_log.mac\t\"" +
-                                   frequency + "\\n" + bandwidth + "\\n" + power +
-                                   "\\n0\\n\"\tstarted (simulated)");
-            }
+            AddRowByPower(expected, ++row, frequency, bandwidth, "0 dBm");
+            AddRowByPower(expected, ++row, frequency, bandwidth, "+10 dBm");
         }
     }
     EXPECT_EQ(TrafficOf(Read("traffic.log")), expected);

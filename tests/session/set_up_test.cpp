@@ -78,7 +78,7 @@ TEST(SetUpKeys, ChannelsChangeAtTheFrequenciesThatTheFileNames) {
 
 TEST(SetUpKeys, WirelessTestsComeFromTheirSectionsAndGapsCloseUp) {
     const TestSetUp setUp = SetUpOf(
-        "[Workbench]\nModule=7\nSubRanges=3\n"
+        "[Workbench]\nModule=7\nSubRanges=4\n"
         "[ActionsOnTest1_VKS]\nVKS_UKey=U1\nSUBSTEPS=2\n"
         "[ActionsOnStepU1_1_VKS]\nVKS_Key=A\nVKS_Name=Power\n[ActionsOnStepU1_2_VKS]\nVKS_Key=B\n"
         "[ActionsOnTest3_VKS]\nVKS_UKey=U3\nSUBSTEPS=0\n");
@@ -87,8 +87,8 @@ TEST(SetUpKeys, WirelessTestsComeFromTheirSectionsAndGapsCloseUp) {
     EXPECT_THAT(setUp.tests[0].steps, ElementsAre(FieldsAre(L"A", L"Power"), FieldsAre(L"B", L"")));
     EXPECT_EQ(setUp.tests[1].key, L"U3");
     EXPECT_THAT(setUp.tests[1].steps, IsEmpty());
-    EXPECT_THAT(setUp.notes, ElementsAre(L"test 2: no VKS_UKey in [ActionsOnTest2_VKS], so there "
-                                         L"is no such test"));
+    EXPECT_THAT(setUp.notes, ElementsAre(L"test 2, 4: no VKS_UKey in [ActionsOnTest<n>_VKS], so "
+                                         L"there is no such test"));
 }
 
 const std::string Tables =

@@ -35,8 +35,8 @@ struct Summary {
     std::size_t yes = 0;
     std::size_t no = 0;
     std::size_t unanswered = 0;
-    std::size_t wirelessSteps = 0;          ///< of the whole test, those not reached too
-    std::array<std::size_t, 4> verdicts{};  ///< of the steps that were reached, by `Verdict`
+    std::size_t wirelessSteps = 0;                     ///< of the whole test, those not reached too
+    std::array<std::size_t, VerdictCount> verdicts{};  ///< of those that were reached
     std::size_t failuresIgnored = 0;
     std::size_t failuresIgnoredForGood = 0;
     std::size_t failuresStopped = 0;

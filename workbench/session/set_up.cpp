@@ -182,12 +182,12 @@ void ReadChannels(const Reader& reader, TestSetUp& setUp) {
 }
 
 void ReadWirelessTests(const Reader& reader, TestSetUp& setUp) {
+    String missing;
     for (std::int32_t test = 1; test <= setUp.subRanges; ++test) {
         const String section = Numbered(L"ActionsOnTest", test) + L"_VKS";
         const std::optional<String> key = reader.Text(section, L"VKS_UKey");
         if (!key || key->empty()) {
-            setUp.notes.push_back(L"test " + std::to_wstring(test) + L": no VKS_UKey in [" +
-                                  section + L"], so there is no such test");
+            missing += (missing.empty() ? L"" : L", ") + std::to_wstring(test);
             continue;
         }
         WirelessTest wireless{*key, {}};
@@ -202,6 +202,10 @@ void ReadWirelessTests(const Reader& reader, TestSetUp& setUp) {
             }
         }
         setUp.tests.push_back(std::move(wireless));
+    }
+    if (!missing.empty()) {
+        setUp.notes.push_back(L"test " + missing +
+                              L": no VKS_UKey in [ActionsOnTest<n>_VKS], so there is no such test");
     }
 }
 

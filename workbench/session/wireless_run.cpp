@@ -76,8 +76,9 @@ String KeyWords(const Matrix& matrix, double hertz, std::int32_t bandwidth, std:
 }
 
 /// Indexed by `Verdict`.
-constexpr StringView Verdicts[] = {L"passed", L"failed", L"n.a., because the step was broken off",
-                                   L"n.a., because the step has no actions"};
+constexpr StringView Verdicts[VerdictCount] = {L"passed", L"failed",
+                                               L"n.a., because the step was broken off",
+                                               L"n.a., because the step has no actions"};
 
 }  // namespace
 

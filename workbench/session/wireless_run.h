@@ -30,6 +30,8 @@ enum class Verdict {
     NoActions,
 };
 
+inline constexpr std::size_t VerdictCount = 4;
+
 /// The verdict of the step that has just run and answered `answer`.
 Verdict VerdictOf(_aceActionsEngine& engine, const Moment& step, std::int32_t answer);
 /// "verdict of \"Output power\": passed"; a step without a name goes by its key.
