@@ -172,10 +172,10 @@ void ConsoleReport::PrintSummary(Outcome outcome, const Summary& summary, const 
     PrintPair(L"Actions", ActionsText(summary));
     PrintPair(L"Waited", TimeText(summary.waitedMs) + L" by actions, " + TimeText(summary.dwellMs) +
                              L" dwelling on frequencies");
-    PrintPair(L"Operator", OperatorText(summary));
     if (summary.wirelessSteps != 0) {
         PrintPair(L"Verdicts", VerdictsText(summary));
     }
+    PrintPair(L"Operator", OperatorText(summary));
     PrintPair(L"Errors", ErrorsText(summary));
     for (const AnswerLine* line : answers.Unused()) {
         PrintPair(L"Unused",

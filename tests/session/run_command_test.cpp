@@ -269,8 +269,9 @@ TEST_F(RunCommandTest, TheVerdictsOfTheExampleAreCounted) {
     arguments.answers = std::string(ACE_EXAMPLES) + "/wireless_answers.txt";
     std::ostringstream out;
     EXPECT_EQ(RunCommand(arguments, {.out = out}), Outcome::Finished);
-    EXPECT_THAT(out.str(), HasSubstr("\nOperator   2 notifications (2 OK), 3 questions (2 Yes, 1 "
-                                     "No)\nVerdicts   4 steps (2 passed, 1 FAILED, 1 n.a.)\n"));
+    EXPECT_THAT(out.str(), HasSubstr("\nVerdicts   4 steps (2 passed, 1 FAILED, 1 n.a.)\n"
+                                     "Operator   2 notifications (2 OK), 3 questions (2 Yes, 1 "
+                                     "No)\n"));
     arguments.answers = std::nullopt;  // the first question has no answer
     EXPECT_EQ(RunCommand(arguments, {.out = out}), Outcome::Unanswered);
     EXPECT_THAT(out.str(), HasSubstr("\nVerdicts   4 steps (1 n.a., 3 not reached)\n"));

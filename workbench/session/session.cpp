@@ -39,10 +39,7 @@ Session::Session(std::shared_ptr<SessionHost> host, TestSetUp setUp, Answers& an
       x_listener(listener),
       x_operator(theOperator),
       x_context(x_host),
-      x_frequencies(static_cast<std::size_t>(std::ranges::count_if(x_plan, IsFrequency))) {
-    x_summary.wirelessSteps =
-        static_cast<std::size_t>(std::ranges::count(x_plan, MomentCall::VKSStep, &Moment::call));
-}
+      x_frequencies(static_cast<std::size_t>(std::ranges::count_if(x_plan, IsFrequency))) {}
 
 Session::~Session() {
     x_host->journal.Observe({});
@@ -58,6 +55,8 @@ void Session::Load(const String& fileName) {
         LoadInto(x_steps, fileName, aceEMSAutoTemplate);
     }
     AnnounceWireless(*x_engine, x_setUp);
+    x_summary.wirelessSteps =
+        static_cast<std::size_t>(std::ranges::count(x_plan, MomentCall::VKSStep, &Moment::call));
 }
 
 void Session::LoadInto(std::unique_ptr<_aceActionsEngine>& engine, const String& fileName,
@@ -100,6 +99,10 @@ void Session::RunMoment(const Moment& moment) {
     x_place = WordsOf(moment);
     ++x_summary.moments;
     try {
+        if (moment.call == MomentCall::VKSDUTStepGlobBefore) {
+            FillRowPlaceholders(*x_engine, x_setUp, moment);
+            Tell(RowWords(*x_engine, x_setUp.matrix, moment));
+        }
         CallEngine(moment);
     } catch (...) {
         const RunTimeError error = CurrentRunTimeError();
@@ -132,15 +135,12 @@ void Session::OnInterrupt() {
 void Session::CallEngine(const Moment& moment) {
     _aceActionsEngine& engine = moment.ofSteps ? *x_steps : *x_engine;
     const MomentRow& row = RowOf(moment.call);
-    if (moment.call == MomentCall::VKSDUTStepGlobBefore) {
-        FillRowPlaceholders(engine, x_setUp, moment);
-        Tell(RowWords(engine, x_setUp.matrix, moment));
-    }
-    const std::int32_t answer = row.run(engine, moment);
-    ActOnAnswer(row, answer);
+    ActOnAnswer(row, row.run(engine, moment));
     if (moment.call == MomentCall::VKSStep) {
-        const bool isJudged = x_outcome != Outcome::Unanswered;
-        TakeVerdict(moment, isJudged ? VerdictOf(engine, moment, answer) : Verdict::BrokenOff);
+        const bool isStopped = x_outcome != Outcome::Finished;
+        TakeVerdict(moment, x_outcome == Outcome::Unanswered
+                                ? Verdict::BrokenOff
+                                : VerdictOf(engine, moment, isStopped));
     }
     if (IsFrequency(moment)) {
         TakeRequests(engine);

@@ -79,9 +79,9 @@ struct TestSetUp {
     /// without. Otherwise the sweeps of the test, one after the other.
     std::vector<std::optional<Sweep>> sweeps;
     std::vector<ChannelEvents> channels;
+    std::vector<Placeholder> placeholders;  ///< of wireless tests and the matrix, in their order
     std::vector<WirelessTest> tests;
     Matrix matrix;
-    std::vector<Placeholder> placeholders;  ///< of wireless tests and the matrix, in their order
     std::vector<String> notes;  ///< what the user should know before the test, one line each
 };
 

@@ -20,9 +20,9 @@ struct TransportChoice {
 };
 
 /// Tells each command, each start and their failures as a remark, and writes the log. A simulated
-/// program confirms its work at once and ends; a simulated clock also gives the times of the log,
-/// from the time at which the host was made. The host's events, which real transports let run while
-/// they take their time, are the user's wish to end the test.
+/// program confirms its work at once; a simulated clock also gives the times of the log, from the
+/// time at which the host was made. The host's events, which real transports let run while they
+/// take their time, are the user's wish to end the test.
 class TransportHost final : public SessionHost {
   public:
     TransportHost(Clock clock, TransportChoice choice);

@@ -113,14 +113,14 @@ String RowWords(Engine& engine, const Matrix& matrix, const Moment& row) {
                        : Counted(static_cast<std::size_t>(count), L"action", L"actions"));
 }
 
-Verdict VerdictOf(Engine& engine, const Moment& step, std::int32_t answer) {
+Verdict VerdictOf(Engine& engine, const Moment& step, bool isStopped) {
     if (!engine.VKSStepHaveActions(step.name, step.stepKey)) {
         return Verdict::NoActions;
     }
     if (!engine.VKSGetResult()) {
         return Verdict::Failed;
     }
-    return answer != 0 ? Verdict::BrokenOff : Verdict::Passed;
+    return isStopped ? Verdict::BrokenOff : Verdict::Passed;
 }
 
 String VerdictWords(const Moment& step, Verdict verdict) {

@@ -32,8 +32,8 @@ enum class Verdict {
 
 inline constexpr std::size_t VerdictCount = 4;
 
-/// The verdict of the step that has just run and answered `answer`.
-Verdict VerdictOf(_aceActionsEngine& engine, const Moment& step, std::int32_t answer);
+/// The verdict of the step that has just run; `isStopped`: the test ends with it.
+Verdict VerdictOf(_aceActionsEngine& engine, const Moment& step, bool isStopped);
 /// "verdict of \"Output power\": passed"; a step without a name goes by its key.
 String VerdictWords(const Moment& step, Verdict verdict);
 
