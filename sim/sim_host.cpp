@@ -1,5 +1,7 @@
 #include "sim/sim_host.h"
 
+#include <cmath>
+
 #include "sim/sim_services.h"
 
 namespace ace::sim {
@@ -22,6 +24,11 @@ void SimHost::Call(StringView operation, CallArguments arguments, bool isQuestio
 String SimHost::TextOf(std::int32_t number) const {
     const auto found = texts.find(number);
     return found != texts.end() ? found->second : L"T(" + std::to_wstring(number) + L")";
+}
+
+double SimHost::SecondsSinceMidnight() const {
+    constexpr double SecondsOfDay = 86400.0;
+    return std::fmod(startOfDay + Now() / 1000.0, SecondsOfDay);
 }
 
 std::shared_ptr<ISettingsFile> SimHost::OpenFile(std::int32_t, const String& name) {

@@ -13,6 +13,7 @@
 #include "sim/call_text.h"
 #include "sim/fault_script.h"
 #include "sim/journal.h"
+#include "sim/sim_devices.h"
 #include "sim/sim_instruments.h"
 #include "sim/sim_operator.h"
 #include "sim/sim_settings.h"
@@ -36,6 +37,7 @@ class SimHost : public IHostFactory {
     std::set<String> usableFiles;          ///< paths for which the file test says yes
     std::set<String> brokenSounds;         ///< wave files that can't be played
     std::set<std::int32_t> openSockets;
+    SimBench bench;
     SimInstruments instruments;
     SimPrograms programs;
     std::map<String, SimMacroScript> macros;  ///< by program; others load, run and succeed
@@ -44,6 +46,7 @@ class SimHost : public IHostFactory {
     bool tracing = false;
     std::deque<std::int32_t> reportAnswers;  ///< answers of `ReportError`; 0 when used up
     std::optional<std::int32_t> testState;   ///< state of the current test; none for no test
+    std::int32_t testKind = 0;               ///< kind of the current test
     wchar_t decimalSeparator = L'.';
     std::int32_t threadId = 1;
     /// Runs inside the n-th yield, n from 1: the place from which a host re-enters the engine.
@@ -57,6 +60,11 @@ class SimHost : public IHostFactory {
     virtual double Now() const { return x_now; }
     /// A host with a real clock lets the time pass here, and tells it above.
     virtual void PassTime(double milliseconds) { x_now += milliseconds; }
+
+    /// Time of the day at which the host was made, in seconds since midnight.
+    double startOfDay = 36000.0;
+    /// Seconds since midnight; after a day it begins again.
+    double SecondsSinceMidnight() const;
 
     // ---- the seam of the services ------------------------------------------------------------
 

@@ -66,7 +66,8 @@ class SimApiMacro : public IApiMacro {
 class SimUserDialogs : public IUserDialogs {
   public:
     explicit SimUserDialogs(SimHost& host) : x_host(host) {}
-    void ShowMessageBox(const String& text, std::int32_t style, const String& title) override;
+    std::int32_t ShowMessageBox(const String& text, std::int32_t style,
+                                const String& title) override;
 
   private:
     SimHost& x_host;

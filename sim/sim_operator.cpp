@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include <ace/host/user_dialogs.h>
+
 namespace ace::sim {
 
 namespace {
@@ -118,7 +120,19 @@ std::vector<String> SimOperator::TakeComplaints() {
     for (const FormAnswer& answer : std::exchange(x_answers, {})) {
         complaints.push_back(L"never shown: " + answer.form);
     }
+    complaints.insert(complaints.end(), std::exchange(x_boxAnswers, {}).size(),
+                      L"never asked: a question in a message box");
     return complaints;
+}
+
+std::int32_t SimOperator::AnswerBox(const String& text) {
+    if (x_boxAnswers.empty()) {
+        x_complaints.push_back(L"unexpected question: " + text);
+        return IUserDialogs::AnswerNo;
+    }
+    const bool yes = x_boxAnswers.front();
+    x_boxAnswers.pop_front();
+    return yes ? IUserDialogs::AnswerYes : IUserDialogs::AnswerNo;
 }
 
 float SimOperator::TextHeight(const String& text, float width) const {

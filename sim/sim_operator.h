@@ -44,6 +44,12 @@ class SimOperator {
     void Expect(FormAnswer answer) { x_answers.push_back(std::move(answer)); }
     void Expect(String form, FormAct act) { Expect({std::move(form), {std::move(act)}, {}}); }
 
+    /// The next message box with the buttons Yes and No gets this answer.
+    void ExpectQuestion(bool yes) { x_boxAnswers.push_back(yes); }
+    /// Number of the button by which a question in a message box is answered; one that nobody
+    /// expected is a complaint and gets a No.
+    std::int32_t AnswerBox(const String& text);
+
     /// Answers a form that has just been shown, and leaves it hidden. An unexpected one is closed
     /// by its frame, and the script waits for the next.
     void Answer(Form& form);
@@ -58,6 +64,7 @@ class SimOperator {
     void Close(Form& form) const;
 
     std::deque<FormAnswer> x_answers;
+    std::deque<bool> x_boxAnswers;
     std::vector<String> x_complaints;
 };
 

@@ -44,6 +44,11 @@ bool SimUtilities::IsEqual(double a, double b) {
     return DefaultUtilities::IsEqual(a, b);
 }
 
+bool SimUtilities::IsSameValue(double a, double b) {
+    x_host.Call(L"Utilities.IsSameValue", CallText(a, b));
+    return DefaultUtilities::IsSameValue(a, b);
+}
+
 Value SimUtilities::Max(const Value& first, std::span<const Value> further) {
     String list;
     for (const Value& value : further) {
@@ -67,6 +72,11 @@ std::int32_t SimUtilities::Wait(float milliseconds) {
 std::int32_t SimTestInfo::GetTestState(String& name) {
     x_host.Call(L"TestInfo.GetTestState", CallText(name));
     return x_host.testState.value_or(0);
+}
+
+std::int32_t SimTestInfo::TestKind(String& name) {
+    x_host.Call(L"TestInfo.TestKind", CallText(name));
+    return x_host.testKind;
 }
 
 std::shared_ptr<ISettingsFile> SimSystemServices::OpenSettingsFile(std::int32_t kind,
@@ -95,6 +105,13 @@ void SimSystemServices::ShowTimedMessage(const String& text, std::int32_t& style
 std::shared_ptr<ITestInfo> SimSystemServices::GetCurrentTest() {
     x_host.Call(L"SystemServices.GetCurrentTest", {});
     return x_host.testState ? std::make_shared<SimTestInfo>(x_host) : nullptr;
+}
+
+std::shared_ptr<ICalTable> SimSystemServices::GetTable(ITableType type, std::int32_t mode,
+                                                       const String& name,
+                                                       ITableMeasClass measClass, bool& flag) {
+    x_host.Call(L"SystemServices.GetTable", CallText(type, mode, name, measClass, flag));
+    return x_host.bench.Table(name);
 }
 
 std::shared_ptr<ISettingsFile> SimSystemServices::GetGlobalSettings() {
@@ -171,6 +188,21 @@ bool SimDeviceList::SocketIsOpen(std::int32_t handle) {
     return x_host.openSockets.contains(handle);
 }
 
+String SimDeviceList::ClassName(std::int32_t deviceClass) {
+    x_host.Call(L"DeviceList.ClassName", CallText(deviceClass));
+    return KeyOf(static_cast<SimClass>(deviceClass));
+}
+
+std::shared_ptr<IDevice> SimDeviceList::GetDevice(const String& name) {
+    x_host.Call(L"DeviceList.GetDevice", CallText(name));
+    return x_host.bench.Device(name);
+}
+
+std::vector<DeviceRecord> SimDeviceList::DevicesOfClass(const String& classKey) {
+    x_host.Call(L"DeviceList.DevicesOfClass", CallText(classKey));
+    return x_host.bench.OfClass(classKey);
+}
+
 std::int16_t SimGpibDriver::OpenDevice(std::int16_t board, std::int16_t primary,
                                        std::int16_t secondary, std::int16_t timeOut,
                                        std::int16_t sendEoi, std::int16_t endOfString) {
@@ -238,6 +270,11 @@ std::int32_t SimPlatform::ThreadId() {
 wchar_t SimPlatform::DecimalSeparator() {
     x_host.Call(L"Platform.DecimalSeparator", {}, Question);
     return x_host.decimalSeparator;
+}
+
+float SimPlatform::SecondsSinceMidnight() {
+    x_host.Call(L"Platform.SecondsSinceMidnight", {}, Question);
+    return static_cast<float>(x_host.SecondsSinceMidnight());
 }
 
 std::int16_t SimSerialPort::CommPort() {

@@ -32,6 +32,7 @@ class SimUtilities : public DefaultUtilities {
   public:
     explicit SimUtilities(SimHost& host) : x_host(host) {}
     bool IsEqual(double a, double b) override;
+    bool IsSameValue(double a, double b) override;
     Value Max(const Value& first, std::span<const Value> further) override;
     bool InRange(const Value& lower, const Value& value, const Value& upper) override;
     std::int32_t Wait(float milliseconds) override;
@@ -44,6 +45,7 @@ class SimTestInfo : public ITestInfo {
   public:
     explicit SimTestInfo(SimHost& host) : x_host(host) {}
     std::int32_t GetTestState(String& name) override;
+    std::int32_t TestKind(String& name) override;
 
   private:
     SimHost& x_host;
@@ -59,6 +61,8 @@ class SimSystemServices : public ISystemServices {
     void ShowTimedMessage(const String& text, std::int32_t& style, const String& title,
                           std::int32_t milliseconds) override;
     std::shared_ptr<ITestInfo> GetCurrentTest() override;
+    std::shared_ptr<ICalTable> GetTable(ITableType type, std::int32_t mode, const String& name,
+                                        ITableMeasClass measClass, bool& flag) override;
     std::shared_ptr<ISettingsFile> GetGlobalSettings() override;
     void SetProgressText(const String& text) override;
     void WriteMacroSync(std::int32_t group, std::int32_t key, const String& value) override;
@@ -80,6 +84,9 @@ class SimDeviceList : public IDeviceList {
     std::int32_t CloseSocket(std::int32_t handle) override;
     std::int32_t SendSocket(std::int32_t handle, const String& text) override;
     bool SocketIsOpen(std::int32_t handle) override;
+    String ClassName(std::int32_t deviceClass) override;
+    std::shared_ptr<IDevice> GetDevice(const String& name) override;
+    std::vector<DeviceRecord> DevicesOfClass(const String& classKey) override;
 
   private:
     SimHost& x_host;
@@ -117,6 +124,7 @@ class SimPlatform : public IPlatform {
     double StartProgram(const String& commandLine) override;
     std::int32_t ThreadId() override;
     wchar_t DecimalSeparator() override;
+    float SecondsSinceMidnight() override;
 
   private:
     SimHost& x_host;

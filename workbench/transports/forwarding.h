@@ -29,6 +29,13 @@ class ForwardingDeviceList : public IDeviceList {
         return x_next->SendSocket(handle, text);
     }
     bool SocketIsOpen(std::int32_t handle) override { return x_next->SocketIsOpen(handle); }
+    String ClassName(std::int32_t deviceClass) override { return x_next->ClassName(deviceClass); }
+    std::shared_ptr<IDevice> GetDevice(const String& name) override {
+        return x_next->GetDevice(name);
+    }
+    std::vector<DeviceRecord> DevicesOfClass(const String& classKey) override {
+        return x_next->DevicesOfClass(classKey);
+    }
 
   protected:
     IDeviceList& Next() { return *x_next; }
@@ -114,6 +121,7 @@ class ForwardingPlatform : public IPlatform {
     }
     std::int32_t ThreadId() override { return x_next->ThreadId(); }
     wchar_t DecimalSeparator() override { return x_next->DecimalSeparator(); }
+    float SecondsSinceMidnight() override { return x_next->SecondsSinceMidnight(); }
 
   protected:
     IPlatform& Next() { return *x_next; }
@@ -139,6 +147,11 @@ class ForwardingSystemServices : public ISystemServices {
         x_next->ShowTimedMessage(text, style, title, milliseconds);
     }
     std::shared_ptr<ITestInfo> GetCurrentTest() override { return x_next->GetCurrentTest(); }
+    std::shared_ptr<ITestInfo> CurrentTest() override { return x_next->CurrentTest(); }
+    std::shared_ptr<ICalTable> GetTable(ITableType type, std::int32_t mode, const String& name,
+                                        ITableMeasClass measClass, bool& flag) override {
+        return x_next->GetTable(type, mode, name, measClass, flag);
+    }
     std::shared_ptr<ISettingsFile> GetGlobalSettings() override {
         return x_next->GetGlobalSettings();
     }

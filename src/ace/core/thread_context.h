@@ -61,6 +61,9 @@ class ThreadContext {
     std::array<String, 5> ActionStatusTexts;
     Boolean TestRunning;          ///< between the ends of `StartTest` and `StopTest`
     Boolean InitReceiverPending;  ///< latch of the property `InitReceiver`
+    /// The output of following generators is on during the test. Decided before the test, and no
+    /// new engine object resets it.
+    Boolean GeneratorEnabled;
     std::shared_ptr<IEditor> Editor;
     std::shared_ptr<ICommentForm> CommentForm;         ///< made on first need
     std::shared_ptr<IComPortForm> ComPortForm;         ///< a new one with every engine object

@@ -6,6 +6,7 @@ namespace {
 
 constexpr std::int32_t DeviceFailedText = 3350;
 constexpr std::int32_t DeviceFailedHelp = 3021;
+constexpr std::int32_t ActivationMode = 1;
 
 }  // namespace
 
@@ -13,6 +14,38 @@ void RaiseDeviceFailed(ThreadContext& context) {
     String description = context.Language().Text(DeviceFailedText);
     String help = context.Language().Text(DeviceFailedHelp);
     throw RunTimeError(Errors::DeviceFailed, std::move(description), {}, std::move(help));
+}
+
+DeviceState StateAfterActivation(IDevice& device) {
+    const std::int32_t state = device.State();
+    if (state != IDevice::NotActive) {
+        return {state, false};
+    }
+    device.Activate(ActivationMode);
+    return {device.State(), true};
+}
+
+std::int32_t RequireActive(ThreadContext& context, IDevice& device) {
+    const DeviceState state = StateAfterActivation(device);
+    if (state.wasActivated && state.value != IDevice::Active) {
+        RaiseDeviceFailed(context);
+    }
+    return state.value;
+}
+
+bool TestFollowsNoFrequency(ThreadContext& context) {
+    const std::shared_ptr<ITestInfo> test = context.SystemServices().CurrentTest();
+    if (!test) {
+        return false;
+    }
+    String name;
+    const std::int32_t kind = test->TestKind(name);
+    return kind == 1 || kind == 2;
+}
+
+DeviceFailure CurrentFailure() {
+    const RunTimeError error = CurrentRunTimeError();
+    return {error.Number(), error.Description()};
 }
 
 void ClearStatus(ThreadContext& context) {

@@ -1,13 +1,47 @@
-/// What the device actions share when a device does not come to life or fails.
+/// What the device actions share: a device is brought to life, does not come to life, or fails.
 #pragma once
 
 #include <ace/core/operation.h>
+#include <ace/host/device.h>
 
 namespace ace {
 
 /// Raises error 4010 with the host's text for it; a second text goes along as help file and is read
 /// by nobody.
 [[noreturn]] void RaiseDeviceFailed(ThreadContext& context);
+
+/// A device's state, after it was activated if need be.
+struct DeviceState {
+    std::int32_t value = IDevice::NotActive;
+    bool wasActivated = false;  ///< it was 0, and `value` is the state behind the activation
+};
+
+/// Asks for the state; when it is 0, activates the device and asks again. Messages may run.
+DeviceState StateAfterActivation(IDevice& device);
+
+/// The same for the actions that can't go on with a device that stays off: a device that had to be
+/// activated must be in state 1 afterwards, or else error 4010. Any other state that it is found in
+/// is left as it is. Answers the state.
+std::int32_t RequireActive(ThreadContext& context, IDevice& device);
+
+/// The device of that name in the interface of its kind; none when the list has no such device or
+/// it is of another kind.
+template <class Kind>
+std::shared_ptr<Kind> FindDevice(ThreadContext& context, const String& name) {
+    return std::dynamic_pointer_cast<Kind>(context.DeviceList().GetDevice(name));
+}
+
+/// The host runs a test that has no use for devices that follow the frequency.
+bool TestFollowsNoFrequency(ThreadContext& context);
+
+/// What ended a device action before its end. Number 0 with an empty text stands for an object that
+/// was not found: that is no run-time error.
+struct DeviceFailure {
+    std::int32_t number = 0;
+    String text;
+};
+/// The exception in flight as such a failure.
+DeviceFailure CurrentFailure();
 
 /// Clears the status line.
 void ClearStatus(ThreadContext& context);

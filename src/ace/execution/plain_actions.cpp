@@ -105,7 +105,7 @@ void modActions::ProtectIfAllowed(ThreadContext& context, const Statements& stmt
     bool forbidden = false;
     if (test) {
         String name;
-        const std::int32_t state = stmt([&] { return test->GetTestState(name); });
+        const std::int32_t state = stmt([&] { return test->TestStatus(name); });
         forbidden = state == UnprotectedState && modul == aceTemplate;
     }
     if (!forbidden) {

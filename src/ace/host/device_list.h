@@ -1,11 +1,21 @@
 /// The host's device side: events, sockets, devices by name.
 #pragma once
 
-#include <ace/host/basic_types.h>
+#include <memory>
+#include <vector>
+
+#include <ace/host/device.h>
 
 namespace ace {
 
-/// Posting of events and socket operations. No operation lets messages run.
+/// What the list tells of a device.
+struct DeviceRecord {
+    String Name;  ///< for `GetDevice`; may be empty
+    bool operator==(const DeviceRecord&) const = default;
+};
+
+/// Devices by name and class, posting of events and socket operations. No operation but a look-up
+/// lets messages run.
 class IDeviceList {
   public:
     virtual ~IDeviceList() = default;
@@ -30,9 +40,15 @@ class IDeviceList {
     virtual std::int32_t SendSocket(std::int32_t handle, const String& text) = 0;
     /// The connection of `handle` lives.
     virtual bool SocketIsOpen(std::int32_t handle) = 0;
+    /// Section key of a device class, such as "BcGenerators".
+    virtual String ClassName(std::int32_t deviceClass) = 0;
+    /// The device or signal path of that name, shared with the host; none when there is no such.
+    virtual std::shared_ptr<IDevice> GetDevice(const String& name) = 0;
+    /// The devices of the class with that section key, from index 0.
+    virtual std::vector<DeviceRecord> DevicesOfClass(const String& classKey) = 0;
 };
 
-/// Drops events and has no socket.
+/// Drops events, has no socket and no device.
 class DefaultDeviceList : public IDeviceList {
   public:
     IDeviceList& GetDeviceListHost() override { return *this; }
@@ -47,6 +63,9 @@ class DefaultDeviceList : public IDeviceList {
     std::int32_t CloseSocket(std::int32_t) override { return 0; }
     std::int32_t SendSocket(std::int32_t, const String&) override { return 0; }
     bool SocketIsOpen(std::int32_t) override { return false; }
+    String ClassName(std::int32_t) override { return {}; }
+    std::shared_ptr<IDevice> GetDevice(const String&) override { return nullptr; }
+    std::vector<DeviceRecord> DevicesOfClass(const String&) override { return {}; }
 };
 
 }  // namespace ace

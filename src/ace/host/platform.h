@@ -5,7 +5,7 @@
 
 namespace ace {
 
-/// Message queue, sound, programs, thread and locale.
+/// Message queue, sound, programs, thread, locale and clock.
 class IPlatform {
   public:
     /// `sndPlaySoundA` flags: play on while the caller goes on (SND_ASYNC, 1), no default sound for
@@ -29,9 +29,12 @@ class IPlatform {
     virtual std::int32_t ThreadId() = 0;
     /// The decimal separator of the user's locale.
     virtual wchar_t DecimalSeparator() = 0;
+    /// Seconds since midnight, local time, fractions included; 0 again at midnight.
+    virtual float SecondsSinceMidnight() = 0;
 };
 
-/// A silent machine with a decimal point and no messages. Sounds count as played.
+/// A silent machine with a decimal point, no messages and a clock that stands. Sounds count as
+/// played.
 class DefaultPlatform : public IPlatform {
   public:
     void Yield() override {}
@@ -41,6 +44,7 @@ class DefaultPlatform : public IPlatform {
     double StartProgram(const String&) override { Raise(Errors::NoSuchFile); }
     std::int32_t ThreadId() override { return 0; }
     wchar_t DecimalSeparator() override { return L'.'; }
+    float SecondsSinceMidnight() override { return 0.0F; }
 };
 
 }  // namespace ace

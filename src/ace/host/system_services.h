@@ -3,6 +3,8 @@
 
 #include <memory>
 
+#include <ace/host/cal_table.h>
+#include <ace/host/devices.h>
 #include <ace/host/settings_file.h>
 #include <ace/host/test_info.h>
 
@@ -27,6 +29,14 @@ class ISystemServices {
                                   std::int32_t milliseconds) = 0;
     /// The test that the host runs at present; none is allowed.
     virtual std::shared_ptr<ITestInfo> GetCurrentTest() = 0;
+    /// The same, as the actions that follow a frequency ask for it; by default it is
+    /// `GetCurrentTest`.
+    virtual std::shared_ptr<ITestInfo> CurrentTest() { return GetCurrentTest(); }
+    /// The calibration table of that kind, name and measurement class; none when there is no such.
+    /// `mode` is always 10; `flag` comes in false and may be changed, which nothing reads.
+    virtual std::shared_ptr<ICalTable> GetTable(ITableType type, std::int32_t mode,
+                                                const String& name, ITableMeasClass measClass,
+                                                bool& flag) = 0;
     /// The system's configuration.
     virtual std::shared_ptr<ISettingsFile> GetGlobalSettings() = 0;
     /// Shows a busy text; the empty text clears it.
@@ -37,7 +47,7 @@ class ISystemServices {
     virtual String ReadMacroSync(std::int32_t key) = 0;
 };
 
-/// Has no files, no test, and shows nothing.
+/// Has no files, no test, no table, and shows nothing.
 class DefaultSystemServices : public ISystemServices {
   public:
     std::shared_ptr<ISettingsFile> OpenSettingsFile(std::int32_t, std::int32_t, const String&,
@@ -47,6 +57,10 @@ class DefaultSystemServices : public ISystemServices {
     bool FileIsUsable(const String&, bool, bool) override { return false; }
     void ShowTimedMessage(const String&, std::int32_t&, const String&, std::int32_t) override {}
     std::shared_ptr<ITestInfo> GetCurrentTest() override { return nullptr; }
+    std::shared_ptr<ICalTable> GetTable(ITableType, std::int32_t, const String&, ITableMeasClass,
+                                        bool&) override {
+        return nullptr;
+    }
     std::shared_ptr<ISettingsFile> GetGlobalSettings() override {
         return std::make_shared<DefaultSettingsFile>();
     }

@@ -13,6 +13,8 @@ class IUtilities {
     virtual ~IUtilities() = default;
     /// The host's comparison of two frequencies in hertz; whether it allows a tolerance is its own.
     virtual bool IsEqual(double a, double b) = 0;
+    /// The host's comparison of two readings; whether it allows a tolerance is its own.
+    virtual bool IsSameValue(double a, double b) = 0;
     /// The largest of `first` and `further`.
     virtual Value Max(const Value& first, std::span<const Value> further) = 0;
     /// `value` lies between the bounds, both included.
@@ -26,6 +28,7 @@ class IUtilities {
 class DefaultUtilities : public IUtilities {
   public:
     bool IsEqual(double a, double b) override { return a == b; }
+    bool IsSameValue(double a, double b) override { return a == b; }
     Value Max(const Value& first, std::span<const Value> further) override;
     bool InRange(const Value& lower, const Value& value, const Value& upper) override;
     std::int32_t Wait(float) override { return 0; }

@@ -1,0 +1,72 @@
+#include <ace/execution/device_failure.h>
+#include <ace/execution/track_frequency.h>
+#include <ace/host/monitor_device.h>
+
+namespace ace {
+
+namespace {
+
+constexpr std::int32_t WaitHint = 9044;
+constexpr std::int32_t TitleBegin = 9430;
+constexpr std::int32_t TitleEnd = 9431;
+constexpr std::int32_t InformationStyle = 64;
+
+/// A delay of 0 shows the box as well.
+void LetSettle(ThreadContext& context, const aceTrackFreq& record) {
+    ILanguage& language = context.Language();
+    const std::int32_t delay = record.DelayTime;
+    const String text =
+        L"Wait for Monitoring ... " + std::to_wstring(delay) + L" ms\r\n" + language.Text(WaitHint);
+    const String title = language.Text(TitleBegin) + L": " + language.Text(TitleEnd);
+    std::int32_t style = InformationStyle;
+    context.SystemServices().ShowTimedMessage(text, style, title, delay);
+}
+
+/// An activation that did not help is no failure here.
+void Tune(aceTrackFreq& record) {
+    const std::shared_ptr<IDevice> common = Required(Required(record.MoniDev)->CommonDevice());
+    if (common->State() == IDevice::NotActive) {
+        common->Activate(1);
+    }
+    if (const std::shared_ptr<IMonitorDevice> device = record.MoniDev) {
+        std::int32_t mode = IMonitorDevice::UseToTrack;
+        device->SetUseMode(mode);
+        device->SetFrequency(record.Freq);
+    }
+}
+
+/// False when the device can't be found.
+bool Track(ThreadContext& context, aceTrackFreq& record) {
+    if (TestFollowsNoFrequency(context)) {
+        return true;
+    }
+    if (!record.MoniDev) {
+        record.MoniDev = FindDevice<IMonitorDevice>(context, record.MoniName);
+        if (!record.MoniDev) {
+            return false;
+        }
+    }
+    Tune(record);
+    LetSettle(context, record);
+    return true;
+}
+
+}  // namespace
+
+Boolean modActions::TrackMonitor(ThreadContext& context, aceTrackFreq& record, Boolean& ignoreAll) {
+    DeviceFailure failure;
+    try {
+        if (Track(context, record)) {
+            return false;
+        }
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    if (ignoreAll) {
+        return false;
+    }
+    return ShowDeviceError(context, atTrackFreq, ignoreAll, record.GenName, failure.number,
+                           failure.text);
+}
+
+}  // namespace ace
