@@ -125,6 +125,10 @@ void SimMonitor::SetChannel(std::int32_t channel, std::int32_t apply) {
 
 double SimMonitor::ReadChannel(std::int32_t channel) {
     Call(L"MonitorDevice.ReadChannel", channel);
+    return Reading(channel);
+}
+
+double SimMonitor::Reading(std::int32_t channel) {
     std::deque<double>& script = readings[channel];
     if (!script.empty()) {
         const double reading = script.front();

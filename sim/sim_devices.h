@@ -89,6 +89,8 @@ class SimMonitor : public SimDevice, public IMonitorDevice {
     void SetChannel(std::int32_t channel, std::int32_t apply) override;
     double ReadChannel(std::int32_t channel) override;
     void SetFrequency(double& hertz) override;
+    /// What the channel reads at present; nothing in the journal.
+    double Reading(std::int32_t channel);
 
     /// What the device can be used for; any other use is refused.
     std::int32_t capabilities = UseToSet | UseToCheck | UseToTrack;

@@ -13,6 +13,9 @@ constexpr bool Question = true;
 }  // namespace
 
 void SimHost::Call(StringView operation, CallArguments arguments, bool isQuestion) {
+    if (beforeCall) {
+        beforeCall(operation, arguments);
+    }
     const std::int32_t error = faults.Next(operation);
     journal.Add({String(operation), std::move(arguments.text), error, isQuestion,
                  std::move(arguments.values)});

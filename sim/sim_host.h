@@ -53,6 +53,8 @@ class SimHost : public IHostFactory {
     std::function<void(std::size_t)> onYield;
     /// Runs while a timed message stands.
     std::function<void()> onTimedMessage;
+    /// Sees each call before the journal does; an error that it raises is that of the call.
+    std::function<void(StringView operation, const CallArguments& arguments)> beforeCall;
 
     // ---- time ------------------------------------------------------------------------------
 

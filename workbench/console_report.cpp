@@ -176,6 +176,7 @@ void ConsoleReport::PrintSummary(Outcome outcome, const Summary& summary, const 
         PrintPair(L"Verdicts", VerdictsText(summary));
     }
     PrintPair(L"Operator", OperatorText(summary));
+    PrintChecks(summary);
     PrintPair(L"Errors", ErrorsText(summary));
     for (const AnswerLine* line : answers.Unused()) {
         PrintPair(L"Unused",
@@ -183,6 +184,18 @@ void ConsoleReport::PrintSummary(Outcome outcome, const Summary& summary, const 
     }
     if (!traceFailure.empty()) {
         PrintPair(L"Trace", L"not complete: " + traceFailure);
+    }
+}
+
+void ConsoleReport::PrintChecks(const Summary& summary) {
+    for (const String& comment : summary.comments) {
+        PrintPair(L"Comment", comment);
+    }
+    if (summary.repetitions + summary.parkings > 0) {
+        PrintPair(L"Checks", Counted(summary.repetitions, L"repetition", L"repetitions") +
+                                 L" of a stretch of frequencies, " +
+                                 Counted(summary.parkings, L"parking", L"parkings") +
+                                 L" of the accessories");
     }
 }
 

@@ -31,6 +31,7 @@ class ConsoleReport final : public SessionListener {
     void PrintPair(StringView name, const String& text);
 
   private:
+    void PrintChecks(const Summary& summary);
     void Print(const String& line);
     void EraseProgress();
 

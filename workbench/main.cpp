@@ -73,6 +73,12 @@ void AddRun(CLI::App& app, RunArguments& arguments) {
     run->add_option("--traffic", arguments.traffic,
                     "writes what is sent and started to this log, made anew")
         ->type_name("FILE");
+    run->add_option("--devices", arguments.devices,
+                    "the devices of the bench: names, classes, instruments behind them")
+        ->type_name("FILE");
+    run->add_option("--fault", arguments.faults,
+                    "a script of failures on purpose, such as: GPIB 0:13 fails at the 40th write")
+        ->type_name("SCRIPT");
     run->add_option("--trace", arguments.trace, "writes the engine's trace lines to this file")
         ->type_name("FILE");
     run->footer(ExitCodes);

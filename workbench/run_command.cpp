@@ -5,8 +5,9 @@
 #include <system_error>
 
 #include "workbench/console_report.h"
+#include "workbench/devices/bench_host.h"
+#include "workbench/devices/device_file.h"
 #include "workbench/file_store.h"
-#include "workbench/session/transport_host.h"
 #include "workbench/session/wording.h"
 #include "workbench/text_encoding.h"
 #include "workbench/trace_file.h"
@@ -80,15 +81,39 @@ auto Existing(const std::string& path, Read&& read) {
     RefuseFile(FromUtf8(path) + L": there is no such file");
 }
 
-Answers ReadAnswers(const RunArguments& arguments) {
-    if (!arguments.answers) {
-        return {};
-    }
+/// The text of a file in any of the encodings of settings files.
+String ReadText(const std::string& file) {
     const std::string bytes =
-        Existing(*arguments.answers, [](const std::string& path) { return ReadWholeFile(path); });
+        Existing(file, [](const std::string& path) { return ReadWholeFile(path); });
     const Encoding encoding = DetectEncoding(bytes);
-    const std::string_view text = std::string_view(bytes).substr(ByteOrderMark(encoding).size());
-    return Answers(Decode(encoding, text), FromUtf8(*arguments.answers));
+    return Decode(encoding, std::string_view(bytes).substr(ByteOrderMark(encoding).size()));
+}
+
+Answers ReadAnswers(const RunArguments& arguments) {
+    return arguments.answers ? Answers(ReadText(*arguments.answers), FromUtf8(*arguments.answers))
+                             : Answers();
+}
+
+std::shared_ptr<FaultRules> ReadFaults(const RunArguments& arguments) {
+    return arguments.faults ? std::make_shared<FaultRules>(ReadText(*arguments.faults),
+                                                           FromUtf8(*arguments.faults))
+                            : std::make_shared<FaultRules>();
+}
+
+/// Puts the devices of the file on the bench. A channel that a device watches needs the device.
+void ReadBench(const RunArguments& arguments, const TestSetUp& setUp, BenchHost& host) {
+    if (arguments.devices) {
+        const SettingsDocument document = Existing(
+            *arguments.devices, [](const std::string& path) { return LoadDocument(path); });
+        ReadDevices(document, FromUtf8(*arguments.devices), host);
+    }
+    for (const ChannelEvents& channel : setUp.channels) {
+        if (channel.watch && !IsMonitor(host.bench, channel.watch->device)) {
+            RefuseUse(L"channel \"" + channel.name + L"\" is watched by \"" +
+                      channel.watch->device +
+                      L"\": say with --devices which monitoring device that is");
+        }
+    }
 }
 
 std::shared_ptr<TraceFile> OpenTrace(const RunArguments& arguments) {
@@ -131,12 +156,15 @@ std::ofstream OpenTraffic(const RunArguments& arguments) {
     return stream;
 }
 
-void PrintTransports(ConsoleReport& report, const TransportHost& host) {
+void PrintTransports(ConsoleReport& report, const BenchHost& host) {
     for (const String& program : host.SilentPrograms()) {
         report.PrintPair(L"Program", L"never confirmed its work: " + program);
     }
     if (!host.LogIsGood()) {
         report.PrintPair(L"Traffic", L"the log is not complete: it could not be written");
+    }
+    for (const String& rule : host.Faults().Unused()) {
+        report.PrintPair(L"Unused", L"failure on purpose that nothing came to: " + rule);
     }
 }
 
@@ -167,7 +195,9 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     TransportChoice transports = ReadTransports(arguments, files);
     std::ofstream traffic = OpenTraffic(arguments);
     transports.log = traffic.is_open() ? &traffic : nullptr;
-    const auto host = std::make_shared<TransportHost>(clock, std::move(transports));
+    const auto host =
+        std::make_shared<BenchHost>(clock, std::move(transports), ReadFaults(arguments));
+    ReadBench(arguments, setUp, *host);
     host->traceFile = trace;
     host->journal.Bound(JournalBound);
     host->isInterrupted = surroundings.isInterrupted;

@@ -25,6 +25,8 @@ struct RunArguments {
     bool real = false;                   ///< real transports
     std::optional<std::string> config;   ///< path of the workbench's configuration
     std::optional<std::string> traffic;  ///< path of a traffic log, made anew
+    std::optional<std::string> devices;  ///< path of a device file
+    std::optional<std::string> faults;   ///< path of a script of failures
 };
 
 /// Where a command prints and how it is broken off.

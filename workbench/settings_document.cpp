@@ -120,6 +120,16 @@ void SettingsDocument::FindSections() {
     }
 }
 
+std::vector<String> SettingsDocument::SectionNames() const {
+    std::vector<String> names;
+    for (const Section& section : x_sections) {
+        if (!section.isDeleted) {
+            names.push_back(Decode(x_encoding, HeaderName(Header(section))));
+        }
+    }
+    return names;
+}
+
 /// Whether the section of a number has the name.
 auto SettingsDocument::HasName(std::string_view name) const {
     return [this, name](std::size_t at) {

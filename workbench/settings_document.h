@@ -26,6 +26,8 @@ class SettingsDocument {
     Encoding FileEncoding() const { return x_encoding; }
 
     bool HasSection(StringView section) const;
+    /// The names of all sections in the order of the file, each as often as it stands there.
+    std::vector<String> SectionNames() const;
     /// Number of the section's header line in the file, from 1, as it would be saved now; the lines
     /// of `GetSection` follow it. Nothing for a missing section.
     std::optional<std::size_t> HeaderLine(StringView section) const;

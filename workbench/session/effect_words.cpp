@@ -1,9 +1,11 @@
 #include "workbench/session/effect_words.h"
 
+#include <iterator>
 #include <vector>
 
 #include <ace/core/text.h>
 
+#include "workbench/session/sweep.h"
 #include "workbench/session/wording.h"
 
 namespace ace::workbench {
@@ -32,8 +34,30 @@ String Busy(const Values& values) {
     return ValueAt(values, 0).empty() ? String() : L"busy: " + OneLine(values[0]);
 }
 
+/// A question has a line of its own, with its answer.
 String MessageBox(const Values& values) {
+    constexpr double QuestionStyle = 4.0;
+    if (ReadNumber(ValueAt(values, 1)) == QuestionStyle) {
+        return {};
+    }
     return L"message " + QuotedLine(ValueAt(values, 0));
+}
+
+String AmplifierState(const Values& values) {
+    static constexpr StringView States[] = {L"power off", L"power on", L"standby", L"operate",
+                                            L"reset"};
+    const auto state = WholeInteger(ValueAt(values, 1));
+    const bool isKnown = state && *state >= 0 && *state < std::ssize(States);
+    return ValueAt(values, 0) + L": " +
+           (isKnown ? String(States[*state]) : L"state " + ValueAt(values, 1));
+}
+
+String Tuned(const Values& values) {
+    return ValueAt(values, 0) + L": frequency " + FrequencyText(ReadNumber(ValueAt(values, 1)));
+}
+
+String Output(const Values& values) {
+    return ValueAt(values, 0) + L": output " + (ValueAt(values, 1) == L"true" ? L"on" : L"off");
 }
 
 /// One operation: the pattern of its words with the arguments as %1 to %9, or a function that makes
@@ -56,6 +80,19 @@ constexpr EffectRow Effects[] = {
     {L"SystemServices.WriteMacroSync", L"macro synchronisation: %3"},
     {L"UserDialogs.ShowMessageBox", {}, MessageBox},
     {L"ApiMacro.Abort", L"the API macro is told to end"},
+    {L"Device.Activate", L"%1: is activated"},
+    {L"Device.LoadSettings", L"%1: takes its settings from [%3]"},
+    {L"MonitorDevice.SetChannel", L"%1: channel %2 is set"},
+    {L"MonitorDevice.ReadChannel", L"%1: channel %2 is read"},
+    {L"MonitorDevice.SetFrequency", {}, Tuned},
+    {L"BcGenerator.Apply", L"%1: its settings are applied"},
+    {L"Amplifier.SetState", {}, AmplifierState},
+    {L"SwitchUnit.SwitchPath", L"%1: path %2"},
+    {L"Receiver.SetParameter", L"%1: parameter %2 is %3"},
+    {L"SignalPath.Prepare", L"%1: is made ready"},
+    {L"RfGenerator.SetFrequency", {}, Tuned},
+    {L"RfGenerator.SetLevel", L"%1: level %2"},
+    {L"RfGenerator.SetRfOn", {}, Output},
     // told with their outcome by the host whose transports they are
     {L"DeviceList.FindSocket"},
     {L"DeviceList.OpenSocket"},
@@ -73,6 +110,24 @@ constexpr EffectRow Effects[] = {
     {L"ApiMacro.WaitFinished"},
     {L"ApiMacro.GetResult"},
     // no effect in the laboratory
+    {L"Device.Name"},
+    {L"Device.DeviceClass"},
+    {L"Device.State"},
+    {L"DeviceList.ClassName"},
+    {L"DeviceList.GetDevice"},
+    {L"DeviceList.DevicesOfClass"},
+    {L"MonitorDevice.CommonDevice"},
+    {L"MonitorDevice.SetUseMode"},
+    {L"BcGenerator.SetSignalPath"},
+    {L"Receiver.CommonDevice"},
+    {L"RfGenerator.CommonDevice"},
+    {L"RfGenerator.Execute"},
+    {L"SignalPath.CommonDevice"},
+    {L"SignalPath.GetCorrection"},
+    {L"CalTable.GetValue"},
+    {L"SystemServices.GetTable"},
+    {L"TestInfo.TestKind"},
+    {L"Utilities.IsSameValue"},
     {L"SystemServices.ReadMacroSync"},
     {L"SystemServices.GetGlobalSettings"},
     {L"SettingsFile.GetLong"},

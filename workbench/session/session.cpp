@@ -7,6 +7,7 @@
 
 #include "workbench/session/effect_words.h"
 #include "workbench/session/load_place.h"
+#include "workbench/session/sweep.h"
 #include "workbench/session/wording.h"
 
 namespace ace::workbench {
@@ -18,7 +19,6 @@ struct RequestRow {
     StringView words;
 };
 constexpr RequestRow Requests[] = {
-    {acEutStoreComment, L"the check asks to store a comment"},
     {acEutRepeatSubrangeMeas, L"the check asks to repeat the measurement of the subrange"},
     {acEutParkAccessories, L"request to park the accessories"},
     {acEutStopTest, L"the check asks to stop the test"},
@@ -39,7 +39,13 @@ Session::Session(std::shared_ptr<SessionHost> host, TestSetUp setUp, Answers& an
       x_listener(listener),
       x_operator(theOperator),
       x_context(x_host),
-      x_frequencies(static_cast<std::size_t>(std::ranges::count_if(x_plan, IsFrequency))) {}
+      x_channels(WatchedChannels(x_setUp)),
+      x_frequencies(static_cast<std::size_t>(std::ranges::count_if(x_plan, IsFrequency))) {
+    x_host->testKind = x_setUp.testKind.value_or(0);
+    if (x_setUp.testKind) {
+        x_host->testState = 0;
+    }
+}
 
 Session::~Session() {
     x_host->journal.Observe({});
@@ -74,7 +80,8 @@ Outcome Session::Run() {
     ListenToHost();
     while (x_at < x_plan.size()) {
         x_next = x_at + 1;
-        RunMoment(x_plan[x_at]);
+        const Moment moment = x_plan[x_at];  // channels that change add moments behind it
+        RunMoment(moment);
         x_at = x_next;
     }
     Close();
@@ -135,6 +142,9 @@ void Session::OnInterrupt() {
 void Session::CallEngine(const Moment& moment) {
     _aceActionsEngine& engine = moment.ofSteps ? *x_steps : *x_engine;
     const MomentRow& row = RowOf(moment.call);
+    if (IsFrequency(moment)) {
+        x_host->bench.frequency = moment.hertz;
+    }
     ActOnAnswer(row, row.run(engine, moment));
     if (moment.call == MomentCall::VKSStep) {
         const bool isStopped = x_outcome != Outcome::Finished;
@@ -142,12 +152,10 @@ void Session::CallEngine(const Moment& moment) {
                                 ? Verdict::BrokenOff
                                 : VerdictOf(engine, moment, isStopped));
     }
+    TakeRequests(engine);
     if (IsFrequency(moment)) {
-        TakeRequests(engine);
         StayOnFrequency(moment);
-    }
-    if (moment.call == MomentCall::StopTest) {
-        TakeRequests(engine);
+        WatchChannels();
     }
 }
 
@@ -172,17 +180,37 @@ void Session::ActOnAnswer(const MomentRow& row, std::int32_t answer) {
 void Session::TakeRequests(_aceActionsEngine& engine) {
     Value comment;
     const std::int32_t bits = engine.GetCheckEutAction(comment);
+    if ((bits & acEutStoreComment) != 0) {
+        StoreComment(comment);
+    }
     for (const RequestRow& row : Requests) {
         if ((bits & row.bit) != 0) {
-            const String* const text = std::get_if<String>(&comment);
-            const bool hasComment = row.bit == acEutStoreComment && text != nullptr;
-            Tell(String(row.words) + (hasComment ? L": " + QuotedLine(*text) : String()));
+            Tell(String(row.words));
         }
     }
+    x_summary.parkings += (bits & acEutParkAccessories) != 0 ? 1 : 0;
     if ((bits & acEutStopTest) != 0) {
         Worsen(Outcome::Stopped);
     } else if ((bits & acEutRepeatSubrangeMeas) != 0 && IsFrequency(x_plan[x_at])) {
         RepeatFrequencies();
+    }
+}
+
+void Session::StoreComment(const Value& comment) {
+    const String* const text = std::get_if<String>(&comment);
+    const String words = text != nullptr ? OneLine(*text) : String();
+    const Place here = CurrentPlace();
+    const String frequency = here.hertz > 0.0 ? FrequencyText(here.hertz) : here.moment;
+    x_summary.comments.push_back(frequency + L": " + words);
+    Tell(L"comment stored: " + QuotedLine(words));
+}
+
+/// What the devices read now is what the channels do next.
+void Session::WatchChannels() {
+    if (x_outcome == Outcome::Finished) {
+        const std::vector<Moment> changes = ChannelChanges(x_channels, x_host->bench);
+        x_plan.insert(x_plan.begin() + static_cast<std::ptrdiff_t>(x_at) + 1, changes.begin(),
+                      changes.end());
     }
 }
 
@@ -195,6 +223,7 @@ void Session::RepeatFrequencies() {
         --first;
     }
     if (x_repeated.insert(first).second) {
+        ++x_summary.repetitions;
         x_frequenciesDone -= x_at - first;
         x_next = first;
     } else {

@@ -8,6 +8,7 @@
 #include <ace/core/thread_context.h>
 
 #include "workbench/session/answers.h"
+#include "workbench/session/channel_watch.h"
 #include "workbench/session/plan.h"
 #include "workbench/session/session_host.h"
 #include "workbench/session/wireless_run.h"
@@ -40,8 +41,11 @@ struct Summary {
     std::size_t failuresIgnored = 0;
     std::size_t failuresIgnoredForGood = 0;
     std::size_t failuresStopped = 0;
-    std::size_t errors = 0;        ///< run-time errors that reached the host
-    std::size_t errorReports = 0;  ///< reports on the way there; one error can give several
+    std::vector<String> comments{};  ///< that checks asked to store, each with its place
+    std::size_t repetitions = 0;     ///< of stretches of frequencies, as checks asked for
+    std::size_t parkings = 0;        ///< of the accessories
+    std::size_t errors = 0;          ///< run-time errors that reached the host
+    std::size_t errorReports = 0;    ///< reports on the way there; one error can give several
 };
 
 /// Runs one test. It drives the engine through its public class alone. A true answer, a request of
@@ -75,7 +79,9 @@ class Session {
     void TakeVerdict(const Moment& step, Verdict verdict);
     void ActOnAnswer(const MomentRow& row, std::int32_t answer);
     void TakeRequests(_aceActionsEngine& engine);
+    void StoreComment(const Value& comment);
     void RepeatFrequencies();
+    void WatchChannels();
     void StayOnFrequency(const Moment& moment);
     Reply Decide(const Dialog& dialog);
     std::optional<Reply> AskOperator(const Dialog& dialog);
@@ -98,6 +104,7 @@ class Session {
     ThreadContext x_context;
     std::unique_ptr<_aceActionsEngine> x_engine;
     std::unique_ptr<_aceActionsEngine> x_steps;  ///< the steps of a susceptibility test
+    std::vector<WatchedChannel> x_channels;
 
     std::size_t x_frequencies;  ///< of the whole plan
     std::size_t x_at = 0;       ///< the moment that runs

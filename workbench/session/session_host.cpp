@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <filesystem>
 #include <thread>
 
@@ -89,7 +90,48 @@ class SessionPlatform final : public sim::SimPlatform {
     SessionHost& x_host;
 };
 
+/// Questions in message boxes are the operator's like those of the forms; other boxes are told and
+/// closed.
+class OperatorBoxes final : public sim::SimUserDialogs {
+  public:
+    explicit OperatorBoxes(SessionHost& host) : SimUserDialogs(host), x_host(host) {}
+
+    std::int32_t ShowMessageBox(const String& text, std::int32_t style,
+                                const String& title) override {
+        x_host.Call(L"UserDialogs.ShowMessageBox", sim::CallText(text, style, title));
+        if ((style & YesNo) == 0) {
+            return AnswerOk;
+        }
+        const Dialog question{PromptKind::Question,
+                              title,
+                              text,
+                              {{Reply::GoOn, L"Yes", L'y'}, {Reply::Stop, L"No", L'n'}}};
+        const Reply reply = x_host.onPrompt ? x_host.onPrompt(question) : Reply::GoOn;
+        return reply == Reply::Stop ? AnswerNo : AnswerYes;
+    }
+
+  private:
+    SessionHost& x_host;
+};
+
+/// Seconds since midnight, local time.
+double SecondsOfToday() {
+    const auto now = std::chrono::system_clock::now();
+    const std::time_t whole = std::chrono::system_clock::to_time_t(now);
+    std::tm local{};
+    localtime_r(&whole, &local);
+    const std::chrono::duration<double> fraction =
+        now - std::chrono::system_clock::from_time_t(whole);
+    return local.tm_hour * 3600.0 + local.tm_min * 60.0 + local.tm_sec + fraction.count();
+}
+
 }  // namespace
+
+SessionHost::SessionHost(Clock clock) : x_clock(clock) {
+    if (clock == Clock::Real) {
+        startOfDay = SecondsOfToday();
+    }
+}
 
 std::shared_ptr<ISettingsFile> SessionHost::OpenFile(std::int32_t, const String& name) {
     return x_files.Open(name);
@@ -140,6 +182,9 @@ std::shared_ptr<IPlatform> SessionHost::MakePlatform() {
 }
 std::shared_ptr<IFormHost> SessionHost::MakeFormHost() {
     return std::make_shared<OperatorScreen>(*this);
+}
+std::shared_ptr<IUserDialogs> SessionHost::MakeUserDialogs() {
+    return std::make_shared<OperatorBoxes>(*this);
 }
 
 }  // namespace ace::workbench

@@ -35,7 +35,8 @@ struct HostCounts {
 /// stands on the operator's screen to its owner.
 class SessionHost : public sim::SimHost {
   public:
-    explicit SessionHost(Clock clock = Clock::Virtual) : x_clock(clock) {}
+    /// With a real clock the time of the day is that of this machine.
+    explicit SessionHost(Clock clock = Clock::Virtual);
 
     /// With a real clock the time that passed on it, since the host was made.
     double Now() const override;
@@ -72,6 +73,7 @@ class SessionHost : public sim::SimHost {
     std::shared_ptr<ISystemServices> MakeSystemServices() override;
     std::shared_ptr<IPlatform> MakePlatform() override;
     std::shared_ptr<IFormHost> MakeFormHost() override;
+    std::shared_ptr<IUserDialogs> MakeUserDialogs() override;
 
   private:
     Clock x_clock;

@@ -171,13 +171,33 @@ void RequireBounded(const TestSetUp& setUp) {
     }
 }
 
+std::optional<ChannelWatch> ReadWatch(const Reader& reader, const String& section) {
+    const std::optional<String> device = reader.Text(section, L"Device");
+    ChannelWatch watch;
+    watch.triggerAbove = reader.Number(section, L"TriggerAbove");
+    watch.noGoAbove = reader.Number(section, L"NoGoAbove");
+    if (!device || device->empty()) {
+        if (watch.triggerAbove || watch.noGoAbove) {
+            reader.Refuse(section, watch.triggerAbove ? L"TriggerAbove" : L"NoGoAbove",
+                          L"a limit needs Device=, the monitoring device that is read");
+        }
+        return std::nullopt;
+    }
+    if (!watch.triggerAbove && !watch.noGoAbove) {
+        reader.Refuse(section, L"Device", L"a device needs a limit, TriggerAbove= or NoGoAbove=");
+    }
+    watch.device = *device;
+    watch.channel = reader.Integer(section, L"DeviceChannel", 0, MostSubranges).value_or(1);
+    return watch;
+}
+
 void ReadChannels(const Reader& reader, TestSetUp& setUp) {
     for (std::int32_t number = 1; number <= setUp.subRanges; ++number) {
         const String section = Numbered(L"Workbench.Channel", number);
         setUp.channels.push_back(
             {reader.Text(section, L"Name").value_or(Numbered(L"Channel ", number)),
              reader.Integers(section, L"Trigger"), reader.Integers(section, L"NoGo"),
-             reader.Integers(section, L"Go")});
+             reader.Integers(section, L"Go"), ReadWatch(reader, section)});
     }
 }
 
@@ -341,6 +361,7 @@ TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
     setUp.modul = ReadModul(reader, options);
     setUp.subRanges = ReadSubRanges(reader, options, setUp.modul);
     setUp.title = reader.Text(MainSection, L"Title").value_or(String());
+    setUp.testKind = reader.Integer(MainSection, L"TestKind", 0, MostSubranges);
     ReadSweeps(reader, options, setUp);
     RequireBounded(setUp);
     if (setUp.modul == aceMonitoring) {

@@ -21,12 +21,22 @@ struct SetUpOptions {
     std::optional<std::int32_t> matrixTemplate{};
 };
 
-/// When a monitoring channel changes: numbers of the frequencies of the test, from 1.
+/// What a monitoring channel goes by when a device of the bench watches it.
+struct ChannelWatch {
+    String device;                       ///< a monitoring device
+    std::int32_t channel = 1;            ///< of that device
+    std::optional<double> triggerAbove;  ///< a reading above it triggers
+    std::optional<double> noGoAbove;     ///< a reading above it is no-go, any other is go
+};
+
+/// When a monitoring channel changes: at numbers of the frequencies of the test, from 1, and by the
+/// readings of a device.
 struct ChannelEvents {
     String name;
     std::vector<std::int32_t> trigger;
     std::vector<std::int32_t> noGo;
     std::vector<std::int32_t> go;
+    std::optional<ChannelWatch> watch{};
 };
 
 /// A step of a wireless test.
@@ -82,6 +92,8 @@ struct TestSetUp {
     std::vector<Placeholder> placeholders;  ///< of wireless tests and the matrix, in their order
     std::vector<WirelessTest> tests;
     Matrix matrix;
+    /// Kind of the host's test, as generators and monitoring devices ask for it; none for no test.
+    std::optional<std::int32_t> testKind;
     std::vector<String> notes;  ///< what the user should know before the test, one line each
 };
 

@@ -1,7 +1,6 @@
 #include "workbench/session/sweep.h"
 
 #include <cmath>
-#include <optional>
 
 #include <ace/core/text.h>
 #include <ace/host/run_time_error.h>
@@ -21,7 +20,15 @@ struct Unit {
 };
 constexpr Unit Units[] = {{L"GHz", 1e9}, {L"MHz", 1e6}, {L"kHz", 1e3}, {L"Hz", 1.0}};
 
+[[noreturn]] void Refuse(StringView text, StringView why) {
+    throw RunTimeError(Errors::InvalidProcedureCall,
+                       L"\"" + String(text) + L"\" is no sweep: " + String(why));
+}
+
+}  // namespace
+
 std::optional<double> ReadFrequency(StringView text) {
+    text = Trimmed(text);
     for (const Unit& unit : Units) {
         const std::size_t size = unit.name.size();
         if (text.size() > size && EqualNoCase(text.substr(text.size() - size), unit.name)) {
@@ -31,13 +38,6 @@ std::optional<double> ReadFrequency(StringView text) {
     }
     return WholeNumber(text);
 }
-
-[[noreturn]] void Refuse(StringView text, StringView why) {
-    throw RunTimeError(Errors::InvalidProcedureCall,
-                       L"\"" + String(text) + L"\" is no sweep: " + String(why));
-}
-
-}  // namespace
 
 String WhyNoSweep(const Sweep& sweep) {
     if (!(sweep.startHz > 0.0) || !std::isfinite(sweep.startHz)) {

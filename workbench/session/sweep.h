@@ -1,6 +1,7 @@
 /// The frequencies of a sweep, and how people write them.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include <ace/host/basic_types.h>
@@ -33,6 +34,10 @@ std::vector<double> Frequencies(const Sweep& sweep);
 /// for hertz; "%" may be missing. Anything else, and a sweep that can't be run, is error 5, whose
 /// description says why. The dwell is 0.
 Sweep ParseSweep(StringView text);
+
+/// The hertz of "80MHz", "81.608 MHz" or "80000000"; units as above, blanks around it allowed.
+/// Nothing for anything else.
+std::optional<double> ReadFrequency(StringView text);
 
 /// "80 MHz", "81.608 MHz": the largest unit that leaves a number of at least 1, to the hertz.
 String FrequencyText(double hertz);

@@ -23,7 +23,7 @@ struct TransportChoice {
 /// program confirms its work at once; a simulated clock also gives the times of the log, from the
 /// time at which the host was made. The host's events, which real transports let run while they
 /// take their time, are the user's wish to end the test.
-class TransportHost final : public SessionHost {
+class TransportHost : public SessionHost {
   public:
     TransportHost(Clock clock, TransportChoice choice);
 

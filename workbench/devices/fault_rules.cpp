@@ -1,0 +1,225 @@
+#include "workbench/devices/fault_rules.h"
+
+#include <algorithm>
+
+#include <ace/core/text.h>
+
+#include "workbench/session/outcome.h"
+#include "workbench/session/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+constexpr StringView Form =
+    L"a failure is written like \"GPIB 0:13 fails at the 40th write\", \"device NAME fails at "
+    L"every "
+    L"reading\" or \"program PATTERN fails from the 2nd start on\"";
+
+/// The words of what can fail, the acts in which it can, by the words of a script.
+struct SubjectRow {
+    FaultSubject subject;
+    StringView word;
+};
+constexpr SubjectRow Subjects[] = {
+    {FaultSubject::Device, L"device "},
+    {FaultSubject::Program, L"program "},
+    {FaultSubject::Macro, L"macro "},
+};
+
+struct ActRow {
+    StringView word;
+    FaultAct act;
+    std::initializer_list<FaultSubject> subjects;
+};
+const std::vector<ActRow>& Acts() {
+    using enum FaultSubject;
+    static const std::initializer_list<FaultSubject> buses = {Gpib, Serial, Tcp};
+    static const std::vector<ActRow> rows = {
+        {L"opening", FaultAct::Opening, buses},          {L"write", FaultAct::Write, buses},
+        {L"activation", FaultAct::Activation, {Device}}, {L"state", FaultAct::State, {Device}},
+        {L"setting", FaultAct::Setting, {Device}},       {L"reading", FaultAct::Reading, {Device}},
+        {L"switching", FaultAct::Switching, {Device}},   {L"call", FaultAct::Call, {Device}},
+        {L"start", FaultAct::Start, {Program}},          {L"run", FaultAct::Run, {Macro}},
+    };
+    return rows;
+}
+
+/// One line of a script while it is read.
+class LineReader {
+  public:
+    LineReader(const String& path, std::size_t line, StringView text)
+        : x_path(path), x_line(line), x_rest(Trimmed(text)) {}
+
+    FaultRule Read() {
+        FaultRule rule;
+        rule.line = x_line;
+        rule.text = x_rest;
+        ReadError(rule);
+        const std::size_t fails = x_rest.find(L" fails ");
+        if (fails == StringView::npos) {
+            Refuse(Form);
+        }
+        ReadSubject(rule, Trimmed(x_rest.substr(0, fails)));
+        ReadWhen(rule, Trimmed(x_rest.substr(fails + StringView(L" fails ").size())));
+        return rule;
+    }
+
+  private:
+    [[noreturn]] void Refuse(StringView why) const {
+        RefuseFile(x_path + L":" + std::to_wstring(x_line) + L": " + String(why));
+    }
+
+    /// ", error 8202" at the end.
+    void ReadError(FaultRule& rule) {
+        static constexpr StringView Word = L", error ";
+        const std::size_t at = x_rest.rfind(Word);
+        if (at == StringView::npos) {
+            return;
+        }
+        const auto number = WholeInteger(x_rest.substr(at + Word.size()));
+        if (!number || *number == 0) {
+            Refuse(L"behind \"error\" stands the number of a run-time error, not 0");
+        }
+        rule.error = *number;
+        x_rest = Trimmed(x_rest.substr(0, at));
+    }
+
+    void ReadSubject(FaultRule& rule, StringView text) const {
+        for (const SubjectRow& row : Subjects) {
+            if (EqualNoCase(text.substr(0, row.word.size()), row.word)) {
+                rule.subject = row.subject;
+                rule.name = Trimmed(text.substr(row.word.size()));
+                return;
+            }
+        }
+        const auto address = ReadAddress(text);
+        if (!address) {
+            Refuse(
+                L"what fails is GPIB 0:13, COM3, TCP host:port, device NAME, program PATTERN or "
+                L"macro PATTERN");
+        }
+        static constexpr FaultSubject ByBus[] = {FaultSubject::Gpib, FaultSubject::Serial,
+                                                 FaultSubject::Tcp};
+        rule.subject = ByBus[static_cast<std::size_t>(address->bus)];
+        rule.name = AddressText(*address);
+    }
+
+    /// "at the 40th write", "at every write", "from the 3rd write on".
+    void ReadWhen(FaultRule& rule, StringView text) const {
+        static constexpr StringView Every = L"at every ";
+        static constexpr StringView At = L"at the ";
+        static constexpr StringView From = L"from the ";
+        static constexpr StringView On = L" on";
+        if (text.starts_with(Every)) {
+            rule.isForGood = true;
+            ReadAct(rule, text.substr(Every.size()));
+        } else if (text.starts_with(At)) {
+            ReadNumberedAct(rule, text.substr(At.size()));
+        } else if (text.starts_with(From) && text.ends_with(On)) {
+            rule.isForGood = true;
+            text.remove_suffix(On.size());
+            ReadNumberedAct(rule, text.substr(From.size()));
+        } else {
+            Refuse(Form);
+        }
+    }
+
+    /// "40th write".
+    void ReadNumberedAct(FaultRule& rule, StringView text) const {
+        static constexpr StringView Endings[] = {L"st", L"nd", L"rd", L"th"};
+        const std::size_t blank = text.find(L' ');
+        StringView ordinal = text.substr(0, blank);
+        for (const StringView ending : Endings) {
+            if (ordinal.ends_with(ending)) {
+                ordinal.remove_suffix(ending.size());
+                break;
+            }
+        }
+        const auto number = WholeInteger(ordinal);
+        if (blank == StringView::npos || !number || *number < 1) {
+            Refuse(Form);
+        }
+        rule.first = static_cast<std::size_t>(*number);
+        ReadAct(rule, text.substr(blank + 1));
+    }
+
+    void ReadAct(FaultRule& rule, StringView word) const {
+        String known;
+        for (const ActRow& row : Acts()) {
+            if (std::ranges::find(row.subjects, rule.subject) == row.subjects.end()) {
+                continue;
+            }
+            if (EqualNoCase(Trimmed(word), row.word)) {
+                rule.act = row.act;
+                return;
+            }
+            known += (known.empty() ? L"" : L", ") + String(row.word);
+        }
+        Refuse(L"\"" + String(Trimmed(word)) + L"\" is nothing that can fail here: " + known);
+    }
+
+    const String& x_path;
+    std::size_t x_line;
+    StringView x_rest;
+};
+
+/// A device's name and an address are meant as they stand; command lines have wildcards.
+bool FitsName(const FaultRule& rule, StringView name) {
+    const bool isPattern =
+        rule.subject == FaultSubject::Program || rule.subject == FaultSubject::Macro;
+    return isPattern ? FitsPattern(name, rule.name) : EqualNoCase(name, rule.name);
+}
+
+}  // namespace
+
+FaultRules::FaultRules(StringView script, const String& path) {
+    std::size_t line = 0;
+    for (std::size_t begin = 0; begin < script.size();) {
+        const std::size_t end = std::min(script.find(L'\n', begin), script.size());
+        const StringView text = Trimmed(script.substr(begin, end - begin));
+        const StringView content =
+            text.ends_with(L'\r') ? Trimmed(text.substr(0, text.size() - 1)) : text;
+        ++line;
+        if (!content.empty() && content.front() != L'#') {
+            x_rules.push_back({LineReader(path, line, content).Read()});
+        }
+        begin = end + 1;
+    }
+}
+
+void FaultRules::Count(FaultSubject subject, StringView name, FaultAct act) {
+    Counted* failing = nullptr;
+    for (Counted& counted : x_rules) {
+        const FaultRule& rule = counted.rule;
+        if (rule.subject != subject || !FitsName(rule, name) ||
+            (rule.act != act && rule.act != FaultAct::Call)) {
+            continue;
+        }
+        ++counted.seen;
+        const bool fails = rule.isForGood ? counted.seen >= rule.first : counted.seen == rule.first;
+        if (fails && failing == nullptr) {
+            failing = &counted;
+        }
+    }
+    if (failing == nullptr) {
+        return;
+    }
+    failing->wasUsed = true;
+    if (onFault) {
+        onFault(failing->rule);
+    }
+    throw RunTimeError(failing->rule.error, L"on purpose: " + failing->rule.text, L"workbench");
+}
+
+std::vector<String> FaultRules::Unused() const {
+    std::vector<String> lines;
+    for (const Counted& counted : x_rules) {
+        if (!counted.wasUsed) {
+            lines.push_back(counted.rule.text);
+        }
+    }
+    return lines;
+}
+
+}  // namespace ace::workbench
