@@ -210,6 +210,13 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     const Outcome outcome = session.Run();
     report.PrintSummary(outcome, session.Counts(), answers, trace ? trace->Failure() : String());
     PrintTransports(report, *host);
+    const Summary& counts = session.Counts();
+    if (!arguments.devices &&
+        counts.failuresIgnored + counts.failuresIgnoredForGood + counts.failuresStopped > 0) {
+        report.PrintPair(L"Note",
+                         L"the bench has no devices, so actions on devices fail: say with "
+                         L"--devices which ones it has");
+    }
     return outcome;
 }
 

@@ -29,10 +29,12 @@ struct Entry {
     const SettingsDocument* document;
     const String* path;
     String section;
+    std::size_t number;  ///< of the line in the file, from 1
     KeyLine line;
 
     [[noreturn]] void Refuse(const String& why) const {
-        RefuseFile(PlaceText(*document, *path, section, line.key) + L": " + why);
+        RefuseFile(*path + L":" + std::to_wstring(number) + L": [" + section + L"] " + line.key +
+                   L": " + why);
     }
 };
 
@@ -40,7 +42,9 @@ struct Entry {
 std::vector<Entry> EntriesOf(const SettingsDocument& document, const String& path,
                              StringView section) {
     std::vector<Entry> entries;
+    std::size_t number = document.HeaderLine(section).value_or(0);
     for (const String& text : document.GetSection(section)) {
+        ++number;
         const StringView line = Trimmed(text);
         if (line.empty() || line.front() == L';' || line.front() == L'#') {
             continue;
@@ -50,6 +54,7 @@ std::vector<Entry> EntriesOf(const SettingsDocument& document, const String& pat
         Entry entry{&document,
                     &path,
                     String(section),
+                    number,
                     {String(Trimmed(line.substr(0, std::min(equals, line.size())))),
                      isPair ? String(Trimmed(line.substr(equals + 1))) : String()}};
         if (!isPair) {

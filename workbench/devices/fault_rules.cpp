@@ -30,11 +30,11 @@ constexpr SubjectRow Subjects[] = {
 struct ActRow {
     StringView word;
     FaultAct act;
-    std::initializer_list<FaultSubject> subjects;
+    std::vector<FaultSubject> subjects;
 };
 const std::vector<ActRow>& Acts() {
     using enum FaultSubject;
-    static const std::initializer_list<FaultSubject> buses = {Gpib, Serial, Tcp};
+    static const std::vector<FaultSubject> buses = {Gpib, Serial, Tcp};
     static const std::vector<ActRow> rows = {
         {L"opening", FaultAct::Opening, buses},          {L"write", FaultAct::Write, buses},
         {L"activation", FaultAct::Activation, {Device}}, {L"state", FaultAct::State, {Device}},
