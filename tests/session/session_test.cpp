@@ -100,7 +100,7 @@ TEST_F(SessionTest, ASequenceAndAnAzimuthChartRunTheirLists) {
                             "new frequency 2 Hz: wait 0.003 s", "end of test: wait 0.002 s"));
 }
 
-TEST_F(SessionTest, RequestsAreAskedForAfterEachFrequencyAndAtTheEnd) {
+TEST_F(SessionTest, RequestsAreAskedForAfterEachMoment) {
     std::vector<std::string> procedures;
     RunText(SingleTest("WAIT:1"), {}, [&](SessionHost& host, Session&) {
         struct Kept final : DefaultTraceLog {
@@ -116,7 +116,9 @@ TEST_F(SessionTest, RequestsAreAskedForAfterEachFrequencyAndAtTheEnd) {
         };
         host.traceFile = std::make_shared<Kept>(procedures);
     });
-    EXPECT_THAT(procedures, ElementsAre("NewFrequency", "GetCheckEutAction", "NewFrequency",
+    // start and entering, which have no lines of their own, two frequencies, leaving and end
+    EXPECT_THAT(procedures, ElementsAre("GetCheckEutAction", "GetCheckEutAction", "NewFrequency",
+                                        "GetCheckEutAction", "NewFrequency", "GetCheckEutAction",
                                         "GetCheckEutAction", "GetCheckEutAction"));
 }
 
@@ -163,12 +165,13 @@ TEST_F(SessionTest, ARequestToStopStopsTheTest) {
                     "new frequency 1 Hz: the test is stopped", "end of test: wait 0.002 s"));
 }
 
-TEST_F(SessionTest, CommentAndParkingRequestsAreToldAndTheTestGoesOn) {
+TEST_F(SessionTest, CommentIsStoredParkingIsToldAndTheTestGoesOn) {
     EXPECT_EQ(RunText(SingleTest("WAIT:1"), {},
                       RequestAt(5, acEutStoreComment | acEutParkAccessories, L"EUT restarted")),
               Outcome::Finished);
-    EXPECT_THAT(kept.lines, Contains("new frequency 2 Hz: the check asks to store a comment: "
-                                     "\"EUT restarted\""));
+    EXPECT_THAT(kept.lines, Contains("new frequency 2 Hz: comment stored: \"EUT restarted\""));
+    EXPECT_THAT(summary.comments, ElementsAre(L"2 Hz: EUT restarted"));
+    EXPECT_EQ(summary.parkings, 1U);
     EXPECT_THAT(kept.lines, Contains("new frequency 2 Hz: request to park the accessories"));
 }
 
@@ -246,18 +249,6 @@ TEST_F(SessionTest, AnErrorAtTheEndCountsAboveAStop) {
                       "NumOfLeaveActions=1\n"),
               Outcome::Failed);
     EXPECT_EQ(summary.moments, 2U);
-}
-
-TEST_F(SessionTest, AnActionThatIsNotBuiltYetIsAnErrorThatNamesIt) {
-    EXPECT_EQ(RunText("[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\n" + Enter("PROTREC:") +
-                      Leave("WAIT:2")),
-              Outcome::Failed);
-    ASSERT_EQ(kept.lines.size(), 4U);
-    EXPECT_THAT(kept.lines[0], ::testing::StartsWith("start of test: error report: error 4099, "));
-    EXPECT_EQ(kept.lines[1],
-              "start of test: ERROR 4099: the protect receivers action is not built yet");
-    EXPECT_EQ(kept.lines[2], "start of test: the test is stopped");
-    EXPECT_EQ(kept.lines[3], "end of test: wait 0.002 s");
 }
 
 TEST_F(SessionTest, CodeFiveOfAChannelStopsTheTestAndOthersAreTold) {
