@@ -4,7 +4,8 @@ namespace ace::bench {
 
 std::vector<Case> AllCases() {
     std::vector<Case> all = WalkCases();
-    for (const auto& more : {SectionCases(), DocumentCases(), StoreCases(), MatrixCases()}) {
+    for (const auto& more :
+         {MixCases(), SectionCases(), DocumentCases(), StoreCases(), MatrixCases()}) {
         all.insert(all.end(), more.begin(), more.end());
     }
     return all;

@@ -34,6 +34,7 @@ struct Case {
 std::vector<Case> AllCases();
 
 std::vector<Case> WalkCases();
+std::vector<Case> MixCases();
 std::vector<Case> SectionCases();
 std::vector<Case> DocumentCases();
 std::vector<Case> StoreCases();

@@ -5,6 +5,8 @@
 
 #include <ace/core/actions_engine.h>
 
+#include "bench/bench_devices.h"
+#include "bench/mix.h"
 #include "bench/quiet_host.h"
 #include "support/allocation_counter.h"
 
@@ -38,6 +40,24 @@ double PerAction(const p_Action& action) {
     return static_cast<double>(allocations) / Elements;
 }
 
+/// The same at a frequency, on a host with devices, after three frequencies.
+double PerActionAtAFrequency(const p_Action& action) {
+    ThreadContext context(bench::HostWithDevices());
+    aceActionsEngine engine(context);
+    p_Subrange& test = engine.State().MainTest;
+    test.FreqCount = Elements;
+    test.Freq.Redim(0, Elements - 1);
+    for (p_Action& element : test.Freq) {
+        element = action;
+    }
+    engine.StartTest();
+    for (const double frequency : {1.0, 2.0, 3.0}) {
+        engine.NewFrequency(frequency, false);
+    }
+    const std::size_t allocations = test::AllocationsOf([&] { engine.NewFrequency(4.0, false); });
+    return static_cast<double>(allocations) / Elements;
+}
+
 void Print(const char* name, const p_Action& action) {
     std::printf("%g\t%s\n", PerAction(action), name);
 }
@@ -59,5 +79,13 @@ int main() {
     Print("a notification: the message and two events", ActionOf(atNotify, notify));
     Print("a question: the message", ActionOf(atQuestion, notify));
     Print("a command over GPIB: the command and the status line", ActionOf(atRemote, remote));
+    constexpr const char* Mixed[] = {
+        "at a frequency: a command over GPIB",  "at a frequency: a generator that follows",
+        "at a frequency: a device that is set", "at a frequency: a macro with its parameters",
+        "at a frequency: a switched path",      "at a frequency: a wait"};
+    std::int32_t kind = 0;
+    for (const char* name : Mixed) {
+        std::printf("%g\t%s\n", PerActionAtAFrequency(bench::MixedAction(kind++)), name);
+    }
     return 0;
 }

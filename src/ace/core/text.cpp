@@ -2,6 +2,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 #include <ace/core/text.h>
 #include <ace/host/rounding.h>
@@ -113,21 +114,38 @@ struct Decimal {
     bool negative = false;
 };
 
-Decimal DecimalOf(double value, int significant) {
-    char buffer[64];
-    const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value),
-                                            std::chars_format::scientific, significant - 1);
-    const std::string text(buffer, end);
+/// The decimal that a number in the form 1.234e+05 stands for.
+Decimal ReadScientific(std::string_view text, bool negative) {
     const std::size_t exponentAt = text.find('e');
     Decimal decimal;
-    decimal.negative = value < 0.0;
+    decimal.negative = negative;
     decimal.digits = text.substr(0, exponentAt);
     std::erase(decimal.digits, '.');
-    decimal.point = std::atoi(text.c_str() + exponentAt + 1) + 1;
+    int exponent = 0;
+    const std::size_t sign = text[exponentAt + 1] == '+' ? 2 : 1;  // from_chars takes no plus
+    std::from_chars(text.data() + exponentAt + sign, text.data() + text.size(), exponent);
+    decimal.point = exponent + 1;
     while (!decimal.digits.empty() && decimal.digits.back() == '0') {
         decimal.digits.pop_back();
     }
     return decimal;
+}
+
+/// A double that can be told in 15 digits is told by the shortest text that reads back the same,
+/// which is several times faster to make than any other.
+Decimal DecimalOf(double value, int significant) {
+    char buffer[64];
+    char* const last = buffer + sizeof buffer;
+    const auto form = std::chars_format::scientific;
+    if (significant == std::numeric_limits<double>::digits10) {
+        const auto shortest = std::to_chars(buffer, last, std::fabs(value), form);
+        Decimal decimal = ReadScientific({buffer, shortest.ptr}, value < 0.0);
+        if (decimal.digits.size() <= static_cast<std::size_t>(significant)) {
+            return decimal;
+        }
+    }
+    const auto rounded = std::to_chars(buffer, last, std::fabs(value), form, significant - 1);
+    return ReadScientific({buffer, rounded.ptr}, value < 0.0);
 }
 
 /// Keeps `count` digits and rounds half away from zero.
@@ -167,8 +185,7 @@ wchar_t DigitAt(const Decimal& decimal, int place) {
     return stands ? static_cast<wchar_t>(decimal.digits[static_cast<std::size_t>(index)]) : L'0';
 }
 
-String PlainText(const Decimal& decimal, int decimals, wchar_t separator) {
-    String text;
+void AppendPlain(String& text, const Decimal& decimal, int decimals, wchar_t separator) {
     if (decimal.negative && !IsZero(decimal)) {
         text += L'-';
     }
@@ -181,16 +198,15 @@ String PlainText(const Decimal& decimal, int decimals, wchar_t separator) {
             text += DigitAt(decimal, place);
         }
     }
-    return text;
 }
 
-String FixedText(double value, int significant, int decimals, wchar_t separator) {
+void AppendFixedText(String& text, double value, int significant, int decimals, wchar_t separator) {
     if (!std::isfinite(value)) {
         Raise(Errors::Overflow);
     }
     Decimal decimal = DecimalOf(value, significant);
     KeepDigits(decimal, decimal.point + decimals);
-    return PlainText(decimal, decimals, separator);
+    AppendPlain(text, decimal, decimals, separator);
 }
 
 String ExponentText(const Decimal& decimal, wchar_t separator) {
@@ -223,7 +239,9 @@ String GeneralText(double value, int significant, wchar_t separator) {
         return ExponentText(decimal, separator);
     }
     const int behind = std::max(0, static_cast<int>(decimal.digits.size()) - decimal.point);
-    return PlainText(decimal, behind, separator);
+    String text;
+    AppendPlain(text, decimal, behind, separator);
+    return text;
 }
 
 constexpr int DoubleDigits = 15;
@@ -284,11 +302,31 @@ bool ReadBooleanText(StringView text) {
 }
 
 String FormatFixed(double value, int decimals, wchar_t separator) {
-    return FixedText(value, DoubleDigits, decimals, separator);
+    String text;
+    AppendFixed(text, value, decimals, separator);
+    return text;
 }
 
 String FormatFixed(float value, int decimals, wchar_t separator) {
-    return FixedText(static_cast<double>(value), SingleDigits, decimals, separator);
+    String text;
+    AppendFixedText(text, static_cast<double>(value), SingleDigits, decimals, separator);
+    return text;
+}
+
+void AppendFixed(String& text, double value, int decimals, wchar_t separator) {
+    AppendFixedText(text, value, DoubleDigits, decimals, separator);
+}
+
+void AppendInteger(String& text, std::int32_t number) {
+    char digits[16];
+    const std::to_chars_result end = std::to_chars(std::begin(digits), std::end(digits), number);
+    text.append(std::begin(digits), end.ptr);
+}
+
+String IntegerText(std::int32_t number) {
+    String text;
+    AppendInteger(text, number);
+    return text;
 }
 
 String WithPoint(String number) {

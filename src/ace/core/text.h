@@ -30,6 +30,11 @@ bool ReadBooleanText(StringView text);
 String FormatFixed(double value, int decimals, wchar_t separator);
 /// The same on 7 significant digits.
 String FormatFixed(float value, int decimals, wchar_t separator);
+/// Appends what `FormatFixed` gives.
+void AppendFixed(String& text, double value, int decimals, wchar_t separator);
+/// Appends a whole number in plain decimal.
+void AppendInteger(String& text, std::int32_t number);
+String IntegerText(std::int32_t number);
 /// Every "," of a formatted number becomes ".", so that it shows a point under every locale.
 String WithPoint(String number);
 /// The general format: integers plain, a double with up to 15 and a single with up to 7 significant

@@ -22,6 +22,12 @@ struct WorkingRecords {
     aceSetDevice SetDevice;
 };
 
+/// Texts whose memory is free for the next one, see `BorrowedText`.
+struct SpareTexts {
+    std::array<String, 8> texts;
+    std::size_t count = 0;  ///< of those that are there, from index 0
+};
+
 /// The shared state of one thread. Sharing is deliberate: a new engine object resets parts of it,
 /// and the working records of one object's action are those of the next action of any object.
 /// A context outlives every engine object that was made with it.
@@ -79,6 +85,7 @@ class ThreadContext {
     /// host's, which sets it, keeps it alive and takes it away. None for nobody.
     ILineObserver* LineObserver = nullptr;
     std::shared_ptr<IApiMacro> RunningMacro;  ///< the macro in progress, kept when idle
+    ace::SpareTexts SpareTexts;
 
   private:
     template <class Interface>

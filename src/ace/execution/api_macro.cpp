@@ -1,3 +1,4 @@
+#include <ace/core/borrowed_text.h>
 #include <ace/core/text.h>
 #include <ace/execution/api_macro.h>
 #include <ace/execution/device_failure.h>
@@ -18,8 +19,9 @@ void FillParameters(ThreadContext& context, aceAPI& record) {
         String& parameter = record.Parameters[i];
         ReplaceVariables(context, record.vks, parameter);
         if (parameter.find(L"#FREQ#") != String::npos) {
-            const wchar_t separator = context.Platform().DecimalSeparator();
-            ReplaceAll(parameter, L"#FREQ#", FormatFixed(record.Freq, 1, separator));
+            BorrowedText frequency(context);
+            AppendFixed(*frequency, record.Freq, 1, context.Platform().DecimalSeparator());
+            ReplaceAll(parameter, L"#FREQ#", *frequency);
         }
     }
 }
@@ -30,13 +32,17 @@ bool LoadMacro(ThreadContext& context, IApiMacro& macro, aceAPI& record) {
         return macro.Load(record.Program, {}, {}, unread);
     }
     FillParameters(context, record);
-    return macro.Load(record.Program, record.Parameters, {}, unread);
+    Value parameters(std::move(record.Parameters));  // lent, not copied
+    const bool loaded = macro.Load(record.Program, parameters, {}, unread);
+    record.Parameters = std::get<DynArray<String>>(std::move(parameters));
+    return loaded;
 }
 
 /// True when the macro was started.
 bool StartMacro(ThreadContext& context, IApiMacro& macro, const aceAPI& record) {
-    Required(context.StatusDisplay)
-        ->ShowStatus(L"Execute API Macro: " + record.Program, false, false);
+    BorrowedText status(context);
+    status->append(L"Execute API Macro: ").append(record.Program);
+    Required(context.StatusDisplay)->ShowStatus(*status, false, false);
     String unreadText;
     String errorText;
     Value unread;

@@ -1,3 +1,4 @@
+#include <ace/core/borrowed_text.h>
 #include <ace/core/text.h>
 #include <ace/execution/device_actions.h>
 #include <ace/execution/device_failure.h>
@@ -29,8 +30,8 @@ constexpr std::int32_t ApplySettings = 1;
 struct Run {
     ThreadContext& context;
     aceSetDevice& record;
+    String& section;  ///< of the device's settings
     std::shared_ptr<ISettingsFile> settings = nullptr;
-    String section = {};
     Boolean result = {};
 };
 
@@ -70,17 +71,17 @@ DeviceKind FindRecordsDevice(const Run& run, bool isSet) {
     }
     const std::shared_ptr<IDevice> device = Required(record.Device);
     if (run.context.DeviceList().ClassName(device->DeviceClass()) == BroadcastClass) {
-        record.BcGen = std::dynamic_pointer_cast<IBcGenerator>(device);
+        TakeKind(record.BcGen, device);
         return record.BcGen ? DeviceKind::Broadcast : DeviceKind::NotFound;
     }
-    record.MoniDev = std::dynamic_pointer_cast<IMonitorDevice>(device);
+    TakeKind(record.MoniDev, device);
     return record.MoniDev ? DeviceKind::Monitor : DeviceKind::NotFound;
 }
 
 // ---- setting -----------------------------------------------------------------------------------
 
 void LoadDeviceSettings(const Run& run) {
-    Required(run.record.Device)->LoadSettings(run.settings, run.section + L"-Device");
+    Required(run.record.Device)->LoadSettings(run.settings, run.section);
 }
 
 void UseMonitor(const Run& run, std::int32_t mode) {
@@ -222,7 +223,9 @@ bool SetOrCheck(Run& run, Boolean isSet, std::int32_t modul) {
         WriteStartLine(context, SetCheckLines, {});
     }
     run.settings = OpenModuleSettings(context, static_cast<aceModul>(modul));
-    run.section = L"Actions" + std::to_wstring(run.record.ChanNo);
+    run.section = L"Actions";
+    AppendInteger(run.section, run.record.ChanNo);
+    run.section += L"-Device";
     const DeviceKind kind = FindRecordsDevice(run, isSet);
     if (kind == DeviceKind::NotFound) {
         return false;
@@ -241,7 +244,8 @@ bool SetOrCheck(Run& run, Boolean isSet, std::int32_t modul) {
 
 Boolean modActions::SetCheckDevice(ThreadContext& context, aceSetDevice& record, Boolean isSet,
                                    Boolean& ignoreAll, std::int32_t modul) {
-    Run run{context, record};
+    BorrowedText section(context);
+    Run run{context, record, *section};
     DeviceFailure failure;
     try {
         if (SetOrCheck(run, isSet, modul)) {

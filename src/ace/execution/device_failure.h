@@ -31,6 +31,18 @@ std::shared_ptr<Kind> FindDevice(ThreadContext& context, const String& name) {
     return std::dynamic_pointer_cast<Kind>(context.DeviceList().GetDevice(name));
 }
 
+/// Sets `object` to `device` in the interface of its kind; none when it is of another kind. The
+/// cast, which costs more than most actions, is spared when it is that object already.
+template <class Kind>
+void TakeKind(std::shared_ptr<Kind>& object, const std::shared_ptr<IDevice>& device) {
+    const bool isSame =
+        object && device &&
+        dynamic_cast<const void*>(object.get()) == dynamic_cast<const void*>(device.get());
+    if (!isSame) {
+        object = std::dynamic_pointer_cast<Kind>(device);
+    }
+}
+
 /// The host runs a test that has no use for devices that follow the frequency.
 bool TestFollowsNoFrequency(ThreadContext& context);
 

@@ -1,4 +1,5 @@
 #include <ace/core/operation.h>
+#include <ace/core/text.h>
 #include <ace/execution/api_macro.h>
 #include <ace/execution/device_actions.h>
 #include <ace/execution/dispatcher.h>
@@ -95,7 +96,7 @@ Boolean RunSwitchAmp(const Run& run) {
     run.WriteBack(record);
     run.stmt([&] {
         modActions::PostEvent(run.context, modActions::AmplifierEvent,
-                              std::to_wstring(record.AmpState));
+                              IntegerText(record.AmpState));
     });
     run.stmt([&] { run.context.Platform().Yield(); });
     return result;

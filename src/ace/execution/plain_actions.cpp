@@ -1,4 +1,5 @@
 #include <ace/core/actions_engine.h>
+#include <ace/core/borrowed_text.h>
 #include <ace/core/text.h>
 #include <ace/execution/plain_actions.h>
 #include <ace/execution/replace_variables.h>
@@ -40,13 +41,15 @@ void modActions::Wait(ThreadContext& context, const aceWait& record) {
     ResumeNext quiet;
     quiet([&] {
         const wchar_t separator = context.Platform().DecimalSeparator();
-        const String time = WithPoint(FormatFixed(record.Time / 1000.0, 3, separator));
-        const String status = context.ActionStatusTexts[WaitLabel] + L" " + time + L" s";
-        Required(context.StatusDisplay)->ShowStatus(status, true, true);
+        BorrowedText text(context);
+        text->append(context.ActionStatusTexts[WaitLabel]).append(L" ");
+        AppendFixed(*text, record.Time / 1000.0, 3, separator == L',' ? L'.' : separator);
+        text->append(L" s");
+        Required(context.StatusDisplay)->ShowStatus(*text, true, true);
         std::int32_t style = InformationStyle;
+        text->append(L"\r\n").append(context.Language().Text(WaitHint));
         context.SystemServices().ShowTimedMessage(
-            status + L"\r\n" + context.Language().Text(WaitHint), style,
-            context.ActionStatusTexts[WaitLabel], RoundToLong(record.Time));
+            *text, style, context.ActionStatusTexts[WaitLabel], RoundToLong(record.Time));
         Required(context.StatusDisplay)->ShowStatus({}, false, false);
     });
 }

@@ -1,3 +1,5 @@
+#include <ace/core/borrowed_text.h>
+#include <ace/core/text.h>
 #include <ace/execution/device_failure.h>
 #include <ace/execution/remote_commands.h>
 #include <ace/execution/replace_variables.h>
@@ -26,9 +28,10 @@ StringView TerminatorOf(std::int32_t code) {
     return known ? Terminators[code] : StringView();
 }
 
-void ShowStatus(ThreadContext& context, std::size_t label, const String& text) {
-    Required(context.StatusDisplay)
-        ->ShowStatus(context.ActionStatusTexts[label] + text, false, false);
+void ShowStatus(ThreadContext& context, std::size_t label, StringView detail) {
+    BorrowedText text(context);
+    text->append(context.ActionStatusTexts[label]).append(detail);
+    Required(context.StatusDisplay)->ShowStatus(*text, false, false);
 }
 
 /// The handle stays in the record: opened at the first use, kept between uses, also after a
@@ -46,7 +49,11 @@ void SendGpib(ThreadContext& context, aceRemote& record, const String& text) {
             RaiseDeviceFailed(context);
         }
     }
-    ShowStatus(context, GpibLabel, std::to_wstring(board) + L":" + std::to_wstring(address));
+    BorrowedText place(context);
+    AppendInteger(*place, board);
+    place->push_back(L':');
+    AppendInteger(*place, address);
+    ShowStatus(context, GpibLabel, *place);
     context.GpibDriver().WriteString(NarrowToShort(record.DrvHdl), text);
 }
 
@@ -71,7 +78,7 @@ void SendSerial(ThreadContext& context, const aceRemote& record, const String& t
             RaiseDeviceFailed(context);
         }
     }
-    ShowStatus(context, SerialLabel, std::to_wstring(record.SerComPort));
+    ShowStatus(context, SerialLabel, IntegerText(record.SerComPort));
     port.Output(text);
     port.PortOpen(false);
 }
@@ -98,18 +105,19 @@ void SendTcp(ThreadContext& context, const aceRemote& record, const String& text
 
 /// The transports by interface number; any other number sends nothing.
 void Send(ThreadContext& context, aceRemote& record) {
-    String text = record.Command;
-    ReplaceVariables(context, record.vks, text);
-    text += TerminatorOf(record.Terminator);
+    BorrowedText text(context);
+    text->assign(record.Command);
+    ReplaceVariables(context, record.vks, *text);
+    text->append(TerminatorOf(record.Terminator));
     switch (record.Iface) {
         case 0:
-            SendGpib(context, record, text);
+            SendGpib(context, record, *text);
             break;
         case 1:
-            SendSerial(context, record, text);
+            SendSerial(context, record, *text);
             break;
         case 2:
-            SendTcp(context, record, text);
+            SendTcp(context, record, *text);
             break;
         default:
             break;

@@ -39,7 +39,7 @@ Boolean Switch(ThreadContext& context, p_ActionTypes actionType, aceSetDevice& r
         }
         if (record.Device) {
             RequireActive(context, *Required(record.Device));
-            record.*object = std::dynamic_pointer_cast<Kind>(record.Device);
+            TakeKind(record.*object, record.Device);
             if (const std::shared_ptr<Kind> device = record.*object) {
                 act(*device);
             }
