@@ -222,42 +222,5 @@ TEST_F(DispatcherTest, AnswerFiveRunsTheFailedStatementAgain) {
     EXPECT_EQ(TakeEffects(), Journal(MismatchReported, MismatchReported, MismatchReported));
 }
 
-// ---- what is not there yet ---------------------------------------------------------------------
-
-aceTrackFreq Track(const String& generator, const String& monitor) {
-    aceTrackFreq record;
-    record.GenName = generator;
-    record.MoniName = monitor;
-    return record;
-}
-
-TEST_F(DispatcherTest, KindThatIsNotBuiltYetSaysSoWithItsName) {
-    const struct {
-        p_Action action;
-        String description;
-    } rows[] = {
-        {Action(atSetDevice, aceSetDevice{}),
-         L"the set, check or monitor device action is not built yet"},
-        {Action(atCheckEut, aceSetDevice{}),
-         L"the set, check or monitor device action is not built yet"},
-        {Action(atMonitorEUT, aceSetDevice{}),
-         L"the set, check or monitor device action is not built yet"},
-        {Action(atTrackFreq, Track(L"Gen", L"")),
-         L"the synchronise generator action is not built yet"},
-        {Action(atTrackFreq, Track(L"", L"Moni")),
-         L"the track monitoring device action is not built yet"},
-        {Action(atTrackFreq, Track(L"Gen", L"Moni")),
-         L"the synchronise generator action is not built yet"},
-        {Action(atProtRec), L"the protect receivers action is not built yet"},
-        {Action(atSwitchAmp, aceSetDevice{}), L"the switch amplifier action is not built yet"},
-        {Action(atSwitchUnit, aceSetDevice{}), L"the switch unit action is not built yet"},
-    };
-    for (const auto& row : rows) {
-        const RunTimeError error = FailureOf(row.action);
-        EXPECT_EQ(error.Number(), 4099);
-        EXPECT_EQ(error.Description(), row.description);
-    }
-}
-
 }  // namespace
 }  // namespace ace::test
