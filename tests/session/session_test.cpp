@@ -251,6 +251,15 @@ TEST_F(SessionTest, AnErrorAtTheEndCountsAboveAStop) {
     EXPECT_EQ(summary.moments, 2U);
 }
 
+TEST_F(SessionTest, AProtectionOfReceiversOnABenchWithoutAnyGoesThrough) {
+    EXPECT_EQ(RunText("[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\n" + Enter("PROTREC:") +
+                      Leave("WAIT:2")),
+              Outcome::Finished);
+    EXPECT_EQ(kept.lines.back(), "end of test: wait 0.002 s");
+    EXPECT_EQ(summary.errors, 0U);
+    EXPECT_EQ(summary.errorReports, 0U);
+}
+
 TEST_F(SessionTest, CodeFiveOfAChannelStopsTheTestAndOthersAreTold) {
     const std::string head = "[Workbench]\nModule=1\nSubRanges=1\n" + OneTwoHertz +
                              "[Workbench.Channel1]\nNoGo=1\n[ActionsOnChannel1]\n";
