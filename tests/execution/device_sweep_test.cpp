@@ -227,8 +227,8 @@ struct Done {
 };
 
 /// Everything that a run needs, with the calls of its making forgotten.
-struct Stage {
-    explicit Stage(const Row& row) {
+struct Scene {
+    explicit Scene(const Row& row) {
         rig.MakeEngine();
         row.prepare(*rig.host);
         form->answers = {false};
@@ -250,8 +250,8 @@ bool ReachesBox(const Row& row, std::size_t k) {
 
 /// Runs the row's action; call `k` of the routine fails once, from 1, 0 for none.
 Done RunOnce(const Row& row, std::size_t k, const Answer* answer, bool isSilenced = false) {
-    Stage stage(row);
-    sim::SimHost& host = *stage.rig.host;
+    Scene scene(row);
+    sim::SimHost& host = *scene.rig.host;
     if (k > 0) {
         host.faults.FailCall(row.before + k, SweepError);
     }
@@ -263,7 +263,7 @@ Done RunOnce(const Row& row, std::size_t k, const Answer* answer, bool isSilence
     }
     Done done{{}, row.action, {}, {}, 0};
     done.action.IgnoreErr = isSilenced;
-    done.stops = modActions::DoAction(stage.rig.context, done.action, aceTemplate);
+    done.stops = modActions::DoAction(scene.rig.context, done.action, aceTemplate);
     for (const sim::JournalEntry& entry : host.journal.Entries()) {
         done.calls.push_back(entry.operation);
     }
@@ -271,7 +271,7 @@ Done RunOnce(const Row& row, std::size_t k, const Answer* answer, bool isSilence
                      done.calls.begin() + static_cast<std::ptrdiff_t>(row.before));
     done.calls.pop_back();  // the dispatcher's end
     done.complaints = host.user.TakeComplaints();
-    done.request = stage.rig.context.EutCheckRequest;
+    done.request = scene.rig.context.EutCheckRequest;
     return done;
 }
 
@@ -372,17 +372,17 @@ TEST_P(DeviceSweep, AHostThatFailsFromACallOnEndsTheActionWithTheError) {
     const Row& row = GetParam();
     for (std::size_t k = 1; k <= row.calls.size(); ++k) {
         SCOPED_TRACE(std::to_string(k) + " " + ::testing::PrintToString(row.calls[k - 1]));
-        Stage stage(row);
+        Scene scene(row);
         if (ReachesBox(row, k)) {
-            stage.rig.host->user.ExpectQuestion(true);
+            scene.rig.host->user.ExpectQuestion(true);
         }
-        stage.rig.host->faults.FailCall(row.before + k, SweepError,
+        scene.rig.host->faults.FailCall(row.before + k, SweepError,
                                         sim::FaultScript::Until::ForEver);
         p_Action action = row.action;
-        EXPECT_EQ(ErrorOf([&] { modActions::DoAction(stage.rig.context, action, aceTemplate); }),
+        EXPECT_EQ(ErrorOf([&] { modActions::DoAction(scene.rig.context, action, aceTemplate); }),
                   SweepError);
         EXPECT_EQ(action, row.action);
-        EXPECT_THAT(stage.rig.host->user.TakeComplaints(), ::testing::IsEmpty());
+        EXPECT_THAT(scene.rig.host->user.TakeComplaints(), ::testing::IsEmpty());
     }
 }
 

@@ -200,6 +200,21 @@ TEST_P(ReentryPlaces, AnObjectThatIsDroppedEndsItsTestInOrder) {
     EXPECT_EQ(host->journal.LinesOf(L"FormHost.ShowModal").size(), 1U);
 }
 
+/// What was in use lives on to the end of its call; later look-ups find nothing.
+TEST_P(ReentryPlaces, TheLastObjectAndTheWholeBenchCanGoFromInside) {
+    At([&] {
+        engine.reset();
+        host->bench.devices.clear();
+        host->bench.tables.clear();
+        eut.reset();
+        other.reset();
+    });
+    EXPECT_EQ(ErrorOf([&] { engine->StartTest(); }), 0);
+    EXPECT_TRUE(context.TestRunning);
+    host->user.TakeComplaints();  // failures that nobody expected, if there were any
+    comments->answers.clear();
+}
+
 /// The working record is the one thing that the inner test changes; the memory stays sound.
 TEST_P(ReentryPlaces, TheSameTestFromInsideLeavesBothInOrder) {
     comments->answers = {false, false};
@@ -217,8 +232,11 @@ TEST_P(ReentryPlaces, AnErrorOutOfTheHostsOwnCodeIsAFailureOfTheDevice) {
     At([] { throw RunTimeError(77, L"host"); });
     Answer(L"cmdIgnore");
     const std::int32_t error = ErrorOf([&] { engine->StartTest(); });
-    // Out of the form itself there is no form left to show it.
-    EXPECT_EQ(error, String(GetParam().operation) == L"FormHost.ShowModal" ? 77 : 0);
+    // Out of the form itself there is no form left to show it; otherwise it is shown, and behind it
+    // the device that is gone.
+    const bool inForm = String(GetParam().operation) == L"FormHost.ShowModal";
+    EXPECT_EQ(error, inForm ? 77 : 0);
+    EXPECT_EQ(host->journal.LinesOf(L"FormHost.ShowModal").size(), inForm ? 1U : 2U);
     host->user.TakeComplaints();
     comments->answers.clear();
 }
