@@ -316,10 +316,23 @@ TEST_P(PlainModuleTest, SetThatIsHeldIsErrorTenAndStaysAsItIs) {
     EXPECT_EQ(ErrorOf([&] { engine->AddSubrange(1); }), 10);
     EXPECT_EQ(ErrorOf([&] { engine->DeleteSubrange(1); }), 10);
     EXPECT_EQ(ErrorOf([&] { engine->MoveSubrange(1, 2); }), 10);
-    EXPECT_EQ(ErrorOf([&] { engine->SwapSubrange(1, 2); }), 10);
 
     EXPECT_EQ(Texts(), (Lines{L"AAAA", L"BBBB", L"CCCC"}));
     EXPECT_EQ(Count(), 3);
+}
+
+TEST_P(PlainModuleTest, ExchangeIsRefusedForTheEntryThatRunsAndDoneForOthers) {
+    Have(L"ABC", 3);
+    DynArray<p_Subrange>& sets = State().*List().lists;
+    const DynArray<p_Subrange>::Hold hold(sets);
+    const DynArray<p_Action>::Hold running(sets[0].Leave);
+
+    EXPECT_EQ(ErrorOf([&] { engine->SwapSubrange(1, 2); }), 10);
+    EXPECT_EQ(ErrorOf([&] { engine->SwapSubrange(3, 1); }), 10);
+    EXPECT_EQ(Texts(), (Lines{L"AAAA", L"BBBB", L"CCCC"}));
+
+    engine->SwapSubrange(2, 3);
+    EXPECT_EQ(Texts(), (Lines{L"AAAA", L"CCCC", L"BBBB"}));
 }
 
 // ---- modules without a numbered list -----------------------------------------------------------
@@ -330,7 +343,6 @@ class ListlessModuleTest : public SubrangeTest, public ::testing::WithParamInter
         State().Modul = static_cast<aceModul>(GetParam());
         State().VKSSteps = Letters(L"AB");
         State().VKSStepCount = 2;
-        State().InternalSubrangeOp = true;
         OpenEditor();
         host->tracing = true;
     }

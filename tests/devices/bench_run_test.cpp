@@ -197,6 +197,19 @@ TEST_F(BenchRunTest, ExampleOfARadiatedTestRunsWholeAndFindsTheFailure) {
     EXPECT_THAT(LinesWith("Errors"), ElementsAre("Errors     none"));
 }
 
+TEST_F(BenchRunTest, ExampleOfAMatrixRunsOnItsBenchForEachOfItsTemplates) {
+    for (const char* number : {"0", "2", "3"}) {
+        RunArguments arguments;
+        arguments.file = ACE_EXAMPLES "/wireless_dut.ini";
+        arguments.devices = ACE_EXAMPLES "/wireless_devices.ini";
+        arguments.matrixTemplate = number;
+        EXPECT_EQ(Run(arguments), Outcome::Finished) << number;
+        EXPECT_THAT(LinesWith("failure \""), IsEmpty()) << number;
+        // 4 frequencies, 2 bandwidths and 2 powers, each with the lists before, of and after a row
+        EXPECT_THAT(LinesWith("Moments"), ElementsAre("Moments    50 calls of the engine")) << number;
+    }
+}
+
 TEST_F(BenchRunTest, ExampleOfFailuresFitsTheExample) {
     RunArguments arguments;
     arguments.file = ACE_EXAMPLES "/ri_template.ini";

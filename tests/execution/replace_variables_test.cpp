@@ -1,3 +1,4 @@
+#include <ace/core/operation.h>
 #include <ace/execution/replace_variables.h>
 
 #include "support/engine_fixture.h"
@@ -85,18 +86,45 @@ TEST_F(ReplaceVariablesTest, PairsBehindTheCountAreNotUsed) {
     EXPECT_EQ(text, L"x #B#");
 }
 
-TEST_F(ReplaceVariablesTest, FewerPairsThanTheCountSaysAreErrorNineAndTheTextStands) {
-    aceVKSVar searchShort = Variables({{L"#A#", String(L"x")}, {L"#B#", String(L"y")}});
-    searchShort.strSearch.RedimPreserve(0);
-    aceVKSVar valuesShort = Variables({{L"#A#", String(L"x")}, {L"#B#", String(L"y")}});
-    valuesShort.valReplace.RedimPreserve(0);
+/// The first of two pairs is whole, the second lacks its placeholder or its value.
+std::vector<aceVKSVar> WithAHalfPair() {
+    const aceVKSVar whole = Variables({{L"#A#", String(L"x")}, {L"#B#", String(L"y")}});
+    std::vector<aceVKSVar> all(2, whole);
+    all[0].strSearch.RedimPreserve(0);
+    all[1].valReplace.RedimPreserve(0);
+    return all;
+}
+
+TEST_F(ReplaceVariablesTest, FewerPairsThanTheCountSaysAreErrorNineBehindThePairsThatAreThere) {
+    for (const aceVKSVar& variables : WithAHalfPair()) {
+        String text = L"#A# #B#";
+        EXPECT_EQ(ErrorOf([&] { ReplaceVariables(context, variables, text); }), 9);
+        EXPECT_EQ(text, L"x #B#");
+    }
     aceVKSVar noArrays;
     noArrays.count = 1;
-    for (const aceVKSVar* variables : {&searchShort, &valuesShort, &noArrays}) {
-        String text = L"#A# #B#";
-        EXPECT_EQ(ErrorOf([&] { ReplaceVariables(context, *variables, text); }), 9);
-        EXPECT_EQ(text, L"#A# #B#");
-    }
+    String text = L"#A#";
+    EXPECT_EQ(ErrorOf([&] { ReplaceVariables(context, noArrays, text); }), 9);
+    EXPECT_EQ(text, L"#A#");
+}
+
+TEST_F(ReplaceVariablesTest, RoutineThatGoesOnPassesOverThePairThatFails) {
+    aceVKSVar variables =
+        Variables({{L"#A#", String(L"x")}, {L"#B#", DynArray<String>()}, {L"#C#", String(L"z")}});
+    String text = L"#A# #B# #C#";
+    ResumeNext next;
+    ReplaceVariables(context, next, variables, text);
+    EXPECT_EQ(text, L"x #B# z");
+    EXPECT_EQ(next.Number(), 13);
+}
+
+TEST_F(ReplaceVariablesTest, PairThatIsTriedAgainIsReplacedOnceAndThoseBeforeItAreNot) {
+    const aceVKSVar variables = Variables({{L"#A#", String(L"<#A#>")}, {L"#N#", 1.5}});
+    host->faults.FailOperation(L"Platform.DecimalSeparator", 1, 77);
+    host->reportAnswers = {ITraceLog::RetryStatement};
+    String text = L"#A# #N#";
+    ReplaceVariables(context, Statements(context), variables, text);
+    EXPECT_EQ(text, L"<#A#> 1.5");
 }
 
 }  // namespace

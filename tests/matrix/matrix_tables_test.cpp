@@ -25,6 +25,17 @@ TEST_F(MatrixTablesTest, KnownFrequencyIsOnlyRenamedAndTheRebuildChangesNothing)
     EXPECT_EQ(Rows(), (Lines{L"2400_-1_-1 A", L"5000_-1_-1 B"}));
 }
 
+TEST_F(MatrixTablesTest, KnownFrequencyRebuildsRowsThatAreNotInStepWithTheTables) {
+    AddFrequencies({2400});
+    engine->SetVKSDUTInfluence(1, 0, 0);
+    HaveRows({{-1, -1, -1}});
+    Mark(L"A");
+
+    engine->AddVKSDUTFreq(L"channel 1", 2400);
+
+    EXPECT_EQ(Rows(), (Lines{L"2400_-1_-1 ."}));
+}
+
 TEST_F(MatrixTablesTest, FrequenciesAreComparedExactly) {
     AddFrequencies({2.4e9});
     engine->AddVKSDUTFreq(L"near", 2.4e9 + 0.000001);

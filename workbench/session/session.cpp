@@ -142,7 +142,7 @@ void Session::OnInterrupt() {
 void Session::CallEngine(const Moment& moment) {
     _aceActionsEngine& engine = moment.ofSteps ? *x_steps : *x_engine;
     const MomentRow& row = RowOf(moment.call);
-    if (IsFrequency(moment)) {
+    if (moment.hertz > 0.0) {
         x_host->bench.frequency = moment.hertz;
     }
     ActOnAnswer(row, row.run(engine, moment));

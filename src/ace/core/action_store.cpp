@@ -205,6 +205,17 @@ void PutEntry(const SharedState& state, const Statements& stmt, const NumberedLi
     });
 }
 
+/// Error 10 when one of the entry's lists runs: it could not be replaced. Asked before anything is
+/// moved, so that an exchange is done as a whole or not at all.
+void RequireFreeEntry(const SharedState& state, const NumberedList& list, std::int32_t place) {
+    const p_Subrange& entry = ((*state).*list.lists)[CheckedDifference(place, 1)];
+    for (const ListFields& fields : ActionLists) {
+        if ((entry.*fields.actions).IsHeld()) {
+            Raise(Errors::ArrayInUse);
+        }
+    }
+}
+
 }  // namespace
 
 void RequireFree(const DynArray<p_Subrange>& lists) {
@@ -305,7 +316,8 @@ void aceActionsEngine::SwapSubrange(std::int32_t Source, std::int32_t Destinatio
         const NumberedList* list = HostList(state->Modul);
         state->InternalSubrangeOp = true;
         if (list != nullptr) {
-            stmt([&] { RequireFree((*state).*list->lists); });
+            stmt([&] { RequireFreeEntry(state, *list, Source); });
+            stmt([&] { RequireFreeEntry(state, *list, Destination); });
             const WholeEntry entry = TakeEntry(state, stmt, *list, Source);
             PutEntry(state, stmt, *list, Source, TakeEntry(state, stmt, *list, Destination));
             PutEntry(state, stmt, *list, Destination, entry);

@@ -24,7 +24,7 @@ Boolean ShowMessage(ThreadContext& context, const Statements& stmt, aceNotify& r
     if (!context.CommentForm) {
         stmt([&] { context.CommentForm = MakeCommentForm(context); });
     }
-    stmt([&] { ReplaceVariables(context, record.vks, record.Message); });
+    ReplaceVariables(context, stmt, record.vks, record.Message);
     return stmt([&] {
         const std::shared_ptr<ICommentForm> form = Required(context.CommentForm);
         return form->DisplayMessage(record.Message, question);

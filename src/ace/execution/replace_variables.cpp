@@ -3,22 +3,16 @@
 
 namespace ace {
 
-void ReplaceVariables(ThreadContext& context, const aceVKSVar& variables, String& text) {
-    if (variables.count <= 0) {
+void ReplaceVariable(ThreadContext& context, const aceVKSVar& variables, std::int32_t index,
+                     String& text) {
+    const Value& value = variables.valReplace[index];
+    if (const String* replacement = std::get_if<String>(&value)) {
+        ReplaceAll(text, variables.strSearch[index], *replacement);
         return;
     }
-    String replaced = text;
-    for (std::int32_t i = 0; i < variables.count; ++i) {
-        const Value& value = variables.valReplace[i];
-        if (const String* replacement = std::get_if<String>(&value)) {
-            ReplaceAll(replaced, variables.strSearch[i], *replacement);
-        } else {
-            const wchar_t separator = context.Platform().DecimalSeparator();
-            ReplaceAll(replaced, variables.strSearch[i],
-                       WithPoint(FormatGeneral(value, separator)));
-        }
-    }
-    text.swap(replaced);
+    const wchar_t separator = context.Platform().DecimalSeparator();
+    const String number = WithPoint(FormatGeneral(value, separator));
+    ReplaceAll(text, variables.strSearch[index], number);
 }
 
 }  // namespace ace

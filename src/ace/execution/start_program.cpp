@@ -82,7 +82,7 @@ Boolean modActions::StartRemoteProgram(ThreadContext& context, aceRemote& record
                                        Boolean& ignoreAll) {
     ResumeNext next;
     String commandLine = record.Program;
-    next([&] { ReplaceVariables(context, record.vks, commandLine); });
+    ReplaceVariables(context, next, record.vks, commandLine);
     if (record.WaitPrgSync) {
         next([&] { context.SystemServices().WriteMacroSync(SyncGroup, SyncKey, L"STARTED"); });
     }
