@@ -335,51 +335,6 @@ TEST_P(PlainModuleTest, ExchangeIsRefusedForTheEntryThatRunsAndDoneForOthers) {
     EXPECT_EQ(Texts(), (Lines{L"AAAA", L"CCCC", L"BBBB"}));
 }
 
-// ---- modules without a numbered list -----------------------------------------------------------
-
-class ListlessModuleTest : public SubrangeTest, public ::testing::WithParamInterface<std::int32_t> {
-  protected:
-    ListlessModuleTest() {
-        State().Modul = static_cast<aceModul>(GetParam());
-        State().VKSSteps = Letters(L"AB");
-        State().VKSStepCount = 2;
-        OpenEditor();
-        host->tracing = true;
-    }
-};
-
-INSTANTIATE_TEST_SUITE_P(Modules, ListlessModuleTest,
-                         ::testing::Values(aceEMSAutoTemplateGeneral, aceAziChart, aceVKSDUT,
-                                           ModulCount, -1),
-                         [](const auto& row) { return "Modul" + std::to_string(row.param + 1); });
-
-TEST_P(ListlessModuleTest, AllFourChangeNothingAndTellTheEditorNothing) {
-    engine->AddSubrange(1);
-    engine->DeleteSubrange(0);
-    engine->MoveSubrange(7, 0);
-    engine->SwapSubrange(-1, 9);
-
-    EXPECT_EQ(TextsOf(State().VKSSteps), (Lines{L"AAAA", L"BBBB"}));
-    EXPECT_EQ(State().VKSStepCount, 2);
-    for (const String& line : TakeEffects()) {
-        EXPECT_EQ(line.find(L"TraceLog.WriteLine"), 0U);
-    }
-}
-
-TEST_P(ListlessModuleTest, AllFourWriteTheirLinesWithoutThoseOfTheEntries) {
-    engine->MoveSubrange(2, 1);
-    engine->SwapSubrange(1, 2);
-
-    EXPECT_EQ(TakeEffects(),
-              Journal(Start(EngineModule, L"MoveSubrange", L"Source = 2, Destination = 1"),
-                      Start(EngineModule, L"DeleteSubrange", L"Index = 2"), End(L"DeleteSubrange"),
-                      Start(EngineModule, L"AddSubrange", L"Index = 1"), End(L"AddSubrange"),
-                      End(L"MoveSubrange"),
-                      Start(EngineModule, L"SwapSubrange", L"Source = 1, Destination = 2"),
-                      End(L"SwapSubrange")));
-    EXPECT_FALSE(State().InternalSubrangeOp);
-}
-
 // ---- the selection -----------------------------------------------------------------------------
 
 TEST_F(SubrangeTest, EditorSelectSubrangeCountsFromOneAndTheEditorFromZero) {

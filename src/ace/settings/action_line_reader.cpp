@@ -102,8 +102,8 @@ std::optional<std::size_t> FindEntryKey(StringView key) {
     return std::nullopt;
 }
 
-/// The index that the number in an entry key stands for; error 9 when no list can have it, 6 when it
-/// is no number of a double any more.
+/// The index that the number in an entry key stands for; error 9 when no list can have it, 6 when
+/// it is no number of a double any more.
 std::int32_t EntryIndex(StringView number) {
     const double entry = ReadNumber(number);
     try {
