@@ -75,7 +75,9 @@ void Call(ThreadContext& context, aceSetDevice& record, bool isSwitch) {
     }
     if (isSwitch) {
         static_cast<void>(record.Device->State());
-        record.SwitchDev = std::dynamic_pointer_cast<ISwitchUnit>(record.Device);
+        if (!record.SwitchDev) {
+            record.SwitchDev = std::dynamic_pointer_cast<ISwitchUnit>(record.Device);
+        }
         record.SwitchDev->SwitchPath(record.Path);
         return;
     }
@@ -85,7 +87,9 @@ void Call(ThreadContext& context, aceSetDevice& record, bool isSwitch) {
     const String section = L"Actions" + std::to_wstring(record.ChanNo);
     static_cast<void>(record.Device->State());
     static_cast<void>(context.DeviceList().ClassName(record.Device->DeviceClass()));
-    record.MoniDev = std::dynamic_pointer_cast<IMonitorDevice>(record.Device);
+    if (!record.MoniDev) {
+        record.MoniDev = std::dynamic_pointer_cast<IMonitorDevice>(record.Device);
+    }
     std::int32_t mode = IMonitorDevice::UseToSet;
     record.MoniDev->SetUseMode(mode);
     record.Device->LoadSettings(settings, section + L"-Device");
@@ -128,7 +132,7 @@ void Call(ThreadContext& context, const aceWait& record) {
     context.StatusDisplay->ShowStatus({}, false, false);
 }
 
-/// The texts of a macro are filled in, so that it must not go back.
+/// A wait finds out nothing, and the texts of a macro are filled in, so that they do not go back.
 template <class Record>
 void Out(ThreadContext& context, const p_Action& action) {
     Record record = RecordOf<Record>(action);
@@ -164,7 +168,7 @@ void RunElement(ThreadContext& context, p_Action& action, double frequency) {
             Out<aceAPI>(context, action);
             break;
         default:
-            OutAndBack<aceWait>(context, action);
+            Out<aceWait>(context, action);
             break;
     }
     static_cast<void>(context.TraceLog().IsEnabled());

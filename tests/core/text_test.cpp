@@ -153,6 +153,24 @@ TEST(FormatFixed, ShowsExactlyTheDecimalsAndAtLeastOneDigitBefore) {
     }
 }
 
+/// The digits by which a double reads back are up to 17; those that are shown are 15.
+TEST(FormatGeneral, NumberThatNeedsMoreThanFifteenDigitsIsRoundedToThem) {
+    EXPECT_EQ(FormatGeneral(0.1 + 0.2, L'.'), L"0.3");                // 0.30000000000000004
+    EXPECT_EQ(FormatGeneral(1.0 / 3.0, L'.'), L"0.333333333333333");  // 0.3333333333333333
+    EXPECT_EQ(FormatGeneral(1.7976931348623157e308, L'.'), L"1.79769313486232E+308");
+    EXPECT_EQ(FormatGeneral(123456789012345.0, L'.'), L"123456789012345");
+    EXPECT_EQ(FormatGeneral(4.94065645841246544e-324, L'.'), L"4.94065645841247E-324");
+}
+
+TEST(FormatFixed, AppendsToWhatIsThere) {
+    String text = L"Wait ";
+    AppendFixed(text, 1.5, 3, L'.');
+    text += L' ';
+    AppendInteger(text, -2147483647 - 1);
+    EXPECT_EQ(text, L"Wait 1.500 -2147483648");
+    EXPECT_EQ(IntegerText(0), L"0");
+}
+
 TEST(FormatFixed, ASingleIsRoundedOnItsOwnSevenDigits) {
     EXPECT_EQ(FormatFixed(10.0F, 2, L'.'), L"10.00");
     EXPECT_EQ(FormatFixed(0.1F, 2, L','), L"0,10");

@@ -74,6 +74,32 @@ TEST_F(BenchRunTest, FailedReadRepeatsTheFrequenciesOfTheSubrange) {
                             "the accessories"));
 }
 
+TEST_F(BenchRunTest, FailedReadAtTheFirstFrequencyMeasuresItOnceMore) {
+    EXPECT_EQ(Run(Checked("0,1,0,0,0.00,0,0.00,0"), Failing("80MHz, 1 s, 12345")),
+              Outcome::Finished);
+    EXPECT_THAT(LinesWith("is read"), ::testing::SizeIs(4));
+    EXPECT_THAT(LinesWith("80 MHz          EUT: channel"), ::testing::SizeIs(2));
+}
+
+/// Two sweeps of two frequencies; the check fails to read at the second one of the second sweep,
+/// and the channel follows the same device.
+const std::string MonitoredTwice =
+    "[Workbench]\nModule=1\nSubRanges=1\n[Workbench.Subrange1]\nStartHz=100000000\n"
+    "StopHz=101000000\nStepPercent=1\nDwellMs=1000\n[Workbench.Subrange2]\n"
+    "StartHz=200000000\nStopHz=202000000\nStepPercent=1\nDwellMs=1000\n"
+    "[Workbench.Channel1]\nDevice=EUT\nNoGoAbove=0.5\n"
+    "[ActionsOnEutMon]\nNumOfFreqActions=1\n"
+    "FrequAction1=CHECKEUT:EUT,1,0,0,0,0,0.00,0,0.00,0\n";
+
+TEST_F(BenchRunTest, FailedReadInMonitoringRepeatsTheSweepAlone) {
+    EXPECT_EQ(Run(MonitoredTwice, Failing("202MHz, 1 s, 12345")), Outcome::Finished);
+    EXPECT_THAT(LinesWith("100 MHz         EUT: channel"), ::testing::SizeIs(1));
+    EXPECT_THAT(LinesWith("200 MHz         EUT: channel"), ::testing::SizeIs(2));
+    EXPECT_THAT(LinesWith("202 MHz         EUT: channel"), ::testing::SizeIs(2));
+    EXPECT_THAT(LinesWith("channel 1 "), ::testing::Each(Not(HasSubstr("go"))));
+    EXPECT_THAT(LinesWith("Checks"), ElementsAre(HasSubstr("1 repetition")));
+}
+
 TEST_F(BenchRunTest, FailedCheckCanParkTheAccessories) {
     EXPECT_EQ(Run(Checked("0,0,0,0,0.00,0,0.00,1"), Failing("80MHz, 1 s, 1")), Outcome::Finished);
     EXPECT_THAT(LinesWith("park"), ElementsAre("request to park the accessories",
@@ -206,7 +232,8 @@ TEST_F(BenchRunTest, ExampleOfAMatrixRunsOnItsBenchForEachOfItsTemplates) {
         EXPECT_EQ(Run(arguments), Outcome::Finished) << number;
         EXPECT_THAT(LinesWith("failure \""), IsEmpty()) << number;
         // 4 frequencies, 2 bandwidths and 2 powers, each with the lists before, of and after a row
-        EXPECT_THAT(LinesWith("Moments"), ElementsAre("Moments    50 calls of the engine")) << number;
+        EXPECT_THAT(LinesWith("Moments"), ElementsAre("Moments    50 calls of the engine"))
+            << number;
     }
 }
 

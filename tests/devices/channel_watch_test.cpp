@@ -48,6 +48,15 @@ TEST_F(ChannelWatchTest, LimitThatIsNotGivenIsNeverPassed) {
     EXPECT_THAT(Changes(channels), ElementsAre(L"channel 1 no-go"));
 }
 
+TEST_F(ChannelWatchTest, FailedReadLeavesTheChannelAsItIs) {
+    std::vector<WatchedChannel> channels = {{1, L"A", {L"EUT", 1, 1.0, 1.0}, false, false}};
+    monitor->readings[1] = {12345.0, 2.0, 12345.0, 0.0};
+    EXPECT_THAT(Changes(channels), IsEmpty());
+    EXPECT_THAT(Changes(channels), ElementsAre(L"channel 1 triggers", L"channel 1 no-go"));
+    EXPECT_THAT(Changes(channels), IsEmpty());
+    EXPECT_THAT(Changes(channels), ElementsAre(L"channel 1 go"));
+}
+
 TEST_F(ChannelWatchTest, OnlyMonitoringDevicesCanWatch) {
     host->bench.Add<sim::SimAmplifier>(*host, L"Amp");
     EXPECT_TRUE(IsMonitor(host->bench, L"EUT"));

@@ -38,13 +38,14 @@ TEST_F(DeviceFileTest, EachLineOfDevicesIsADeviceOfItsClass) {
 TEST_F(DeviceFileTest, SectionOfADeviceSaysMoreAboutIt) {
     Read(
         "[Devices]\nEUT=Monitoring\nMatrix=SwitchUnits\nP=SignalPaths\n"
-        "[EUT]\nState=off\nFail1=1, 433MHz, 3 s, 1\nFail2=2, 1GHz, 1 s, 2\n"
+        "[EUT]\nState=off\nFail1=1, 433MHz, 3 s, 1\nFail2=2, 1GHz, 1 s, 2\nUses=set, Track\n"
         "[Matrix]\nPaths=A, B C\nState=dead\n[P]\nCorrection=1GHz:-2\n");
     const auto eut = Get<sim::SimMonitor>(L"EUT");
     EXPECT_EQ(eut->state, 0);
     EXPECT_EQ(eut->stateOnceActivated, 1);
     ASSERT_EQ(eut->failures.size(), 2U);
     EXPECT_EQ(eut->failures[1].channel, 2);
+    EXPECT_EQ(eut->capabilities, 2 | 8);
     const auto matrix = Get<sim::SimSwitchUnit>(L"Matrix");
     EXPECT_EQ(matrix->paths, (std::set<String>{L"A", L"B C"}));
     EXPECT_EQ(matrix->stateOnceActivated, 0);
@@ -89,6 +90,8 @@ const BadRow BadRows[] = {
     {"[Devices]\nM=Monitoring\n[M]\nFail1=often\n",
      "4: [M] Fail1: a failure is written like 102, 433MHz..435MHz, 3 s, 1 (channel, frequencies, "
      "how long, reading)"},
+    {"[Devices]\nM=Monitoring\n[M]\nUses=set, watch\n",
+     "4: [M] Uses: a monitoring device can be used to set, to check and to track"},
     {"[Devices]\nP=SignalPaths\n[P]\nCorrection=3\n",
      "4: [P] Correction: values over frequency are written like 80MHz:-1.5, 1GHz:-2"},
     {"[Devices]\nG=Generators\n[G]\nBind=USB\n",

@@ -83,6 +83,13 @@ TEST(FaultRules, RulesThatNothingCameToAreKnown) {
     EXPECT_THAT(rules.Unused(), IsEmpty());
 }
 
+TEST(FaultRules, TwoRulesThatHitTheSameCallAreBothUsedAndTheFirstOneCounts) {
+    FaultRules rules(L"COM1 fails at every write, error 7\nCOM1 fails at the 1st write, error 8\n",
+                     L"f.txt");
+    EXPECT_THAT(Calls(rules, 1, Serial, L"COM1", Write), ElementsAre(7));
+    EXPECT_THAT(rules.Unused(), IsEmpty());
+}
+
 TEST(FaultRules, EmptyScriptLetsNothingFail) {
     FaultRules rules(L"# nothing\n", L"f.txt");
     EXPECT_TRUE(rules.IsEmpty());

@@ -82,6 +82,13 @@ TEST_F(InstrumentLinkTest, SerialPortIsOpenedForEachCommandAndClosedAgain) {
                             L"SerialPort.Output(\"A\\r\")", L"SerialPort.PortOpen(false)"));
 }
 
+TEST_F(InstrumentLinkTest, SerialPortIsClosedAlsoAfterAFailedWrite) {
+    InstrumentLink link(*host, Address(L"COM3"), L"");
+    host->faults.FailOperation(L"SerialPort.Output", 1, 77);
+    EXPECT_EQ(ErrorOf([&] { link.Send(L"A"); }), 77);
+    EXPECT_EQ(TakeEffects().back(), L"SerialPort.PortOpen(false)");
+}
+
 TEST_F(InstrumentLinkTest, InstrumentThatDoesNotOpenIsADeviceFailure) {
     host->instruments.absentGpib = {13};
     host->instruments.refusedEndpoints = {L"gen:5025"};

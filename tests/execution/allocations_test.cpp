@@ -1,5 +1,6 @@
 #include <ace/core/actions_engine.h>
 #include <ace/execution/dispatcher.h>
+#include <ace/host/switch_unit.h>
 
 #include "support/allocation_counter.h"
 #include "support/fixture.h"
@@ -79,6 +80,34 @@ TEST_F(AllocationsTest, CopiesOfRecordsInAndOutReuseWhatTheyHave) {
 
     p_Action tracking = Action(atTrackFreq, IdleTracking());
     EXPECT_EQ(SteadyAllocationsOf([&] { modActions::DoAction(context, tracking, 0); }), 0U);
+}
+
+/// A switch unit that is on and takes every path.
+class QuietUnit final : public DefaultDevice, public DefaultSwitchUnit {
+  public:
+    std::int32_t State() override { return Active; }
+};
+
+TEST_F(AllocationsTest, DeviceThatWasFoundIsUsedAgainWithoutAnAllocation) {
+    aceSetDevice record;
+    record.DevName = Long(L"device");
+    record.Path = Long(L"path");
+    record.SigPathName = Long(L"signal path");
+    record.Device = std::make_shared<QuietUnit>();
+    p_Action action = Action(atSwitchUnit, record);
+    EXPECT_EQ(SteadyAllocationsOf([&] { modActions::DoAction(context, action, 0); }), 0U);
+    EXPECT_EQ(RecordOf<aceSetDevice>(action).Path, record.Path);
+}
+
+TEST_F(AllocationsTest, MacroGetsItsParametersWithoutAnAllocation) {
+    aceAPI record;
+    record.Program = Long(L"macro");
+    record.Parameters.Redim(1, 2);
+    record.Parameters[1] = Long(L"#FREQ#");
+    record.Parameters[2] = Long(L"value");
+    p_Action action = Action(atAPI, record);
+    EXPECT_EQ(SteadyAllocationsOf([&] { modActions::DoAction(context, action, 0); }), 0U);
+    EXPECT_EQ(RecordOf<aceAPI>(action).Parameters[1], record.Parameters[1]);
 }
 
 TEST_F(AllocationsTest, QuestionWithoutAMessageAllocatesNothing) {

@@ -94,6 +94,16 @@ TEST_F(RunApiMacro, AVariableCalledFreqWinsOverTheFrequency) {
     EXPECT_EQ(TakeCalls()[0], L"ApiMacro.Load(\"log.mac\", [\"2.5\"], nothing)");
 }
 
+TEST_F(RunApiMacro, FailureToLoadLeavesTheFilledTextsInTheRecord) {
+    SetParameters({L"at #FREQ#"});
+    record.Freq = 1.0;
+    host->faults.FailOperation(L"ApiMacro.Load", 1, 77);
+    EXPECT_FALSE(Run());
+    ASSERT_EQ(record.Parameters.UpperBound(), 1);
+    EXPECT_EQ(record.Parameters[1], L"at 1.0");
+    EXPECT_TRUE(Run());
+}
+
 TEST_F(RunApiMacro, AMacroThatDoesNotLoadFailsInSilence) {
     host->macros[L"log.mac"].loads = false;
     EXPECT_FALSE(Run());

@@ -1,5 +1,6 @@
 #include "workbench/session/session.h"
 
+#include <algorithm>
 #include <chrono>
 
 #include "session_fixture.h"
@@ -332,6 +333,26 @@ TEST_F(SessionTest, TheUserEndsARealWaitAndTheTestInGoodOrder) {
                 ElementsAre("start of test: wait 3600 s", "start of test: stopped by the user",
                             "start of test: the test is stopped", "end of test: wait 0.002 s"));
     EXPECT_EQ(summary.waitedMs, 2.0);  // the waits of the end take their time
+}
+
+TEST_F(SessionTest, TheUserEndsTheWaitForARecoveryOfTheEquipment) {
+    const std::string test = "[Workbench]\nModule=0\nSubRanges=1\n[ActionsOnTest]\n" +
+                             Enter("CHECKEUT:EUT,1,0,0,0,0,0.00,1,3600.00,0");
+    const auto before = std::chrono::steady_clock::now();
+    EXPECT_EQ(RunText(
+                  test, {},
+                  [](SessionHost& host, Session&) {
+                      host.bench.Add<sim::SimMonitor>(host, L"EUT")->failures = {
+                          {1, 0.0, 1e9, 1e12, 1.0, {}}};
+                      host.isInterrupted = [&host] { return host.counts.actions >= 1; };
+                  },
+                  Clock::Real),
+              Outcome::Stopped);
+    EXPECT_THAT(std::chrono::steady_clock::now() - before, Lt(std::chrono::minutes(10)));
+    // no reading follows the wait that was broken off
+    EXPECT_EQ(
+        std::count(kept.lines.begin(), kept.lines.end(), "start of test: EUT: channel 1 is read"),
+        1);
 }
 
 TEST_F(SessionTest, AnInterruptAtTheEndOfTheTestSkipsNoWait) {

@@ -103,6 +103,26 @@ void ReadFailure(const Entry& entry, sim::SimDevice& device) {
     dynamic_cast<sim::SimMonitor&>(device).failures.push_back(*failure);
 }
 
+/// "set, check": what a monitoring device can be used for; any other use fails.
+void ReadUses(const Entry& entry, sim::SimDevice& device) {
+    static constexpr struct {
+        StringView word;
+        std::int32_t bit;
+    } Uses[] = {{L"set", IMonitorDevice::UseToSet},
+                {L"check", IMonitorDevice::UseToCheck},
+                {L"track", IMonitorDevice::UseToTrack}};
+    std::int32_t bits = 0;
+    for (const StringView part : Parts(entry.line.value)) {
+        const auto* const use = std::ranges::find_if(
+            Uses, [&](const auto& row) { return EqualNoCase(row.word, part); });
+        if (use == std::end(Uses)) {
+            entry.Refuse(L"a monitoring device can be used to set, to check and to track");
+        }
+        bits |= use->bit;
+    }
+    dynamic_cast<sim::SimMonitor&>(device).capabilities = bits;
+}
+
 void ReadPaths(const Entry& entry, sim::SimDevice& device) {
     for (const StringView path : Parts(entry.line.value)) {
         dynamic_cast<sim::SimSwitchUnit&>(device).paths.insert(String(path));
@@ -131,6 +151,7 @@ struct DetailRow {
 constexpr DetailRow Details[] = {
     {L"State", std::nullopt, false, ReadState},
     {L"Fail", SimClass::Monitoring, true, ReadFailure},
+    {L"Uses", SimClass::Monitoring, false, ReadUses},
     {L"Paths", SimClass::SwitchUnits, false, ReadPaths},
     {L"Correction", SimClass::SignalPaths, false, ReadCorrection},
 };

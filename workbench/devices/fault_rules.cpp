@@ -198,6 +198,7 @@ void FaultRules::Count(FaultSubject subject, StringView name, FaultAct act) {
         }
         ++counted.seen;
         const bool fails = rule.isForGood ? counted.seen >= rule.first : counted.seen == rule.first;
+        counted.wasUsed = counted.wasUsed || fails;
         if (fails && failing == nullptr) {
             failing = &counted;
         }
@@ -205,7 +206,6 @@ void FaultRules::Count(FaultSubject subject, StringView name, FaultAct act) {
     if (failing == nullptr) {
         return;
     }
-    failing->wasUsed = true;
     if (onFault) {
         onFault(failing->rule);
     }

@@ -150,7 +150,12 @@ void InstrumentLink::SendSerial(const String& text) {
     if (!x_serial->PortOpen()) {
         RefuseToOpen();
     }
-    x_serial->Output(text);
+    try {
+        x_serial->Output(text);
+    } catch (...) {
+        x_serial->PortOpen(false);
+        throw;
+    }
     x_serial->PortOpen(false);
 }
 

@@ -47,6 +47,9 @@ std::vector<Moment> ChannelChanges(std::vector<WatchedChannel>& channels,
             continue;
         }
         const double reading = device->Reading(channel.watch.channel);
+        if (reading == IMonitorDevice::FailedRead) {
+            continue;  // says nothing about the equipment
+        }
         const bool isTriggered = IsAbove(reading, channel.watch.triggerAbove);
         const bool isNoGo = IsAbove(reading, channel.watch.noGoAbove);
         if (isTriggered && !channel.isTriggered) {

@@ -24,7 +24,8 @@ bool IsMonitor(const sim::SimBench& bench, const String& name);
 
 /// Reads each channel and tells what changed, in the order of the channels: a reading that rises
 /// above the limit of the trigger triggers once, until it has been at or below it again; one that
-/// rises above the limit of no-go enters no-go, and the first one that does not goes back to go.
+/// rises above the limit of no-go enters no-go, and the first one that does not goes back to go. A
+/// failed read leaves its channel as it is.
 std::vector<Moment> ChannelChanges(std::vector<WatchedChannel>& channels,
                                    const sim::SimBench& bench);
 

@@ -46,7 +46,7 @@ constexpr MomentRow Moments[] = {
      Numbered<&Engine::LeaveSubrange>},
     {MomentCall::NewFrequency, L"NewFrequency", L"new frequency", TrueStops,
      [](Engine& engine, const Moment& moment) -> std::int32_t {
-         return engine.NewFrequency(moment.hertz, false).Bits();
+         return engine.NewFrequency(moment.hertz, moment.isAgain).Bits();
      }},
     {MomentCall::BeforeTestLoop, L"BeforeTestLoop", L"before the test loop", TrueStops,
      Plain<&Engine::BeforeTestLoop>},

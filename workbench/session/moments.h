@@ -38,6 +38,7 @@ struct Moment {
     MomentCall call = MomentCall::StartTest;
     std::int32_t number = 0;      ///< of the subrange, sweep, step, test or channel, from 1
     double hertz = 0.0;           ///< of `NewFrequency` and of a matrix row
+    bool isAgain = false;         ///< of `NewFrequency`: measures although nothing has changed
     double dwellMs = 0.0;         ///< time on this frequency after its actions, milliseconds
     String name{};                ///< name of a channel, unique key of a wireless test
     String stepKey{};             ///< of a wireless step

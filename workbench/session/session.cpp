@@ -28,6 +28,13 @@ bool IsFrequency(const Moment& moment) {
     return moment.call == MomentCall::NewFrequency;
 }
 
+/// In monitoring: what a channel does, and the step behind a frequency.
+bool StandsBetweenFrequencies(const Moment& moment) {
+    using enum MomentCall;
+    return moment.call == Trigger || moment.call == EnterNoGo || moment.call == Go ||
+           moment.call == AfterStep;
+}
+
 }  // namespace
 
 Session::Session(std::shared_ptr<SessionHost> host, TestSetUp setUp, Answers& answers,
@@ -80,8 +87,8 @@ Outcome Session::Run() {
     ListenToHost();
     while (x_at < x_plan.size()) {
         x_next = x_at + 1;
-        const Moment moment = x_plan[x_at];  // channels that change add moments behind it
-        RunMoment(moment);
+        RunMoment(x_plan[x_at]);
+        WatchChannels();
         x_at = x_next;
     }
     Close();
@@ -103,6 +110,7 @@ void Session::ListenToHost() {
 }
 
 void Session::RunMoment(const Moment& moment) {
+    x_current = moment;
     x_place = WordsOf(moment);
     ++x_summary.moments;
     try {
@@ -155,7 +163,6 @@ void Session::CallEngine(const Moment& moment) {
     TakeRequests(engine);
     if (IsFrequency(moment)) {
         StayOnFrequency(moment);
-        WatchChannels();
     }
 }
 
@@ -191,7 +198,7 @@ void Session::TakeRequests(_aceActionsEngine& engine) {
     x_summary.parkings += (bits & acEutParkAccessories) != 0 ? 1 : 0;
     if ((bits & acEutStopTest) != 0) {
         Worsen(Outcome::Stopped);
-    } else if ((bits & acEutRepeatSubrangeMeas) != 0 && IsFrequency(x_plan[x_at])) {
+    } else if ((bits & acEutRepeatSubrangeMeas) != 0 && IsFrequency(x_current)) {
         RepeatFrequencies();
     }
 }
@@ -205,26 +212,45 @@ void Session::StoreComment(const Value& comment) {
     Tell(L"comment stored: " + QuotedLine(words));
 }
 
-/// What the devices read now is what the channels do next.
+/// What the devices read behind a frequency is what the channels do next. A measurement that is to
+/// be repeated says nothing about them.
 void Session::WatchChannels() {
-    if (x_outcome == Outcome::Finished) {
-        const std::vector<Moment> changes = ChannelChanges(x_channels, x_host->bench);
-        x_plan.insert(x_plan.begin() + static_cast<std::ptrdiff_t>(x_at) + 1, changes.begin(),
-                      changes.end());
+    if (!IsFrequency(x_plan[x_at]) || x_next != x_at + 1) {
+        return;
     }
+    for (const Moment& change : ChannelChanges(x_channels, x_host->bench)) {
+        if (x_outcome == Outcome::Finished) {
+            RunMoment(change);
+        }
+    }
+}
+
+/// The first frequency of the stretch, which is that of a subrange, a step or a sweep. In
+/// monitoring, channels and steps stand between the frequencies.
+std::size_t Session::BeginOfStretch() const {
+    std::size_t first = x_at;
+    for (std::size_t at = x_at; at-- > 0;) {
+        const Moment& earlier = x_plan[at];
+        if (IsFrequency(earlier) && earlier.number == x_plan[x_at].number) {
+            first = at;
+        } else if (IsFrequency(earlier) || !StandsBetweenFrequencies(earlier)) {
+            break;
+        }
+    }
+    return first;
 }
 
 /// Goes back to the first frequency of the stretch, once, so that a check that never succeeds does
 /// not keep the test for ever.
 void Session::RepeatFrequencies() {
-    std::size_t first = x_at;
-    while (first > 0 && IsFrequency(x_plan[first - 1]) &&
-           x_plan[first - 1].number == x_plan[first].number) {
-        --first;
-    }
+    const std::size_t first = BeginOfStretch();
     if (x_repeated.insert(first).second) {
         ++x_summary.repetitions;
-        x_frequenciesDone -= x_at - first;
+        const auto begin = x_plan.begin();
+        x_frequenciesDone -= static_cast<std::size_t>(
+            std::count_if(begin + static_cast<std::ptrdiff_t>(first),
+                          begin + static_cast<std::ptrdiff_t>(x_at), IsFrequency));
+        x_plan[first].isAgain = true;
         x_next = first;
     } else {
         Tell(L"it was repeated before, so the test goes on");
@@ -244,7 +270,7 @@ void Session::StayOnFrequency(const Moment& moment) {
 
 /// A line of the answers goes before the operator. Without either, only a question stops the test.
 Reply Session::Decide(const Dialog& dialog) {
-    const Moment& moment = x_plan[x_at];
+    const Moment& moment = x_current;
     const String shown = String(WordOf(dialog.kind)) + L" " + QuotedLine(dialog.message);
     std::optional<Reply> reply = x_answers.Take(
         {dialog.kind, dialog.message, WordsOf(moment), String(RowOf(moment.call).operation)});
@@ -311,7 +337,7 @@ void Session::Worsen(Outcome outcome) {
 }
 
 Place Session::CurrentPlace() const {
-    return {x_host->Now(), x_place, x_at < x_plan.size() ? x_plan[x_at].hertz : 0.0};
+    return {x_host->Now(), x_place, x_at < x_plan.size() ? x_current.hertz : 0.0};
 }
 
 void Session::Tell(const String& words) {

@@ -81,6 +81,7 @@ class Session {
     void TakeRequests(_aceActionsEngine& engine);
     void StoreComment(const Value& comment);
     void RepeatFrequencies();
+    std::size_t BeginOfStretch() const;
     void WatchChannels();
     void StayOnFrequency(const Moment& moment);
     Reply Decide(const Dialog& dialog);
@@ -105,6 +106,7 @@ class Session {
     std::unique_ptr<_aceActionsEngine> x_engine;
     std::unique_ptr<_aceActionsEngine> x_steps;  ///< the steps of a susceptibility test
     std::vector<WatchedChannel> x_channels;
+    Moment x_current;  ///< the moment that runs: of the plan, or of a channel that changed there
 
     std::size_t x_frequencies;  ///< of the whole plan
     std::size_t x_at = 0;       ///< the moment that runs

@@ -65,6 +65,25 @@ class FileTestingServices final : public sim::SimSystemServices {
     }
 };
 
+/// A wait of the engine ends with the user's interrupt, and so does what it is part of: an action
+/// that waits for the equipment would otherwise go on asking its clock.
+class InterruptibleWaits final : public sim::SimUtilities {
+  public:
+    explicit InterruptibleWaits(SessionHost& host) : SimUtilities(host), x_host(host) {}
+
+    std::int32_t Wait(float milliseconds) override {
+        const std::int32_t status = SimUtilities::Wait(milliseconds);
+        if (x_host.skipsWaits) {
+            constexpr std::int32_t BrokenOffByOperator = 8202;
+            throw RunTimeError(BrokenOffByOperator, L"the user has stopped the test", L"workbench");
+        }
+        return status;
+    }
+
+  private:
+    SessionHost& x_host;
+};
+
 /// A sound can be played when its file is there; the session itself stays silent. The user's
 /// interrupt arrives with the messages.
 class SessionPlatform final : public sim::SimPlatform {
@@ -173,6 +192,9 @@ std::shared_ptr<ITraceLog> SessionHost::MakeTraceLog() {
 }
 std::shared_ptr<ILanguage> SessionHost::MakeLanguage() {
     return std::make_shared<EnglishTexts>();
+}
+std::shared_ptr<IUtilities> SessionHost::MakeUtilities() {
+    return std::make_shared<InterruptibleWaits>(*this);
 }
 std::shared_ptr<ISystemServices> SessionHost::MakeSystemServices() {
     return std::make_shared<FileTestingServices>(*this);

@@ -70,6 +70,7 @@ class SessionHost : public sim::SimHost {
 
     std::shared_ptr<ITraceLog> MakeTraceLog() override;
     std::shared_ptr<ILanguage> MakeLanguage() override;
+    std::shared_ptr<IUtilities> MakeUtilities() override;
     std::shared_ptr<ISystemServices> MakeSystemServices() override;
     std::shared_ptr<IPlatform> MakePlatform() override;
     std::shared_ptr<IFormHost> MakeFormHost() override;

@@ -137,7 +137,7 @@ Decimal DecimalOf(double value, int significant) {
     char buffer[64];
     char* const last = buffer + sizeof buffer;
     const auto form = std::chars_format::scientific;
-    if (significant == std::numeric_limits<double>::digits10) {
+    if (significant == std::numeric_limits<double>::digits10 && std::isnormal(value)) {
         const auto shortest = std::to_chars(buffer, last, std::fabs(value), form);
         Decimal decimal = ReadScientific({buffer, shortest.ptr}, value < 0.0);
         if (decimal.digits.size() <= static_cast<std::size_t>(significant)) {

@@ -27,6 +27,7 @@ bool ReadBooleanText(StringView text);
 
 /// `value` with exactly `decimals` digits behind `separator` and at least one before it. Rounds
 /// half away from zero on the value's first 15 significant digits; what rounds to zero has no sign.
+/// Infinite values and those that are no number are error 6.
 String FormatFixed(double value, int decimals, wchar_t separator);
 /// The same on 7 significant digits.
 String FormatFixed(float value, int decimals, wchar_t separator);
@@ -34,6 +35,7 @@ String FormatFixed(float value, int decimals, wchar_t separator);
 void AppendFixed(String& text, double value, int decimals, wchar_t separator);
 /// Appends a whole number in plain decimal.
 void AppendInteger(String& text, std::int32_t number);
+/// A whole number in plain decimal.
 String IntegerText(std::int32_t number);
 /// Every "," of a formatted number becomes ".", so that it shows a point under every locale.
 String WithPoint(String number);

@@ -26,16 +26,29 @@ void FillParameters(ThreadContext& context, aceAPI& record) {
     }
 }
 
+/// The filled texts as the macro takes them: lent for the call and given back, not copied.
+struct LentParameters {
+    explicit LentParameters(aceAPI& record)
+        : value(std::move(record.Parameters)), x_record(record) {}
+    LentParameters(const LentParameters&) = delete;
+    LentParameters& operator=(const LentParameters&) = delete;
+    ~LentParameters() { x_record.Parameters = std::get<DynArray<String>>(std::move(value)); }
+
+    Value value;
+
+  private:
+    aceAPI& x_record;
+};
+
+/// True when the file was loaded.
 bool LoadMacro(ThreadContext& context, IApiMacro& macro, aceAPI& record) {
     Value unread;
     if (record.Parameters.UpperBound() < 1) {
         return macro.Load(record.Program, {}, {}, unread);
     }
     FillParameters(context, record);
-    Value parameters(std::move(record.Parameters));  // lent, not copied
-    const bool loaded = macro.Load(record.Program, parameters, {}, unread);
-    record.Parameters = std::get<DynArray<String>>(std::move(parameters));
-    return loaded;
+    const LentParameters parameters(record);
+    return macro.Load(record.Program, parameters.value, {}, unread);
 }
 
 /// True when the macro was started.

@@ -25,7 +25,7 @@ DeviceState StateAfterActivation(IDevice& device);
 std::int32_t RequireActive(ThreadContext& context, IDevice& device);
 
 /// The device of that name in the interface of its kind; none when the list has no such device or
-/// it is of another kind.
+/// it is of another kind. Errors of the list come out; messages may run.
 template <class Kind>
 std::shared_ptr<Kind> FindDevice(ThreadContext& context, const String& name) {
     return std::dynamic_pointer_cast<Kind>(context.DeviceList().GetDevice(name));
@@ -43,7 +43,8 @@ void TakeKind(std::shared_ptr<Kind>& object, const std::shared_ptr<IDevice>& dev
     }
 }
 
-/// The host runs a test that has no use for devices that follow the frequency.
+/// The host runs a test that has no use for devices that follow the frequency. Errors of the host
+/// come out; no message runs.
 bool TestFollowsNoFrequency(ThreadContext& context);
 
 /// What ended a device action before its end. Number 0 with an empty text stands for an object that
@@ -55,7 +56,7 @@ struct DeviceFailure {
 /// The exception in flight as such a failure.
 DeviceFailure CurrentFailure();
 
-/// Clears the status line.
+/// Clears the status line; error 91 without one.
 void ClearStatus(ThreadContext& context);
 
 }  // namespace ace

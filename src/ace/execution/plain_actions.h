@@ -9,7 +9,8 @@ namespace ace::modActions {
 inline constexpr std::int32_t RadiationEvent = 3;
 inline constexpr std::int32_t AmplifierEvent = 4;
 
-/// Tells the host's device side what the engine is doing, as "ActionEngine".
+/// Tells the host's device side what the engine is doing, as "ActionEngine". Errors of the host
+/// come out; no message runs.
 void PostEvent(ThreadContext& context, std::int32_t kind, const String& text);
 
 /// Shows the status and spends the record's time (milliseconds) in a timed message of the host;
@@ -29,6 +30,8 @@ Boolean Notify(ThreadContext& context, const Statements& stmt, aceNotify& record
 Boolean Question(ThreadContext& context, const Statements& stmt, aceNotify& record);
 
 /// Protects the receivers unless the host's test is in the state that forbids it for a template.
+/// Errors of asking for the test come out through `stmt`, those of the receivers never. Messages
+/// may run inside their operations.
 void ProtectIfAllowed(ThreadContext& context, const Statements& stmt, std::int32_t modul);
 
 }  // namespace ace::modActions

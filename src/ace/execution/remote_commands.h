@@ -6,7 +6,8 @@
 namespace ace::modActions {
 
 /// Sends the record's command over its transport. True when the operator stops the test after a
-/// failure; `ignoreAll` keeps his wish to hear no more of this action.
+/// failure; `ignoreAll` keeps his wish to hear no more of this action. What was opened stays in the
+/// record or with the thread. Errors of the dialog and of the status line come out. Messages run.
 Boolean SendRemoteCommand(ThreadContext& context, aceRemote& record, Boolean& ignoreAll);
 
 /// Starts the record's program, or brings it to the front when it still runs. The answer is as

@@ -27,7 +27,8 @@ void DecideOutput(ThreadContext& context, const aceTrackFreq& record) {
     }
     ILanguage& language = context.Language();
     const String question = language.Text(EnableQuestion);
-    const String title = language.Text(TitleBegin) + L": " + language.Text(TitleEnd);
+    String title = language.Text(TitleBegin) + L": ";
+    title += language.Text(TitleEnd);
     if (context.UserDialogs().ShowMessageBox(question, IUserDialogs::YesNo, title) ==
         IUserDialogs::AnswerNo) {
         context.GeneratorEnabled = false;

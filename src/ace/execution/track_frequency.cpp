@@ -17,7 +17,8 @@ void LetSettle(ThreadContext& context, const aceTrackFreq& record) {
     const std::int32_t delay = record.DelayTime;
     const String text =
         L"Wait for Monitoring ... " + std::to_wstring(delay) + L" ms\r\n" + language.Text(WaitHint);
-    const String title = language.Text(TitleBegin) + L": " + language.Text(TitleEnd);
+    String title = language.Text(TitleBegin) + L": ";
+    title += language.Text(TitleEnd);
     std::int32_t style = InformationStyle;
     context.SystemServices().ShowTimedMessage(text, style, title, delay);
 }

@@ -5,7 +5,7 @@
 
 namespace ace {
 
-/// Message queue, sound, programs, thread, locale and clock.
+/// Message queue, sound, programs, thread, locale and clock. Only `Yield` lets messages run.
 class IPlatform {
   public:
     /// `sndPlaySoundA` flags: play on while the caller goes on (SND_ASYNC, 1), no default sound for

@@ -10,7 +10,8 @@
 
 namespace ace {
 
-/// What the engine asks of the host at large. Objects handed out are shared with the host.
+/// What the engine asks of the host at large. Objects handed out are shared with the host. Only
+/// `ShowTimedMessage` lets messages run.
 class ISystemServices {
   public:
     virtual ~ISystemServices() = default;
