@@ -119,8 +119,10 @@ Decimal ReadScientific(std::string_view text, bool negative) {
     const std::size_t exponentAt = text.find('e');
     Decimal decimal;
     decimal.negative = negative;
-    decimal.digits = text.substr(0, exponentAt);
-    std::erase(decimal.digits, '.');
+    decimal.digits = text.substr(0, 1);
+    if (exponentAt > 1) {
+        decimal.digits += text.substr(2, exponentAt - 2);
+    }
     int exponent = 0;
     const std::size_t sign = text[exponentAt + 1] == '+' ? 2 : 1;  // from_chars takes no plus
     std::from_chars(text.data() + exponentAt + sign, text.data() + text.size(), exponent);
@@ -137,11 +139,12 @@ Decimal DecimalOf(double value, int significant) {
     char buffer[64];
     char* const last = buffer + sizeof buffer;
     const auto form = std::chars_format::scientific;
-    if (significant == std::numeric_limits<double>::digits10 && std::isnormal(value)) {
-        const auto shortest = std::to_chars(buffer, last, std::fabs(value), form);
-        Decimal decimal = ReadScientific({buffer, shortest.ptr}, value < 0.0);
-        if (decimal.digits.size() <= static_cast<std::size_t>(significant)) {
-            return decimal;
+    const bool isPrecise = value == 0.0 || std::isnormal(value);
+    if (significant == std::numeric_limits<double>::digits10 && isPrecise) {
+        const auto end = std::to_chars(buffer, last, std::fabs(value), form);
+        const std::string_view shortest(buffer, end.ptr);
+        if (shortest.find('e') <= static_cast<std::size_t>(significant) + 1) {  // and the point
+            return ReadScientific(shortest, value < 0.0);
         }
     }
     const auto rounded = std::to_chars(buffer, last, std::fabs(value), form, significant - 1);
