@@ -119,9 +119,10 @@ Decimal ReadScientific(std::string_view text, bool negative) {
     const std::size_t exponentAt = text.find('e');
     Decimal decimal;
     decimal.negative = negative;
-    decimal.digits = text.substr(0, 1);
-    if (exponentAt > 1) {
-        decimal.digits += text.substr(2, exponentAt - 2);
+    for (const char c : text.substr(0, exponentAt)) {
+        if (c != '.') {
+            decimal.digits += c;
+        }
     }
     int exponent = 0;
     const std::size_t sign = text[exponentAt + 1] == '+' ? 2 : 1;  // from_chars takes no plus
