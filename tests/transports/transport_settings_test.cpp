@@ -52,6 +52,20 @@ TEST_F(TransportSettingsTest, EveryKeyIsRead) {
     EXPECT_EQ(settings.soundPlayer, L"play -q");
 }
 
+TEST_F(TransportSettingsTest, KeyThatItsSectionDoesNotHaveIsAnErrorThatNamesIt) {
+    const RunTimeError error = ErrorOf("[Tcp]\n; times\n\nconnecttimeoutms=1\nWriteTimoutMs=2\n");
+    EXPECT_EQ(error.Number(), TransportErrors::BadConfiguration);
+    EXPECT_EQ(error.Description(),
+              L"configuration, [Tcp]: \"WriteTimoutMs\" is no key of this section");
+    EXPECT_EQ(
+        ErrorOf("[OtaMeasurements]\nActionSyncTimeOuts=3\n").Description(),
+        L"configuration, [OtaMeasurements]: \"ActionSyncTimeOuts\" is no key of this section");
+}
+
+TEST_F(TransportSettingsTest, SectionOfSomebodyElseIsNobodysBusiness) {
+    EXPECT_EQ(ReadText("[Window]\nLeft=3\n").tcp.write, Milliseconds{5000});
+}
+
 TEST_F(TransportSettingsTest, OfTwoLinesForAPortTheFirstHolds) {
     EXPECT_THAT(ReadText("[SerialPorts]\nCOM3=a\nCOM3=b\n").serialDevices,
                 ElementsAre(Pair(3, "a")));

@@ -1,6 +1,8 @@
 #include "workbench/transports/transport_settings.h"
 
+#include <algorithm>
 #include <limits>
+#include <vector>
 
 #include <ace/core/text.h>
 #include <ace/host/run_time_error.h>
@@ -74,9 +76,47 @@ SerialDevices ReadPorts(ISettingsFile& file) {
     return devices;
 }
 
+/// The keys of a section whose keys are all known. [SerialPorts] is read line by line.
+struct KnownKeys {
+    StringView section;
+    std::vector<StringView> keys;
+};
+const std::vector<KnownKeys>& AllKnownKeys() {
+    static const std::vector<KnownKeys> rows = {
+        {L"Tcp", {L"ConnectTimeoutMs", L"WriteTimeoutMs"}},
+        {L"Serial", {L"WriteTimeoutMs"}},
+        {L"Gpib", {L"Library"}},
+        {L"MacroSync", {L"File"}},
+        {L"Sound", {L"Player"}},
+        {L"OtaMeasurements", {L"ActionSyncTimeout"}},
+    };
+    return rows;
+}
+
+/// A key that nobody reads is a slip of the pen: what it was to set would silently stay as it is.
+void RequireKnownKeys(ISettingsFile& file, const KnownKeys& known) {
+    for (const String& whole : file.GetSection(String(known.section))) {
+        const StringView line = WithoutBlanks(whole);
+        if (line.empty() || line.front() == L';' || line.front() == L'#') {
+            continue;
+        }
+        const StringView key =
+            WithoutBlanks(line.substr(0, std::min(line.find(L'='), line.size())));
+        const bool isKnown =
+            std::ranges::any_of(known.keys, [&](StringView one) { return EqualNoCase(one, key); });
+        if (!isKnown) {
+            RaiseUnusable(L"[" + String(known.section) + L"]",
+                          L"\"" + String(key) + L"\" is no key of this section");
+        }
+    }
+}
+
 }  // namespace
 
 TransportSettings ReadTransportSettings(ISettingsFile& file) {
+    for (const KnownKeys& known : AllKnownKeys()) {
+        RequireKnownKeys(file, known);
+    }
     TransportSettings settings;
     settings.tcp.connect = ReadTime(file, L"Tcp", L"ConnectTimeoutMs", settings.tcp.connect);
     settings.tcp.write = ReadTime(file, L"Tcp", L"WriteTimeoutMs", settings.tcp.write);

@@ -20,9 +20,10 @@ struct TransportSettings {
     String soundPlayer;                       ///< [Sound] Player, a command line
 };
 
-/// Reads them. A time outside 1 to 3600000 milliseconds and a line of [SerialPorts] that maps no
-/// port are error `TransportErrors::BadConfiguration`, which names section and key; errors of the
-/// file itself pass. The engine reads [OtaMeasurements] ActionSyncTimeout, in seconds, by itself.
+/// Reads them. A time outside 1 to 3600000 milliseconds, a line of [SerialPorts] that maps no port
+/// and a key that the section does not have are error `TransportErrors::BadConfiguration`, which
+/// names section and key; errors of the file itself pass. The engine reads [OtaMeasurements]
+/// ActionSyncTimeout, in seconds, by itself.
 TransportSettings ReadTransportSettings(ISettingsFile& file);
 
 }  // namespace ace::workbench
