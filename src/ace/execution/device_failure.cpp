@@ -7,6 +7,8 @@ namespace {
 constexpr std::int32_t DeviceFailedText = 3350;
 constexpr std::int32_t DeviceFailedHelp = 3021;
 constexpr std::int32_t ActivationMode = 1;
+constexpr std::int32_t FollowingTitleBegin = 9430;
+constexpr std::int32_t FollowingTitleEnd = 9431;
 
 }  // namespace
 
@@ -41,6 +43,12 @@ bool TestFollowsNoFrequency(ThreadContext& context) {
     String name;
     const std::int32_t kind = test->TestKind(name);
     return kind == 1 || kind == 2;
+}
+
+String FollowingTitle(ThreadContext& context) {
+    String title = context.Language().Text(FollowingTitleBegin) + L": ";
+    title += context.Language().Text(FollowingTitleEnd);
+    return title;
 }
 
 DeviceFailure CurrentFailure() {

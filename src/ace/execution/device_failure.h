@@ -56,6 +56,30 @@ struct DeviceFailure {
 /// The exception in flight as such a failure.
 DeviceFailure CurrentFailure();
 
+/// Title of the boxes of the actions that follow the frequency. Errors of the language data come
+/// out.
+String FollowingTitle(ThreadContext& context);
+
+/// Runs an action that follows the frequency: `act` answers whether it found all its objects. When
+/// it did not, or fails, the operator is asked unless `ignoreAll` is set; true when he stops the
+/// test. The dialog names the record's generator for both kinds, which is empty for a mere tracking
+/// of a monitoring device: that is wanted. Errors of the dialog come out.
+template <class Act>
+Boolean RunFollowing(ThreadContext& context, const aceTrackFreq& record, Boolean& ignoreAll,
+                     Act&& act) {
+    DeviceFailure failure;
+    try {
+        if (act()) {
+            return false;
+        }
+    } catch (...) {
+        failure = CurrentFailure();
+    }
+    return ignoreAll ? Boolean(false)
+                     : ShowDeviceError(context, atTrackFreq, ignoreAll, record.GenName,
+                                       failure.number, failure.text);
+}
+
 /// Clears the status line; error 91 without one.
 void ClearStatus(ThreadContext& context);
 

@@ -8,8 +8,6 @@ namespace ace {
 namespace {
 
 constexpr std::int32_t EnableQuestion = 9432;
-constexpr std::int32_t TitleBegin = 9430;
-constexpr std::int32_t TitleEnd = 9431;
 /// Second argument of asking for a table, and the two of asking it for a level.
 constexpr std::int32_t TableMode = 10;
 constexpr std::int32_t LevelOfFrequency = 1;
@@ -25,10 +23,8 @@ void DecideOutput(ThreadContext& context, const aceTrackFreq& record) {
     if (!record.AskOnMeasStart) {
         return;
     }
-    ILanguage& language = context.Language();
-    const String question = language.Text(EnableQuestion);
-    String title = language.Text(TitleBegin) + L": ";
-    title += language.Text(TitleEnd);
+    const String question = context.Language().Text(EnableQuestion);
+    const String title = FollowingTitle(context);
     if (context.UserDialogs().ShowMessageBox(question, IUserDialogs::YesNo, title) ==
         IUserDialogs::AnswerNo) {
         context.GeneratorEnabled = false;
@@ -116,19 +112,8 @@ Outcome Synchronise(ThreadContext& context, aceTrackFreq& record) {
 
 Boolean modActions::SyncGenerator(ThreadContext& context, aceTrackFreq& record,
                                   Boolean& ignoreAll) {
-    DeviceFailure failure;
-    try {
-        if (Synchronise(context, record) == Outcome::Done) {
-            return false;
-        }
-    } catch (...) {
-        failure = CurrentFailure();
-    }
-    if (ignoreAll) {
-        return false;
-    }
-    return ShowDeviceError(context, atTrackFreq, ignoreAll, record.GenName, failure.number,
-                           failure.text);
+    return RunFollowing(context, record, ignoreAll,
+                        [&] { return Synchronise(context, record) == Outcome::Done; });
 }
 
 }  // namespace ace

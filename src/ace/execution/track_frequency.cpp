@@ -7,18 +7,14 @@ namespace ace {
 namespace {
 
 constexpr std::int32_t WaitHint = 9044;
-constexpr std::int32_t TitleBegin = 9430;
-constexpr std::int32_t TitleEnd = 9431;
 constexpr std::int32_t InformationStyle = 64;
 
 /// A delay of 0 shows the box as well.
 void LetSettle(ThreadContext& context, const aceTrackFreq& record) {
-    ILanguage& language = context.Language();
     const std::int32_t delay = record.DelayTime;
-    const String text =
-        L"Wait for Monitoring ... " + std::to_wstring(delay) + L" ms\r\n" + language.Text(WaitHint);
-    String title = language.Text(TitleBegin) + L": ";
-    title += language.Text(TitleEnd);
+    const String text = L"Wait for Monitoring ... " + std::to_wstring(delay) + L" ms\r\n" +
+                        context.Language().Text(WaitHint);
+    const String title = FollowingTitle(context);
     std::int32_t style = InformationStyle;
     context.SystemServices().ShowTimedMessage(text, style, title, delay);
 }
@@ -55,19 +51,7 @@ bool Track(ThreadContext& context, aceTrackFreq& record) {
 }  // namespace
 
 Boolean modActions::TrackMonitor(ThreadContext& context, aceTrackFreq& record, Boolean& ignoreAll) {
-    DeviceFailure failure;
-    try {
-        if (Track(context, record)) {
-            return false;
-        }
-    } catch (...) {
-        failure = CurrentFailure();
-    }
-    if (ignoreAll) {
-        return false;
-    }
-    return ShowDeviceError(context, atTrackFreq, ignoreAll, record.GenName, failure.number,
-                           failure.text);
+    return RunFollowing(context, record, ignoreAll, [&] { return Track(context, record); });
 }
 
 }  // namespace ace
