@@ -45,10 +45,9 @@ bool TestFollowsNoFrequency(ThreadContext& context) {
     return kind == 1 || kind == 2;
 }
 
-String FollowingTitle(ThreadContext& context) {
-    String title = context.Language().Text(FollowingTitleBegin) + L": ";
-    title += context.Language().Text(FollowingTitleEnd);
-    return title;
+void AppendFollowingTitle(ThreadContext& context, String& title) {
+    title.append(context.Language().Text(FollowingTitleBegin)).append(L": ");
+    title.append(context.Language().Text(FollowingTitleEnd));
 }
 
 DeviceFailure CurrentFailure() {

@@ -56,9 +56,9 @@ struct DeviceFailure {
 /// The exception in flight as such a failure.
 DeviceFailure CurrentFailure();
 
-/// Title of the boxes of the actions that follow the frequency. Errors of the language data come
-/// out.
-String FollowingTitle(ThreadContext& context);
+/// Appends the title of the boxes of the actions that follow the frequency. Errors of the language
+/// data come out.
+void AppendFollowingTitle(ThreadContext& context, String& title);
 
 /// Runs an action that follows the frequency: `act` answers whether it found all its objects. When
 /// it did not, or fails, the operator is asked unless `ignoreAll` is set; true when he stops the

@@ -24,7 +24,8 @@ void DecideOutput(ThreadContext& context, const aceTrackFreq& record) {
         return;
     }
     const String question = context.Language().Text(EnableQuestion);
-    const String title = FollowingTitle(context);
+    String title;
+    AppendFollowingTitle(context, title);
     if (context.UserDialogs().ShowMessageBox(question, IUserDialogs::YesNo, title) ==
         IUserDialogs::AnswerNo) {
         context.GeneratorEnabled = false;

@@ -1,3 +1,5 @@
+#include <ace/core/borrowed_text.h>
+#include <ace/core/text.h>
 #include <ace/execution/device_failure.h>
 #include <ace/execution/track_frequency.h>
 #include <ace/host/monitor_device.h>
@@ -12,11 +14,14 @@ constexpr std::int32_t InformationStyle = 64;
 /// A delay of 0 shows the box as well.
 void LetSettle(ThreadContext& context, const aceTrackFreq& record) {
     const std::int32_t delay = record.DelayTime;
-    const String text = L"Wait for Monitoring ... " + std::to_wstring(delay) + L" ms\r\n" +
-                        context.Language().Text(WaitHint);
-    const String title = FollowingTitle(context);
+    BorrowedText text(context);
+    text->append(L"Wait for Monitoring ... ");
+    AppendInteger(*text, delay);
+    text->append(L" ms\r\n").append(context.Language().Text(WaitHint));
+    BorrowedText title(context);
+    AppendFollowingTitle(context, *title);
     std::int32_t style = InformationStyle;
-    context.SystemServices().ShowTimedMessage(text, style, title, delay);
+    context.SystemServices().ShowTimedMessage(*text, style, *title, delay);
 }
 
 /// An activation that did not help is no failure here.
