@@ -9,6 +9,10 @@ namespace ace::sim {
 
 namespace {
 
+/// By `SimClass`, from 1.
+constexpr StringView ClassKeys[] = {L"Monitoring",  L"BcGenerators", L"Generators", L"Amplifiers",
+                                    L"SwitchUnits", L"Receivers",    L"SignalPaths"};
+
 template <class Named>
 std::shared_ptr<Named> FindByName(const std::vector<std::shared_ptr<Named>>& all,
                                   const String& name) {
@@ -35,24 +39,16 @@ double ValueOn(const SimCurve& curve, double frequency) {
     return lower->second + part * (upper->second - lower->second);
 }
 
+const std::vector<SimClass>& AllClasses() {
+    static const std::vector<SimClass> classes = {
+        SimClass::Monitoring,  SimClass::BcGenerators, SimClass::Generators, SimClass::Amplifiers,
+        SimClass::SwitchUnits, SimClass::Receivers,    SimClass::SignalPaths};
+    return classes;
+}
+
 String KeyOf(SimClass deviceClass) {
-    switch (deviceClass) {
-        case SimClass::Monitoring:
-            return L"Monitoring";
-        case SimClass::BcGenerators:
-            return L"BcGenerators";
-        case SimClass::Generators:
-            return L"Generators";
-        case SimClass::Amplifiers:
-            return L"Amplifiers";
-        case SimClass::SwitchUnits:
-            return L"SwitchUnits";
-        case SimClass::Receivers:
-            return L"Receivers";
-        case SimClass::SignalPaths:
-            return L"SignalPaths";
-    }
-    return {};
+    const auto at = static_cast<std::size_t>(deviceClass) - 1;
+    return at < std::size(ClassKeys) ? String(ClassKeys[at]) : String();
 }
 
 // ---- what all devices have ---------------------------------------------------------------------

@@ -37,6 +37,8 @@ enum class SimClass : std::int32_t {
     Receivers,
     SignalPaths,
 };
+/// All of them, in their order.
+const std::vector<SimClass>& AllClasses();
 /// Section key of a class; empty for a number that is none.
 String KeyOf(SimClass deviceClass);
 

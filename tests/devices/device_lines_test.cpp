@@ -61,7 +61,7 @@ TEST(DeviceLines, ClassesAreFoundByTheirKeysInAnyCase) {
     EXPECT_EQ(FindClass(L"bcgenerators"), sim::SimClass::BcGenerators);
     EXPECT_EQ(FindClass(L"Receivers"), sim::SimClass::Receivers);
     EXPECT_FALSE(FindClass(L"Receiver"));
-    EXPECT_EQ(AllClasses(),
+    EXPECT_EQ(AllClassKeys(),
               L"Monitoring, BcGenerators, Generators, Amplifiers, SwitchUnits, Receivers, "
               L"SignalPaths");
 }

@@ -25,11 +25,51 @@ String NumberText(double number) {
 }
 
 template <class Device>
-std::shared_ptr<sim::SimDevice> Make(sim::SimHost& host, const String& name,
-                                     Instrument instrument) {
+std::shared_ptr<sim::SimDevice> MakeSimulated(sim::SimHost& host, const String& name) {
+    return host.bench.Add<Device>(host, name);
+}
+
+template <class Device>
+std::shared_ptr<sim::SimDevice> MakeBound(sim::SimHost& host, const String& name,
+                                          Instrument instrument) {
     auto device = std::make_shared<Device>(host, name, std::move(instrument));
     host.bench.Keep(std::shared_ptr<sim::SimDevice>(device));
     return device;
+}
+
+std::shared_ptr<sim::SimDevice> RefuseBinding(sim::SimHost&, const String&, Instrument) {
+    Raise(Errors::InvalidProcedureCall);
+}
+
+/// What a device file can make of a class.
+struct ClassRow {
+    SimClass deviceClass;
+    std::span<const StringView> commandKeys;  ///< none where nothing can be bound
+    std::shared_ptr<sim::SimDevice> (*addSimulated)(sim::SimHost& host, const String& name);
+    std::shared_ptr<sim::SimDevice> (*addBound)(sim::SimHost& host, const String& name,
+                                                Instrument instrument);
+};
+constexpr ClassRow Classes[] = {
+    {SimClass::Monitoring, MonitorKeys, MakeSimulated<sim::SimMonitor>, MakeBound<BoundMonitor>},
+    {SimClass::BcGenerators, BroadcastKeys, MakeSimulated<sim::SimBcGenerator>,
+     MakeBound<BoundBcGenerator>},
+    {SimClass::Generators, GeneratorKeys, MakeSimulated<sim::SimRfGenerator>,
+     MakeBound<BoundRfGenerator>},
+    {SimClass::Amplifiers, AmplifierKeys, MakeSimulated<sim::SimAmplifier>,
+     MakeBound<BoundAmplifier>},
+    {SimClass::SwitchUnits, SwitchUnitKeys, MakeSimulated<sim::SimSwitchUnit>,
+     MakeBound<BoundSwitchUnit>},
+    {SimClass::Receivers, ReceiverKeys, MakeSimulated<sim::SimReceiver>, MakeBound<BoundReceiver>},
+    {SimClass::SignalPaths, {}, MakeSimulated<sim::SimSignalPath>, RefuseBinding},
+};
+
+const ClassRow& RowOf(SimClass deviceClass) {
+    for (const ClassRow& row : Classes) {
+        if (row.deviceClass == deviceClass) {
+            return row;
+        }
+    }
+    Raise(Errors::InvalidProcedureCall);
 }
 
 }  // namespace
@@ -42,23 +82,17 @@ void Instrument::Say(const String& key, const String& value) {
 }
 
 std::span<const StringView> CommandKeys(SimClass deviceClass) {
-    switch (deviceClass) {
-        case SimClass::Monitoring:
-            return MonitorKeys;
-        case SimClass::BcGenerators:
-            return BroadcastKeys;
-        case SimClass::Generators:
-            return GeneratorKeys;
-        case SimClass::Amplifiers:
-            return AmplifierKeys;
-        case SimClass::SwitchUnits:
-            return SwitchUnitKeys;
-        case SimClass::Receivers:
-            return ReceiverKeys;
-        case SimClass::SignalPaths:
-            return {};
-    }
-    return {};
+    return RowOf(deviceClass).commandKeys;
+}
+
+std::shared_ptr<sim::SimDevice> AddSimulated(sim::SimHost& host, SimClass deviceClass,
+                                             const String& name) {
+    return RowOf(deviceClass).addSimulated(host, name);
+}
+
+std::shared_ptr<sim::SimDevice> AddBound(sim::SimHost& host, SimClass deviceClass,
+                                         const String& name, Instrument instrument) {
+    return RowOf(deviceClass).addBound(host, name, std::move(instrument));
 }
 
 void BoundMonitor::SetFrequency(double& hertz) {
@@ -121,27 +155,6 @@ void BoundRfGenerator::Execute() {
         x_instrument.Say(*x_on ? L"OnOutputOn" : L"OnOutputOff");
         x_on.reset();
     }
-}
-
-std::shared_ptr<sim::SimDevice> AddBound(sim::SimHost& host, SimClass deviceClass,
-                                         const String& name, Instrument instrument) {
-    switch (deviceClass) {
-        case SimClass::Monitoring:
-            return Make<BoundMonitor>(host, name, std::move(instrument));
-        case SimClass::BcGenerators:
-            return Make<BoundBcGenerator>(host, name, std::move(instrument));
-        case SimClass::Generators:
-            return Make<BoundRfGenerator>(host, name, std::move(instrument));
-        case SimClass::Amplifiers:
-            return Make<BoundAmplifier>(host, name, std::move(instrument));
-        case SimClass::SwitchUnits:
-            return Make<BoundSwitchUnit>(host, name, std::move(instrument));
-        case SimClass::Receivers:
-            return Make<BoundReceiver>(host, name, std::move(instrument));
-        case SimClass::SignalPaths:
-            break;
-    }
-    Raise(Errors::InvalidProcedureCall);
 }
 
 }  // namespace ace::workbench

@@ -98,7 +98,11 @@ class BoundRfGenerator final : public sim::SimRfGenerator {
     std::optional<bool> x_on;
 };
 
-/// Adds a device of the class to the bench of `host`; the class must be one that can be bound.
+/// Adds a device of the class without an instrument to the bench of `host`.
+std::shared_ptr<sim::SimDevice> AddSimulated(sim::SimHost& host, sim::SimClass deviceClass,
+                                             const String& name);
+/// Adds one that speaks to its instrument; the class must be one that can be bound, or else
+/// error 5.
 std::shared_ptr<sim::SimDevice> AddBound(sim::SimHost& host, sim::SimClass deviceClass,
                                          const String& name, Instrument instrument);
 

@@ -235,37 +235,11 @@ Binding TakeBinding(std::vector<Entry>& entries, SimClass deviceClass) {
     return binding;
 }
 
-template <class Device>
-std::shared_ptr<sim::SimDevice> AddSimulated(sim::SimHost& host, const String& name) {
-    return host.bench.Add<Device>(host, name);
-}
-
-std::shared_ptr<sim::SimDevice> AddSimulated(sim::SimHost& host, SimClass deviceClass,
-                                             const String& name) {
-    switch (deviceClass) {
-        case SimClass::Monitoring:
-            return AddSimulated<sim::SimMonitor>(host, name);
-        case SimClass::BcGenerators:
-            return AddSimulated<sim::SimBcGenerator>(host, name);
-        case SimClass::Generators:
-            return AddSimulated<sim::SimRfGenerator>(host, name);
-        case SimClass::Amplifiers:
-            return AddSimulated<sim::SimAmplifier>(host, name);
-        case SimClass::SwitchUnits:
-            return AddSimulated<sim::SimSwitchUnit>(host, name);
-        case SimClass::Receivers:
-            return AddSimulated<sim::SimReceiver>(host, name);
-        case SimClass::SignalPaths:
-            return AddSimulated<sim::SimSignalPath>(host, name);
-    }
-    Raise(Errors::InvalidProcedureCall);
-}
-
 void ReadDevice(const Entry& entry, sim::SimHost& host) {
     const String& name = entry.line.key;
     const auto deviceClass = FindClass(entry.line.value);
     if (!deviceClass) {
-        entry.Refuse(L"\"" + entry.line.value + L"\" is no class: " + AllClasses());
+        entry.Refuse(L"\"" + entry.line.value + L"\" is no class: " + AllClassKeys());
     }
     std::vector<Entry> details = EntriesOf(*entry.document, *entry.path, name);
     Binding binding = TakeBinding(details, *deviceClass);

@@ -11,10 +11,6 @@ namespace {
 
 using sim::SimClass;
 
-constexpr SimClass Classes[] = {SimClass::Monitoring, SimClass::BcGenerators, SimClass::Generators,
-                                SimClass::Amplifiers, SimClass::SwitchUnits,  SimClass::Receivers,
-                                SimClass::SignalPaths};
-
 /// "3 s", "3" or "200 ms" in milliseconds.
 std::optional<double> ReadMilliseconds(StringView text) {
     constexpr struct {
@@ -89,7 +85,7 @@ std::optional<sim::SimEutFailure> ReadEutFailure(StringView text) {
 }
 
 std::optional<SimClass> FindClass(StringView key) {
-    for (const SimClass one : Classes) {
+    for (const SimClass one : sim::AllClasses()) {
         if (EqualNoCase(sim::KeyOf(one), key)) {
             return one;
         }
@@ -97,9 +93,9 @@ std::optional<SimClass> FindClass(StringView key) {
     return std::nullopt;
 }
 
-String AllClasses() {
+String AllClassKeys() {
     String all;
-    for (const SimClass one : Classes) {
+    for (const SimClass one : sim::AllClasses()) {
         all += (all.empty() ? L"" : L", ") + sim::KeyOf(one);
     }
     return all;

@@ -22,6 +22,6 @@ std::optional<sim::SimEutFailure> ReadEutFailure(StringView text);
 /// The class with that section key, in any case of the letters.
 std::optional<sim::SimClass> FindClass(StringView key);
 /// The keys of all classes, separated by commas, for messages.
-String AllClasses();
+String AllClassKeys();
 
 }  // namespace ace::workbench
