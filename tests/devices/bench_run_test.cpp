@@ -93,7 +93,7 @@ const std::string MonitoredTwice =
     "FrequAction1=CHECKEUT:EUT,1,0,0,0,0,0.00,0,0.00,0\n";
 
 TEST_F(BenchRunTest, FailedReadInMonitoringRepeatsTheSweepAlone) {
-    EXPECT_EQ(Run(MonitoredTwice, Failing("202MHz, 1 s, 12345")), Outcome::Finished);
+    EXPECT_EQ(Run(MonitoredTwice, Failing("202MHz, 1500 ms, 12345")), Outcome::Finished);
     EXPECT_THAT(LinesWith("100 MHz         EUT: channel"), ::testing::SizeIs(1));
     EXPECT_THAT(LinesWith("200 MHz         EUT: channel"), ::testing::SizeIs(2));
     EXPECT_THAT(LinesWith("202 MHz         EUT: channel"), ::testing::SizeIs(2));
