@@ -204,6 +204,10 @@ void ConsoleReport::Print(const String& line) {
     x_out << ToUtf8(OneLine(line.substr(0, line.find_last_not_of(L' ') + 1))) << '\n' << std::flush;
 }
 
+bool ConsoleReport::IsLost() const {
+    return !x_out.good();
+}
+
 void ConsoleReport::PrintText(StringView text) {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find(L'\n'), text.size());

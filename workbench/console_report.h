@@ -23,6 +23,9 @@ class ConsoleReport final : public SessionListener {
     void PrintSummary(Outcome outcome, const Summary& summary, const Answers& answers,
                       const String& traceFailure);
 
+    /// Something could not be printed, because the disk is full or nobody reads any more.
+    bool IsLost() const;
+
     /// The lines of a text, each as it stands.
     void PrintText(StringView text);
     /// The words behind which the user types an answer; without a line end.

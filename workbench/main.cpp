@@ -1,12 +1,11 @@
 // The command line of the reference host.
 #include <CLI/CLI.hpp>
-#include <atomic>
-#include <csignal>
 #include <exception>
 #include <iostream>
 #include <poll.h>
 #include <unistd.h>
 
+#include "workbench/interrupts.h"
 #include "workbench/run_command.h"
 #include "workbench/session/wording.h"
 #include "workbench/text_encoding.h"
@@ -18,19 +17,11 @@ using namespace ace::workbench;
 constexpr const char* ExitCodes =
     "Exit codes:\n"
     "  0  the test finished\n"
-    "  1  stopped by an answer, an action or the user (Ctrl-C)\n"
+    "  1  stopped by an answer, an action or the user (Ctrl-C, SIGTERM, SIGHUP, SIGQUIT)\n"
     "  2  a question had no answer; the test was stopped in good order\n"
     "  3  stopped by a run-time error, or the output can't be written\n"
     "  4  a file can't be read or makes no sense; no test was run\n"
     "  5  the command line makes no sense; no test was run\n";
-
-std::atomic<bool> interrupted = false;
-
-/// The first Ctrl-C stops the test in good order, the second one ends the program.
-extern "C" void OnInterrupt(int signal) {
-    interrupted = true;
-    std::signal(signal, SIG_DFL);
-}
 
 void AddRun(CLI::App& app, RunArguments& arguments) {
     CLI::App* const run = app.add_subcommand(
@@ -107,12 +98,14 @@ int RunWith(const RunArguments& arguments) {
         const Outcome outcome =
             RunCommand(arguments, {.out = std::cout,
                                    .isTerminal = isatty(STDOUT_FILENO) != 0,
-                                   .isInterrupted = [] { return interrupted.load(); },
+                                   .isInterrupted = IsInterrupted,
                                    .input = {.stream = &std::cin,
                                              .isTerminal = isatty(STDIN_FILENO) != 0,
                                              .wait = WaitForStandardInput}});
         if (!std::cout.flush()) {
-            return Fail({Outcome::Failed, L"the test was run, but what it printed was lost"});
+            return Fail(
+                {Outcome::Failed,
+                 L"the output can't be written any more, so what it tells is not complete"});
         }
         return static_cast<int>(outcome);
     } catch (const CommandError& error) {
@@ -141,6 +134,6 @@ int main(int argc, char** argv) {
     if (app.get_subcommands().empty()) {
         return Fail({Outcome::WrongUse, L"say what to do, such as: ace-workbench run FILE"});
     }
-    std::signal(SIGINT, OnInterrupt);
+    CatchInterrupts();
     return RunWith(arguments);
 }

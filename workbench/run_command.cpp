@@ -1,13 +1,12 @@
 #include "workbench/run_command.h"
 
-#include <cerrno>
-#include <fstream>
-#include <system_error>
+#include <algorithm>
 
 #include "workbench/console_report.h"
 #include "workbench/devices/bench_host.h"
 #include "workbench/devices/device_file.h"
 #include "workbench/file_store.h"
+#include "workbench/run_outputs.h"
 #include "workbench/session/wording.h"
 #include "workbench/text_encoding.h"
 #include "workbench/trace_file.h"
@@ -116,14 +115,6 @@ void ReadBench(const RunArguments& arguments, const TestSetUp& setUp, BenchHost&
     }
 }
 
-std::shared_ptr<TraceFile> OpenTrace(const RunArguments& arguments) {
-    try {
-        return arguments.trace ? std::make_shared<TraceFile>(*arguments.trace) : nullptr;
-    } catch (const RunTimeError& error) {
-        RefuseFile(error.Description());
-    }
-}
-
 TransportChoice ReadTransports(const RunArguments& arguments, SettingsFiles& files) {
     TransportChoice choice;
     choice.isReal = arguments.real;
@@ -142,18 +133,43 @@ TransportChoice ReadTransports(const RunArguments& arguments, SettingsFiles& fil
     return choice;
 }
 
-/// Makes the traffic log anew; a stream that is not open when none is wanted.
-std::ofstream OpenTraffic(const RunArguments& arguments) {
-    std::ofstream stream;
-    if (arguments.traffic) {
-        errno = 0;
-        stream.open(*arguments.traffic, std::ios::binary);
-        if (!stream) {
-            RefuseFile(FromUtf8(*arguments.traffic +
-                                ": cannot be made: " + std::generic_category().message(errno)));
+/// What the run reads must not be what it writes.
+void CheckOutputs(const RunArguments& arguments) {
+    std::vector<NamedFile> inputs = {{L"the settings file", arguments.file}};
+    std::vector<NamedFile> outputs;
+    const auto add = [](std::vector<NamedFile>& files, StringView what,
+                        const std::optional<std::string>& path) {
+        if (path) {
+            files.push_back({String(what), *path});
         }
+    };
+    add(inputs, L"the answers file", arguments.answers);
+    add(inputs, L"the configuration", arguments.config);
+    add(inputs, L"the file of the devices", arguments.devices);
+    add(inputs, L"the script of failures", arguments.faults);
+    add(outputs, L"--traffic", arguments.traffic);
+    add(outputs, L"--trace", arguments.trace);
+    RefuseSharedFiles(inputs, outputs);
+}
+
+/// Makes both logs anew, once both can be written. The stream is that of the traffic log; it is not
+/// open when none is wanted.
+std::ofstream MakeOutputs(const RunArguments& arguments, TraceFile* trace) {
+    std::ofstream traffic;
+    if (arguments.traffic) {
+        traffic = OpenOutput(*arguments.traffic);
     }
-    return stream;
+    try {
+        if (trace != nullptr) {
+            trace->Make();
+        }
+    } catch (const RunTimeError& error) {
+        RefuseFile(error.Description());
+    }
+    if (arguments.traffic) {
+        EmptyOutput(*arguments.traffic);
+    }
+    return traffic;
 }
 
 void PrintTransports(ConsoleReport& report, const BenchHost& host) {
@@ -165,6 +181,22 @@ void PrintTransports(ConsoleReport& report, const BenchHost& host) {
     }
     for (const String& rule : host.Faults().Unused()) {
         report.PrintPair(L"Unused", L"failure on purpose that nothing came to: " + rule);
+    }
+}
+
+void PrintNotes(ConsoleReport& report, const RunArguments& arguments, const Summary& counts) {
+    if (!arguments.devices &&
+        counts.failuresIgnored + counts.failuresIgnoredForGood + counts.failuresStopped > 0) {
+        report.PrintPair(L"Note",
+                         L"the bench has no devices, so actions on devices fail: say with "
+                         L"--devices which ones it has");
+    }
+}
+
+/// A test that nobody can follow is not begun.
+void RequireOutput(const ConsoleReport& report) {
+    if (report.IsLost()) {
+        throw CommandError{Outcome::Failed, L"the output can't be written; no test was run"};
     }
 }
 
@@ -184,40 +216,42 @@ std::unique_ptr<IOperator> MakeOperator(const RunArguments& arguments,
 Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& surroundings) {
     const SetUpOptions options = ReadOptions(arguments);
     const Clock clock = ReadClock(arguments);
+    CheckOutputs(arguments);
     const String file = FromUtf8(arguments.file);
     const SettingsDocument document =
         Existing(arguments.file, [](const std::string& path) { return LoadDocument(path); });
     const TestSetUp setUp = ReadSetUp(document, file, options);
     Answers answers = ReadAnswers(arguments);
-
-    const std::shared_ptr<TraceFile> trace = OpenTrace(arguments);
     SettingsFiles files;
     TransportChoice transports = ReadTransports(arguments, files);
-    std::ofstream traffic = OpenTraffic(arguments);
-    transports.log = traffic.is_open() ? &traffic : nullptr;
+
+    std::ofstream traffic;  // outlives the host, which writes it
     const auto host =
         std::make_shared<BenchHost>(clock, std::move(transports), ReadFaults(arguments));
     ReadBench(arguments, setUp, *host);
+    const auto trace = arguments.trace ? std::make_shared<TraceFile>(*arguments.trace) : nullptr;
     host->traceFile = trace;
     host->journal.Bound(JournalBound);
-    host->isInterrupted = surroundings.isInterrupted;
     ConsoleReport report(surroundings.out, surroundings.isTerminal);
+    host->isInterrupted = [&] {
+        return report.IsLost() || (surroundings.isInterrupted && surroundings.isInterrupted());
+    };
     const std::unique_ptr<IOperator> theOperator =
         MakeOperator(arguments, surroundings, report, *host);
     Session session(host, setUp, answers, report, theOperator.get());
     session.Load(file);
+
+    traffic = MakeOutputs(arguments, trace.get());
+    if (traffic.is_open()) {
+        host->WriteLog(traffic);
+    }
     report.PrintSetUp(file, setUp, clock, arguments.real);
+    RequireOutput(report);
     const Outcome outcome = session.Run();
     report.PrintSummary(outcome, session.Counts(), answers, trace ? trace->Failure() : String());
     PrintTransports(report, *host);
-    const Summary& counts = session.Counts();
-    if (!arguments.devices &&
-        counts.failuresIgnored + counts.failuresIgnoredForGood + counts.failuresStopped > 0) {
-        report.PrintPair(L"Note",
-                         L"the bench has no devices, so actions on devices fail: say with "
-                         L"--devices which ones it has");
-    }
-    return outcome;
+    PrintNotes(report, arguments, session.Counts());
+    return report.IsLost() ? std::max(outcome, Outcome::Failed) : outcome;
 }
 
 }  // namespace ace::workbench

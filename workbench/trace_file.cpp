@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <initializer_list>
 #include <system_error>
+#include <utility>
 
 #include "workbench/file_errors.h"
 #include "workbench/text_encoding.h"
@@ -78,12 +79,15 @@ std::string LocalTimeText() {
 }
 
 TraceFile::TraceFile(std::string path, std::function<std::string()> now, FileCalls& calls)
-    : x_calls(calls), x_now(std::move(now)), x_path(std::move(path)) {
+    : x_calls(calls), x_now(std::move(now)), x_path(std::move(path)) {}
+
+void TraceFile::Make() {
     x_file = x_calls.Open(x_path, O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666);
     if (x_file < 0) {
         throw RunTimeError(FileErrors::CannotSave,
                            L"the trace cannot be written: " + Reason(x_path, errno));
     }
+    WriteOut(std::exchange(x_kept, {}));
 }
 
 TraceFile::~TraceFile() {
@@ -116,12 +120,20 @@ void TraceFile::WriteLine(StringView marker, StringView component, StringView mo
                     {message, 0}}));
 }
 
-void TraceFile::Append(std::string line) {
-    line = x_now() + line + "\n";
-    for (std::string_view rest = line; !rest.empty() && x_failure.empty();) {
-        const ssize_t count = x_calls.Write(x_file, rest.data(), rest.size());
+void TraceFile::Append(const std::string& line) {
+    const std::string whole = x_now() + line + "\n";
+    if (x_file < 0) {
+        x_kept += whole;
+    } else {
+        WriteOut(whole);
+    }
+}
+
+void TraceFile::WriteOut(std::string_view bytes) {
+    while (!bytes.empty() && x_failure.empty()) {
+        const ssize_t count = x_calls.Write(x_file, bytes.data(), bytes.size());
         if (count > 0) {
-            rest.remove_prefix(static_cast<std::size_t>(count));
+            bytes.remove_prefix(static_cast<std::size_t>(count));
         } else if (count == 0 || errno != EINTR) {
             x_failure = Reason(x_path, count == 0 ? ENOSPC : errno);
             x_isEnabled = false;

@@ -18,13 +18,17 @@ std::string LocalTimeText();
 /// A log that can't be written never disturbs the test: it falls silent and keeps the reason.
 class TraceFile : public ITraceLog {
   public:
-    /// Makes the file at `path` (UTF-8) anew, or raises `FileErrors::CannotSave` with the reason.
-    /// `now` gives the time column. `calls` must outlive the object.
+    /// The log of the file at `path` (UTF-8). Nothing is written before `Make`: lines are kept
+    /// until then. `now` gives the time column. `calls` must outlive the object.
     explicit TraceFile(std::string path, std::function<std::string()> now = LocalTimeText,
                        FileCalls& calls = SystemFileCalls());
     ~TraceFile() override;
     TraceFile(const TraceFile&) = delete;
     TraceFile& operator=(const TraceFile&) = delete;
+
+    /// Makes the file anew, with the lines so far, or raises `FileErrors::CannotSave` with the
+    /// reason. To be called once.
+    void Make();
 
     /// Whether trace lines are wanted; error reports are always written.
     void Enable(bool on) { x_isEnabled = on; }
@@ -39,11 +43,13 @@ class TraceFile : public ITraceLog {
                    StringView message, StringView threadId) override;
 
   private:
-    void Append(std::string line);
+    void Append(const std::string& line);
+    void WriteOut(std::string_view bytes);
 
     FileCalls& x_calls;
     std::function<std::string()> x_now;
     std::string x_path;
+    std::string x_kept;  ///< the lines before the file was made
     int x_file = -1;
     bool x_isEnabled = true;
     String x_failure;

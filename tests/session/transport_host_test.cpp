@@ -24,9 +24,8 @@ class TransportHostTest : public FolderTest {
             text += "EnterAction" + std::to_string(i + 1) + "=" + actions[i] + "\n";
         }
         Write("test.ini", text);
-        TransportChoice choice;
-        choice.log = &log;
-        host = std::make_shared<TransportHost>(Clock::Virtual, choice);
+        host = std::make_shared<TransportHost>(Clock::Virtual, TransportChoice());
+        host->WriteLog(log);
         Answers answers;
         Session session(host, SetUpOf(text), answers, kept);
         session.Load(WidePath("test.ini"));

@@ -16,6 +16,7 @@ class TraceFileTest : public FolderTest {
 
 TEST_F(TraceFileTest, LinesStandInColumns) {
     TraceFile trace(path, Noon);
+    trace.Make();
     trace.WriteLine(L"start", L"ZOLTA_ActionsEngine", L"aceActionsEngine (Code)", L"NewFrequency",
                     L"Freq = 80000000", L"1");
     trace.WriteLine(L"end", L"", L"", L"NewFrequency", L"", L"1");
@@ -27,6 +28,7 @@ TEST_F(TraceFileTest, LinesStandInColumns) {
 
 TEST_F(TraceFileTest, AnErrorIsWrittenWithNumberLineSourceAndDescriptionAndIsRaised) {
     TraceFile trace(path, Noon);
+    trace.Make();
     EXPECT_EQ(trace.ReportError(RunTimeError(13, L"type mismatch", L"Host"), 7, 42), 0);
     EXPECT_EQ(Read("trace.log"),
               "2025-03-14 12:00:00.000  error  7       error 13                      "
@@ -35,6 +37,7 @@ TEST_F(TraceFileTest, AnErrorIsWrittenWithNumberLineSourceAndDescriptionAndIsRai
 
 TEST_F(TraceFileTest, ErrorsAreWrittenWithTracingOff) {
     TraceFile trace(path, Noon);
+    trace.Make();
     EXPECT_TRUE(trace.IsEnabled());
     trace.Enable(false);
     EXPECT_FALSE(trace.IsEnabled());
@@ -44,6 +47,7 @@ TEST_F(TraceFileTest, ErrorsAreWrittenWithTracingOff) {
 
 TEST_F(TraceFileTest, ALongNameIsNotCut) {
     TraceFile trace(path, Noon);
+    trace.Make();
     trace.WriteLine(L"start", L"c", L"m", String(40, L'p'), L"text", L"123456789");
     EXPECT_EQ(Read("trace.log"), "2025-03-14 12:00:00.000  start  123456789  " +
                                      std::string(40, 'p') + "  m" + std::string(23, ' ') + "  c" +
@@ -52,6 +56,7 @@ TEST_F(TraceFileTest, ALongNameIsNotCut) {
 
 TEST_F(TraceFileTest, TextsAreUtf8AndStayOnOneLine) {
     TraceFile trace(path, Noon);
+    trace.Make();
     trace.WriteLine(L"m", L"", L"", L"", L"\xE4\x20AC a\r\nb\t\x01\x7F C:\\new", L"");
     EXPECT_EQ(Read("trace.log").substr(25),
               "m" + std::string(4 + 8 + 30 + 26 + 21 + 2, ' ') +
@@ -60,18 +65,32 @@ TEST_F(TraceFileTest, TextsAreUtf8AndStayOnOneLine) {
 
 TEST_F(TraceFileTest, AValueThatIsNoCharacterIsShownAsAQuestionMark) {
     TraceFile trace(path, Noon);
+    trace.Make();
     trace.WriteLine(String(1, static_cast<wchar_t>(-1)), L"", L"", L"", L"", L"");
     EXPECT_EQ(Read("trace.log").substr(25), "?\n");
 }
 
 TEST_F(TraceFileTest, ANewLogReplacesTheOldOne) {
     Write("trace.log", "old");
-    const TraceFile trace(path, Noon);
+    TraceFile trace(path, Noon);
+    trace.Make();
     EXPECT_EQ(Read("trace.log"), "");
 }
 
+TEST_F(TraceFileTest, NothingIsTouchedBeforeTheLogIsMadeAndTheLinesSoFarAreKept) {
+    Write("trace.log", "old");
+    TraceFile trace(path, Noon);
+    trace.WriteLine(L"start", L"", L"", L"A", L"", L"1");
+    EXPECT_EQ(Read("trace.log"), "old");
+    trace.Make();
+    trace.WriteLine(L"end", L"", L"", L"A", L"", L"1");
+    EXPECT_EQ(Read("trace.log"),
+              "2025-03-14 12:00:00.000  start  1       A\n"
+              "2025-03-14 12:00:00.000  end    1       A\n");
+}
+
 TEST_F(TraceFileTest, AFileThatCannotBeMadeIsAnErrorThatNamesIt) {
-    const RunTimeError error = ErrorIn([&] { TraceFile trace(folder, Noon); });
+    const RunTimeError error = ErrorIn([&] { TraceFile(folder, Noon).Make(); });
     EXPECT_EQ(error.Number(), FileErrors::CannotSave);
     EXPECT_EQ(error.Description(), L"the trace cannot be written: " +
                                        String(folder.begin(), folder.end()) + L": Is a directory");
@@ -95,6 +114,7 @@ TEST_F(TraceFileTest, AFullDiskSilencesTheLogAndDisturbsNothing) {
     SlowCalls calls;
     calls.failures = {ENOSPC};
     TraceFile trace(path, Noon, calls);
+    trace.Make();
     trace.WriteLine(L"start", L"", L"", L"A", L"", L"1");
     EXPECT_EQ(trace.Failure(), WidePath("trace.log") + L": No space left on device");
     EXPECT_FALSE(trace.IsEnabled());
@@ -107,6 +127,7 @@ TEST_F(TraceFileTest, ShortAndInterruptedWritesAreFinished) {
     SlowCalls calls;
     calls.failures = {EINTR};
     TraceFile trace(path, Noon, calls);
+    trace.Make();
     trace.WriteLine(L"end", L"", L"", L"Odd", L"", L"1");
     EXPECT_EQ(Read("trace.log"), "2025-03-14 12:00:00.000  end    1       Odd\n");
     EXPECT_EQ(trace.Failure(), L"");

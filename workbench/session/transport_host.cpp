@@ -85,18 +85,22 @@ class TransportHost::SimulatedConfirmation final : public ForwardingSystemServic
 };
 
 TransportHost::TransportHost(Clock clock, TransportChoice choice)
-    : SessionHost(clock), x_choice(std::move(choice)), x_real(Needs()) {
-    const auto where = [this]() -> TrafficPlace {
-        const Place here = place ? place() : Place{};
-        return {here.moment, here.hertz};
-    };
-    x_log = x_choice.log != nullptr
-                ? std::make_shared<TrafficLog>(*x_choice.log, where, LogTime(*this, clock))
-                : std::make_shared<TrafficLog>();
+    : SessionHost(clock),
+      x_choice(std::move(choice)),
+      x_real(Needs()),
+      x_logTime(LogTime(*this, clock)) {
     x_log->onLine = [this](const TrafficLine& line) { TellTraffic(line); };
     if (!x_choice.isReal) {
         x_log->remark = L" (simulated)";
     }
+}
+
+void TransportHost::WriteLog(std::ostream& out) {
+    const auto where = [this]() -> TrafficPlace {
+        const Place here = place ? place() : Place{};
+        return {here.moment, here.hertz};
+    };
+    x_log->WriteTo(out, where, x_logTime);
 }
 
 RealHostNeeds TransportHost::Needs() {

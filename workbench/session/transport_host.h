@@ -16,7 +16,6 @@ struct TransportChoice {
     TransportSettings settings;  ///< of the real ones
     /// Opens the workbench's configuration anew; unset for none.
     std::function<std::shared_ptr<ISettingsFile>()> openConfiguration;
-    std::ostream* log = nullptr;  ///< gets the traffic log; outlives the host; none for no log
 };
 
 /// Tells each command, each start and their failures as a remark, and writes the log. A simulated
@@ -26,6 +25,9 @@ struct TransportChoice {
 class TransportHost : public SessionHost {
   public:
     TransportHost(Clock clock, TransportChoice choice);
+
+    /// Writes the traffic log from here on. `out` must outlive the host.
+    void WriteLog(std::ostream& out);
 
     /// Command lines of the programs that were waited for until the time-out, in their order.
     const std::vector<String>& SilentPrograms() const { return x_silentPrograms; }
@@ -50,7 +52,8 @@ class TransportHost : public SessionHost {
 
     TransportChoice x_choice;
     RealHost x_real;
-    std::shared_ptr<TrafficLog> x_log;
+    TrafficLog::Now x_logTime;
+    std::shared_ptr<TrafficLog> x_log = std::make_shared<TrafficLog>();
     std::map<double, String> x_programs;  ///< command line of each process that was started
     String x_program;                     ///< command line of the last one started or found running
     double x_process = 0.0;               ///< the identifier of that program

@@ -42,10 +42,14 @@ std::string TimeText(std::chrono::system_clock::time_point time) {
 
 }  // namespace
 
-TrafficLog::TrafficLog(std::ostream& out, std::function<TrafficPlace()> place, Now now)
-    : x_out(&out),
-      x_place(std::move(place)),
-      x_now(now ? std::move(now) : Now(std::chrono::system_clock::now)) {
+TrafficLog::TrafficLog(std::ostream& out, std::function<TrafficPlace()> place, Now now) {
+    WriteTo(out, std::move(place), std::move(now));
+}
+
+void TrafficLog::WriteTo(std::ostream& out, std::function<TrafficPlace()> place, Now now) {
+    x_out = &out;
+    x_place = std::move(place);
+    x_now = now ? std::move(now) : Now(std::chrono::system_clock::now);
     out << "time\tmoment\tfrequency/Hz\ttransport\taddress\tbytes\twhat happened\n" << std::flush;
 }
 

@@ -43,9 +43,12 @@ class TrafficLog {
 
     /// A log without a file, which only tells its listener.
     TrafficLog() = default;
-    /// Writes a line with the names of the fields. `out` must outlive the object; `place` is asked
-    /// at the beginning of each command.
+    /// The same as `WriteTo`.
     explicit TrafficLog(std::ostream& out, std::function<TrafficPlace()> place = {}, Now now = {});
+
+    /// From here on lines are written, too; the first has the names of the fields. `out` must
+    /// outlive the object; `place` is asked at the beginning of each command.
+    void WriteTo(std::ostream& out, std::function<TrafficPlace()> place = {}, Now now = {});
 
     /// Is told of each line as it ends.
     std::function<void(const TrafficLine& line)> onLine;
