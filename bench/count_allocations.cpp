@@ -5,7 +5,6 @@
 
 #include <ace/core/actions_engine.h>
 
-#include "bench/bench_devices.h"
 #include "bench/mix.h"
 #include "bench/quiet_host.h"
 #include "support/allocation_counter.h"

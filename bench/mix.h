@@ -12,7 +12,11 @@ inline constexpr std::int32_t MixElements = 600;
 /// macro, a switched path and a wait, over and over, `size` in all. No text of theirs is short.
 void FillWithMix(p_Subrange& test, std::int32_t size);
 
-/// One action of the kinds of the mix.
+/// One action of the kinds of the mix, by its place there.
 p_Action MixedAction(std::int32_t index);
+/// Places of the kinds that are measured apart as well.
+inline constexpr std::int32_t CommandOfMix = 0;
+inline constexpr std::int32_t MacroOfMix = 3;
+inline constexpr std::int32_t WaitOfMix = 5;
 
 }  // namespace ace::bench

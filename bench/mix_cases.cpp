@@ -9,9 +9,9 @@
 #include <ace/host/rounding.h>
 #include <ace/host/switch_unit.h>
 
-#include "bench/bench_devices.h"
 #include "bench/cases.h"
 #include "bench/mix.h"
+#include "bench/quiet_host.h"
 
 namespace ace::bench {
 
@@ -42,8 +42,7 @@ void Call(ThreadContext& context, aceRemote& record) {
             static_cast<std::int16_t>(board), static_cast<std::int16_t>(rest), 0, 11, 1, 0);
     }
     context.StatusDisplay->ShowStatus(
-        context.ActionStatusTexts[1] + std::to_wstring(board) + L":" + std::to_wstring(rest), false,
-        false);
+        context.ActionStatusTexts[1] + IntegerText(board) + L":" + IntegerText(rest), false, false);
     context.GpibDriver().WriteString(static_cast<std::int16_t>(record.DrvHdl), text);
     context.StatusDisplay->ShowStatus({}, false, false);
 }
@@ -84,7 +83,7 @@ void Call(ThreadContext& context, aceSetDevice& record, bool isSwitch) {
     static_cast<void>(context.TraceLog().IsEnabled());
     const std::shared_ptr<ISettingsFile> settings =
         context.SystemServices().OpenSettingsFile(20, 10, context.ModuleFileNames[0], 0, 0);
-    const String section = L"Actions" + std::to_wstring(record.ChanNo);
+    const String section = L"Actions" + IntegerText(record.ChanNo);
     static_cast<void>(record.Device->State());
     static_cast<void>(context.DeviceList().ClassName(record.Device->DeviceClass()));
     if (!record.MoniDev) {
@@ -184,6 +183,17 @@ Work SameCallsWithFreshRecords() {
     };
 }
 
+/// Of a hundred actions of each kind. A device that is set asks twice whether to trace, less its
+/// end line, which a set that succeeds does not write.
+std::vector<CallCount> CallsOfTheMix() {
+    constexpr std::size_t Each = MixElements / 6;
+    return {{Call::Yield, MixElements}, {Call::TraceQuestion, 2 * MixElements + Each + 2},
+            {Call::Status, 6 * Each},   {Call::BusWrite, Each},
+            {Call::Generator, Each},    {Call::Channel, Each},
+            {Call::MacroLoad, Each},    {Call::MacroResult, 2 * Each},
+            {Call::Path, Each},         {Call::TimedMessage, Each}};
+}
+
 }  // namespace
 
 std::vector<Case> MixCases() {
@@ -197,7 +207,9 @@ std::vector<Case> MixCases() {
                      bench->engine->NewFrequency(bench->frequency, false);
                  };
              },
-             {.instructions = 0.75}}};
+             {.instructions = 0.75},
+             MixElements,
+             CallsOfTheMix()}};
 }
 
 }  // namespace ace::bench

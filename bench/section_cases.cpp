@@ -5,6 +5,7 @@
 #include <ace/settings/action_line.h>
 
 #include "bench/cases.h"
+#include "bench/quiet_host.h"
 
 namespace ace::bench {
 
@@ -36,7 +37,12 @@ const std::vector<String> Lines = {
 };
 
 struct OneSection : DefaultSettingsFile {
-    std::vector<String> GetSection(const String&) override { return Lines; }
+    std::vector<String> GetSection(const String&) override {
+        if (HostsCount()) {
+            Count<true>(Call::Line, Lines.size());
+        }
+        return Lines;
+    }
 };
 
 volatile std::size_t sink = 0;
@@ -60,28 +66,38 @@ void SplitLine(StringView line, std::vector<StringView>& parts) {
     sink = sink + parts.size();
 }
 
+/// The host's copy of the lines, which is no work of the reader.
+Work HandOut() {
+    return [file = std::make_shared<OneSection>()] { sink = file->GetSection({}).size(); };
+}
+
+Work SplitAll() {
+    return [parts = std::vector<StringView>()]() mutable {
+        for (const String& line : Lines) {
+            SplitLine(line, parts);
+        }
+    };
+}
+
+Work ReadAll() {
+    auto context = std::make_shared<ThreadContext>(QuietHost());
+    auto lists = std::make_shared<p_Subrange>();
+    return [context, lists] {
+        OneSection file;
+        modActions::ReadSection(*context, file, L"ActionsOnTest", *lists);
+    };
+}
+
 Case ReadingASection() {
     return {"reading a section beside a bare split of its lines",
             "line",
             Lines.size(),
-            [] {
-                auto file = std::make_shared<OneSection>();
-                return [file, parts = std::vector<StringView>()]() mutable {
-                    const std::vector<String> lines = file->GetSection({});
-                    for (const String& line : lines) {
-                        SplitLine(line, parts);
-                    }
-                };
-            },
-            [] {
-                auto context = std::make_shared<ThreadContext>();
-                auto lists = std::make_shared<p_Subrange>();
-                return [context, lists] {
-                    OneSection file;
-                    modActions::ReadSection(*context, file, L"ActionsOnTest", *lists);
-                };
-            },
-            {5.0, 4.5}};
+            SplitAll,
+            ReadAll,
+            {.instructions = 5.0},
+            Lines.size(),
+            {{Call::TraceQuestion, 2}, {Call::Line, Lines.size()}},
+            HandOut};
 }
 
 }  // namespace

@@ -73,7 +73,9 @@ Case KindWithoutRoutine() {
             Elements,
             YieldAndTwoQuestions,
             [] { return [bench = WithParking()] { bench->engine->BeforeTestLoop(); }; },
-            {2.0, 2.0}};
+            {.gate = 44},
+            Elements,
+            {{Call::Yield, Elements}, {Call::TraceQuestion, 2 * Elements}}};
 }
 
 Case KindWithoutRoutineInANumberedList() {
@@ -82,7 +84,9 @@ Case KindWithoutRoutineInANumberedList() {
             Elements,
             YieldAndTwoQuestions,
             [] { return [bench = WithParking()] { bench->engine->EnterSubrange(1); }; },
-            {2.0, 2.0}};
+            {.gate = 56},
+            Elements,
+            {{Call::Yield, Elements}, {Call::TraceQuestion, 2 * Elements}}};
 }
 
 Case SkippedKindAtAFrequency() {
@@ -96,7 +100,9 @@ Case SkippedKindAtAFrequency() {
                     bench->engine->NewFrequency(frequency, false);
                 };
             },
-            {.instructions = 1.5}};
+            {.gate = 24},
+            Elements,
+            {{Call::Yield, Elements}, {Call::TraceQuestion, 2}}};
 }
 
 /// The floor is the same operation on ten actions: an unchanged frequency must not look at them.
@@ -113,7 +119,9 @@ Case UnchangedFrequency() {
             1,
             ask(10),
             ask(Elements),
-            {.instructions = 1.0}};
+            {.instructions = 1.0},
+            1,
+            {{Call::TraceQuestion, 2}}};
 }
 
 }  // namespace
