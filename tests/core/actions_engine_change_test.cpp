@@ -112,15 +112,15 @@ DynArray<p_Subrange> MarkedLists(double first, std::int32_t size) {
 struct TakeOverRow {
     aceModul modul;
     std::vector<String> calls;
-    p_Subrange EngineState::*first = nullptr;
-    p_Subrange EngineState::*other = nullptr;
-    std::int32_t EngineState::*count = nullptr;
-    DynArray<p_Subrange> EngineState::*numbered = nullptr;
-    std::int32_t EngineState::*secondCount = nullptr;
-    DynArray<p_Subrange> EngineState::*second = nullptr;
+    p_Subrange ModuleLists::*first = nullptr;
+    p_Subrange ModuleLists::*other = nullptr;
+    std::int32_t ModuleLists::*count = nullptr;
+    DynArray<p_Subrange> ModuleLists::*numbered = nullptr;
+    std::int32_t ModuleLists::*secondCount = nullptr;
+    DynArray<p_Subrange> ModuleLists::*second = nullptr;
 };
 
-using E = EngineState;
+using E = ModuleLists;
 
 const TakeOverRow TakeOverRows[] = {
     {aceTemplate,
@@ -171,18 +171,17 @@ const TakeOverRow TakeOverRows[] = {
 /// The lists of `state`, all others of the object included, as the row leaves them.
 void ExpectTakenOver(const EngineState& state, const TakeOverRow& row, const FakeEditor& editor) {
     for (const ModuleRow& module : ModuleTable) {
-        for (const FixedList& fixed : module.FixedLists()) {
-            const bool isFirst = fixed.list == row.first;
-            EXPECT_EQ(state.*fixed.list, isFirst                   ? editor.first
-                                         : fixed.list == row.other ? editor.other
-                                                                   : p_Subrange());
+        for (const FixedSet& fixed : module.AllFixed()) {
+            const bool isFirst = fixed.set == row.first;
+            EXPECT_EQ(state.*fixed.set, isFirst                  ? editor.first
+                                        : fixed.set == row.other ? editor.other
+                                                                 : p_Subrange());
         }
-        for (const NumberedList& numbered : module.NumberedLists()) {
-            const bool isFirst = numbered.lists == row.numbered;
-            EXPECT_EQ(state.*numbered.lists, isFirst ? editor.numbered
-                                             : numbered.lists == row.second
-                                                 ? editor.second
-                                                 : DynArray<p_Subrange>());
+        for (const NumberedSets& numbered : module.AllNumbered()) {
+            const bool isFirst = numbered.sets == row.numbered;
+            EXPECT_EQ(state.*numbered.sets, isFirst                       ? editor.numbered
+                                            : numbered.sets == row.second ? editor.second
+                                                                          : DynArray<p_Subrange>());
         }
     }
     if (row.count != nullptr) {
@@ -215,7 +214,7 @@ TEST_F(Property, TheMatrixIsTakenOverIntoTheStateOfTheObject) {
     const auto editor = OpenEditor();
     state.Modul = aceVKSDUT;
     engine.Change(true);
-    EXPECT_EQ(editor->matrix, &state);
+    EXPECT_EQ(editor->store, &state);
 }
 
 TEST_F(Property, ChangeTakesOverWhateverTheOneEditorHolds) {

@@ -95,11 +95,11 @@ TEST_F(Lifetime, AFreshObjectHasEmptyListsAndNoArrays) {
     const auto engine = MakeEngine();
     const EngineState& state = engine->State();
     for (const ModuleRow& module : ModuleTable) {
-        for (const FixedList& fixed : module.FixedLists()) {
-            EXPECT_EQ(state.*fixed.list, p_Subrange());
+        for (const FixedSet& fixed : module.AllFixed()) {
+            EXPECT_EQ(state.*fixed.set, p_Subrange());
         }
-        for (const NumberedList& numbered : module.NumberedLists()) {
-            EXPECT_FALSE((state.*numbered.lists).IsAllocated());
+        for (const NumberedSets& numbered : module.AllNumbered()) {
+            EXPECT_FALSE((state.*numbered.sets).IsAllocated());
             EXPECT_EQ(state.SavedCount.*numbered.saved, 0);
         }
     }

@@ -35,10 +35,10 @@ TEST_P(ModulTest, AListWhoseCountIs0HasNoArrayAndItsWalkDoesNothingAndReturnsFal
 }
 
 TEST_P(ModulTest, AWalkTestsTheCountAndNeverTheBounds) {
-    for (const FixedList& fixed : FindModule(GetParam())->FixedLists()) {
+    for (const FixedSet& fixed : FindModule(GetParam())->AllFixed()) {
         for (const ListFields& list : ActionLists) {
-            Fill(state.*fixed.list, list, {Action(atTestStop)});
-            state.*fixed.list.*list.count = 0;
+            Fill(state.*fixed.set, list, {Action(atTestStop)});
+            state.*fixed.set.*list.count = 0;
         }
     }
     host->journal.Clear();

@@ -20,70 +20,65 @@ class FakeEditor : public IEditor {
     DynArray<p_Subrange> second;
     p_Subrange first;
     p_Subrange other;
-    EngineState* matrix = nullptr;  ///< the state that `GetVKSDUTActions` was given
+    ModuleLists* store = nullptr;   ///< the lists that were filled last
     EngineState* loaded = nullptr;  ///< the state that `LoadEditor` was given last
 
-    void GetMainActions(std::int32_t& subrangeCount, DynArray<p_Subrange>& subranges,
-                        p_Subrange& test) override {
-        Enter(L"GetMainActions");
-        subrangeCount = count;
-        subranges = numbered;
-        test = first;
+    void GetMainActions(ModuleLists& lists) override {
+        Enter(lists, L"GetMainActions");
+        lists.MainSubrangeCount = count;
+        lists.MainSubranges = numbered;
+        lists.MainTest = first;
     }
-    void GetMoniActions(std::int32_t& channelCount, DynArray<p_Subrange>& channels, p_Subrange& eut,
-                        p_Subrange& loop) override {
-        Enter(L"GetMoniActions");
-        channelCount = count;
-        channels = numbered;
-        eut = first;
-        loop = other;
+    void GetMoniActions(ModuleLists& lists) override {
+        Enter(lists, L"GetMoniActions");
+        lists.MoniChannelCount = count;
+        lists.MoniChannels = numbered;
+        lists.MoniEut = first;
+        lists.MoniLoop = other;
     }
-    void GetEMSAutoActionsGeneral(p_Subrange& general) override {
-        Enter(L"GetEMSAutoActionsGeneral");
-        general = first;
+    void GetEMSAutoActionsGeneral(ModuleLists& lists) override {
+        Enter(lists, L"GetEMSAutoActionsGeneral");
+        lists.EMSAutoGeneral = first;
     }
-    void GetEMSAutoActions(std::int32_t& stepCount, DynArray<p_Subrange>& steps) override {
-        Enter(L"GetEMSAutoActions");
-        stepCount = count;
-        steps = numbered;
+    void GetEMSAutoActions(ModuleLists& lists) override {
+        Enter(lists, L"GetEMSAutoActions");
+        lists.EMSAutoStepCount = count;
+        lists.EMSAutoSteps = numbered;
     }
-    void GetEMIAutoActions(std::int32_t& stepCount, DynArray<p_Subrange>& steps,
-                           p_Subrange& test) override {
-        Enter(L"GetEMIAutoActions");
-        stepCount = count;
-        steps = numbered;
-        test = first;
+    void GetEMIAutoActions(ModuleLists& lists) override {
+        Enter(lists, L"GetEMIAutoActions");
+        lists.EMIAutoStepCount = count;
+        lists.EMIAutoSteps = numbered;
+        lists.EMIAutoTest = first;
     }
-    void GetTSActions(std::int32_t& testCount, DynArray<p_Subrange>& tests,
-                      p_Subrange& test) override {
-        Enter(L"GetTSActions");
-        testCount = count;
-        tests = numbered;
-        test = first;
+    void GetTSActions(ModuleLists& lists) override {
+        Enter(lists, L"GetTSActions");
+        lists.TSTestCount = count;
+        lists.TSTests = numbered;
+        lists.TSTest = first;
     }
-    void GetAziChartActions(p_Subrange& chart) override {
-        Enter(L"GetAziChartActions");
-        chart = first;
+    void GetAziChartActions(ModuleLists& lists) override {
+        Enter(lists, L"GetAziChartActions");
+        lists.AziChart = first;
     }
-    void GetVKSActions(std::int32_t& testCount, DynArray<p_Subrange>& tests, p_Subrange& general,
-                       std::int32_t& stepCount, DynArray<p_Subrange>& steps) override {
-        Enter(L"GetVKSActions");
-        testCount = count;
-        tests = numbered;
-        general = first;
-        stepCount = secondCount;
-        steps = second;
+    void GetVKSActions(ModuleLists& lists) override {
+        Enter(lists, L"GetVKSActions");
+        lists.VKSTestCount = count;
+        lists.VKSTests = numbered;
+        lists.VKSTemplate = first;
+        lists.VKSStepCount = secondCount;
+        lists.VKSSteps = second;
     }
-    void GetVKSDUTActions(EngineState& state) override {
-        Enter(L"GetVKSDUTActions");
-        matrix = &state;
-        state.VKSStepCount = secondCount;
-        state.VKSSteps = second;
+    void GetVKSDUTActions(ModuleLists& lists) override {
+        Enter(lists, L"GetVKSDUTActions");
+        lists.VKSStepCount = secondCount;
+        lists.VKSSteps = second;
     }
-    void GetVKSDUTGlobActions(p_Subrange& global) override {
-        Enter(L"GetVKSDUTGlobActions");
-        global = first;
+    void GetVKSDUTGlobActions(ModuleLists& lists) override {
+        Enter(lists, L"GetVKSDUTGlobActions");
+        lists.VKSDUTGlob = first;
     }
+    void TakeLists(const ModuleLists&) override { Enter(L"TakeLists"); }
     void LoadEditor(aceModul modul, const std::shared_ptr<EngineState>& engine) override {
         Enter(L"LoadEditor", std::to_wstring(modul));
         loaded = engine.get();
@@ -94,6 +89,10 @@ class FakeEditor : public IEditor {
     void Unload() override { Enter(L"Unload"); }
 
   private:
+    void Enter(ModuleLists& lists, StringView operation) {
+        Enter(operation);
+        store = &lists;
+    }
     void Enter(StringView operation, const String& arguments = {}) {
         x_host.Call(L"Editor." + String(operation), arguments);
     }

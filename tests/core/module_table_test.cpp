@@ -8,13 +8,13 @@ namespace ace::test {
 namespace {
 
 struct FixedRow {
-    p_Subrange EngineState::*list;
+    p_Subrange ModuleLists::*list;
     String section;
     bool emptyMlc;
 };
 struct NumberedRow {
-    DynArray<p_Subrange> EngineState::*lists;
-    std::int32_t EngineState::*count;
+    DynArray<p_Subrange> ModuleLists::*lists;
+    std::int32_t ModuleLists::*count;
     std::int32_t SavedCounts::*saved;
     String sectionWord;
 };
@@ -29,7 +29,7 @@ struct ExpectedModule {
     std::vector<NumberedRow> numbered;
 };
 
-using E = EngineState;
+using E = ModuleLists;
 using S = SavedCounts;
 
 const NumberedRow VksSteps = {&E::VKSSteps, &E::VKSStepCount, &S::VKSSteps, L"ActionsOnStep"};
@@ -110,22 +110,22 @@ TEST_P(ModuleTableRow, StandsAtItsKindWithTheHostsFileKinds) {
 
 TEST_P(ModuleTableRow, HasItsFixedListsInOrder) {
     const std::vector<FixedRow>& expected = GetParam().fixed;
-    ASSERT_EQ(Row().FixedLists().size(), expected.size());
+    ASSERT_EQ(Row().AllFixed().size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_EQ(Row().FixedLists()[i].list, expected[i].list);
-        EXPECT_EQ(Row().FixedLists()[i].section, expected[i].section);
-        EXPECT_EQ(Row().FixedLists()[i].emptyMlc, expected[i].emptyMlc);
+        EXPECT_EQ(Row().AllFixed()[i].set, expected[i].list);
+        EXPECT_EQ(Row().AllFixed()[i].section, expected[i].section);
+        EXPECT_EQ(Row().AllFixed()[i].emptyMlc, expected[i].emptyMlc);
     }
 }
 
 TEST_P(ModuleTableRow, HasItsNumberedListsInOrder) {
     const std::vector<NumberedRow>& expected = GetParam().numbered;
-    ASSERT_EQ(Row().NumberedLists().size(), expected.size());
+    ASSERT_EQ(Row().AllNumbered().size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_EQ(Row().NumberedLists()[i].lists, expected[i].lists);
-        EXPECT_EQ(Row().NumberedLists()[i].count, expected[i].count);
-        EXPECT_EQ(Row().NumberedLists()[i].saved, expected[i].saved);
-        EXPECT_EQ(Row().NumberedLists()[i].sectionWord, expected[i].sectionWord);
+        EXPECT_EQ(Row().AllNumbered()[i].sets, expected[i].lists);
+        EXPECT_EQ(Row().AllNumbered()[i].count, expected[i].count);
+        EXPECT_EQ(Row().AllNumbered()[i].saved, expected[i].saved);
+        EXPECT_EQ(Row().AllNumbered()[i].sectionWord, expected[i].sectionWord);
     }
 }
 

@@ -25,13 +25,13 @@ class PlainModuleTest : public SubrangeTest, public ::testing::WithParamInterfac
   protected:
     PlainModuleTest() { State().Modul = GetParam(); }
 
-    static const NumberedList& List() { return ModuleTable[GetParam()].numbered[0]; }
+    static const NumberedSets& Numbered() { return ModuleTable[GetParam()].numbered[0]; }
     void Have(StringView letters, std::int32_t count) {
-        State().*List().lists = Letters(letters);
-        State().*List().count = count;
+        State().*Numbered().sets = Letters(letters);
+        State().*Numbered().count = count;
     }
-    Lines Texts() { return TextsOf(State().*List().lists); }
-    std::int32_t Count() { return State().*List().count; }
+    Lines Texts() { return TextsOf(State().*Numbered().sets); }
+    std::int32_t Count() { return State().*Numbered().count; }
     static Lines Loaded() { return {L"Editor.LoadEditor(" + std::to_wstring(GetParam()) + L")"}; }
     static Lines Selected(std::int32_t number) {
         return {L"Editor.SetSubrange(" + std::to_wstring(number) + L")"};
@@ -109,8 +109,8 @@ TEST_P(PlainModuleTest, DeleteSubrangeOfTheOnlyOneLeavesCountZeroAndOneSpareElem
     engine->DeleteSubrange(1);
 
     EXPECT_EQ(Count(), 0);
-    EXPECT_EQ((State().*List().lists).LowerBound(), 0);
-    EXPECT_EQ((State().*List().lists).UpperBound(), 0);
+    EXPECT_EQ((State().*Numbered().sets).LowerBound(), 0);
+    EXPECT_EQ((State().*Numbered().sets).UpperBound(), 0);
 }
 
 TEST_P(PlainModuleTest, DeleteSubrangeLeavesTheSelectionToTheEditor) {
@@ -135,7 +135,7 @@ TEST_P(PlainModuleTest, MoveSubrangeTakesTheDestinationAfterTheRemoval) {
 
 TEST_P(PlainModuleTest, MoveSubrangeTakesItsOwnFrequencyListAlong) {
     Have(L"ABC", 3);
-    EmptyList((State().*List().lists)[2], FreqList);
+    EmptyList((State().*Numbered().sets)[2], FreqList);
 
     engine->MoveSubrange(3, 1);
 
@@ -216,7 +216,7 @@ TEST_P(PlainModuleTest, SwapSubrangeGoesByTheBoundsSoThatTheSpareTakesPart) {
 
 TEST_P(PlainModuleTest, NoneOfThemTouchesTheChangeFlagsOrTheSavedCounts) {
     Have(L"AB", 2);
-    State().SavedCount.*List().saved = 2;
+    State().SavedCount.*Numbered().saved = 2;
 
     engine->AddSubrange(1);
     engine->MoveSubrange(1, 2);
@@ -226,7 +226,7 @@ TEST_P(PlainModuleTest, NoneOfThemTouchesTheChangeFlagsOrTheSavedCounts) {
     for (const Boolean changed : State().ChangeFlags) {
         EXPECT_FALSE(changed);
     }
-    EXPECT_EQ(State().SavedCount.*List().saved, 2);
+    EXPECT_EQ(State().SavedCount.*Numbered().saved, 2);
 }
 
 // ---- failures ------------------------------------------------------------------------------
@@ -311,7 +311,7 @@ TEST_P(PlainModuleTest, FailureOfTheEditorIsReportedAndRaisedWithTheListChanged)
 
 TEST_P(PlainModuleTest, SetThatIsHeldIsErrorTenAndStaysAsItIs) {
     Have(L"ABC", 3);
-    const DynArray<p_Subrange>::Hold hold(State().*List().lists);
+    const DynArray<p_Subrange>::Hold hold(State().*Numbered().sets);
 
     EXPECT_EQ(ErrorOf([&] { engine->AddSubrange(1); }), 10);
     EXPECT_EQ(ErrorOf([&] { engine->DeleteSubrange(1); }), 10);
@@ -323,7 +323,7 @@ TEST_P(PlainModuleTest, SetThatIsHeldIsErrorTenAndStaysAsItIs) {
 
 TEST_P(PlainModuleTest, ExchangeIsRefusedForTheEntryThatRunsAndDoneForOthers) {
     Have(L"ABC", 3);
-    DynArray<p_Subrange>& sets = State().*List().lists;
+    DynArray<p_Subrange>& sets = State().*Numbered().sets;
     const DynArray<p_Subrange>::Hold hold(sets);
     const DynArray<p_Action>::Hold running(sets[0].Leave);
 

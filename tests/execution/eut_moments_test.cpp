@@ -115,7 +115,7 @@ struct CodeRow {
 /// Each of these answers true, for its device is not there and the operator stops.
 TEST_F(EutMoments, SetCheckAndSwitchUnitSignalTheStopOfTheTestAndOtherDevicesSignalNothing) {
     Serve(aceMonitoring);
-    MakeSets(&EngineState::MoniChannels, &EngineState::MoniChannelCount, 1);
+    MakeSets(&ModuleLists::MoniChannels, &ModuleLists::MoniChannelCount, 1);
     const CodeRow rows[] = {{OnDevice(atSetDevice, L"gone"), 5},
                             {OnDevice(atCheckEut, L"gone"), 5},
                             {OnDevice(atSwitchUnit, L"gone"), 5},
@@ -136,7 +136,7 @@ TEST_F(EutMoments, SetCheckAndSwitchUnitSignalTheStopOfTheTestAndOtherDevicesSig
 
 TEST_F(EutMoments, AChannelRunsItsWholeListBehindAFailedCheck) {
     Serve(aceMonitoring);
-    MakeSets(&EngineState::MoniChannels, &EngineState::MoniChannelCount, 1);
+    MakeSets(&ModuleLists::MoniChannels, &ModuleLists::MoniChannelCount, 1);
     Fill(State().MoniChannels[0], FreqList, {Check({Stops}), Action(atGotoSingle), Check({})});
     Read({3.0, 0.0});
     EXPECT_EQ(engine->Trigger(1, L""), 5);

@@ -32,7 +32,7 @@ class ChannelMomentsTest : public EngineTest, public ::testing::WithParamInterfa
   protected:
     ChannelMomentsTest() {
         State().Modul = aceMonitoring;
-        MakeSets(&EngineState::MoniChannels, &EngineState::MoniChannelCount, 2);
+        MakeSets(&ModuleLists::MoniChannels, &ModuleLists::MoniChannelCount, 2);
     }
     static const MomentRow& Row() { return GetParam(); }
     std::int32_t Run(std::int32_t number) { return (engine.get()->*Row().run)(number, L"Radio"); }
@@ -222,7 +222,7 @@ TEST_P(ChannelMomentsTest, ChannelsAreHeldWhileAnActionRuns) {
 
 class GetNoGoTest : public EngineTest {
   protected:
-    GetNoGoTest() { MakeSets(&EngineState::MoniChannels, &EngineState::MoniChannelCount, 1); }
+    GetNoGoTest() { MakeSets(&ModuleLists::MoniChannels, &ModuleLists::MoniChannelCount, 1); }
     std::int32_t CodeOf(const std::vector<p_Action>& actions) {
         Fill(State().MoniChannels[0], EnterList, actions);
         return engine->GetNoGo(1);

@@ -13,14 +13,14 @@ String Compared(const String& frequency, const String& last) {
 /// The modules with an every-frequency list.
 struct ListRow {
     aceModul modul;
-    p_Subrange EngineState::*set;
+    p_Subrange ModuleLists::*set;
 };
 const ListRow Lists[] = {
-    {aceTemplate, &EngineState::MainTest},
-    {aceMonitoring, &EngineState::MoniEut},
-    {aceEMSAutoTemplateGeneral, &EngineState::EMSAutoGeneral},
-    {aceEMIAutoTemplate, &EngineState::EMIAutoTest},
-    {aceAziChart, &EngineState::AziChart},
+    {aceTemplate, &ModuleLists::MainTest},
+    {aceMonitoring, &ModuleLists::MoniEut},
+    {aceEMSAutoTemplateGeneral, &ModuleLists::EMSAutoGeneral},
+    {aceEMIAutoTemplate, &ModuleLists::EMIAutoTest},
+    {aceAziChart, &ModuleLists::AziChart},
 };
 constexpr std::int32_t WithoutList[] = {
     aceEMSAutoTemplate, aceTSTemplate, aceVKSTemplate, aceVKSDUT, 9, -1};

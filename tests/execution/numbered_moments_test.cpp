@@ -9,7 +9,7 @@ namespace {
 struct MomentRow {
     const char* name;
     Boolean (aceActionsEngine::*run)(std::int32_t);
-    DynArray<p_Subrange> EngineState::*sets;
+    DynArray<p_Subrange> ModuleLists::*sets;
     std::int32_t wait;  ///< milliseconds in the list that runs; see `FillSet`
     aceModul modul;     ///< told to the actions
     bool asksModul;     ///< runs only on an object of that module
@@ -20,19 +20,19 @@ void PrintTo(const MomentRow& row, std::ostream* out) {
 }
 
 const MomentRow Moments[] = {
-    {"EnterSubrange", &aceActionsEngine::EnterSubrange, &EngineState::MainSubranges, 1, aceTemplate,
+    {"EnterSubrange", &aceActionsEngine::EnterSubrange, &ModuleLists::MainSubranges, 1, aceTemplate,
      false, false},
-    {"LeaveSubrange", &aceActionsEngine::LeaveSubrange, &EngineState::MainSubranges, 2, aceTemplate,
+    {"LeaveSubrange", &aceActionsEngine::LeaveSubrange, &ModuleLists::MainSubranges, 2, aceTemplate,
      false, false},
-    {"BeforeStep", &aceActionsEngine::BeforeStep, &EngineState::EMIAutoSteps, 1, aceEMIAutoTemplate,
+    {"BeforeStep", &aceActionsEngine::BeforeStep, &ModuleLists::EMIAutoSteps, 1, aceEMIAutoTemplate,
      false, false},
-    {"AfterStep", &aceActionsEngine::AfterStep, &EngineState::EMIAutoSteps, 2, aceEMIAutoTemplate,
+    {"AfterStep", &aceActionsEngine::AfterStep, &ModuleLists::EMIAutoSteps, 2, aceEMIAutoTemplate,
      true, false},
-    {"EnterStep", &aceActionsEngine::EnterStep, &EngineState::EMSAutoSteps, 1, aceEMSAutoTemplate,
+    {"EnterStep", &aceActionsEngine::EnterStep, &ModuleLists::EMSAutoSteps, 1, aceEMSAutoTemplate,
      false, true},
-    {"BeforeTest", &aceActionsEngine::BeforeTest, &EngineState::TSTests, 1, aceTSTemplate, true,
+    {"BeforeTest", &aceActionsEngine::BeforeTest, &ModuleLists::TSTests, 1, aceTSTemplate, true,
      false},
-    {"AfterTest", &aceActionsEngine::AfterTest, &EngineState::TSTests, 2, aceTSTemplate, true,
+    {"AfterTest", &aceActionsEngine::AfterTest, &ModuleLists::TSTests, 2, aceTSTemplate, true,
      false},
 };
 
@@ -194,7 +194,7 @@ class EnterSubrangeTest : public EngineTest {};
 TEST_F(EnterSubrangeTest, EnterSubrangeWithNumberZeroAnswersFalseOnceTheArrayExists) {
     EXPECT_EQ(ErrorOf([&] { engine->EnterSubrange(0); }), 9);
 
-    MakeSets(&EngineState::MainSubranges, &EngineState::MainSubrangeCount, 1);
+    MakeSets(&ModuleLists::MainSubranges, &ModuleLists::MainSubrangeCount, 1);
     Fill(State().MainSubranges[0], EnterList, {Action(atTestStop)});
     EXPECT_FALSE(engine->EnterSubrange(0));
     EXPECT_EQ(TakeEffects(), Journal(InRange(0, -1, 0)));

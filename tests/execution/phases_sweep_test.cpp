@@ -64,7 +64,7 @@ void Prepare(SweepRig& rig, aceModul modul) {
     rig.context.CommentForm = form;
 }
 /// A numbered set with `actions` in one of its lists.
-std::function<void(SweepRig&)> WithSet(aceModul modul, DynArray<p_Subrange> EngineState::*sets,
+std::function<void(SweepRig&)> WithSet(aceModul modul, DynArray<p_Subrange> ModuleLists::*sets,
                                        const ListFields& list,
                                        const std::vector<p_Action>& actions) {
     return [=](SweepRig& rig) {
@@ -73,7 +73,7 @@ std::function<void(SweepRig&)> WithSet(aceModul modul, DynArray<p_Subrange> Engi
         Fill((rig.engine->State().*sets)[0], list, actions);
     };
 }
-std::function<void(SweepRig&)> WithFixed(aceModul modul, p_Subrange EngineState::*set,
+std::function<void(SweepRig&)> WithFixed(aceModul modul, p_Subrange ModuleLists::*set,
                                          const ListFields& list,
                                          const std::vector<p_Action>& actions) {
     return [=](SweepRig& rig) {
@@ -127,17 +127,17 @@ p_Action CommentAction() {
 std::vector<SweepRow> BareRows() {
     return {
         {"StartTest",
-         WithFixed(aceTemplate, &EngineState::MainTest, EnterList,
+         WithFixed(aceTemplate, &ModuleLists::MainTest, EnterList,
                    {Notification(atNotify, L"Hello")}),
          Plain<&aceActionsEngine::StartTest>, StateText,
          Raised(0, {Yield}, L"idle, 0, -1") + NotifySteps(1, L"idle, 0, -1")},
         {"TrackingPass",
-         WithFixed(aceTemplate, &EngineState::MainTest, FreqList,
+         WithFixed(aceTemplate, &ModuleLists::MainTest, FreqList,
                    {Action(atTrackFreq, aceTrackFreq{})}),
          Plain<&aceActionsEngine::StartTest>, StateText,
          Raised(0, {Yield}, L"idle, 0, -1") + Raised(1, {Asked, Asked}, L"idle, 0, -1")},
         {"StartWirelessTest",
-         WithFixed(aceVKSTemplate, &EngineState::VKSTemplate, EnterList, OneQuestion),
+         WithFixed(aceVKSTemplate, &ModuleLists::VKSTemplate, EnterList, OneQuestion),
          Plain<&aceActionsEngine::StartTest>, StateText, QuestionWalk(0)},
         {"StopTest",
          [](SweepRig& rig) {
@@ -150,29 +150,29 @@ std::vector<SweepRow> BareRows() {
          Plain<&aceActionsEngine::StopTest>, StateText,
          Raised(0, {Yield}, L"running, 0, 0") + Raised(0, {Yield}, L"running, 4, 0") +
              NotifySteps(1, L"running, 4, 0")},
-        {"EnterSubrange", WithSet(aceTemplate, &EngineState::MainSubranges, EnterList, OneQuestion),
+        {"EnterSubrange", WithSet(aceTemplate, &ModuleLists::MainSubranges, EnterList, OneQuestion),
          ByNumber<&aceActionsEngine::EnterSubrange>, StateText, NumberedSteps()},
-        {"LeaveSubrange", WithSet(aceTemplate, &EngineState::MainSubranges, LeaveList, OneQuestion),
+        {"LeaveSubrange", WithSet(aceTemplate, &ModuleLists::MainSubranges, LeaveList, OneQuestion),
          ByNumber<&aceActionsEngine::LeaveSubrange>, StateText, NumberedSteps()},
         {"BeforeStep",
-         WithSet(aceEMIAutoTemplate, &EngineState::EMIAutoSteps, EnterList, OneQuestion),
+         WithSet(aceEMIAutoTemplate, &ModuleLists::EMIAutoSteps, EnterList, OneQuestion),
          ByNumber<&aceActionsEngine::BeforeStep>, StateText, NumberedSteps()},
         {"AfterEmissionStep",
-         WithSet(aceEMIAutoTemplate, &EngineState::EMIAutoSteps, LeaveList, OneQuestion),
+         WithSet(aceEMIAutoTemplate, &ModuleLists::EMIAutoSteps, LeaveList, OneQuestion),
          ByNumber<&aceActionsEngine::AfterStep>, StateText, NumberedSteps()},
         {"AfterMonitoringStep",
-         WithFixed(aceMonitoring, &EngineState::MoniEut, MlcList, OneQuestion),
+         WithFixed(aceMonitoring, &ModuleLists::MoniEut, MlcList, OneQuestion),
          ByNumber<&aceActionsEngine::AfterStep>, StateText, QuestionWalk(0)},
-        {"BeforeTest", WithSet(aceTSTemplate, &EngineState::TSTests, EnterList, OneQuestion),
+        {"BeforeTest", WithSet(aceTSTemplate, &ModuleLists::TSTests, EnterList, OneQuestion),
          ByNumber<&aceActionsEngine::BeforeTest>, StateText, NumberedSteps()},
-        {"AfterTest", WithSet(aceTSTemplate, &EngineState::TSTests, LeaveList, OneQuestion),
+        {"AfterTest", WithSet(aceTSTemplate, &ModuleLists::TSTests, LeaveList, OneQuestion),
          ByNumber<&aceActionsEngine::AfterTest>, StateText, NumberedSteps()},
-        {"BeforeTestLoop", WithFixed(aceMonitoring, &EngineState::MoniLoop, EnterList, OneQuestion),
+        {"BeforeTestLoop", WithFixed(aceMonitoring, &ModuleLists::MoniLoop, EnterList, OneQuestion),
          Plain<&aceActionsEngine::BeforeTestLoop>, StateText, QuestionWalk(0)},
-        {"AfterTestLoop", WithFixed(aceMonitoring, &EngineState::MoniLoop, LeaveList, OneQuestion),
+        {"AfterTestLoop", WithFixed(aceMonitoring, &ModuleLists::MoniLoop, LeaveList, OneQuestion),
          Plain<&aceActionsEngine::AfterTestLoop>, StateText, QuestionWalk(0)},
         {"GetNoGo",
-         WithSet(aceMonitoring, &EngineState::MoniChannels, EnterList, {CommentAction()}),
+         WithSet(aceMonitoring, &ModuleLists::MoniChannels, EnterList, {CommentAction()}),
          [](SweepRig& rig) { rig.engine->GetNoGo(1); }, StateText, Raised(0, {L"Utilities.Max"})},
     };
 }
@@ -191,18 +191,18 @@ void TakeRequest(SweepRig& rig) {
 
 /// Reported by the operation, and by the action too when it happens there; then raised.
 std::vector<SweepRow> ReportedRows() {
-    const auto steps = WithSet(aceEMSAutoTemplate, &EngineState::EMSAutoSteps, EnterList,
+    const auto steps = WithSet(aceEMSAutoTemplate, &ModuleLists::EMSAutoSteps, EnterList,
                                {Notification(atNotify, L"Hello")});
-    const auto waits = WithFixed(aceTemplate, &EngineState::MainTest, FreqList,
+    const auto waits = WithFixed(aceTemplate, &ModuleLists::MainTest, FreqList,
                                  {Action(atWait, aceWait{1.0}), Action(atTestStop)});
     const auto channel = [](const ListFields& list) {
-        return WithSet(aceMonitoring, &EngineState::MoniChannels, list, {CommentAction()});
+        return WithSet(aceMonitoring, &ModuleLists::MoniChannels, list, {CommentAction()});
     };
     return {
         {"EnterStep", steps, ByNumber<&aceActionsEngine::EnterStep>, StateText,
          Raised(1, {Asked, InRange, Yield}) + NotifySteps(2) + Raised(1, {Asked})},
         {"EnterStepTraced",
-         Tracing(WithSet(aceEMSAutoTemplate, &EngineState::EMSAutoSteps, EnterList,
+         Tracing(WithSet(aceEMSAutoTemplate, &ModuleLists::EMSAutoSteps, EnterList,
                          {Action(atParkAcc)})),
          ByNumber<&aceActionsEngine::EnterStep>, StateText,
          Raised(1, StartTraced) + Raised(1, {InRange, Yield}) + Raised(2, StartTraced) +
@@ -211,7 +211,7 @@ std::vector<SweepRow> ReportedRows() {
          Raised(1, {Asked, L"Utilities.IsEqual"}, L"idle, 0, 0") +
              Raised(1, {Yield}, L"idle, 0, 30") + WaitSteps(2) + Raised(1, {Yield, Asked})},
         {"NewFrequencyTraced",
-         Tracing(WithFixed(aceTemplate, &EngineState::MainTest, FreqList, {})), Frequency,
+         Tracing(WithFixed(aceTemplate, &ModuleLists::MainTest, FreqList, {})), Frequency,
          StateText,
          Raised(1, {Asked, L"Platform.DecimalSeparator", L"Platform.ThreadId",
                     L"TraceLog.WriteLine", L"Utilities.IsEqual"}) +
@@ -222,12 +222,12 @@ std::vector<SweepRow> ReportedRows() {
          ChannelSteps()},
         {"Go", channel(LeaveList), OfChannel<&aceActionsEngine::Go>, StateText, ChannelSteps()},
         {"StepDescription",
-         WithSet(aceEMSAutoTemplate, &EngineState::EMSAutoSteps, EnterList,
+         WithSet(aceEMSAutoTemplate, &ModuleLists::EMSAutoSteps, EnterList,
                  {Action(atWait), Action(atTestStop), Action(atParkAcc)}),
          [](SweepRig& rig) { rig.engine->StepDescription(1); }, StateText,
          Raised(1, {Asked, L"Language.Text", L"Language.Text", Asked})},
         {"StepDescriptionOfAnEmptyStep",
-         WithSet(aceEMSAutoTemplate, &EngineState::EMSAutoSteps, EnterList, {}),
+         WithSet(aceEMSAutoTemplate, &ModuleLists::EMSAutoSteps, EnterList, {}),
          [](SweepRig& rig) { rig.engine->StepDescription(1); }, StateText,
          Raised(1, {Asked, L"Language.Text", Asked})},
         {"NewFrqCheckForAccLoading", [](SweepRig& rig) { Prepare(rig, aceEMIAutoTemplate); },

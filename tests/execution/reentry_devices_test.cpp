@@ -87,7 +87,7 @@ TEST_F(ReentryDevices, ACheckWithinTheMessageOfACheckReplacesItsFlags) {
 
 TEST_F(ReentryDevices, ATrackingWithinTheTimedMessageOfATrackingLeavesItsRecord) {
     Fill(State().MainTest, FreqList, {Follow(L"", L"EUT")});
-    MakeSets(&EngineState::MoniChannels, &EngineState::MoniChannelCount, 1);
+    MakeSets(&ModuleLists::MoniChannels, &ModuleLists::MoniChannelCount, 1);
     Fill(State().MoniChannels[0], FreqList, {Follow(L"", L"Other")});
     host->onTimedMessage = [&] {
         if (!std::exchange(done, true)) {

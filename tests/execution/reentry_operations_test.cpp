@@ -15,11 +15,11 @@ void PrintTo(const OperationRow& row, std::ostream* out) {
     *out << row.name;
 }
 
-template <p_Subrange EngineState::*Fixed>
+template <p_Subrange ModuleLists::*Fixed>
 p_Subrange& Set(EngineState& state) {
     return state.*Fixed;
 }
-template <DynArray<p_Subrange> EngineState::*Numbered>
+template <DynArray<p_Subrange> ModuleLists::*Numbered>
 p_Subrange& First(EngineState& state) {
     (state.*Numbered).Redim(0, 0);
     return (state.*Numbered)[0];
@@ -29,13 +29,13 @@ p_Subrange& First(EngineState& state) {
 p_Subrange& FirstTest(EngineState& state) {
     state.VKSTestUKeys.Redim(0, 0);
     state.VKSTestCount = 1;
-    return First<&EngineState::VKSTests>(state);
+    return First<&ModuleLists::VKSTests>(state);
 }
 p_Subrange& FirstStep(EngineState& state) {
     state.VKSStepKeys.Redim(0, 0);
     state.VKSStepUKeys.Redim(0, 0);
     state.VKSStepCount = 1;
-    return First<&EngineState::VKSSteps>(state);
+    return First<&ModuleLists::VKSSteps>(state);
 }
 p_Subrange& FirstRow(EngineState& state) {
     state.VKSDUTIds.Redim(0, 0, 0, 2);
@@ -43,47 +43,47 @@ p_Subrange& FirstRow(EngineState& state) {
         state.VKSDUTIds(0, column) = -1.0;
     }
     state.VKSStepCount = 1;
-    return First<&EngineState::VKSSteps>(state);
+    return First<&ModuleLists::VKSSteps>(state);
 }
 
 const OperationRow Operations[] = {
-    {"StartTest", aceTemplate, Set<&EngineState::MainTest>, EnterList,
+    {"StartTest", aceTemplate, Set<&ModuleLists::MainTest>, EnterList,
      [](aceActionsEngine& engine) { engine.StartTest(); }},
-    {"StartWirelessTest", aceVKSTemplate, Set<&EngineState::VKSTemplate>, EnterList,
+    {"StartWirelessTest", aceVKSTemplate, Set<&ModuleLists::VKSTemplate>, EnterList,
      [](aceActionsEngine& engine) { engine.StartTest(); }},
-    {"StopTest", aceMonitoring, Set<&EngineState::MoniEut>, LeaveList,
+    {"StopTest", aceMonitoring, Set<&ModuleLists::MoniEut>, LeaveList,
      [](aceActionsEngine& engine) { engine.StopTest(); }},
-    {"StopTestThatParks", aceAziChart, Set<&EngineState::AziChart>, LeaveList,
+    {"StopTestThatParks", aceAziChart, Set<&ModuleLists::AziChart>, LeaveList,
      [](aceActionsEngine& engine) { engine.StopTest(); }},
-    {"StopWirelessTest", aceVKSTemplate, Set<&EngineState::VKSTemplate>, LeaveList,
+    {"StopWirelessTest", aceVKSTemplate, Set<&ModuleLists::VKSTemplate>, LeaveList,
      [](aceActionsEngine& engine) { engine.StopTest(); }},
-    {"EnterSubrange", aceTemplate, First<&EngineState::MainSubranges>, EnterList,
+    {"EnterSubrange", aceTemplate, First<&ModuleLists::MainSubranges>, EnterList,
      [](aceActionsEngine& engine) { engine.EnterSubrange(1); }},
-    {"LeaveSubrange", aceTemplate, First<&EngineState::MainSubranges>, LeaveList,
+    {"LeaveSubrange", aceTemplate, First<&ModuleLists::MainSubranges>, LeaveList,
      [](aceActionsEngine& engine) { engine.LeaveSubrange(1); }},
-    {"BeforeStep", aceEMIAutoTemplate, First<&EngineState::EMIAutoSteps>, EnterList,
+    {"BeforeStep", aceEMIAutoTemplate, First<&ModuleLists::EMIAutoSteps>, EnterList,
      [](aceActionsEngine& engine) { engine.BeforeStep(1); }},
-    {"AfterEmissionStep", aceEMIAutoTemplate, First<&EngineState::EMIAutoSteps>, LeaveList,
+    {"AfterEmissionStep", aceEMIAutoTemplate, First<&ModuleLists::EMIAutoSteps>, LeaveList,
      [](aceActionsEngine& engine) { engine.AfterStep(1); }},
-    {"AfterMonitoringStep", aceMonitoring, Set<&EngineState::MoniEut>, MlcList,
+    {"AfterMonitoringStep", aceMonitoring, Set<&ModuleLists::MoniEut>, MlcList,
      [](aceActionsEngine& engine) { engine.AfterStep(1); }},
-    {"EnterStep", aceEMSAutoTemplate, First<&EngineState::EMSAutoSteps>, EnterList,
+    {"EnterStep", aceEMSAutoTemplate, First<&ModuleLists::EMSAutoSteps>, EnterList,
      [](aceActionsEngine& engine) { engine.EnterStep(1); }},
-    {"BeforeTest", aceTSTemplate, First<&EngineState::TSTests>, EnterList,
+    {"BeforeTest", aceTSTemplate, First<&ModuleLists::TSTests>, EnterList,
      [](aceActionsEngine& engine) { engine.BeforeTest(1); }},
-    {"AfterTest", aceTSTemplate, First<&EngineState::TSTests>, LeaveList,
+    {"AfterTest", aceTSTemplate, First<&ModuleLists::TSTests>, LeaveList,
      [](aceActionsEngine& engine) { engine.AfterTest(1); }},
-    {"BeforeTestLoop", aceMonitoring, Set<&EngineState::MoniLoop>, EnterList,
+    {"BeforeTestLoop", aceMonitoring, Set<&ModuleLists::MoniLoop>, EnterList,
      [](aceActionsEngine& engine) { engine.BeforeTestLoop(); }},
-    {"AfterTestLoop", aceMonitoring, Set<&EngineState::MoniLoop>, LeaveList,
+    {"AfterTestLoop", aceMonitoring, Set<&ModuleLists::MoniLoop>, LeaveList,
      [](aceActionsEngine& engine) { engine.AfterTestLoop(); }},
-    {"Trigger", aceMonitoring, First<&EngineState::MoniChannels>, FreqList,
+    {"Trigger", aceMonitoring, First<&ModuleLists::MoniChannels>, FreqList,
      [](aceActionsEngine& engine) { engine.Trigger(1, L"Radio"); }},
-    {"EnterNoGo", aceMonitoring, First<&EngineState::MoniChannels>, EnterList,
+    {"EnterNoGo", aceMonitoring, First<&ModuleLists::MoniChannels>, EnterList,
      [](aceActionsEngine& engine) { engine.EnterNoGo(1, L"Radio"); }},
-    {"Go", aceMonitoring, First<&EngineState::MoniChannels>, LeaveList,
+    {"Go", aceMonitoring, First<&ModuleLists::MoniChannels>, LeaveList,
      [](aceActionsEngine& engine) { engine.Go(1, L"Radio"); }},
-    {"NewFrequency", aceEMSAutoTemplateGeneral, Set<&EngineState::EMSAutoGeneral>, FreqList,
+    {"NewFrequency", aceEMSAutoTemplateGeneral, Set<&ModuleLists::EMSAutoGeneral>, FreqList,
      [](aceActionsEngine& engine) { engine.NewFrequency(30e6, false); }},
     {"BeforeVKSTest", aceVKSTemplate, FirstTest, EnterList,
      [](aceActionsEngine& engine) { engine.BeforeVKSTest({}); }},
@@ -91,9 +91,9 @@ const OperationRow Operations[] = {
      [](aceActionsEngine& engine) { engine.AfterVKSTest({}); }},
     {"VKSStep", aceVKSTemplate, FirstStep, EnterList,
      [](aceActionsEngine& engine) { engine.VKSStep({}, {}); }},
-    {"VKSDUTStepGlobBefore", aceVKSDUT, Set<&EngineState::VKSDUTGlob>, EnterList,
+    {"VKSDUTStepGlobBefore", aceVKSDUT, Set<&ModuleLists::VKSDUTGlob>, EnterList,
      [](aceActionsEngine& engine) { engine.VKSDUTStepGlobBefore(); }},
-    {"VKSDUTStepGlobAfter", aceVKSDUT, Set<&EngineState::VKSDUTGlob>, LeaveList,
+    {"VKSDUTStepGlobAfter", aceVKSDUT, Set<&ModuleLists::VKSDUTGlob>, LeaveList,
      [](aceActionsEngine& engine) { engine.VKSDUTStepGlobAfter(); }},
     {"VKSDUTStep", aceVKSDUT, FirstRow, EnterList,
      [](aceActionsEngine& engine) {

@@ -80,7 +80,7 @@ class RemoteMoments : public EngineTest {
 };
 
 TEST_F(RemoteMoments, ThePlainWalkStopsAtTheCommandWhoseFailureStopsTheTest) {
-    MakeSets(&EngineState::MainSubranges, &EngineState::MainSubrangeCount, 1);
+    MakeSets(&ModuleLists::MainSubranges, &ModuleLists::MainSubrangeCount, 1);
     Fill(State().MainSubranges[0], EnterList, {Bus(5), Bus(20), Bus(6)});
     Answer(L"cmdStopTest");
     EXPECT_TRUE(engine->EnterSubrange(1));
@@ -88,7 +88,7 @@ TEST_F(RemoteMoments, ThePlainWalkStopsAtTheCommandWhoseFailureStopsTheTest) {
 }
 
 TEST_F(RemoteMoments, AnIgnoredFailureLetsTheListGoOn) {
-    MakeSets(&EngineState::MainSubranges, &EngineState::MainSubrangeCount, 1);
+    MakeSets(&ModuleLists::MainSubranges, &ModuleLists::MainSubrangeCount, 1);
     Fill(State().MainSubranges[0], EnterList, {Bus(20), Bus(6)});
     Answer(L"cmdIgnore");
     EXPECT_FALSE(engine->EnterSubrange(1));
@@ -166,7 +166,7 @@ TEST_F(RemoteMoments, AMacroOfAnotherMomentRunsWithTheFrequencyOfItsRecord) {
 
 TEST_F(RemoteMoments, ACommandThatStopsTheTestIsCodeFiveOfAChannelAndTheWalkGoesOn) {
     Serve(aceMonitoring);
-    MakeSets(&EngineState::MoniChannels, &EngineState::MoniChannelCount, 1);
+    MakeSets(&ModuleLists::MoniChannels, &ModuleLists::MoniChannelCount, 1);
     Fill(State().MoniChannels[0], EnterList, {Bus(20), Bus(5)});
     Answer(L"cmdStopTest");
     EXPECT_EQ(engine->EnterNoGo(1, L"Speed"), 5);
@@ -177,7 +177,7 @@ TEST_F(RemoteMoments, ACommandThatStopsTheTestIsCodeFiveOfAChannelAndTheWalkGoes
 /// A macro that failed asks to stop, but has no code of its own.
 TEST_F(RemoteMoments, AMacroThatFailsLeavesTheCodeOfAChannelAlone) {
     Serve(aceMonitoring);
-    MakeSets(&EngineState::MoniChannels, &EngineState::MoniChannelCount, 1);
+    MakeSets(&ModuleLists::MoniChannels, &ModuleLists::MoniChannelCount, 1);
     Fill(State().MoniChannels[0], LeaveList, {Macro(L"")});
     host->macros[L"log.mac"].loads = false;
     EXPECT_EQ(engine->Go(1, L"Speed"), 0);

@@ -5,27 +5,27 @@ namespace {
 
 struct NamedSet {
     String name;
-    p_Subrange EngineState::*set;
+    p_Subrange ModuleLists::*set;
 };
 const NamedSet FixedSets[] = {
-    {L"MainTest", &EngineState::MainTest},       {L"MoniEut", &EngineState::MoniEut},
-    {L"MoniLoop", &EngineState::MoniLoop},       {L"EMSAutoGeneral", &EngineState::EMSAutoGeneral},
-    {L"EMIAutoTest", &EngineState::EMIAutoTest}, {L"TSTest", &EngineState::TSTest},
-    {L"AziChart", &EngineState::AziChart},       {L"VKSTemplate", &EngineState::VKSTemplate},
-    {L"VKSDUTGlob", &EngineState::VKSDUTGlob},
+    {L"MainTest", &ModuleLists::MainTest},       {L"MoniEut", &ModuleLists::MoniEut},
+    {L"MoniLoop", &ModuleLists::MoniLoop},       {L"EMSAutoGeneral", &ModuleLists::EMSAutoGeneral},
+    {L"EMIAutoTest", &ModuleLists::EMIAutoTest}, {L"TSTest", &ModuleLists::TSTest},
+    {L"AziChart", &ModuleLists::AziChart},       {L"VKSTemplate", &ModuleLists::VKSTemplate},
+    {L"VKSDUTGlob", &ModuleLists::VKSDUTGlob},
 };
 struct NamedSets {
     String name;
-    DynArray<p_Subrange> EngineState::*sets;
+    DynArray<p_Subrange> ModuleLists::*sets;
 };
 const NamedSets NumberedSets[] = {
-    {L"MainSubranges", &EngineState::MainSubranges},
-    {L"MoniChannels", &EngineState::MoniChannels},
-    {L"EMSAutoSteps", &EngineState::EMSAutoSteps},
-    {L"EMIAutoSteps", &EngineState::EMIAutoSteps},
-    {L"TSTests", &EngineState::TSTests},
-    {L"VKSTests", &EngineState::VKSTests},
-    {L"VKSSteps", &EngineState::VKSSteps},
+    {L"MainSubranges", &ModuleLists::MainSubranges},
+    {L"MoniChannels", &ModuleLists::MoniChannels},
+    {L"EMSAutoSteps", &ModuleLists::EMSAutoSteps},
+    {L"EMIAutoSteps", &ModuleLists::EMIAutoSteps},
+    {L"TSTests", &ModuleLists::TSTests},
+    {L"VKSTests", &ModuleLists::VKSTests},
+    {L"VKSSteps", &ModuleLists::VKSSteps},
 };
 const String ListNames[] = {L".Enter", L".Leave", L".Freq", L".Mlc"};
 

@@ -11,7 +11,7 @@ class StepDescriptionTest : public EngineTest {
         host->texts = {{9031, L"Set"},   {9032, L"Command"}, {9033, L"Pause"}, {9034, L"Message"},
                        {9058, L"Step "}, {9074, L"Switch"},  {9077, L"Park"},  {9078, L"Macro"}};
         State().Modul = aceEMSAutoTemplate;
-        MakeSets(&EngineState::EMSAutoSteps, &EngineState::EMSAutoStepCount, 12);
+        MakeSets(&ModuleLists::EMSAutoSteps, &ModuleLists::EMSAutoStepCount, 12);
     }
     String Describe(const std::vector<p_Action>& actions) {
         Fill(State().EMSAutoSteps[0], EnterList, actions);

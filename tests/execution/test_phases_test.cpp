@@ -5,10 +5,10 @@ namespace {
 
 /// Every list set that a module has once. In `FillFixedSets` each of their lists waits its own
 /// time: ten times the row from 1, plus 1 to 4 for the list.
-constexpr p_Subrange EngineState::*FixedSets[] = {
-    &EngineState::MainTest,       &EngineState::MoniEut,     &EngineState::MoniLoop,
-    &EngineState::EMSAutoGeneral, &EngineState::EMIAutoTest, &EngineState::TSTest,
-    &EngineState::AziChart,       &EngineState::VKSTemplate, &EngineState::VKSDUTGlob,
+constexpr p_Subrange ModuleLists::*FixedSets[] = {
+    &ModuleLists::MainTest,       &ModuleLists::MoniEut,     &ModuleLists::MoniLoop,
+    &ModuleLists::EMSAutoGeneral, &ModuleLists::EMIAutoTest, &ModuleLists::TSTest,
+    &ModuleLists::AziChart,       &ModuleLists::VKSTemplate, &ModuleLists::VKSDUTGlob,
 };
 
 void FillFixedSets(EngineState& state) {
@@ -33,17 +33,17 @@ struct ModuleRow {
     Lines start;
     Lines stop;
     bool stopParks = false;
-    p_Subrange EngineState::*set = nullptr;
+    p_Subrange ModuleLists::*set = nullptr;
 };
 const ModuleRow Modules[] = {
-    {aceTemplate, Journal(Ran(11), Yielded), Ran(12), false, &EngineState::MainTest},
-    {aceMonitoring, Ran(21), Ran(22), false, &EngineState::MoniEut},
-    {aceEMSAutoTemplateGeneral, Ran(41), Ran(42), true, &EngineState::EMSAutoGeneral},
+    {aceTemplate, Journal(Ran(11), Yielded), Ran(12), false, &ModuleLists::MainTest},
+    {aceMonitoring, Ran(21), Ran(22), false, &ModuleLists::MoniEut},
+    {aceEMSAutoTemplateGeneral, Ran(41), Ran(42), true, &ModuleLists::EMSAutoGeneral},
     {aceEMSAutoTemplate, {}, {}},
-    {aceEMIAutoTemplate, Ran(51), Ran(52), true, &EngineState::EMIAutoTest},
-    {aceTSTemplate, Ran(61), Ran(62), false, &EngineState::TSTest},
-    {aceAziChart, Ran(71), Ran(72), true, &EngineState::AziChart},
-    {aceVKSTemplate, Ran(81), Ran(82), false, &EngineState::VKSTemplate},
+    {aceEMIAutoTemplate, Ran(51), Ran(52), true, &ModuleLists::EMIAutoTest},
+    {aceTSTemplate, Ran(61), Ran(62), false, &ModuleLists::TSTest},
+    {aceAziChart, Ran(71), Ran(72), true, &ModuleLists::AziChart},
+    {aceVKSTemplate, Ran(81), Ran(82), false, &ModuleLists::VKSTemplate},
     {aceVKSDUT, {}, {}},
     {9, {}, {}},
     {-1, {}, {}},

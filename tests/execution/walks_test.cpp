@@ -5,12 +5,12 @@
 namespace ace::test {
 namespace {
 
-constexpr FixedPlace EnterOfTest{&EngineState::MainTest, EnterList};
-constexpr NumberedPlace EnterOfFirstSubrange{&EngineState::MainSubranges, 0, EnterList};
+constexpr FixedPlace EnterOfTest{&ModuleLists::MainTest, EnterList};
+constexpr NumberedPlace EnterOfFirstSubrange{&ModuleLists::MainSubranges, 0, EnterList};
 
 class WalksTest : public EngineTest {
   protected:
-    WalksTest() { MakeSets(&EngineState::MainSubranges, &EngineState::MainSubrangeCount, 2); }
+    WalksTest() { MakeSets(&ModuleLists::MainSubranges, &ModuleLists::MainSubrangeCount, 2); }
 
     void FillEnter(const std::vector<p_Action>& actions) {
         Fill(State().MainTest, EnterList, actions);
@@ -150,7 +150,7 @@ TEST_F(WalksTest, UnrelatedArraysCanBeResizedWhileAnElementRuns) {
         const auto resize = [&] { change(state.MainSubranges); };
         EXPECT_EQ(ErrorInside(resize, [&] { WalkEnter(); }), 0) << name;
     }
-    MakeSets(&EngineState::MainSubranges, &EngineState::MainSubrangeCount, 2);
+    MakeSets(&ModuleLists::MainSubranges, &ModuleLists::MainSubrangeCount, 2);
     Fill(state.MainSubranges[0], EnterList, {WaitFor(1)});
     for (const auto& [name, change] : Changes<p_Action>()) {
         const auto leave = [&] { change(state.MainTest.Leave); };

@@ -5,7 +5,7 @@
 namespace ace::test {
 namespace {
 
-constexpr FixedPlace EnterOfTest{&EngineState::VKSTemplate, EnterList};
+constexpr FixedPlace EnterOfTest{&ModuleLists::VKSTemplate, EnterList};
 
 aceVKSVar Variables(const String& search, const Value& value) {
     aceVKSVar variables;

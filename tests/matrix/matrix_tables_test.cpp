@@ -110,8 +110,8 @@ struct TwinRow {
     const char* name;
     void (aceActionsEngine::*add)(const String&, std::int32_t);
     void (aceActionsEngine::*remove)(std::int32_t);
-    DynArray<String> EngineState::*names;
-    std::int32_t EngineState::*count;
+    DynArray<String> ModuleLists::*names;
+    std::int32_t ModuleLists::*count;
     std::array<std::int32_t, 3> influence;
     bool isPower;
 };
@@ -119,15 +119,15 @@ const TwinRow Twins[] = {
     {"Bandwidth",
      &aceActionsEngine::AddVKSDUTBandwidthID,
      &aceActionsEngine::DeleteVKSDUTBandwidthID,
-     &EngineState::VKSDUTBandwidthNames,
-     &EngineState::VKSDUTBandwidthCount,
+     &ModuleLists::VKSDUTBandwidthNames,
+     &ModuleLists::VKSDUTBandwidthCount,
      {0, 1, 0},
      false},
     {"Power",
      &aceActionsEngine::AddVKSDUTPowerID,
      &aceActionsEngine::DeleteVKSDUTPowerID,
-     &EngineState::VKSDUTPowerNames,
-     &EngineState::VKSDUTPowerCount,
+     &ModuleLists::VKSDUTPowerNames,
+     &ModuleLists::VKSDUTPowerCount,
      {0, 0, 1},
      true},
 };

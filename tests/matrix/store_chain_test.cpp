@@ -58,7 +58,7 @@ TEST_P(PlainChainTest, ListsThatAreLoadedChangedAndSavedFollowTheModel) {
     for (int round = 0; round < 25 && !HasFailure(); ++round) {
         Run(Draw(1, 12));
         Save();
-        EXPECT_EQ(NumbersOf(host->files[File], String(List().sectionWord)),
+        EXPECT_EQ(NumbersOf(host->files[File], String(Numbered().sectionWord)),
                   NumbersOf(file.sections));
         if (Draw(0, 2) != 0) {
             Load();
@@ -227,8 +227,8 @@ INSTANTIATE_TEST_SUITE_P(Modules, FixedChainTest,
 TEST_P(FixedChainTest, FixedListsAreSavedAndLoadedAsTheyWere) {
     constexpr std::int32_t TemplateWithGlobalLists = 3;
     engine->LoadActions(File, TemplateWithGlobalLists, GetParam());
-    for (const FixedList& fixed : ModuleTable[GetParam()].FixedLists()) {
-        State().*fixed.list = Letter(L'F');
+    for (const FixedSet& fixed : ModuleTable[GetParam()].AllFixed()) {
+        State().*fixed.set = Letter(L'F');
     }
     engine->AddSubrange(1, L"key");
     engine->DeleteSubrange(2, L"key");
@@ -237,8 +237,8 @@ TEST_P(FixedChainTest, FixedListsAreSavedAndLoadedAsTheyWere) {
 
     other.LoadActions(File, TemplateWithGlobalLists, GetParam());
 
-    for (const FixedList& fixed : ModuleTable[GetParam()].FixedLists()) {
-        EXPECT_EQ(TextOf(other.State().*fixed.list), L"FFFF");
+    for (const FixedSet& fixed : ModuleTable[GetParam()].AllFixed()) {
+        EXPECT_EQ(TextOf(other.State().*fixed.set), L"FFFF");
     }
 }
 

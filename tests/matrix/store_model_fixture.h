@@ -16,9 +16,9 @@ class StoreModelTest : public EngineTest {
         context.Editor = std::make_shared<FakeEditor>(*host);
         model.loading = L"Editor.LoadEditor(" + std::to_wstring(modul) + L")";
         model.wireless = modul == aceVKSTemplate;
-        model.count = State().*List().count;
+        model.count = State().*Numbered().count;
     }
-    const NumberedList& List() const { return ModuleTable[modul].numbered[0]; }
+    const NumberedSets& Numbered() const { return ModuleTable[modul].numbered[0]; }
 
     int Draw(int from, int to) { return std::uniform_int_distribution(from, to)(random); }
     String DrawKey() {
@@ -28,10 +28,10 @@ class StoreModelTest : public EngineTest {
 
     /// As a load leaves the lists: without a spare place, but for a wireless template.
     void Load(int entries) {
-        DynArray<p_Subrange>& lists = State().*List().lists;
+        DynArray<p_Subrange>& lists = State().*Numbered().sets;
         lists.Erase();
         model.list = {};
-        model.count = State().*List().count = entries;
+        model.count = State().*Numbered().count = entries;
         const int upper = model.wireless ? entries : entries - 1;
         if (upper >= 0) {
             lists.Redim(0, upper);
@@ -41,8 +41,8 @@ class StoreModelTest : public EngineTest {
             *texts = {};
             texts->Resize(entries);
         }
-        for (DynArray<String> EngineState::*texts :
-             {&EngineState::VKSTestUKeys, &EngineState::VKSHostUKeys, &EngineState::VKSHostNames}) {
+        for (DynArray<String> ModuleLists::*texts :
+             {&ModuleLists::VKSTestUKeys, &ModuleLists::VKSHostUKeys, &ModuleLists::VKSHostNames}) {
             (State().*texts).Redim(0, entries);
         }
         for (int i = 0; i < entries; ++i) {
@@ -59,7 +59,7 @@ class StoreModelTest : public EngineTest {
     void EditSomeEntry() {
         if (model.count > 0) {
             const int index = Draw(0, model.count - 1);
-            Edit((State().*List().lists)[index], model.list.At(index));
+            Edit((State().*Numbered().sets)[index], model.list.At(index));
         }
         if (model.stepCount > 0) {
             const int index = Draw(0, model.stepCount - 1);
@@ -108,8 +108,8 @@ class StoreModelTest : public EngineTest {
     }
 
     void Compare() {
-        EXPECT_EQ(Read(State().*List().lists), model.list);
-        EXPECT_EQ(State().*List().count, model.count);
+        EXPECT_EQ(Read(State().*Numbered().sets), model.list);
+        EXPECT_EQ(State().*Numbered().count, model.count);
         EXPECT_EQ(State().InternalSubrangeOp, model.suppressed);
         EXPECT_EQ(host->journal.LinesOf(L"Editor."), model.editor);
         EXPECT_EQ(Read(State().VKSSteps), model.steps);

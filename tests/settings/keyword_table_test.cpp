@@ -91,13 +91,13 @@ TEST(LineFieldTableTest, RowsStandAtTheirFieldAndEveryRecordHasItsOwn) {
     std::size_t total = 0;
     for (const LineFieldRow& row : LineFieldTable) {
         EXPECT_EQ(&RowOf(row.field), &row);
-        EXPECT_NE(row.record, LineRecord::None);
+        EXPECT_NE(row.record, RecordType::None);
         EXPECT_TRUE(FieldsOf(row.record).Contains(row.field));
         total += row.isReset ? 0 : 1;
     }
     EXPECT_EQ(total, 4U);  // time, device section, path, delay
-    EXPECT_TRUE(FieldsOf(LineRecord::None).IsEmpty());
-    EXPECT_FALSE(FieldsOf(LineRecord::Notify).Contains(LineField::Notify));
+    EXPECT_TRUE(FieldsOf(RecordType::None).IsEmpty());
+    EXPECT_FALSE(FieldsOf(RecordType::Notify).Contains(LineField::Notify));
 }
 
 }  // namespace

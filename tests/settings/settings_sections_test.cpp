@@ -110,7 +110,7 @@ TEST_F(SettingsSections, SuperfluousNumberedSectionsAndOneMoreAreDeletedOnSaving
             continue;
         }
         Load(module.modul, 4);
-        const NumberedList& numbered = FindModule(module.modul)->NumberedLists()[0];
+        const NumberedSets& numbered = FindModule(module.modul)->AllNumbered()[0];
         state.*numbered.count = 2;
         TakeEffects();
         Save(module.modul);
@@ -181,19 +181,19 @@ TEST_F(SettingsSections, CountAndSavedCountBecomeTheHostsNumberAlsoBelowOne) {
 
 TEST_F(SettingsSections, ALoadEmptiesThreeListsOfAFixedSetAndAllFourOfMonitoring) {
     for (const ModuleRow& module : ModuleTable) {
-        for (const FixedList& fixed : module.FixedLists()) {
+        for (const FixedSet& fixed : module.AllFixed()) {
             const String section(fixed.section);
             host->files[L"f"] = {{section, {L"Remark=no count line: nothing"}},
                                  {L"ActionsOnVKSTemplate_3", {L"Count=0"}}};
             for (const ListFields& list : ActionLists) {
-                test::Fill(state.*fixed.list, list, {test::Action(atTestStop)});
+                test::Fill(state.*fixed.set, list, {test::Action(atTestStop)});
             }
             Load(module.modul, module.modul == aceVKSDUT ? 3 : 0);
             p_Subrange expected;
             if (module.modul != aceMonitoring) {
                 test::Fill(expected, MlcList, {test::Action(atTestStop)});
             }
-            EXPECT_EQ(state.*fixed.list, expected) << module.modul;
+            EXPECT_EQ(state.*fixed.set, expected) << module.modul;
         }
     }
 }

@@ -124,7 +124,7 @@ class EngineTest : public HostTest {
     }
     EngineState& State() { return engine->State(); }
     /// Makes `count` numbered sets, all empty.
-    void MakeSets(DynArray<p_Subrange> EngineState::*sets, std::int32_t EngineState::*number,
+    void MakeSets(DynArray<p_Subrange> ModuleLists::*sets, std::int32_t ModuleLists::*number,
                   std::int32_t count) {
         (State().*sets).Redim(0, count - 1);
         State().*number = count;

@@ -13,18 +13,18 @@ namespace {
 using SharedState = std::shared_ptr<EngineState>;
 
 /// What stands beside the wireless tests: the keys first, then the host's list of them.
-constexpr DynArray<String> EngineState::*TestTexts[] = {
-    &EngineState::VKSTestUKeys, &EngineState::VKSHostUKeys, &EngineState::VKSHostNames};
+constexpr DynArray<String> ModuleLists::*TestTexts[] = {
+    &ModuleLists::VKSTestUKeys, &ModuleLists::VKSHostUKeys, &ModuleLists::VKSHostNames};
 /// What stands beside the wireless steps.
-constexpr DynArray<String> EngineState::*StepTexts[] = {
-    &EngineState::VKSStepUKeys, &EngineState::VKSStepNames, &EngineState::VKSStepKeys};
+constexpr DynArray<String> ModuleLists::*StepTexts[] = {
+    &ModuleLists::VKSStepUKeys, &ModuleLists::VKSStepNames, &ModuleLists::VKSStepKeys};
 
 /// The lists that the host keeps in step with its own; none for the kinds without. The rows of the
 /// matrix are not among them: they follow its tables.
-const NumberedList* HostList(std::int32_t modul) {
+const NumberedSets* HostSets(std::int32_t modul) {
     const ModuleRow* module = FindModule(modul);
-    const bool has = module != nullptr && modul != aceVKSDUT && !module->NumberedLists().empty();
-    return has ? &module->NumberedLists().front() : nullptr;
+    const bool has = module != nullptr && modul != aceVKSDUT && !module->AllNumbered().empty();
+    return has ? &module->AllNumbered().front() : nullptr;
 }
 
 String IndexMessage(std::int32_t index) {
@@ -60,7 +60,7 @@ std::int32_t FindKey(const DynArray<String>& keys, std::int32_t last, const Stri
 
 /// The key goes behind the last one wherever the test went: the keys are not shifted.
 void AddTestKey(EngineState& state, const Statements& stmt, const String& key) {
-    for (DynArray<String> EngineState::*texts : TestTexts) {
+    for (DynArray<String> ModuleLists::*texts : TestTexts) {
         stmt([&] { (state.*texts).RedimPreserve(state.VKSTestCount); });
     }
     stmt([&] { state.VKSTestUKeys[state.VKSTestCount - 1] = key; });
@@ -78,10 +78,10 @@ void DeleteTest(EngineState& state, const Statements& stmt, const String& key) {
     stmt(
         [&] { modActions::DeleteEntry(state.Context, state.VKSTests, state.VKSTestCount, index); });
     CloseGap(state.VKSTestUKeys, found);
-    for (DynArray<String> EngineState::*texts : TestTexts) {
+    for (DynArray<String> ModuleLists::*texts : TestTexts) {
         if (state.VKSTestCount >= 0) {
             stmt([&] { (state.*texts).RedimPreserve(state.VKSTestCount); });
-        } else if (texts != &EngineState::VKSTestUKeys) {
+        } else if (texts != &ModuleLists::VKSTestUKeys) {
             stmt([&] { (state.*texts).Redim(0, 0); });
         }
     }
@@ -91,10 +91,10 @@ void DeleteStep(EngineState& state, const Statements& stmt, std::int32_t found) 
     std::int32_t index = found + 1;
     stmt(
         [&] { modActions::DeleteEntry(state.Context, state.VKSSteps, state.VKSStepCount, index); });
-    for (DynArray<String> EngineState::*texts : StepTexts) {
+    for (DynArray<String> ModuleLists::*texts : StepTexts) {
         stmt([&] { CloseGap(state.*texts, found); });
     }
-    for (DynArray<String> EngineState::*texts : StepTexts) {
+    for (DynArray<String> ModuleLists::*texts : StepTexts) {
         stmt([&] { (state.*texts).RedimPreserve(state.VKSStepCount); });
     }
 }
@@ -134,14 +134,14 @@ void SelectInEditor(const SharedState& state, const Statements& stmt, std::int32
 void AddToStore(const SharedState& state, std::int32_t Index, const String& key) {
     const auto message = [&] { return IndexMessage(Index); };
     Logged(state->Context, EngineLines(L"AddSubrange"), message, [&](const Statements& stmt) {
-        const NumberedList* list = HostList(state->Modul);
-        if (list == nullptr) {
+        const NumberedSets* numbered = HostSets(state->Modul);
+        if (numbered == nullptr) {
             return;
         }
         std::int32_t index = Index;
         stmt([&] {
-            modActions::AddEntry(state->Context, (*state).*list->lists, (*state).*list->count,
-                                 index);
+            modActions::AddEntry(state->Context, (*state).*numbered->sets,
+                                 (*state).*numbered->count, index);
         });
         if (state->Modul == aceVKSTemplate) {
             AddTestKey(*state, stmt, key);
@@ -155,8 +155,8 @@ void AddToStore(const SharedState& state, std::int32_t Index, const String& key)
 void DeleteFromStore(const SharedState& state, std::int32_t Index, const String& key) {
     const auto message = [&] { return IndexMessage(Index); };
     Logged(state->Context, EngineLines(L"DeleteSubrange"), message, [&](const Statements& stmt) {
-        const NumberedList* list = HostList(state->Modul);
-        if (list == nullptr) {
+        const NumberedSets* numbered = HostSets(state->Modul);
+        if (numbered == nullptr) {
             return;
         }
         if (state->Modul == aceVKSTemplate) {
@@ -165,8 +165,8 @@ void DeleteFromStore(const SharedState& state, std::int32_t Index, const String&
         } else {
             std::int32_t index = Index;
             stmt([&] {
-                modActions::DeleteEntry(state->Context, (*state).*list->lists,
-                                        (*state).*list->count, index);
+                modActions::DeleteEntry(state->Context, (*state).*numbered->sets,
+                                        (*state).*numbered->count, index);
             });
         }
         if (!state->InternalSubrangeOp) {
@@ -182,11 +182,11 @@ struct WholeEntry {
 };
 
 /// `place` counts from 1.
-WholeEntry TakeEntry(const SharedState& state, const Statements& stmt, const NumberedList& list,
+WholeEntry TakeEntry(const SharedState& state, const Statements& stmt, const NumberedSets& numbered,
                      std::int32_t place) {
     return stmt([&] {
         const std::int32_t index = CheckedDifference(place, 1);
-        WholeEntry entry{((*state).*list.lists)[index], {}};
+        WholeEntry entry{((*state).*numbered.sets)[index], {}};
         if (state->Modul == aceVKSTemplate) {
             entry.key = state->VKSTestUKeys[index];
         }
@@ -194,11 +194,11 @@ WholeEntry TakeEntry(const SharedState& state, const Statements& stmt, const Num
     });
 }
 
-void PutEntry(const SharedState& state, const Statements& stmt, const NumberedList& list,
+void PutEntry(const SharedState& state, const Statements& stmt, const NumberedSets& numbered,
               std::int32_t place, const WholeEntry& entry) {
     stmt([&] {
         const std::int32_t index = CheckedDifference(place, 1);
-        ((*state).*list.lists)[index] = entry.lists;
+        ((*state).*numbered.sets)[index] = entry.lists;
         if (state->Modul == aceVKSTemplate) {
             state->VKSTestUKeys[index] = entry.key;
         }
@@ -207,8 +207,8 @@ void PutEntry(const SharedState& state, const Statements& stmt, const NumberedLi
 
 /// Error 10 when one of the entry's lists runs: it could not be replaced. Asked before anything is
 /// moved, so that an exchange is done as a whole or not at all.
-void RequireFreeEntry(const SharedState& state, const NumberedList& list, std::int32_t place) {
-    const p_Subrange& entry = ((*state).*list.lists)[CheckedDifference(place, 1)];
+void RequireFreeEntry(const SharedState& state, const NumberedSets& numbered, std::int32_t place) {
+    const p_Subrange& entry = ((*state).*numbered.sets)[CheckedDifference(place, 1)];
     for (const ListFields& fields : ActionLists) {
         if ((entry.*fields.actions).IsHeld()) {
             Raise(Errors::ArrayInUse);
@@ -290,19 +290,19 @@ void aceActionsEngine::MoveSubrange(std::int32_t Source, std::int32_t Destinatio
     const SharedState state = x_state;
     const auto message = [&] { return MoveMessage(Source, Destination); };
     Logged(state->Context, EngineLines(L"MoveSubrange"), message, [&](const Statements& stmt) {
-        const NumberedList* list = HostList(state->Modul);
+        const NumberedSets* numbered = HostSets(state->Modul);
         state->InternalSubrangeOp = true;
         WholeEntry entry;
-        if (list != nullptr) {
-            entry = TakeEntry(state, stmt, *list, Source);
+        if (numbered != nullptr) {
+            entry = TakeEntry(state, stmt, *numbered, Source);
         }
         stmt([&] { DeleteFromStore(state, Source, {}); });
         stmt([&] { AddToStore(state, Destination, {}); });
-        if (list != nullptr) {
-            PutEntry(state, stmt, *list, Destination, entry);
+        if (numbered != nullptr) {
+            PutEntry(state, stmt, *numbered, Destination, entry);
         }
         state->InternalSubrangeOp = false;
-        if (list != nullptr) {
+        if (numbered != nullptr) {
             ReloadEditor(state, stmt);
             SelectInEditor(state, stmt, Destination);
         }
@@ -313,17 +313,18 @@ void aceActionsEngine::SwapSubrange(std::int32_t Source, std::int32_t Destinatio
     const SharedState state = x_state;
     const auto message = [&] { return MoveMessage(Source, Destination); };
     Logged(state->Context, EngineLines(L"SwapSubrange"), message, [&](const Statements& stmt) {
-        const NumberedList* list = HostList(state->Modul);
+        const NumberedSets* numbered = HostSets(state->Modul);
         state->InternalSubrangeOp = true;
-        if (list != nullptr) {
-            stmt([&] { RequireFreeEntry(state, *list, Source); });
-            stmt([&] { RequireFreeEntry(state, *list, Destination); });
-            const WholeEntry entry = TakeEntry(state, stmt, *list, Source);
-            PutEntry(state, stmt, *list, Source, TakeEntry(state, stmt, *list, Destination));
-            PutEntry(state, stmt, *list, Destination, entry);
+        if (numbered != nullptr) {
+            stmt([&] { RequireFreeEntry(state, *numbered, Source); });
+            stmt([&] { RequireFreeEntry(state, *numbered, Destination); });
+            const WholeEntry entry = TakeEntry(state, stmt, *numbered, Source);
+            PutEntry(state, stmt, *numbered, Source,
+                     TakeEntry(state, stmt, *numbered, Destination));
+            PutEntry(state, stmt, *numbered, Destination, entry);
         }
         state->InternalSubrangeOp = false;
-        if (list != nullptr) {
+        if (numbered != nullptr) {
             ReloadEditor(state, stmt);
             SelectInEditor(state, stmt, Destination);
         }

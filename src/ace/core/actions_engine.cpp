@@ -1,55 +1,11 @@
 #include <ace/core/actions_engine.h>
+#include <ace/core/change_flag.h>
 #include <ace/core/cleaning.h>
 #include <ace/core/operation.h>
 
 namespace ace {
 
 namespace {
-
-/// The error of a module kind outside the members is that of the flag array's bounds.
-Boolean& ChangeFlag(EngineState& state) {
-    if (FindModule(state.Modul) == nullptr) {
-        Raise(Errors::SubscriptOutOfRange);
-    }
-    return state.ChangeFlags[static_cast<std::size_t>(state.Modul)];
-}
-
-void TakeOverEditorLists(EngineState& state) {
-    const std::shared_ptr<IEditor> held = Required(state.Context.Editor);
-    IEditor& editor = *held;
-    switch (state.Modul) {
-        case aceTemplate:
-            editor.GetMainActions(state.MainSubrangeCount, state.MainSubranges, state.MainTest);
-            break;
-        case aceMonitoring:
-            editor.GetMoniActions(state.MoniChannelCount, state.MoniChannels, state.MoniEut,
-                                  state.MoniLoop);
-            break;
-        case aceEMSAutoTemplateGeneral:
-            editor.GetEMSAutoActionsGeneral(state.EMSAutoGeneral);
-            break;
-        case aceEMSAutoTemplate:
-            editor.GetEMSAutoActions(state.EMSAutoStepCount, state.EMSAutoSteps);
-            break;
-        case aceEMIAutoTemplate:
-            editor.GetEMIAutoActions(state.EMIAutoStepCount, state.EMIAutoSteps, state.EMIAutoTest);
-            break;
-        case aceTSTemplate:
-            editor.GetTSActions(state.TSTestCount, state.TSTests, state.TSTest);
-            break;
-        case aceAziChart:
-            editor.GetAziChartActions(state.AziChart);
-            break;
-        case aceVKSTemplate:
-            editor.GetVKSActions(state.VKSTestCount, state.VKSTests, state.VKSTemplate,
-                                 state.VKSStepCount, state.VKSSteps);
-            break;
-        case aceVKSDUT:
-            editor.GetVKSDUTActions(state);
-            editor.GetVKSDUTGlobActions(state.VKSDUTGlob);
-            break;
-    }
-}
 
 /// The shared port and socket end with any object, also those that other objects use. A socket that
 /// the host calls dead is left alone, and its handle stands.
@@ -129,15 +85,12 @@ aceActionsEngine::~aceActionsEngine() {
 }
 
 Boolean aceActionsEngine::Change() {
-    return ChangeFlag(*x_state);
+    return GetChange(*x_state);
 }
 
 void aceActionsEngine::Change(Boolean value) {
     const std::shared_ptr<EngineState> state = x_state;
-    ChangeFlag(*state) = value;
-    if (value) {
-        TakeOverEditorLists(*state);
-    }
+    SetChange(*state, value);
 }
 
 Boolean aceActionsEngine::InitReceiver() {

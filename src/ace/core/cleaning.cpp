@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include <ace/core/action_kinds.h>
 #include <ace/core/action_lists.h>
 #include <ace/core/cleaning.h>
 #include <ace/core/operation.h>
@@ -9,28 +10,19 @@ namespace ace {
 
 namespace {
 
-using Kinds = std::uint32_t;
-constexpr Kinds KindBit(p_ActionTypes kind) {
-    return Kinds{1} << kind;
-}
-
-/// The kinds that are treated in a list. A remote action of the `Freq` list is not among them: its
-/// bus device stays open, and that asymmetry is wanted.
+/// The kinds that are treated in a list. Intentional: a remote action of the `Freq` list is not
+/// among them: its bus device stays open.
 struct CleanedList {
     ListFields list;
-    Kinds kinds;
+    KindSet kinds;
 };
-constexpr Kinds DeviceKinds = KindBit(atSetDevice) | KindBit(atCheckEut) | KindBit(atSwitchUnit);
 constexpr CleanedList CleanedLists[] = {
-    {EnterList, DeviceKinds | KindBit(atRemote) | KindBit(atMonitorEUT) | KindBit(atSwitchAmp)},
-    {LeaveList, DeviceKinds | KindBit(atRemote) | KindBit(atSwitchAmp)},
-    {FreqList, DeviceKinds | KindBit(atTrackFreq)},
-    {MlcList, DeviceKinds | KindBit(atRemote)},
+    {EnterList,
+     KindSet(atRemote, atSetDevice, atCheckEut, atMonitorEUT, atSwitchAmp, atSwitchUnit)},
+    {LeaveList, KindSet(atRemote, atSetDevice, atCheckEut, atSwitchAmp, atSwitchUnit)},
+    {FreqList, KindSet(atSetDevice, atCheckEut, atTrackFreq, atSwitchUnit)},
+    {MlcList, KindSet(atRemote, atSetDevice, atCheckEut, atSwitchUnit)},
 };
-
-bool Contains(Kinds kinds, std::int32_t kind) {
-    return kind >= 0 && kind < 32 && (kinds >> kind & 1U) != 0;
-}
 
 void CleanRemote(ThreadContext& context, const p_Action& action) {
     aceRemote& record = context.ReaderRecords.Remote;
@@ -96,7 +88,7 @@ void modActions::CleanSubrange(ThreadContext& context, const p_Subrange& lists) 
         for (std::int32_t i = 0; i < end; ++i) {
             next([&] {
                 const p_Action& action = actions[i];
-                if (Contains(cleaned.kinds, action.ActionType)) {
+                if (cleaned.kinds.Has(action.ActionType)) {
                     CleanAction(context, action);
                 }
             });
@@ -110,11 +102,11 @@ void CleanLists(EngineState& state) {
         return;
     }
     ResumeNext next;
-    for (const FixedList& fixed : module->FixedLists()) {
-        modActions::CleanSubrange(state.Context, state.*fixed.list);
+    for (const FixedSet& fixed : module->AllFixed()) {
+        modActions::CleanSubrange(state.Context, state.*fixed.set);
     }
-    for (const NumberedList& numbered : module->NumberedLists()) {
-        const DynArray<p_Subrange>& lists = state.*numbered.lists;
+    for (const NumberedSets& numbered : module->AllNumbered()) {
+        const DynArray<p_Subrange>& lists = state.*numbered.sets;
         const std::int32_t end = Reachable(state.*numbered.count, lists);
         for (std::int32_t i = 0; i < end; ++i) {
             next([&] { modActions::CleanSubrange(state.Context, lists[i]); });

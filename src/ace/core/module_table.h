@@ -9,16 +9,16 @@
 namespace ace {
 
 /// A list set that a module has once.
-struct FixedList {
-    p_Subrange EngineState::*list = nullptr;
+struct FixedSet {
+    p_Subrange ModuleLists::*set = nullptr;
     StringView section;     ///< its section in the settings file
     bool emptyMlc = false;  ///< a load empties the fourth list too
 };
 
 /// Lists that a module has by number, with the count kept beside them.
-struct NumberedList {
-    DynArray<p_Subrange> EngineState::*lists = nullptr;
-    std::int32_t EngineState::*count = nullptr;
+struct NumberedSets {
+    DynArray<p_Subrange> ModuleLists::*sets = nullptr;
+    std::int32_t ModuleLists::*count = nullptr;
     std::int32_t SavedCounts::*saved = nullptr;
     StringView sectionWord;  ///< followed by the number from 1
 };
@@ -29,17 +29,17 @@ struct ModuleRow {
     std::int32_t nameRow = 0;       ///< its row among the file names of the thread
     std::int32_t readKind = 0;      ///< host's file kind for loading
     std::int32_t settFileKind = 0;  ///< host's file kind for device settings; differs on purpose
-    std::array<FixedList, 2> fixed{};
-    std::array<NumberedList, 2> numbered{};
+    std::array<FixedSet, 2> fixed{};
+    std::array<NumberedSets, 2> numbered{};
     bool isAutoModule = false;
 
-    constexpr std::span<const FixedList> FixedLists() const {
-        const std::size_t first = fixed[0].list != nullptr ? 1 : 0;
-        return std::span(fixed).first(fixed[1].list != nullptr ? 2 : first);
+    constexpr std::span<const FixedSet> AllFixed() const {
+        const std::size_t first = fixed[0].set != nullptr ? 1 : 0;
+        return std::span(fixed).first(fixed[1].set != nullptr ? 2 : first);
     }
-    constexpr std::span<const NumberedList> NumberedLists() const {
-        const std::size_t first = numbered[0].lists != nullptr ? 1 : 0;
-        return std::span(numbered).first(numbered[1].lists != nullptr ? 2 : first);
+    constexpr std::span<const NumberedSets> AllNumbered() const {
+        const std::size_t first = numbered[0].sets != nullptr ? 1 : 0;
+        return std::span(numbered).first(numbered[1].sets != nullptr ? 2 : first);
     }
 };
 
@@ -51,67 +51,67 @@ inline constexpr std::int32_t OpenMode = 10;
 /// File names are kept for eight rows: both lists of the susceptibility test share one.
 inline constexpr std::int32_t FileNameRows = 8;
 
-inline constexpr NumberedList MainSubrangesList{&EngineState::MainSubranges,
-                                                &EngineState::MainSubrangeCount,
-                                                &SavedCounts::MainSubranges, L"ActionsOnSR"};
-inline constexpr NumberedList MoniChannelsList{&EngineState::MoniChannels,
-                                               &EngineState::MoniChannelCount,
-                                               &SavedCounts::MoniChannels, L"ActionsOnChannel"};
-inline constexpr NumberedList EMSAutoStepsList{&EngineState::EMSAutoSteps,
-                                               &EngineState::EMSAutoStepCount,
-                                               &SavedCounts::EMSAutoSteps, L"ActionsOnStep"};
-inline constexpr NumberedList EMIAutoStepsList{&EngineState::EMIAutoSteps,
-                                               &EngineState::EMIAutoStepCount,
-                                               &SavedCounts::EMIAutoSteps, L"ActionsOnStep"};
-inline constexpr NumberedList TSTestsList{&EngineState::TSTests, &EngineState::TSTestCount,
-                                          &SavedCounts::TSTests, L"ActionsOnTest"};
-inline constexpr NumberedList VKSTestsList{&EngineState::VKSTests, &EngineState::VKSTestCount,
-                                           &SavedCounts::VKSTests, L"ActionsOnTest"};
-inline constexpr NumberedList VKSStepsList{&EngineState::VKSSteps, &EngineState::VKSStepCount,
-                                           &SavedCounts::VKSSteps, L"ActionsOnStep"};
+inline constexpr NumberedSets MainSubrangeSets{&ModuleLists::MainSubranges,
+                                               &ModuleLists::MainSubrangeCount,
+                                               &SavedCounts::MainSubranges, L"ActionsOnSR"};
+inline constexpr NumberedSets MoniChannelSets{&ModuleLists::MoniChannels,
+                                              &ModuleLists::MoniChannelCount,
+                                              &SavedCounts::MoniChannels, L"ActionsOnChannel"};
+inline constexpr NumberedSets EMSAutoStepSets{&ModuleLists::EMSAutoSteps,
+                                              &ModuleLists::EMSAutoStepCount,
+                                              &SavedCounts::EMSAutoSteps, L"ActionsOnStep"};
+inline constexpr NumberedSets EMIAutoStepSets{&ModuleLists::EMIAutoSteps,
+                                              &ModuleLists::EMIAutoStepCount,
+                                              &SavedCounts::EMIAutoSteps, L"ActionsOnStep"};
+inline constexpr NumberedSets TSTestSets{&ModuleLists::TSTests, &ModuleLists::TSTestCount,
+                                         &SavedCounts::TSTests, L"ActionsOnTest"};
+inline constexpr NumberedSets VKSTestSets{&ModuleLists::VKSTests, &ModuleLists::VKSTestCount,
+                                          &SavedCounts::VKSTests, L"ActionsOnTest"};
+inline constexpr NumberedSets VKSStepSets{&ModuleLists::VKSSteps, &ModuleLists::VKSStepCount,
+                                          &SavedCounts::VKSSteps, L"ActionsOnStep"};
 
 /// Indexed by `aceModul`.
 inline constexpr ModuleRow ModuleTable[ModulCount] = {
-    {aceTemplate, 0, 20, 20, {{{&EngineState::MainTest, L"ActionsOnTest"}}}, {{MainSubrangesList}}},
+    {aceTemplate, 0, 20, 20, {{{&ModuleLists::MainTest, L"ActionsOnTest"}}}, {{MainSubrangeSets}}},
     {aceMonitoring,
      1,
      25,
      20,
-     {{{&EngineState::MoniEut, L"ActionsOnEutMon", true},
-       {&EngineState::MoniLoop, L"ActionsOnMonTestLoop", true}}},
-     {{MoniChannelsList}}},
+     {{{&ModuleLists::MoniEut, L"ActionsOnEutMon", true},
+       {&ModuleLists::MoniLoop, L"ActionsOnMonTestLoop", true}}},
+     {{MoniChannelSets}}},
     {aceEMSAutoTemplateGeneral,
      2,
      26,
      26,
-     {{{&EngineState::EMSAutoGeneral, L"ActionsOnEMSAutoTest"}}}},
-    {aceEMSAutoTemplate, 2, 26, 26, {}, {{EMSAutoStepsList}}, true},
+     {{{&ModuleLists::EMSAutoGeneral, L"ActionsOnEMSAutoTest"}}}},
+    {aceEMSAutoTemplate, 2, 26, 26, {}, {{EMSAutoStepSets}}, true},
     {aceEMIAutoTemplate,
      3,
      24,
      24,
-     {{{&EngineState::EMIAutoTest, L"ActionsOnEMIAutoTest"}}},
-     {{EMIAutoStepsList}},
+     {{{&ModuleLists::EMIAutoTest, L"ActionsOnEMIAutoTest"}}},
+     {{EMIAutoStepSets}},
      true},
     {aceTSTemplate,
      4,
      29,
      29,
-     {{{&EngineState::TSTest, L"ActionsOnTestSequence"}}},
-     {{TSTestsList}}},
-    {aceAziChart, 5, 37, 37, {{{&EngineState::AziChart, L"ActionsOnAzimuthChart"}}}},
+     {{{&ModuleLists::TSTest, L"ActionsOnTestSequence"}}},
+     {{TSTestSets}}},
+    {aceAziChart, 5, 37, 37, {{{&ModuleLists::AziChart, L"ActionsOnAzimuthChart"}}}},
     {aceVKSTemplate,
      6,
      301,
      301,
-     {{{&EngineState::VKSTemplate, L"ActionsOnVKSTemplate"}}},
-     {{VKSTestsList, VKSStepsList}}},
+     {{{&ModuleLists::VKSTemplate, L"ActionsOnVKSTemplate"}}},
+     {{VKSTestSets, VKSStepSets}}},
     {aceVKSDUT,
      7,
      302,
      302,
-     {{{&EngineState::VKSDUTGlob, L"ActionsOnVKSDUTGlob"}}},
-     {{VKSStepsList}}},
+     {{{&ModuleLists::VKSDUTGlob, L"ActionsOnVKSDUTGlob"}}},
+     {{VKSStepSets}}},
 };
 
 /// The row of a module kind; none for a value outside the members.

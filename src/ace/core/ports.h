@@ -9,29 +9,25 @@
 
 namespace ace {
 
-/// The one editor of a thread. The Get operations hand out its working copies of the module's lists
-/// into the arguments, in their order; a failure leaves those before it replaced.
+/// The one editor of a thread. Each Get operation copies the editor's working lists of one module
+/// back into `store`, in the order of `CopyModule` for the store; a failure leaves those before it
+/// replaced. `GetVKSDUTActions` hands out the matrix, and `GetVKSDUTGlobActions` its global lists.
 class IEditor {
   public:
     virtual ~IEditor() = default;
-    virtual void GetMainActions(std::int32_t& count, DynArray<p_Subrange>& subranges,
-                                p_Subrange& test) = 0;
-    virtual void GetMoniActions(std::int32_t& count, DynArray<p_Subrange>& channels,
-                                p_Subrange& eut, p_Subrange& loop) = 0;
-    virtual void GetEMSAutoActionsGeneral(p_Subrange& general) = 0;
-    virtual void GetEMSAutoActions(std::int32_t& count, DynArray<p_Subrange>& steps) = 0;
-    virtual void GetEMIAutoActions(std::int32_t& count, DynArray<p_Subrange>& steps,
-                                   p_Subrange& test) = 0;
-    virtual void GetTSActions(std::int32_t& count, DynArray<p_Subrange>& tests,
-                              p_Subrange& test) = 0;
-    virtual void GetAziChartActions(p_Subrange& chart) = 0;
-    virtual void GetVKSActions(std::int32_t& testCount, DynArray<p_Subrange>& tests,
-                               p_Subrange& general, std::int32_t& stepCount,
-                               DynArray<p_Subrange>& steps) = 0;
-    /// Steps and their count, ids, the tables of frequencies, bandwidths and powers with their
-    /// counts, the template number and the three influence flags, all into `matrix`.
-    virtual void GetVKSDUTActions(EngineState& matrix) = 0;
-    virtual void GetVKSDUTGlobActions(p_Subrange& global) = 0;
+    virtual void GetMainActions(ModuleLists& store) = 0;
+    virtual void GetMoniActions(ModuleLists& store) = 0;
+    virtual void GetEMSAutoActionsGeneral(ModuleLists& store) = 0;
+    virtual void GetEMSAutoActions(ModuleLists& store) = 0;
+    virtual void GetEMIAutoActions(ModuleLists& store) = 0;
+    virtual void GetTSActions(ModuleLists& store) = 0;
+    virtual void GetAziChartActions(ModuleLists& store) = 0;
+    virtual void GetVKSActions(ModuleLists& store) = 0;
+    virtual void GetVKSDUTActions(ModuleLists& store) = 0;
+    virtual void GetVKSDUTGlobActions(ModuleLists& store) = 0;
+    /// Takes the lists of its module out of `lists`, as after an edit: shows them and hands them on
+    /// to the engine's store. A step back to earlier lists is made so.
+    virtual void TakeLists(const ModuleLists& lists) = 0;
     /// Copies the lists of `modul` out of `engine`, which the editor keeps, and builds tree and
     /// list again. After an error the editor shows nothing.
     virtual void LoadEditor(aceModul modul, const std::shared_ptr<EngineState>& engine) = 0;

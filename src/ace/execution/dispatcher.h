@@ -1,23 +1,10 @@
 /// Carries out one action.
 #pragma once
 
+#include <ace/core/action_kinds.h>
 #include <ace/core/operation.h>
 
 namespace ace::modActions {
-
-/// A bit for each kind of a set; a kind outside the members is in none.
-class KindSet {
-  public:
-    template <class... Kinds>
-    constexpr explicit KindSet(Kinds... kinds) : x_bits(((1U << kinds) | ...)) {}
-    /// The bit is looked at first: in a list where most kinds are in no set, that decides.
-    constexpr bool Has(std::int32_t kind) const {
-        return (x_bits >> (kind & 31) & 1U) != 0 && static_cast<std::uint32_t>(kind) < 32;
-    }
-
-  private:
-    std::uint32_t x_bits;
-};
 
 /// The kinds that have a routine, or that answer true without one.
 inline constexpr KindSet ActingKinds(atWait, atNotify, atRemote, atSetDevice, atCheckEut,

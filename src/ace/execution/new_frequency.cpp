@@ -7,13 +7,13 @@ namespace ace {
 namespace {
 
 /// The every-frequency list by `aceModul`; none for the modules that have no such moment.
-constexpr p_Subrange EngineState::*FrequencySets[ModulCount] = {&EngineState::MainTest,
-                                                                &EngineState::MoniEut,
-                                                                &EngineState::EMSAutoGeneral,
+constexpr p_Subrange ModuleLists::*FrequencySets[ModulCount] = {&ModuleLists::MainTest,
+                                                                &ModuleLists::MoniEut,
+                                                                &ModuleLists::EMSAutoGeneral,
                                                                 nullptr,
-                                                                &EngineState::EMIAutoTest,
+                                                                &ModuleLists::EMIAutoTest,
                                                                 nullptr,
-                                                                &EngineState::AziChart,
+                                                                &ModuleLists::AziChart,
                                                                 nullptr,
                                                                 nullptr};
 
@@ -34,8 +34,8 @@ void PassFrequency(p_Action& action, aceModul modul, double frequency) {
 }
 
 /// The kinds that can act at a frequency; all others are skipped without a call.
-constexpr modActions::KindSet FrequencyKinds(atWait, atRemote, atSetDevice, atCheckEut,
-                                             atSwitchUnit, atTrackFreq, atAPI);
+constexpr KindSet FrequencyKinds(atWait, atRemote, atSetDevice, atCheckEut, atSwitchUnit,
+                                 atTrackFreq, atAPI);
 
 /// In the general lists of a susceptibility test, waits and commands have no say in the result.
 bool CountsForResult(std::int32_t kind, aceModul modul) {
@@ -90,7 +90,7 @@ Boolean aceActionsEngine::NewFrequency(double FreqVal, Boolean IsNotEmiScSwMeas)
             }
             state->LastFrequency = FreqVal;
             const bool known = FindModule(state->Modul) != nullptr;
-            p_Subrange EngineState::*set = known ? FrequencySets[state->Modul] : nullptr;
+            p_Subrange ModuleLists::*set = known ? FrequencySets[state->Modul] : nullptr;
             return set != nullptr ? RunFrequencyList(*state, stmt, state.get()->*set, FreqVal)
                                   : Boolean(false);
         });

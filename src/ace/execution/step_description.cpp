@@ -1,3 +1,4 @@
+#include <ace/core/action_kinds.h>
 #include <ace/core/actions_engine.h>
 #include <ace/core/operation.h>
 #include <ace/host/rounding.h>
@@ -7,35 +8,20 @@ namespace ace {
 namespace {
 
 constexpr std::int32_t EmptyStepText = 9058;
-constexpr std::int32_t NotifyText = 9034;
-constexpr std::int32_t NoText = 0;
 
-/// Text number of the kinds that a description names.
-struct DescribedKind {
-    p_ActionTypes kind;
-    std::int32_t text;
-};
-constexpr DescribedKind DescribedKinds[] = {
-    {atWait, 9033},       {atNotify, NotifyText}, {atRemote, 9032},  {atSetDevice, 9031},
-    {atSwitchUnit, 9074}, {atAPI, 9078},          {atParkAcc, 9077},
-};
-
-std::int32_t TextOf(std::int32_t kind) {
-    for (const DescribedKind& row : DescribedKinds) {
-        if (row.kind == kind) {
-            return row.text;
-        }
-    }
-    return NoText;
-}
+/// The kinds that a description names, by the word under which they are on offer.
+constexpr KindSet DescribedKinds(atWait, atNotify, atRemote, atSetDevice, atSwitchUnit, atAPI,
+                                 atParkAcc);
 
 /// A single notification is shown by its message; the two blanks are what the final cut takes away.
 String Part(ThreadContext& context, const p_Action& action, bool isSingle) {
     if (action.ActionType == atNotify && isSingle) {
         return RecordOf<aceNotify>(action).Message + L"  ";
     }
-    const std::int32_t number = TextOf(action.ActionType);
-    return number == NoText ? String() : context.Language().Text(number) + L"; ";
+    if (!DescribedKinds.Has(action.ActionType)) {
+        return {};
+    }
+    return context.Language().Text(FindActionKind(action.ActionType)->palette.number) + L"; ";
 }
 
 }  // namespace

@@ -15,11 +15,11 @@ enum class WalkKind { None, Plain, Wireless };
 
 /// What the start and the stop of a test do, by module kind.
 struct TestRow {
-    p_Subrange EngineState::*fixed = nullptr;
+    p_Subrange ModuleLists::*fixed = nullptr;
     WalkKind walk = WalkKind::None;
     unsigned fixedLatches = NoList;  ///< lists whose latches the start clears
-    DynArray<p_Subrange> EngineState::*numbered = nullptr;
-    std::int32_t EngineState::*count = nullptr;
+    DynArray<p_Subrange> ModuleLists::*numbered = nullptr;
+    std::int32_t ModuleLists::*count = nullptr;
     unsigned numberedLatches = NoList;
     bool stopParks = false;  ///< the stop turns parking into a request to the host
 };
@@ -27,19 +27,19 @@ struct TestRow {
 /// Indexed by `aceModul`. The wireless tests go by the count of the sequence's tests, which is 0 in
 /// a wireless object, so that their latches stay: that is wanted.
 constexpr TestRow TestTable[ModulCount] = {
-    {&EngineState::MainTest, WalkKind::Plain, EnterLeaveFreq, &EngineState::MainSubranges,
-     &EngineState::MainSubrangeCount, EnterLeave},
-    {&EngineState::MoniEut, WalkKind::Plain, EnterLeaveFreq | InMlc, &EngineState::MoniChannels,
-     &EngineState::MoniChannelCount, EnterLeaveFreq},
-    {&EngineState::EMSAutoGeneral, WalkKind::Plain, EnterLeaveFreq, nullptr, nullptr, NoList, true},
+    {&ModuleLists::MainTest, WalkKind::Plain, EnterLeaveFreq, &ModuleLists::MainSubranges,
+     &ModuleLists::MainSubrangeCount, EnterLeave},
+    {&ModuleLists::MoniEut, WalkKind::Plain, EnterLeaveFreq | InMlc, &ModuleLists::MoniChannels,
+     &ModuleLists::MoniChannelCount, EnterLeaveFreq},
+    {&ModuleLists::EMSAutoGeneral, WalkKind::Plain, EnterLeaveFreq, nullptr, nullptr, NoList, true},
     {},
-    {&EngineState::EMIAutoTest, WalkKind::Plain, EnterLeaveFreq, &EngineState::EMIAutoSteps,
-     &EngineState::EMIAutoStepCount, EnterLeave, true},
-    {&EngineState::TSTest, WalkKind::Plain, EnterLeaveFreq, &EngineState::TSTests,
-     &EngineState::TSTestCount, EnterLeave},
-    {&EngineState::AziChart, WalkKind::Plain, EnterLeaveFreq, nullptr, nullptr, NoList, true},
-    {&EngineState::VKSTemplate, WalkKind::Wireless, EnterLeaveFreq, &EngineState::VKSTests,
-     &EngineState::TSTestCount, EnterLeave},
+    {&ModuleLists::EMIAutoTest, WalkKind::Plain, EnterLeaveFreq, &ModuleLists::EMIAutoSteps,
+     &ModuleLists::EMIAutoStepCount, EnterLeave, true},
+    {&ModuleLists::TSTest, WalkKind::Plain, EnterLeaveFreq, &ModuleLists::TSTests,
+     &ModuleLists::TSTestCount, EnterLeave},
+    {&ModuleLists::AziChart, WalkKind::Plain, EnterLeaveFreq, nullptr, nullptr, NoList, true},
+    {&ModuleLists::VKSTemplate, WalkKind::Wireless, EnterLeaveFreq, &ModuleLists::VKSTests,
+     &ModuleLists::TSTestCount, EnterLeave},
     {},
 };
 
@@ -73,7 +73,7 @@ void ClearLatches(EngineState& state, const TestRow& row) {
 
 /// Tracking starts once before the first frequency, with the frequency that its record holds.
 Boolean TrackingPass(EngineState& state) {
-    const FixedPlace place{&EngineState::MainTest, FreqList};
+    const FixedPlace place{&ModuleLists::MainTest, FreqList};
     return Walk(state, place, state.Modul, BareStatements{},
                 [](const p_Action& action) { return action.ActionType == atTrackFreq; });
 }
@@ -91,20 +91,20 @@ Boolean ParkingWalk(EngineState& state, const FixedPlace& place) {
 
 /// One moment that runs a list of a numbered set, chosen by its number.
 struct NumberedMoment {
-    DynArray<p_Subrange> EngineState::*sets;
+    DynArray<p_Subrange> ModuleLists::*sets;
     ListFields list;
     aceModul modul;  ///< told to the actions, and asked for when `asksModul`
     bool asksModul = false;
 };
-constexpr NumberedMoment EnterSubrangeMoment{&EngineState::MainSubranges, EnterList, aceTemplate};
-constexpr NumberedMoment LeaveSubrangeMoment{&EngineState::MainSubranges, LeaveList, aceTemplate};
-constexpr NumberedMoment BeforeStepMoment{&EngineState::EMIAutoSteps, EnterList,
+constexpr NumberedMoment EnterSubrangeMoment{&ModuleLists::MainSubranges, EnterList, aceTemplate};
+constexpr NumberedMoment LeaveSubrangeMoment{&ModuleLists::MainSubranges, LeaveList, aceTemplate};
+constexpr NumberedMoment BeforeStepMoment{&ModuleLists::EMIAutoSteps, EnterList,
                                           aceEMIAutoTemplate};
-constexpr NumberedMoment AfterStepMoment{&EngineState::EMIAutoSteps, LeaveList, aceEMIAutoTemplate,
+constexpr NumberedMoment AfterStepMoment{&ModuleLists::EMIAutoSteps, LeaveList, aceEMIAutoTemplate,
                                          true};
-constexpr NumberedMoment EnterStepMoment{&EngineState::EMSAutoSteps, EnterList, aceEMSAutoTemplate};
-constexpr NumberedMoment BeforeTestMoment{&EngineState::TSTests, EnterList, aceTSTemplate, true};
-constexpr NumberedMoment AfterTestMoment{&EngineState::TSTests, LeaveList, aceTSTemplate, true};
+constexpr NumberedMoment EnterStepMoment{&ModuleLists::EMSAutoSteps, EnterList, aceEMSAutoTemplate};
+constexpr NumberedMoment BeforeTestMoment{&ModuleLists::TSTests, EnterList, aceTSTemplate, true};
+constexpr NumberedMoment AfterTestMoment{&ModuleLists::TSTests, LeaveList, aceTSTemplate, true};
 
 /// Whether anything runs goes by the array's bounds, not by the count: the spare element behind the
 /// last one may run. An array that was never made is error 9.
@@ -188,7 +188,7 @@ Boolean aceActionsEngine::BeforeStep(std::int32_t Number) {
 Boolean aceActionsEngine::AfterStep(std::int32_t Number) {
     const std::shared_ptr<EngineState> state = x_state;
     if (state->Modul == aceMonitoring) {
-        return PlainWalk(*state, FixedPlace{&EngineState::MoniEut, MlcList}, aceMonitoring);
+        return PlainWalk(*state, FixedPlace{&ModuleLists::MoniEut, MlcList}, aceMonitoring);
     }
     return RunNumbered(*state, AfterStepMoment, Number);
 }
@@ -205,12 +205,12 @@ Boolean aceActionsEngine::AfterTest(std::int32_t Number) {
 
 Boolean aceActionsEngine::BeforeTestLoop() {
     const std::shared_ptr<EngineState> state = x_state;
-    return PlainWalk(*state, FixedPlace{&EngineState::MoniLoop, EnterList}, aceMonitoring);
+    return PlainWalk(*state, FixedPlace{&ModuleLists::MoniLoop, EnterList}, aceMonitoring);
 }
 
 Boolean aceActionsEngine::AfterTestLoop() {
     const std::shared_ptr<EngineState> state = x_state;
-    return PlainWalk(*state, FixedPlace{&EngineState::MoniLoop, LeaveList}, aceMonitoring);
+    return PlainWalk(*state, FixedPlace{&ModuleLists::MoniLoop, LeaveList}, aceMonitoring);
 }
 
 Boolean aceActionsEngine::EnterStep(std::int32_t Number) {

@@ -63,14 +63,14 @@ class NumberedActions {
 
 /// Where a list of a set that the module has once stands in any engine object.
 struct FixedPlace {
-    p_Subrange EngineState::*set;
+    p_Subrange ModuleLists::*set;
     ListFields list;
 
     FixedActions In(EngineState& state) const { return {state, state.*set, list}; }
 };
 /// Where a list of element `index`, from 0, of a module's numbered sets stands.
 struct NumberedPlace {
-    DynArray<p_Subrange> EngineState::*sets;
+    DynArray<p_Subrange> ModuleLists::*sets;
     std::int32_t index;
     ListFields list;
 

@@ -17,21 +17,21 @@ constexpr std::int32_t TestModeTemplate = 0;  ///< the template number that know
 /// One of the three dimensions of the matrix.
 struct Dimension {
     std::size_t column;
-    Boolean EngineState::*influences;
-    std::int32_t EngineState::*count;
+    Boolean ModuleLists::*influences;
+    std::int32_t ModuleLists::*count;
 };
-constexpr Dimension Frequencies{0, &EngineState::VKSInfByFreq, &EngineState::VKSDUTFreqCount};
-constexpr Dimension Bandwidths{1, &EngineState::VKSInfByBandwidth,
-                               &EngineState::VKSDUTBandwidthCount};
-constexpr Dimension Powers{2, &EngineState::VKSInfByPower, &EngineState::VKSDUTPowerCount};
+constexpr Dimension Frequencies{0, &ModuleLists::VKSInfByFreq, &ModuleLists::VKSDUTFreqCount};
+constexpr Dimension Bandwidths{1, &ModuleLists::VKSInfByBandwidth,
+                               &ModuleLists::VKSDUTBandwidthCount};
+constexpr Dimension Powers{2, &ModuleLists::VKSInfByPower, &ModuleLists::VKSDUTPowerCount};
 
 /// A dimension whose entries are known by their place in a table of names.
 struct NamedDimension {
     Dimension dimension;
-    DynArray<String> EngineState::*names;
+    DynArray<String> ModuleLists::*names;
 };
-constexpr NamedDimension BandwidthTable{Bandwidths, &EngineState::VKSDUTBandwidthNames};
-constexpr NamedDimension PowerTable{Powers, &EngineState::VKSDUTPowerNames};
+constexpr NamedDimension BandwidthTable{Bandwidths, &ModuleLists::VKSDUTBandwidthNames};
+constexpr NamedDimension PowerTable{Powers, &ModuleLists::VKSDUTPowerNames};
 
 /// What the rows say of an entry of a dimension's table.
 double ValueOf(const EngineState& state, const Dimension& dimension, std::int32_t entry) {

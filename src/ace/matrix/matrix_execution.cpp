@@ -29,7 +29,7 @@ Boolean RunTest(EngineState& state, const String& key, const ListFields& list) {
     }
     const std::int32_t index = FindTest(state, key);
     return IsInRange(state, state.VKSTests, index)
-               ? WirelessWalk(state, NumberedPlace{&EngineState::VKSTests, index, list},
+               ? WirelessWalk(state, NumberedPlace{&ModuleLists::VKSTests, index, list},
                               aceVKSTemplate)
                : Boolean(false);
 }
@@ -154,12 +154,12 @@ Boolean aceActionsEngine::VKSStepHaveActions(const String& UKey, const String& S
 /// The actions are told the kind of the wireless template, not that of the matrix: that is wanted.
 Boolean aceActionsEngine::VKSDUTStepGlobBefore() {
     const std::shared_ptr<EngineState> state = x_state;
-    return WirelessWalk(*state, FixedPlace{&EngineState::VKSDUTGlob, EnterList}, aceVKSTemplate);
+    return WirelessWalk(*state, FixedPlace{&ModuleLists::VKSDUTGlob, EnterList}, aceVKSTemplate);
 }
 
 Boolean aceActionsEngine::VKSDUTStepGlobAfter() {
     const std::shared_ptr<EngineState> state = x_state;
-    return WirelessWalk(*state, FixedPlace{&EngineState::VKSDUTGlob, LeaveList}, aceVKSTemplate);
+    return WirelessWalk(*state, FixedPlace{&ModuleLists::VKSDUTGlob, LeaveList}, aceVKSTemplate);
 }
 
 std::int16_t aceActionsEngine::VKSDUTStepGlobBeforeCount() {
@@ -177,7 +177,7 @@ Boolean aceActionsEngine::VKSDUTStep(double& Freq, std::int32_t& BandwidthID,
         return false;
     }
     const std::int32_t row = TakeRow(*state, Freq, BandwidthID, PowerID);
-    return row >= 0 ? WirelessWalk(*state, NumberedPlace{&EngineState::VKSSteps, row, EnterList},
+    return row >= 0 ? WirelessWalk(*state, NumberedPlace{&ModuleLists::VKSSteps, row, EnterList},
                                    aceVKSDUT)
                     : Boolean(false);
 }

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <optional>
 
+#include <ace/core/action_kinds.h>
 #include <ace/core/text.h>
 #include <ace/host/rounding.h>
 #include <ace/settings/action_line.h>
@@ -72,7 +73,7 @@ void Store(p_Action& action, const WorkingRecords& records) {
     Kept* kept = std::get_if<Kept>(&action.Parameter);
     (kept != nullptr ? *kept : action.Parameter.emplace<Kept>()) = records.*Record;
 }
-/// Indexed by `LineRecord`.
+/// Indexed by `RecordType`.
 constexpr void (*StoreRecord[])(p_Action&, const WorkingRecords&) = {
     nullptr,
     Store<&WorkingRecords::Wait>,
@@ -261,7 +262,7 @@ void SectionReader::FillEntry(const KeywordRow& row, std::size_t listIndex,
     x_entryLine.Start(listIndex, split.value);
     row.read(x_entryLine);
     x_entryLine.Next({});
-    const auto store = StoreRecord[static_cast<std::size_t>(row.record)];
+    const auto store = StoreRecord[static_cast<std::size_t>(FindActionKind(row.kind)->record)];
     store((x_target.*list.actions)[index], x_records);
 }
 

@@ -3,8 +3,8 @@
 
 namespace ace {
 
-void FileWork::ReadFixed(const FixedList& fixed) const {
-    p_Subrange& set = x_state.*fixed.list;
+void FileWork::ReadFixed(const FixedSet& fixed) const {
+    p_Subrange& set = x_state.*fixed.set;
     for (const ListFields& list : ActionLists) {
         if (list != MlcList || fixed.emptyMlc) {
             Do([&] { EmptyList(set, list); });

@@ -12,33 +12,32 @@ constexpr std::uint8_t Freq = 4;
 constexpr std::uint8_t Mlc = 8;
 constexpr std::uint8_t All = Enter | Leave | Freq | Mlc;
 
-using enum LineRecord;
 using namespace modActions;  // NOLINT(google-build-using-namespace): the table names all of it
 
 constexpr KeywordRow Rows[] = {
-    {L"WAIT:", atWait, Wait, All, ReadWait, WriteWait},
-    {L"API:", atAPI, Api, All, ReadApi, WriteApi},
-    {L"COMMENT:", atComment, Notify, Enter, ReadComment, WriteComment},
-    {L"NOTIFY:", atNotify, Notify, All, ReadNotify, WriteNotify},
-    {L"QUESTION:", atQuestion, Notify, Enter, ReadNotify, WriteNotify},
-    {L"MSG:", atNotify, Notify, Enter | Leave | Freq, ReadMessage, nullptr},
-    {L"SOUND:", atNotify, Notify, All, ReadSound, nullptr},
-    {L"REMOTE:", atRemote, Remote, All, ReadRemote, WriteRemote},
-    {L"GPIB:", atRemote, Remote, Enter | Leave, ReadGpib, nullptr},
-    {L"DLL:", atRemote, Remote, Enter | Leave, ReadProgram, nullptr},
-    {L"STOP:", atTestStop, None, Enter, nullptr, WriteNothing},
-    {L"STPLEV:", atStopLevSweep, None, Enter, nullptr, WriteNothing},
-    {L"GOTOSGL:", atGotoSingle, None, Enter, nullptr, WriteNothing},
-    {L"PROTREC:", atProtRec, None, Enter | Leave, nullptr, WriteNothing},
-    {L"NBBETSI:", atNbBbEtsi, None, Enter, nullptr, WriteNothing},
-    {L"PARKACC:", atParkAcc, None, Enter | Leave, nullptr, WriteNothing},
-    {L"SETDEV:", atSetDevice, SetDevice, All, ReadSetDevice, WriteSetDevice},
-    {L"CHECKEUT:", atCheckEut, SetDevice, Enter | Leave | Freq, ReadCheckEut, WriteCheckEut},
-    {L"MONITOREUT:", atMonitorEUT, SetDevice, Enter, ReadCheckEut, WriteCheckEut},
-    {L"SWITCHAMP:", atSwitchAmp, SetDevice, Enter | Leave, ReadSwitchAmp, WriteSwitchAmp},
-    {L"SWITCHUNIT:", atSwitchUnit, SetDevice, All, ReadSwitchUnit, WriteSwitchUnit},
-    {L"SYNCGEN:", atTrackFreq, TrackFreq, Freq, ReadSyncGen, nullptr},
-    {L"FREQTRACK:", atTrackFreq, TrackFreq, Freq, ReadTrackFreq, WriteTrackFreq},
+    {L"WAIT:", atWait, All, ReadWait, WriteWait},
+    {L"API:", atAPI, All, ReadApi, WriteApi},
+    {L"COMMENT:", atComment, Enter, ReadComment, WriteComment},
+    {L"NOTIFY:", atNotify, All, ReadNotify, WriteNotify},
+    {L"QUESTION:", atQuestion, Enter, ReadNotify, WriteNotify},
+    {L"MSG:", atNotify, Enter | Leave | Freq, ReadMessage, nullptr},
+    {L"SOUND:", atNotify, All, ReadSound, nullptr},
+    {L"REMOTE:", atRemote, All, ReadRemote, WriteRemote},
+    {L"GPIB:", atRemote, Enter | Leave, ReadGpib, nullptr},
+    {L"DLL:", atRemote, Enter | Leave, ReadProgram, nullptr},
+    {L"STOP:", atTestStop, Enter, nullptr, WriteNothing},
+    {L"STPLEV:", atStopLevSweep, Enter, nullptr, WriteNothing},
+    {L"GOTOSGL:", atGotoSingle, Enter, nullptr, WriteNothing},
+    {L"PROTREC:", atProtRec, Enter | Leave, nullptr, WriteNothing},
+    {L"NBBETSI:", atNbBbEtsi, Enter, nullptr, WriteNothing},
+    {L"PARKACC:", atParkAcc, Enter | Leave, nullptr, WriteNothing},
+    {L"SETDEV:", atSetDevice, All, ReadSetDevice, WriteSetDevice},
+    {L"CHECKEUT:", atCheckEut, Enter | Leave | Freq, ReadCheckEut, WriteCheckEut},
+    {L"MONITOREUT:", atMonitorEUT, Enter, ReadCheckEut, WriteCheckEut},
+    {L"SWITCHAMP:", atSwitchAmp, Enter | Leave, ReadSwitchAmp, WriteSwitchAmp},
+    {L"SWITCHUNIT:", atSwitchUnit, All, ReadSwitchUnit, WriteSwitchUnit},
+    {L"SYNCGEN:", atTrackFreq, Freq, ReadSyncGen, nullptr},
+    {L"FREQTRACK:", atTrackFreq, Freq, ReadTrackFreq, WriteTrackFreq},
 };
 
 }  // namespace

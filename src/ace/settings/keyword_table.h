@@ -16,7 +16,6 @@ class LineText;
 struct KeywordRow {
     StringView keyword;  ///< in capitals, with its ":"
     p_ActionTypes kind;
-    LineRecord record;
     std::uint8_t lists;                                     ///< bit i: list i + 1 knows it
     void (*read)(EntryLine& line);                          ///< none: the value is ignored
     void (*write)(LineText& text, const p_Action& action);  ///< none: never written

@@ -1,12 +1,9 @@
 /// The fields that action lines can set, as data: what a report about a line counts.
 #pragma once
 
-#include <ace/host/basic_types.h>
+#include <ace/core/action_kinds.h>
 
 namespace ace {
-
-/// The parameter record that a line fills.
-enum class LineRecord : std::uint8_t { None, Wait, Api, Notify, Remote, SetDevice, TrackFreq };
 
 /// A field of a parameter record that some line can set. Run-time fields are not among them.
 enum class LineField : std::uint8_t {
@@ -54,50 +51,50 @@ inline constexpr std::size_t LineFieldCount = 37;
 /// One field: its record, its name there, and whether every section begins with its reset value.
 struct LineFieldRow {
     LineField field;
-    LineRecord record;
+    RecordType record;
     StringView name;
     bool isReset = true;
 };
 
 /// Indexed by `LineField`.
 inline constexpr LineFieldRow LineFieldTable[LineFieldCount] = {
-    {LineField::Time, LineRecord::Wait, L"Time", false},
-    {LineField::ApiProgram, LineRecord::Api, L"Program"},
-    {LineField::ApiParameters, LineRecord::Api, L"Parameters"},
-    {LineField::Message, LineRecord::Notify, L"Message"},
-    {LineField::WaveFile, LineRecord::Notify, L"WaveFile"},
-    {LineField::Beep, LineRecord::Notify, L"Beep"},
-    {LineField::GeneratorOff, LineRecord::Notify, L"GeneratorOff"},
-    {LineField::Command, LineRecord::Remote, L"Command"},
-    {LineField::Iface, LineRecord::Remote, L"Iface"},
-    {LineField::GpibAddress, LineRecord::Remote, L"GpibAddress"},
-    {LineField::SerComPort, LineRecord::Remote, L"SerComPort"},
-    {LineField::TcpHost, LineRecord::Remote, L"TcpHost"},
-    {LineField::TcpPort, LineRecord::Remote, L"TcpPort"},
-    {LineField::Terminator, LineRecord::Remote, L"Terminator"},
-    {LineField::RemoteProgram, LineRecord::Remote, L"Program"},
-    {LineField::WaitPrgSync, LineRecord::Remote, L"WaitPrgSync"},
-    {LineField::DevName, LineRecord::SetDevice, L"DevName"},
-    {LineField::ChanNo, LineRecord::SetDevice, L"ChanNo", false},
-    {LineField::StopTest, LineRecord::SetDevice, L"StopTest"},
-    {LineField::CommToTable, LineRecord::SetDevice, L"CommToTable"},
-    {LineField::Notify, LineRecord::SetDevice, L"Notify"},
-    {LineField::LoadingPos, LineRecord::SetDevice, L"LoadingPos"},
-    {LineField::UseTimeCyc, LineRecord::SetDevice, L"UseTimeCyc"},
-    {LineField::CycleTime, LineRecord::SetDevice, L"CycleTime"},
-    {LineField::WaitState, LineRecord::SetDevice, L"WaitState"},
-    {LineField::WaitTime, LineRecord::SetDevice, L"WaitTime"},
-    {LineField::AmpState, LineRecord::SetDevice, L"AmpState"},
-    {LineField::Path, LineRecord::SetDevice, L"Path", false},
-    {LineField::DeviceSigPathName, LineRecord::SetDevice, L"SigPathName"},
-    {LineField::MoniName, LineRecord::TrackFreq, L"MoniName"},
-    {LineField::DelayTime, LineRecord::TrackFreq, L"DelayTime", false},
-    {LineField::GenName, LineRecord::TrackFreq, L"GenName"},
-    {LineField::TrackSigPathName, LineRecord::TrackFreq, L"SigPathName"},
-    {LineField::TableName, LineRecord::TrackFreq, L"TableName"},
-    {LineField::TableType, LineRecord::TrackFreq, L"TableType"},
-    {LineField::TableMeasClass, LineRecord::TrackFreq, L"TableMeasClass"},
-    {LineField::AskOnMeasStart, LineRecord::TrackFreq, L"AskOnMeasStart"},
+    {LineField::Time, RecordType::Wait, L"Time", false},
+    {LineField::ApiProgram, RecordType::Api, L"Program"},
+    {LineField::ApiParameters, RecordType::Api, L"Parameters"},
+    {LineField::Message, RecordType::Notify, L"Message"},
+    {LineField::WaveFile, RecordType::Notify, L"WaveFile"},
+    {LineField::Beep, RecordType::Notify, L"Beep"},
+    {LineField::GeneratorOff, RecordType::Notify, L"GeneratorOff"},
+    {LineField::Command, RecordType::Remote, L"Command"},
+    {LineField::Iface, RecordType::Remote, L"Iface"},
+    {LineField::GpibAddress, RecordType::Remote, L"GpibAddress"},
+    {LineField::SerComPort, RecordType::Remote, L"SerComPort"},
+    {LineField::TcpHost, RecordType::Remote, L"TcpHost"},
+    {LineField::TcpPort, RecordType::Remote, L"TcpPort"},
+    {LineField::Terminator, RecordType::Remote, L"Terminator"},
+    {LineField::RemoteProgram, RecordType::Remote, L"Program"},
+    {LineField::WaitPrgSync, RecordType::Remote, L"WaitPrgSync"},
+    {LineField::DevName, RecordType::SetDevice, L"DevName"},
+    {LineField::ChanNo, RecordType::SetDevice, L"ChanNo", false},
+    {LineField::StopTest, RecordType::SetDevice, L"StopTest"},
+    {LineField::CommToTable, RecordType::SetDevice, L"CommToTable"},
+    {LineField::Notify, RecordType::SetDevice, L"Notify"},
+    {LineField::LoadingPos, RecordType::SetDevice, L"LoadingPos"},
+    {LineField::UseTimeCyc, RecordType::SetDevice, L"UseTimeCyc"},
+    {LineField::CycleTime, RecordType::SetDevice, L"CycleTime"},
+    {LineField::WaitState, RecordType::SetDevice, L"WaitState"},
+    {LineField::WaitTime, RecordType::SetDevice, L"WaitTime"},
+    {LineField::AmpState, RecordType::SetDevice, L"AmpState"},
+    {LineField::Path, RecordType::SetDevice, L"Path", false},
+    {LineField::DeviceSigPathName, RecordType::SetDevice, L"SigPathName"},
+    {LineField::MoniName, RecordType::TrackFreq, L"MoniName"},
+    {LineField::DelayTime, RecordType::TrackFreq, L"DelayTime", false},
+    {LineField::GenName, RecordType::TrackFreq, L"GenName"},
+    {LineField::TrackSigPathName, RecordType::TrackFreq, L"SigPathName"},
+    {LineField::TableName, RecordType::TrackFreq, L"TableName"},
+    {LineField::TableType, RecordType::TrackFreq, L"TableType"},
+    {LineField::TableMeasClass, RecordType::TrackFreq, L"TableMeasClass"},
+    {LineField::AskOnMeasStart, RecordType::TrackFreq, L"AskOnMeasStart"},
 };
 
 /// The row of a field.
@@ -127,7 +124,7 @@ class LineFields {
 };
 
 /// All fields of a record.
-constexpr LineFields FieldsOf(LineRecord record) {
+constexpr LineFields FieldsOf(RecordType record) {
     LineFields fields;
     for (const LineFieldRow& row : LineFieldTable) {
         if (row.record == record) {

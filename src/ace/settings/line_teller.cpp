@@ -81,7 +81,7 @@ void LineTeller::Complete(LineReport& report) {
     report.section = x_section;
     report.origins = &x_origins;
     if (report.meaning == LineMeaning::Entry) {
-        report.inherited = FieldsOf(report.row->record).Without(report.set);
+        report.inherited = FieldsOf(FindActionKind(report.row->kind)->record).Without(report.set);
     }
     for (const LineFieldRow& row : LineFieldTable) {
         if (report.set.Contains(row.field)) {

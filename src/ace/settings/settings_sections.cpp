@@ -10,14 +10,14 @@ std::shared_ptr<ISettingsFile> Open(ThreadContext& context, std::int32_t kind, c
     return context.SystemServices().OpenSettingsFile(kind, OpenMode, name, 0, 0);
 }
 
-String SectionOf(const NumberedList& numbered, std::int64_t number) {
+String SectionOf(const NumberedSets& numbered, std::int64_t number) {
     return String(numbered.sectionWord) + std::to_wstring(number);
 }
 
 /// The host's number of lists decides, not what the file holds.
-void ReadNumbered(const FileWork& file, const NumberedList& numbered, std::int32_t subRanges) {
+void ReadNumbered(const FileWork& file, const NumberedSets& numbered, std::int32_t subRanges) {
     EngineState& state = file.State();
-    DynArray<p_Subrange>& lists = state.*numbered.lists;
+    DynArray<p_Subrange>& lists = state.*numbered.sets;
     state.*numbered.count = subRanges;
     state.SavedCount.*numbered.saved = subRanges;
     if (subRanges < 1) {
@@ -31,11 +31,11 @@ void ReadNumbered(const FileWork& file, const NumberedList& numbered, std::int32
 }
 
 /// Deletes one section more than there can be; that is how installations do it.
-void WriteNumbered(const FileWork& file, const NumberedList& numbered) {
+void WriteNumbered(const FileWork& file, const NumberedSets& numbered) {
     EngineState& state = file.State();
     const std::int32_t count = state.*numbered.count;
     for (std::int32_t i = 0; i < count; ++i) {
-        file.Do([&] { file.WriteLists(SectionOf(numbered, i + 1), (state.*numbered.lists)[i]); });
+        file.Do([&] { file.WriteLists(SectionOf(numbered, i + 1), (state.*numbered.sets)[i]); });
     }
     const std::int64_t saved = state.SavedCount.*numbered.saved;
     if (count < saved) {
@@ -47,20 +47,20 @@ void WriteNumbered(const FileWork& file, const NumberedList& numbered) {
 }
 
 void ReadPlainModule(const FileWork& file, const ModuleRow& module, std::int32_t& subRanges) {
-    for (const FixedList& fixed : module.FixedLists()) {
+    for (const FixedSet& fixed : module.AllFixed()) {
         file.ReadFixed(fixed);
     }
-    for (const NumberedList& numbered : module.NumberedLists()) {
+    for (const NumberedSets& numbered : module.AllNumbered()) {
         ReadNumbered(file, numbered, subRanges);
     }
 }
 
 void WritePlainModule(const FileWork& file, const ModuleRow& module) {
     EngineState& state = file.State();
-    for (const FixedList& fixed : module.FixedLists()) {
-        file.WriteLists(String(fixed.section), state.*fixed.list);
+    for (const FixedSet& fixed : module.AllFixed()) {
+        file.WriteLists(String(fixed.section), state.*fixed.set);
     }
-    for (const NumberedList& numbered : module.NumberedLists()) {
+    for (const NumberedSets& numbered : module.AllNumbered()) {
         WriteNumbered(file, numbered);
     }
     state.ChangeFlags[static_cast<std::size_t>(module.modul)] = false;

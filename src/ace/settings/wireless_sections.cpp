@@ -14,12 +14,12 @@ constexpr StringView CountKey = L"Count";
 /// What the influence flags of the matrix are called in its file.
 struct InfluenceKey {
     StringView key;
-    Boolean EngineState::*flag;
+    Boolean ModuleLists::*flag;
 };
 constexpr InfluenceKey InfluenceKeys[] = {
-    {L"Freq", &EngineState::VKSInfByFreq},
-    {L"Bandwidth", &EngineState::VKSInfByBandwidth},
-    {L"Power", &EngineState::VKSInfByPower},
+    {L"Freq", &ModuleLists::VKSInfByFreq},
+    {L"Bandwidth", &ModuleLists::VKSInfByBandwidth},
+    {L"Power", &ModuleLists::VKSInfByPower},
 };
 /// The template number whose matrix has global lists.
 constexpr std::int32_t GlobalTemplate = 3;
@@ -31,10 +31,10 @@ String Numbered(StringView word, std::int32_t number) {
     return String(word) + std::to_wstring(number);
 }
 String TestSection(std::int32_t test) {
-    return Numbered(VKSTestsList.sectionWord, test);
+    return Numbered(VKSTestSets.sectionWord, test);
 }
 String StepSection(const String& testKey, std::int32_t step) {
-    return String(VKSStepsList.sectionWord) + testKey + Numbered(L"_", step);
+    return String(VKSStepSets.sectionWord) + testKey + Numbered(L"_", step);
 }
 String MatrixSection(const EngineState& state) {
     return String(TemplateRow.fixed[0].section) + Numbered(L"_", state.VKSDUTTemplate);

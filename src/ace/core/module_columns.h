@@ -1,0 +1,26 @@
+/// Copies of a module's lists.
+#pragma once
+
+#include <ace/core/module_lists.h>
+
+namespace ace {
+
+/// What a copy of a module's lists is made for. Each takes other fields of the wireless kinds
+/// along.
+enum class CopyFor {
+    Editor,  ///< everything that the editor shows and changes
+    Store,   ///< back from the editor: counts and lists; keys and names of tests and steps stay
+    Print,   ///< the lists that are printed; the matrix is not
+};
+
+/// Copies the fields of one module kind from `from` to `to`, in the order of the table, the count
+/// of numbered sets before their array; all others stay. A kind outside the members copies nothing.
+/// An array of `to` that is held is error 10, and what stands before it in the order has been
+/// copied. No messages run.
+void CopyModule(std::int32_t modul, CopyFor purpose, const ModuleLists& from, ModuleLists& to);
+
+/// The part of `CopyModule` of the matrix without its global lists: rows, tables, template number
+/// and influence flags.
+void CopyMatrix(const ModuleLists& from, ModuleLists& to);
+
+}  // namespace ace
