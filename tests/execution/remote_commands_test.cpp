@@ -293,6 +293,35 @@ TEST_F(SendRemoteCommand, AConnectionThatTheHostFindsIsNeverTakenOver) {
     EXPECT_THAT(TakeCalls(), ::testing::Not(::testing::Contains(L"DeviceList.CloseSocket(1)")));
 }
 
+/// A connection begins at 1: 0 is none, also where the host calls it open, and is never closed.
+TEST_F(SendRemoteCommand, AHandleOf0IsReplacedAndNeverClosed) {
+    context.SocketHandle = 0;
+    host->openSockets = {0};
+    aceRemote record = Tcp(L"gen");
+    EXPECT_FALSE(Send(record));
+    EXPECT_THAT(
+        TakeCalls(),
+        ElementsAre(L"DeviceList.FindSocket(\"gen\", 5025, \"\", 0)", L"DeviceList.SocketIsOpen(0)",
+                    L"DeviceList.OpenSocket(\"gen\", 5025, 0, \"TCP\", 0)",
+                    L"DeviceList.SocketIsOpen(1)",
+                    L"StatusDisplay.ShowStatus(\"TCP/IP gen\", false, false)",
+                    L"DeviceList.SendSocket(1, \"OUTP ON\\n\")", ClearedStatus));
+}
+
+/// The last engine object takes the line along; what still runs sends its commands.
+TEST_F(SendRemoteCommand, WithoutAStatusLineTheCommandIsSentAllTheSame) {
+    context.StatusDisplay.reset();
+    aceRemote overBus = Gpib(20);
+    aceRemote overLine = Serial(2);
+    aceRemote overNet = Tcp(L"gen");
+    for (aceRemote* record : {&overBus, &overLine, &overNet}) {
+        EXPECT_FALSE(Send(*record));
+    }
+    EXPECT_THAT(host->journal.LinesOf(L"GpibDriver.WriteString"), ::testing::SizeIs(1));
+    EXPECT_THAT(host->journal.LinesOf(L"SerialPort.Output"), ::testing::SizeIs(1));
+    EXPECT_THAT(host->journal.LinesOf(L"DeviceList.SendSocket"), ::testing::SizeIs(1));
+}
+
 TEST_F(SendRemoteCommand, ARefusedConnectionIsTheConnectError) {
     host->instruments.refusedEndpoints.insert(L"gen:5025");
     aceRemote record = Tcp(L"gen");

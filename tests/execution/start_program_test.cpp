@@ -147,17 +147,25 @@ TEST_F(StartRemoteProgram, AStartThatFailsWith5GoesUnnoticed) {
     EXPECT_EQ(record.ProgID, -1.0);
 }
 
-TEST_F(StartRemoteProgram, AnIdentifierOf0ThatIsFollowedByAProgramEndsTheLoop) {
-    host->programs.identifiers[record.Program] = 0.0;
-    host->onYield = [&](std::size_t n) {
-        if (n == 2) {
-            record.ProgID = 7.0;  // from inside
-        }
-    };
+/// An action that runs at the yield may take the record, for instance one with no program at all.
+TEST_F(StartRemoteProgram, TheWaitGoesByTheAnswerOfTheStartWhateverTheRecordHasMeanwhile) {
+    host->onYield = [&](std::size_t) { record.ProgID = 0.0; };  // from inside
+    host->faults.FailOperation(L"Utilities.Wait", 1, 57);       // so that a wrong wait ends
     EXPECT_FALSE(Start());
     EXPECT_THAT(TakeCalls(),
-                ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()",
-                            L"Utilities.Wait(50)", L"Platform.Yield()", ClearedStatus));
+                ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()", ClearedStatus));
+}
+
+TEST_F(StartRemoteProgram, TheIdentifierOfAnotherActionDoesNotEndTheWait) {
+    host->programs.identifiers[record.Program] = 0.0;
+    host->onYield = [&](std::size_t) { record.ProgID = 7.0; };  // from inside
+    host->faults.FailOperation(L"Utilities.Wait", 2, 57);       // the only way out
+    ignoreAll = true;
+    EXPECT_FALSE(Start());
+    const String yield = L"Platform.Yield()";
+    const String wait = L"Utilities.Wait(50)";
+    EXPECT_THAT(TakeCalls(), ElementsAre(NoneActive, ProgramStatus, start, yield, wait, yield,
+                                         wait + L" -> error 57", yield, ClearedStatus));
 }
 
 TEST_F(StartRemoteProgram, AnIdentifierOf0WithError5StandingKeepsLoopingInStepsOf50Milliseconds) {
@@ -207,6 +215,13 @@ TEST_F(StartRemoteProgram, OnlyTheExactWordCompletes) {
     Start();
     EXPECT_EQ(host->journal.LinesOf(L"SystemServices.ReadMacroSync").size(), 3U);
     EXPECT_EQ(host->journal.LinesOf(L"Utilities.Wait").size(), 2U);
+}
+
+TEST_F(StartRemoteProgram, WithoutAStatusLineTheProgramIsStartedAllTheSame) {
+    context.StatusDisplay.reset();
+    EXPECT_FALSE(Start());
+    EXPECT_THAT(TakeCalls(), ElementsAre(NoneActive, start, L"Platform.Yield()"));
+    EXPECT_EQ(record.ProgID, 1000.0);
 }
 
 TEST_F(StartRemoteProgram, AHostWithoutServicesStillEndsTheWait) {

@@ -55,8 +55,15 @@ DeviceFailure CurrentFailure() {
     return {error.Number(), error.Description()};
 }
 
+void ShowStatus(ThreadContext& context, const String& text) {
+    const std::shared_ptr<IStatusDisplay> line = context.StatusDisplay;
+    if (line) {
+        line->ShowStatus(text, false, false);
+    }
+}
+
 void ClearStatus(ThreadContext& context) {
-    Required(context.StatusDisplay)->ShowStatus({}, false, false);
+    ShowStatus(context, {});
 }
 
 }  // namespace ace

@@ -80,7 +80,9 @@ Boolean RunFollowing(ThreadContext& context, const aceTrackFreq& record, Boolean
                                        failure.number, failure.text);
 }
 
-/// Clears the status line; error 91 without one.
+/// Shows `text` on the status line, or clears it. Nothing without one: an action goes on when the
+/// last engine object of the thread has gone and taken the line along.
+void ShowStatus(ThreadContext& context, const String& text);
 void ClearStatus(ThreadContext& context);
 
 }  // namespace ace

@@ -28,10 +28,10 @@ StringView TerminatorOf(std::int32_t code) {
     return known ? Terminators[code] : StringView();
 }
 
-void ShowStatus(ThreadContext& context, std::size_t label, StringView detail) {
+void ShowLabelled(ThreadContext& context, std::size_t label, StringView detail) {
     BorrowedText text(context);
     text->append(context.ActionStatusTexts[label]).append(detail);
-    Required(context.StatusDisplay)->ShowStatus(*text, false, false);
+    ShowStatus(context, *text);
 }
 
 /// The handle stays in the record: opened at the first use, kept between uses, also after a
@@ -53,7 +53,7 @@ void SendGpib(ThreadContext& context, aceRemote& record, const String& text) {
     AppendInteger(*place, board);
     place->push_back(L':');
     AppendInteger(*place, address);
-    ShowStatus(context, GpibLabel, *place);
+    ShowLabelled(context, GpibLabel, *place);
     context.GpibDriver().WriteString(NarrowToShort(record.DrvHdl), text);
 }
 
@@ -78,7 +78,7 @@ void SendSerial(ThreadContext& context, const aceRemote& record, const String& t
             RaiseDeviceFailed(context);
         }
     }
-    ShowStatus(context, SerialLabel, IntegerText(record.SerComPort));
+    ShowLabelled(context, SerialLabel, IntegerText(record.SerComPort));
     port.Output(text);
     port.PortOpen(false);
 }
@@ -99,7 +99,7 @@ void SendTcp(ThreadContext& context, const aceRemote& record, const String& text
     if (!list.SocketIsOpen(context.SocketHandle)) {
         RaiseDeviceFailed(context);
     }
-    ShowStatus(context, TcpLabel, record.TcpHost);
+    ShowLabelled(context, TcpLabel, record.TcpHost);
     list.SendSocket(context.SocketHandle, text);
 }
 

@@ -19,15 +19,14 @@ bool HasFailed(const ResumeNext& next) {
     return next.Number() != 0 && next.Number() != Errors::InvalidProcedureCall;
 }
 
-/// Starts the program and waits until it has a process identifier. A host whose start answers 0
-/// without an error is waited for without end.
+/// Starts the program and waits until it has a process identifier: its own answer, or where the
+/// start failed unnoticed the one before, because an action that runs meanwhile may take the
+/// record. A host whose start answers 0 without an error is waited for without end.
 Boolean StartAndWait(ThreadContext& context, ResumeNext& next, aceRemote& record,
                      const String& commandLine, Boolean& ignoreAll) {
-    next([&] {
-        Required(context.StatusDisplay)
-            ->ShowStatus(context.ActionStatusTexts[ProgramLabel], false, false);
-    });
-    next([&] { record.ProgID = context.Platform().StartProgram(commandLine); });
+    next([&] { ShowStatus(context, context.ActionStatusTexts[ProgramLabel]); });
+    double identifier = record.ProgID;
+    next([&] { record.ProgID = identifier = context.Platform().StartProgram(commandLine); });
     for (;;) {
         next([&] { context.Platform().Yield(); });
         if (HasFailed(next)) {
@@ -40,7 +39,7 @@ Boolean StartAndWait(ThreadContext& context, ResumeNext& next, aceRemote& record
             }
             return result;
         }
-        if (record.ProgID != 0.0) {
+        if (identifier != 0.0) {
             return false;
         }
         next([&] { context.Utilities().Wait(StartPollMilliseconds); });
