@@ -94,6 +94,31 @@ TEST_F(RunApiMacro, AVariableCalledFreqWinsOverTheFrequency) {
     EXPECT_EQ(TakeCalls()[0], L"ApiMacro.Load(\"log.mac\", [\"2.5\"], nothing)");
 }
 
+/// A host that calls back when it is asked for the locale may run a macro with fewer parameters:
+/// this one then has none of its own left.
+TEST_F(RunApiMacro, AnotherMacroAtTheQuestionForTheLocaleEndsItInSilence) {
+    SetParameters({L"1", L"#FREQ#"});
+    host->beforeCall = [&](StringView operation, const auto&) {
+        if (operation == L"Platform.DecimalSeparator") {
+            SetParameters({String(100, L'x')});
+        }
+    };
+    EXPECT_FALSE(Run());
+    EXPECT_THAT(TakeCalls(), ElementsAre(ClearedStatus));
+}
+
+TEST_F(RunApiMacro, VariablesThatAreReplacedAtTheQuestionForTheLocaleAreTheNewOnes) {
+    SetParameters({L"#A#"});
+    SetVariable(L"#A#", 2.5);
+    host->beforeCall = [&](StringView operation, const auto&) {
+        if (operation == L"Platform.DecimalSeparator") {
+            SetVariable(L"#A#", 3.5);
+        }
+    };
+    EXPECT_TRUE(Run());
+    EXPECT_EQ(TakeCalls()[0], L"ApiMacro.Load(\"log.mac\", [\"3.5\"], nothing)");
+}
+
 TEST_F(RunApiMacro, FailureToLoadLeavesTheFilledTextsInTheRecord) {
     SetParameters({L"at #FREQ#"});
     record.Freq = 1.0;

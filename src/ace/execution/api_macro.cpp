@@ -12,17 +12,20 @@ constexpr std::int32_t MacroTitle = 9430;
 constexpr std::int32_t MacroFailedText = 9183;
 
 /// The record's texts as the macro gets them. Pairs of the host come first, so that a value that
-/// holds "#FREQ#" is filled in too; the decimal separator of the frequency is the locale's.
+/// holds "#FREQ#" is filled in too; the decimal separator of the frequency is the locale's. Each is
+/// filled in outside the record, which another macro may take while the host is asked.
 void FillParameters(ThreadContext& context, aceAPI& record) {
     const std::int32_t last = record.Parameters.UpperBound();
     for (std::int32_t i = 1; i <= last; ++i) {
-        String& parameter = record.Parameters[i];
-        ReplaceVariables(context, record.vks, parameter);
-        if (parameter.find(L"#FREQ#") != String::npos) {
+        BorrowedText filled(context);
+        filled->assign(record.Parameters[i]);
+        ReplaceVariables(context, record.vks, *filled);
+        if (filled->find(L"#FREQ#") != String::npos) {
             BorrowedText frequency(context);
             AppendFixed(*frequency, record.Freq, 1, context.Platform().DecimalSeparator());
-            ReplaceAll(parameter, L"#FREQ#", *frequency);
+            ReplaceAll(*filled, L"#FREQ#", *frequency);
         }
+        record.Parameters[i].swap(*filled);
     }
 }
 

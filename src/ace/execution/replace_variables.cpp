@@ -5,13 +5,12 @@ namespace ace {
 
 void ReplaceVariable(ThreadContext& context, const aceVKSVar& variables, std::int32_t index,
                      String& text) {
-    const Value& value = variables.valReplace[index];
-    if (const String* replacement = std::get_if<String>(&value)) {
+    if (const String* replacement = std::get_if<String>(&variables.valReplace[index])) {
         ReplaceAll(text, variables.strSearch[index], *replacement);
         return;
     }
     const wchar_t separator = context.Platform().DecimalSeparator();
-    const String number = WithPoint(FormatGeneral(value, separator));
+    const String number = WithPoint(FormatGeneral(variables.valReplace[index], separator));
     ReplaceAll(text, variables.strSearch[index], number);
 }
 

@@ -7,7 +7,8 @@ namespace ace {
 
 /// Replaces the placeholder of pair `index` in `text` by its value; exact and case-sensitive. A
 /// value that is no text goes in in the general format of the locale with every "," made ".". A
-/// pair that is not there is error 9, an array as its value error 13, and `text` stands then.
+/// pair that is not there is error 9, an array as its value error 13, and `text` stands then. The
+/// host is asked for the locale: `text` must not move when it calls back and takes the records.
 void ReplaceVariable(ThreadContext& context, const aceVKSVar& variables, std::int32_t index,
                      String& text);
 
