@@ -172,6 +172,28 @@ TEST_F(ActionLine, WorkingRecordsAreResetOncePerSection) {
     EXPECT_EQ(context.ReaderRecords.Api.Parameters.UpperBound(), 0);
 }
 
+/// Left in the record by an action that ran, they would reach the next command of any test.
+TEST_F(ActionLine, ARecordThatComesFromALineHasNoReplaceVariables) {
+    aceVKSVar left;
+    left.count = 1;
+    left.strSearch.Redim(0, 0);
+    left.strSearch[0] = L"#FREQ#";
+    left.valReplace.Redim(0, 0);
+    left.valReplace[0] = 5.0;
+    WorkingRecords& records = context.ReaderRecords;
+    records.Api.vks = records.Notify.vks = records.Remote.vks = left;
+    ReadList(Enter, {L"API:m", L"NOTIFY:at #FREQ#,,0", L"REMOTE:F #FREQ#,0,5,0,,0,"});
+    EXPECT_EQ(RecordAt<aceAPI>(0).vks, aceVKSVar());
+    EXPECT_EQ(RecordAt<aceNotify>(1).vks, aceVKSVar());
+    EXPECT_EQ(RecordAt<aceRemote>(2).vks, aceVKSVar());
+}
+
+TEST_F(ActionLine, ASectionBeginsWithAnEmptyTcpIpHost) {
+    ReadList(Enter, {L"REMOTE:A,2,192.168.17.21,5025:0,,0,"});
+    ReadList(Enter, {L"REMOTE:A,0,5,0,,0,"});
+    EXPECT_EQ(RecordAt<aceRemote>(0).TcpHost, L"");
+}
+
 TEST_F(ActionLine, AnEmptySectionResetsTheWorkingRecordsToo) {
     context.ReaderRecords.Remote.Program = L"left";
     Read({});

@@ -51,6 +51,19 @@ TEST_F(RecordLines, ApiWithoutParametersHasOneEmptyElementAtZero) {
     EXPECT_EQ(RecordAt<aceAPI>(3).Program, L"|p|");
 }
 
+/// The working record keeps its array from line to line: neither size nor texts may stay.
+TEST_F(RecordLines, TwoMacroLinesWithParametersInOneSectionHaveTheirOwn) {
+    ReadList(Enter, {L"API:m||1||2||3", L"API:n||4", L"API:o||5||6"});
+    const auto parameters = [&](std::int32_t entry) {
+        const auto& read = RecordAt<aceAPI>(entry).Parameters;
+        EXPECT_EQ(read.LowerBound(), 1);
+        return std::vector<String>(read.begin(), read.end());
+    };
+    EXPECT_THAT(parameters(0), testing::ElementsAre(L"1", L"2", L"3"));
+    EXPECT_THAT(parameters(1), testing::ElementsAre(L"4"));
+    EXPECT_THAT(parameters(2), testing::ElementsAre(L"5", L"6"));
+}
+
 TEST_F(RecordLines, ThreeBarsSplitAfterTheFirstTwo) {
     const aceAPI read = ReadOne<aceAPI>(L"API:m|||x");
     EXPECT_EQ(read.Program, L"m");

@@ -27,6 +27,13 @@ void ResetSetDevice(aceSetDevice& record) {
     record.AmpState = AmpState;
 }
 
+/// A record that comes from a line has no replace variables.
+void ResetVariables(aceVKSVar& variables) {
+    variables.count = 0;
+    variables.strSearch.Erase();
+    variables.valReplace.Erase();
+}
+
 void ResetRemote(aceRemote& record) {
     record.Iface = record.GpibAddress = record.Terminator = 0;
     record.SerComPort = record.TcpPort = 0;
@@ -36,6 +43,7 @@ void ResetRemote(aceRemote& record) {
     record.DrvHdl = -1;
     record.ProgID = 0.0;
     record.WaitPrgSync = false;
+    ResetVariables(record.vks);
 }
 
 void ResetTrackFreq(aceTrackFreq& record) {
@@ -57,9 +65,11 @@ void ResetTrackFreq(aceTrackFreq& record) {
 void ResetRecords(WorkingRecords& records) {
     records.Api.Program.clear();
     records.Api.Parameters.Redim(0, 0);
+    ResetVariables(records.Api.vks);
     records.Notify.Message.clear();
     records.Notify.WaveFile.clear();
     records.Notify.Beep = records.Notify.GeneratorOff = false;
+    ResetVariables(records.Notify.vks);
     ResetRemote(records.Remote);
     ResetSetDevice(records.SetDevice);
     ResetTrackFreq(records.TrackFreq);
