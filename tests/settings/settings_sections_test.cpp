@@ -11,7 +11,11 @@ using test::ErrorOf;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 
-struct SettingsSections : test::SectionsTest {};
+struct SettingsSections : test::SectionsTest {
+    std::int32_t CountOf(aceModul modul) {
+        return state.*FindModule(modul)->NumberedLists().front().count;
+    }
+};
 
 /// A plain module: how it is opened, and what it reads and writes with two numbered lists.
 struct PlainModule {
@@ -312,6 +316,60 @@ TEST_F(SettingsSections, TwoKeysOfTheHostSayWhetherATemplateMeasuresEmission) {
     EXPECT_FALSE(state.EmiTemplate);
 }
 
+TEST_F(SettingsSections, AnUnreadableKeyOfTheHostIsReportedAndCountsAs0) {
+    host->files[L"f"][L"General"] = {L"TemplateType=4", L"MeasurementType=3"};
+    for (const std::size_t key : {1U, 2U}) {
+        host->faults.Clear();
+        host->faults.FailOperation(L"SettingsFile.GetLong", key, 13);
+        host->journal.Clear();
+        Load(aceTemplate, 1);
+        EXPECT_TRUE(state.EmiTemplate) << "by the other key";
+        EXPECT_THAT(host->journal.LinesOf(L"TraceLog.ReportError"),
+                    ElementsAre(L"TraceLog.ReportError(13, \"scripted failure\", 1)"));
+        EXPECT_EQ(TakeFileCalls().back(), L"Release()");
+    }
+    host->faults.FailOperation(L"SettingsFile.GetLong", 1, 13, sim::FaultScript::Until::ForEver);
+    Load(aceTemplate, 1);
+    EXPECT_FALSE(state.EmiTemplate);
+}
+
+TEST_F(SettingsSections, AnUnreadableKeyOfTheHostIsAskedAgainWhenTheAnswerIs5) {
+    host->files[L"f"][L"General"] = {L"TemplateType=4"};
+    host->faults.FailOperation(L"SettingsFile.GetLong", 1, 13);
+    host->reportAnswers = {5};
+    Load(aceTemplate, 0);
+    EXPECT_TRUE(state.EmiTemplate);
+}
+
+/// The emission test's own key is none of them.
+TEST_F(SettingsSections, AnUnreadableSystemCheckEndsTheLoad) {
+    host->faults.FailOperation(L"SettingsFile.GetBoolean", 1, 13);
+    EXPECT_EQ(ErrorOf([&] { Load(aceEMIAutoTemplate, 1); }), 13);
+}
+
+TEST_F(SettingsSections, MoreThanAHundredThousandListsAreOutOfMemoryAndReplaceNothing) {
+    for (const PlainModule& module : PlainModules) {
+        if (module.numberedWord.empty()) {
+            Load(module.modul, 2147483647);
+            continue;
+        }
+        Load(module.modul, 2);
+        TakeEffects();
+        EXPECT_EQ(ErrorOf([&] { Load(module.modul, 100001); }), 7) << module.modul;
+        EXPECT_EQ(CountOf(module.modul), 2) << module.modul;
+        EXPECT_THAT(host->journal.LinesOf(L"SettingsFile"), testing::IsEmpty()) << module.modul;
+    }
+    host->faults.FailOperation(L"SettingsFile.GetSection", 2, 70);
+    EXPECT_EQ(ErrorOf([&] { Load(aceTemplate, 100000); }), 70) << "at the first of them";
+    EXPECT_EQ(state.MainSubrangeCount, 100000);
+}
+
+TEST_F(SettingsSections, TheNumberOfAMatrixTemplateMayBeAny) {
+    Load(aceVKSDUT, 100001);
+    EXPECT_EQ(state.VKSDUTTemplate, 100001);
+    EXPECT_EQ(ErrorOf([&] { Load(aceVKSTemplate, 100001); }), 7);
+}
+
 TEST_F(SettingsSections, ABadLineEndsTheLoadOfTheWholeModuleThere) {
     host->files[L"f"] = {{L"ActionsOnTest", WaitLines(1)},
                          {L"ActionsOnSR1", {L"; remark"}},
@@ -370,8 +428,11 @@ TEST_F(SettingsSections, AHostCallThatFailsIsRaisedAndNothingFollowsIt) {
         host->faults.Clear();
         Load(module.modul, 1);
         Save(module.modul);
-        const std::size_t calls = TakeEffects().size();
-        for (std::size_t k = 1; k <= calls; ++k) {
+        const Lines undisturbed = TakeEffects();
+        for (std::size_t k = 1; k <= undisturbed.size(); ++k) {
+            if (undisturbed[k - 1].starts_with(L"SettingsFile.GetLong(\"General\"")) {
+                continue;  // the two keys that never fail a load
+            }
             host->faults.Clear();
             host->faults.FailOperation(L"S", k, 70);  // system services and settings files
             EXPECT_EQ(ErrorOf([&] {

@@ -1,4 +1,5 @@
 #include <ace/core/actions_engine.h>
+#include <ace/settings/action_line.h>
 #include <ace/settings/settings_sections.h>
 #include <ace/settings/wireless_sections.h>
 
@@ -66,17 +67,34 @@ void WritePlainModule(const FileWork& file, const ModuleRow& module) {
     state.ChangeFlags[static_cast<std::size_t>(module.modul)] = false;
 }
 
+/// A key of the host's that never fails a load: one that can't be read is reported and counts as 0.
+std::int32_t HostLong(const FileWork& file, StringView key) {
+    std::int32_t value = 0;
+    ResumeNext next;
+    next([&] { value = file.GetLong(String(HostKeys::Section), key, 0); });
+    return value;
+}
+
 /// What the host's own keys tell about the module.
 void ReadHostKeys(const FileWork& file, aceModul modul) {
     EngineState& state = file.State();
-    const String section(HostKeys::Section);
     if (modul == aceEMIAutoTemplate) {
-        state.Context.SystemCheck = file.GetBoolean(section, HostKeys::SystemCheck);
+        state.Context.SystemCheck =
+            file.GetBoolean(String(HostKeys::Section), HostKeys::SystemCheck);
     } else if (modul == aceTemplate) {
-        const std::int32_t type = file.GetLong(section, HostKeys::TemplateType, 0);
-        const std::int32_t measurement = file.GetLong(section, HostKeys::MeasurementType, 0);
+        const std::int32_t type = HostLong(file, HostKeys::TemplateType);
+        const std::int32_t measurement = HostLong(file, HostKeys::MeasurementType);
         state.EmiTemplate =
             type == HostKeys::EmissionTemplate || measurement == HostKeys::EmissionMeasurement;
+    }
+}
+
+/// Where the number counts lists, one that no set-up needs is refused before memory is asked for
+/// and before anything is replaced. For the matrix it is a template's number, which may be any.
+void RequirePossibleNumber(const ModuleRow& module, std::int32_t subRanges) {
+    const bool countsLists = !module.NumberedLists().empty() && module.modul != aceVKSDUT;
+    if (countsLists && subRanges > MostEntries) {
+        Raise(Errors::OutOfMemory);
     }
 }
 
@@ -124,6 +142,7 @@ void ReadActionLists(EngineState& state, const String& fileName, std::int32_t& s
         if (!settings) {
             return;
         }
+        stmt([&] { RequirePossibleNumber(*module, subRanges); });
         ReadModule(FileWork(state, *settings, stmt), *module, subRanges);
         stmt([&] { settings->Release(); });
     });
