@@ -131,9 +131,10 @@ void SelectInEditor(const SharedState& state, const Statements& stmt, std::int32
 
 /// The editor selects the subrange before the new one, and that of the count after an append: what
 /// `AddEntry` left in the index counts. A new wireless test doesn't reach the editor. Both wanted.
-void AddToStore(const SharedState& state, std::int32_t Index, const String& key) {
+void AddToStore(const SharedState& state, std::int32_t Index, const String& hostKey) {
     const auto message = [&] { return IndexMessage(Index); };
     Logged(state->Context, EngineLines(L"AddSubrange"), message, [&](const Statements& stmt) {
+        const String key = stmt([&] { return hostKey; });
         const NumberedSets* numbered = HostSets(state->Modul);
         if (numbered == nullptr) {
             return;
@@ -152,9 +153,10 @@ void AddToStore(const SharedState& state, std::int32_t Index, const String& key)
     });
 }
 
-void DeleteFromStore(const SharedState& state, std::int32_t Index, const String& key) {
+void DeleteFromStore(const SharedState& state, std::int32_t Index, const String& hostKey) {
     const auto message = [&] { return IndexMessage(Index); };
     Logged(state->Context, EngineLines(L"DeleteSubrange"), message, [&](const Statements& stmt) {
+        const String key = stmt([&] { return hostKey; });
         const NumberedSets* numbered = HostSets(state->Modul);
         if (numbered == nullptr) {
             return;
@@ -276,12 +278,12 @@ void aceActionsEngine::EditorSelectSubrange(std::int32_t Number) {
 
 void aceActionsEngine::AddSubrange(std::int32_t Index, const String& VKSUkey) {
     const SharedState state = x_state;
-    AddToStore(state, Index, String(VKSUkey));
+    AddToStore(state, Index, VKSUkey);
 }
 
 void aceActionsEngine::DeleteSubrange(std::int32_t Index, const String& VKSUkey) {
     const SharedState state = x_state;
-    DeleteFromStore(state, Index, String(VKSUkey));
+    DeleteFromStore(state, Index, VKSUkey);
 }
 
 /// Both steps run without a key, so that a wireless test is not found by its own: the last one goes

@@ -27,6 +27,15 @@ String WideText(const char* text) {
     return wide;
 }
 
+/// Without memory for its text, that is the failure to tell of.
+RunTimeError ForeignError(const std::exception& error) {
+    try {
+        return RunTimeError(Errors::Internal, WideText(error.what()));
+    } catch (const std::bad_alloc&) {
+        return StandingError(Errors::OutOfMemory);
+    }
+}
+
 String ThreadIdText(ThreadContext& context) {
     return std::to_wstring(context.Platform().ThreadId());
 }
@@ -39,13 +48,13 @@ RunTimeError CurrentRunTimeError() {
     } catch (const RunTimeError& error) {
         return error;
     } catch (const std::bad_alloc&) {
-        return RunTimeError(Errors::OutOfMemory, L"out of memory");
+        return StandingError(Errors::OutOfMemory);
     } catch (const std::length_error&) {
-        return RunTimeError(Errors::OutOfMemory, L"out of memory");
+        return StandingError(Errors::OutOfMemory);
     } catch (const std::exception& error) {
-        return RunTimeError(Errors::Internal, WideText(error.what()));
+        return ForeignError(error);
     } catch (...) {
-        return RunTimeError(Errors::Internal, L"internal error");
+        return StandingError(Errors::Internal);
     }
 }
 
@@ -59,7 +68,7 @@ void OnFailedStatement(ThreadContext& context, std::int32_t line) {
         if (Report(context, error, line) == ITraceLog::RetryStatement) {
             return;
         }
-        throw ReportedError(error.Number(), error.Description());
+        throw ReportedError(error);
     }
 }
 
@@ -67,11 +76,11 @@ void RaiseFromOperation(ThreadContext& context, std::int32_t line) {
     try {
         throw;
     } catch (const ReportedError& error) {
-        throw RunTimeError(error.Number(), error.Description());
+        throw error.WithoutSource();
     } catch (...) {
         const RunTimeError error = CurrentRunTimeError();
         Report(context, error, line);
-        throw RunTimeError(error.Number(), error.Description());
+        throw error.WithoutSource();
     }
 }
 
@@ -89,9 +98,7 @@ void TraceEnd(ThreadContext& context, const TraceLines& lines) {
 }
 
 void ResumeNext::Keep() {
-    const RunTimeError error = CurrentRunTimeError();
-    x_number = error.Number();
-    x_description = error.Description();
+    x_last = CurrentRunTimeError();
 }
 
 }  // namespace ace

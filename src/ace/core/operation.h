@@ -2,6 +2,7 @@
 #pragma once
 
 #include <exception>
+#include <optional>
 #include <type_traits>
 
 #include <ace/core/thread_context.h>
@@ -33,7 +34,7 @@ inline String NoMessage() {
 /// An error that the statement it came from has reported already; it never leaves an operation.
 class ReportedError final : public RunTimeError {
   public:
-    using RunTimeError::RunTimeError;
+    explicit ReportedError(const RunTimeError& error) : RunTimeError(error.WithoutSource()) {}
 };
 
 /// Handles the exception in flight at the end of a failed statement: reports it and returns when
@@ -45,6 +46,16 @@ void OnFailedStatement(ThreadContext& context, std::int32_t line);
 /// The exception in flight as a run-time error. A foreign one is error 51 with the bytes of its
 /// text as characters; a failed allocation, or one larger than can be addressed, is error 7.
 RunTimeError CurrentRunTimeError();
+
+/// Runs what has no handler; memory that it can't get is error 7 all the same.
+template <class Act>
+decltype(auto) Numbered(Act&& act) {
+    try {
+        return act();
+    } catch (const std::bad_alloc&) {
+        Raise(Errors::OutOfMemory);
+    }
+}
 
 /// Runs the statements of an operation. A statement that fails is reported; the answer 5 runs that
 /// statement again, any other ends the operation.
@@ -134,14 +145,14 @@ class ResumeNext {
         }
     }
     /// Number of the last failure; 0 before the first.
-    std::int32_t Number() const { return x_number; }
-    const String& Description() const { return x_description; }
+    std::int32_t Number() const { return x_last ? x_last->Number() : 0; }
+    /// Its text; only behind a failure.
+    const String& Description() const { return x_last->Description(); }
 
   private:
     void Keep();
 
-    std::int32_t x_number = 0;
-    String x_description;
+    std::optional<RunTimeError> x_last;  ///< whose copy costs no memory
 };
 
 }  // namespace ace

@@ -1,4 +1,7 @@
+#include <charconv>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include <ace/host/run_time_error.h>
 
@@ -6,39 +9,64 @@ namespace ace {
 
 RunTimeError::RunTimeError(std::int32_t number, String description, String source, String helpFile)
     : x_number(number),
-      x_description(std::move(description)),
-      x_source(std::move(source)),
-      x_helpFile(std::move(helpFile)),
-      x_what("run-time error " + std::to_string(number)) {}
+      x_description(Shared(std::move(description))),
+      x_source(Shared(std::move(source))),
+      x_helpFile(Shared(std::move(helpFile))) {
+    constexpr std::string_view Words = "run-time error ";
+    char* const digits = x_what.data() + Words.copy(x_what.data(), Words.size());
+    std::to_chars(digits, x_what.data() + x_what.size() - 1, number);
+}
+
+RunTimeError RunTimeError::WithoutSource() const {
+    RunTimeError bare(*this);
+    bare.x_source.reset();
+    bare.x_helpFile.reset();
+    return bare;
+}
+
+RunTimeError::Text RunTimeError::Shared(String&& text) {
+    return text.empty() ? nullptr : std::make_shared<const String>(std::move(text));
+}
+
+const String& RunTimeError::TextOf(const Text& text) {
+    static const String empty;
+    return text ? *text : empty;
+}
 
 namespace {
 
-struct StandingDescription {
-    std::int32_t number;
-    StringView text;
-};
+/// Never destroyed: an engine that goes last of all may still meet a failure.
+const std::vector<RunTimeError>& StandingErrors() {
+    static const auto& errors = *new std::vector<RunTimeError>{
+        RunTimeError(Errors::InvalidProcedureCall, L"invalid procedure call"),
+        RunTimeError(Errors::Overflow, L"overflow"),
+        RunTimeError(Errors::OutOfMemory, L"out of memory"),
+        RunTimeError(Errors::SubscriptOutOfRange, L"subscript out of range"),
+        RunTimeError(Errors::ArrayInUse, L"array is in use"),
+        RunTimeError(Errors::TypeMismatch, L"type mismatch"),
+        RunTimeError(Errors::Internal, L"internal error"),
+        RunTimeError(Errors::NoSuchFile, L"file not found"),
+        RunTimeError(Errors::ObjectNotSet, L"object variable not set"),
+    };
+    return errors;
+}
 
-constexpr StandingDescription Descriptions[] = {
-    {Errors::InvalidProcedureCall, L"invalid procedure call"},
-    {Errors::Overflow, L"overflow"},
-    {Errors::OutOfMemory, L"out of memory"},
-    {Errors::SubscriptOutOfRange, L"subscript out of range"},
-    {Errors::ArrayInUse, L"array is in use"},
-    {Errors::TypeMismatch, L"type mismatch"},
-    {Errors::Internal, L"internal error"},
-    {Errors::NoSuchFile, L"file not found"},
-    {Errors::ObjectNotSet, L"object variable not set"},
-};
+/// Here and not at the first failure, which may be one for want of memory.
+[[maybe_unused]] const std::size_t madeAtStart = StandingErrors().size();
 
 }  // namespace
 
-void Raise(std::int32_t number) {
-    for (const StandingDescription& row : Descriptions) {
-        if (row.number == number) {
-            throw RunTimeError(number, String(row.text));
+RunTimeError StandingError(std::int32_t number) {
+    for (const RunTimeError& error : StandingErrors()) {
+        if (error.Number() == number) {
+            return error;
         }
     }
-    throw RunTimeError(number);
+    return RunTimeError(number);
+}
+
+void Raise(std::int32_t number) {
+    throw RunTimeError(StandingError(number));
 }
 
 }  // namespace ace

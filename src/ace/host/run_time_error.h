@@ -1,14 +1,17 @@
 /// Run-time errors: the one way in which a failure travels through the engine and to the host.
 #pragma once
 
+#include <array>
 #include <exception>
+#include <memory>
 
 #include <ace/host/basic_types.h>
 
 namespace ace {
 
 /// A failure with the number by which every party knows it. Thrown by the engine and by host
-/// services alike; handlers decide by `Number()` alone.
+/// services alike; handlers decide by `Number()` alone. Copies share their texts and allocate
+/// nothing, so that an error travels on when there is no memory left.
 class RunTimeError : public std::exception {
   public:
     /// `source` names who raised it; `helpFile` goes along unread. Both may be empty.
@@ -16,18 +19,25 @@ class RunTimeError : public std::exception {
                           String helpFile = {});
 
     std::int32_t Number() const { return x_number; }
-    const String& Description() const { return x_description; }
-    const String& Source() const { return x_source; }
-    const String& HelpFile() const { return x_helpFile; }
+    const String& Description() const { return TextOf(x_description); }
+    const String& Source() const { return TextOf(x_source); }
+    const String& HelpFile() const { return TextOf(x_helpFile); }
+    /// The same number and description, with neither source nor help file. Allocates nothing.
+    RunTimeError WithoutSource() const;
     /// "run-time error <number>", for handlers that know nothing of this class.
-    const char* what() const noexcept override { return x_what.c_str(); }
+    const char* what() const noexcept override { return x_what.data(); }
 
   private:
+    using Text = std::shared_ptr<const String>;  ///< none for the empty text
+
+    static Text Shared(String&& text);
+    static const String& TextOf(const Text& text);
+
     std::int32_t x_number;
-    String x_description;
-    String x_source;
-    String x_helpFile;
-    std::string x_what;
+    Text x_description;
+    Text x_source;
+    Text x_helpFile;
+    std::array<char, 32> x_what{};  ///< the longest number leaves a rest
 };
 
 /// Every number that the engine raises itself.
@@ -49,7 +59,10 @@ inline constexpr std::int32_t DeviceFailed = 4010;
 inline constexpr std::int32_t NotBuiltYet = 4099;
 }  // namespace Errors
 
-/// Raises one of the numbers above with its standing description.
+/// One of the numbers above with its standing description. Made at the start of the program, so
+/// that it costs no memory when there is none.
+RunTimeError StandingError(std::int32_t number);
+/// Raises that error.
 [[noreturn]] void Raise(std::int32_t number);
 
 }  // namespace ace
