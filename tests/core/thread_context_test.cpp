@@ -186,6 +186,97 @@ TEST(ThreadContextTest, AHostInstalledOnAnotherThreadServesThatThreadAlone) {
     EXPECT_THAT(factory->made, IsEmpty());
 }
 
+// ---- the end -----------------------------------------------------------------------------------
+
+/// Says when it goes, and that it is still there when the engine closes its socket.
+class MortalList : public DefaultDeviceList {
+  public:
+    explicit MortalList(std::vector<std::string>& events) : x_events(events) {}
+    MortalList(const MortalList&) = delete;
+    MortalList& operator=(const MortalList&) = delete;
+    ~MortalList() override { x_events.emplace_back("the services go"); }
+    bool SocketIsOpen(std::int32_t) override { return true; }
+    std::int32_t CloseSocket(std::int32_t) override {
+        x_events.emplace_back("the socket is closed");
+        return 0;
+    }
+
+  private:
+    std::vector<std::string>& x_events;
+};
+class MortalHost : public IHostFactory {
+  public:
+    explicit MortalHost(std::vector<std::string>& events) : x_events(events) {}
+    std::shared_ptr<IDeviceList> MakeDeviceList() override {
+        return std::make_shared<MortalList>(x_events);
+    }
+
+  private:
+    std::vector<std::string>& x_events;
+};
+
+TEST(ThreadContextTest, AnEngineThatOutlivesItsThreadKeepsItsServices) {
+    std::vector<std::string> events;
+    std::unique_ptr<aceActionsEngine> engine;
+    std::thread([&] {
+        ThreadContext::InstallHost(std::make_shared<MortalHost>(events));
+        engine = std::make_unique<aceActionsEngine>();
+        ThreadContext::Current().SocketHandle = 1;
+    }).join();
+    EXPECT_THAT(events, IsEmpty());
+    engine.reset();
+    EXPECT_THAT(events, ::testing::ElementsAre("the socket is closed", "the services go"));
+}
+
+TEST(ThreadContextTest, ServicesGoWithTheThreadWhenNoEngineIsLeft) {
+    std::vector<std::string> events;
+    std::thread([&] {
+        ThreadContext::InstallHost(std::make_shared<MortalHost>(events));
+        { const aceActionsEngine engine; }
+        ThreadContext::Current().DeviceList();
+        EXPECT_THAT(events, IsEmpty());
+    }).join();
+    EXPECT_THAT(events, ::testing::ElementsAre("the services go"));
+}
+
+/// A global of the thread: made first, so it goes behind the thread's context.
+TEST(ThreadContextTest, AnEngineOfAGlobalGoesInOrderAndANewOneIsRefused) {
+    static std::vector<std::string> events;
+    struct Global {
+        std::unique_ptr<aceActionsEngine> engine;
+        ~Global() {
+            engine.reset();
+            events.push_back("error " + std::to_string(ErrorOf([] { aceActionsEngine late; })));
+        }
+    };
+    std::thread([] {
+        thread_local Global global;
+        global.engine = nullptr;
+        ThreadContext::InstallHost(std::make_shared<MortalHost>(events));
+        global.engine = std::make_unique<aceActionsEngine>();
+        ThreadContext::Current().SocketHandle = 1;
+    }).join();
+    EXPECT_THAT(events,
+                ::testing::ElementsAre("the socket is closed", "the services go", "error 51"));
+}
+
+TEST(ThreadContextTest, AContextOfASharedOwnerLivesAsLongAsItsEngine) {
+    std::vector<std::string> events;
+    auto context = std::make_shared<ThreadContext>(std::make_shared<MortalHost>(events));
+    auto engine = std::make_unique<aceActionsEngine>(*context);
+    context->SocketHandle = 1;
+    context.reset();
+    EXPECT_THAT(events, IsEmpty());
+    engine.reset();
+    EXPECT_THAT(events, ::testing::ElementsAre("the socket is closed", "the services go"));
+}
+
+TEST(EngineThreadDeathTest, AnotherThreadThanItsOwnIsAssertedInDebugBuilds) {
+    aceActionsEngine engine;
+    EXPECT_DEBUG_DEATH(std::thread([&] { engine.TestNumber(); }).join(),
+                       "an engine serves the thread that made it");
+}
+
 TEST(ThreadContextTest, WithoutAHostTheDefaultsServe) {
     std::thread([] {
         ThreadContext::InstallHost(nullptr);

@@ -30,6 +30,21 @@ void CloseConnections(ThreadContext& context, ResumeNext& next) {
     context.ComPortForm.reset();
 }
 
+/// A state, and the context that it refers to as far as that one is shared: it goes last.
+struct KeptState {
+    explicit KeptState(ThreadContext& used) : context(used.weak_from_this().lock()), state(used) {}
+
+    std::shared_ptr<ThreadContext> context;
+    EngineState state;
+};
+
+std::shared_ptr<EngineState> MakeState(ThreadContext& context) {
+    return Numbered([&] {
+        const auto kept = std::make_shared<KeptState>(context);
+        return std::shared_ptr<EngineState>(kept, &kept->state);
+    });
+}
+
 }  // namespace
 
 /// The beginning of what the objects of a thread share.
@@ -61,20 +76,20 @@ static void InitModule(ThreadContext& context) {
 
 }  // namespace modManage
 
-aceActionsEngine::aceActionsEngine(ThreadContext& context)
-    : x_state(std::make_shared<EngineState>(context)) {
+aceActionsEngine::aceActionsEngine(ThreadContext& context) : x_state(MakeState(context)) {
     modManage::InitModule(context);
     context.TestRunning = false;
     context.InitReceiverPending = false;
     context.SocketHandle = -1;
-    context.ComPortForm = MakeComPortForm(context);
+    context.ComPortForm = Numbered([&] { return MakeComPortForm(context); });
 }
 
 aceActionsEngine::~aceActionsEngine() {
-    ThreadContext& context = x_state->Context;
+    EngineState& state = x_state.OnAnyThread();
+    ThreadContext& context = state.Context;
     ResumeNext next;
     CloseConnections(context, next);
-    CleanLists(*x_state);
+    CleanLists(state);
     --context.InstanceCount;
     if (context.InstanceCount < 1) {
         context.StatusDisplay.reset();

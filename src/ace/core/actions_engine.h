@@ -13,10 +13,35 @@
 ///   execution/not_built_yet.cpp      everything that says so when it is called
 #pragma once
 
+#include <cassert>
+#include <thread>
+
 #include <ace/core/actions_engine_interface.h>
 #include <ace/core/thread_context.h>
 
 namespace ace {
+
+/// The way of an engine's operations to its state. An engine serves the thread that made it: debug
+/// builds assert that.
+class OwnState {
+  public:
+    explicit OwnState(std::shared_ptr<EngineState> state) : x_state(std::move(state)) {}
+
+    operator const std::shared_ptr<EngineState>&() const { return RequireOwnThread(), x_state; }
+    EngineState& operator*() const { return RequireOwnThread(), *x_state; }
+    EngineState* operator->() const { return RequireOwnThread(), x_state.get(); }
+    /// For the end of the engine, which may come when its thread has ended.
+    EngineState& OnAnyThread() const { return *x_state; }
+
+  private:
+    void RequireOwnThread() const {
+        assert(std::this_thread::get_id() == x_thread &&
+               "an engine serves the thread that made it");
+    }
+
+    std::shared_ptr<EngineState> x_state;
+    std::thread::id x_thread = std::this_thread::get_id();
+};
 
 /// Implements `_aceActionsEngine` on an `EngineState`. The state is shared with any walk in
 /// progress, so that the host may drop the object from inside a yield.
@@ -26,7 +51,8 @@ class aceActionsEngine final : public _aceActionsEngine {
     /// every new object resets, for all objects. Errors of the host are raised; those of the shared
     /// state are reported before. The object still counts among the thread's objects then.
     explicit aceActionsEngine(ThreadContext& context = ThreadContext::Current());
-    /// Closes what the object's actions hold open. Never raises.
+    /// Closes what the object's actions hold open. Never raises. May run on another thread once
+    /// that of the object has ended: its services live as long as the object.
     ~aceActionsEngine() override;
     aceActionsEngine(const aceActionsEngine&) = delete;
     aceActionsEngine& operator=(const aceActionsEngine&) = delete;
@@ -106,7 +132,7 @@ class aceActionsEngine final : public _aceActionsEngine {
     void WriteActionLists(const String& FileName, aceModul Modul) override;
 
   private:
-    std::shared_ptr<EngineState> x_state;
+    OwnState x_state;
 };
 
 }  // namespace ace

@@ -9,9 +9,28 @@ ThreadContext::ThreadContext(std::shared_ptr<IHostFactory> factory)
 
 ThreadContext::~ThreadContext() = default;
 
+namespace {
+
+/// Outlasts the context that it tells of, because nothing destroys it.
+thread_local bool ownContextHasGone = false;
+
+struct OwnContext {
+    OwnContext() = default;
+    OwnContext(const OwnContext&) = delete;
+    OwnContext& operator=(const OwnContext&) = delete;
+    ~OwnContext() { ownContextHasGone = true; }
+
+    const std::shared_ptr<ThreadContext> context = std::make_shared<ThreadContext>();
+};
+
+}  // namespace
+
 ThreadContext& ThreadContext::Current() {
-    thread_local ThreadContext context;
-    return context;
+    if (ownContextHasGone) {
+        throw RunTimeError(Errors::Internal, L"the thread has ended, and its services with it");
+    }
+    thread_local const OwnContext own;
+    return *own.context;
 }
 
 void ThreadContext::InstallHost(std::shared_ptr<IHostFactory> factory) {

@@ -30,8 +30,10 @@ struct SpareTexts {
 
 /// The shared state of one thread. Sharing is deliberate: a new engine object resets parts of it,
 /// and the working records of one object's action are those of the next action of any object.
-/// A context outlives every engine object that was made with it.
-class ThreadContext {
+/// The thread's own context lives until the thread has ended and the last engine that was made with
+/// it has gone. One that somebody else makes outlives its engines, or is owned by a `shared_ptr`,
+/// of which they then keep a copy.
+class ThreadContext : public std::enable_shared_from_this<ThreadContext> {
   public:
     /// Uses the services that `factory` makes; none stands for the defaults.
     explicit ThreadContext(std::shared_ptr<IHostFactory> factory = nullptr);
@@ -39,7 +41,8 @@ class ThreadContext {
     ThreadContext& operator=(const ThreadContext&) = delete;
     ~ThreadContext();
 
-    /// The context of the calling thread; made on first use and kept until the thread ends.
+    /// The context of the calling thread; made on first use and kept until the thread ends. Error
+    /// 51 from what runs behind that end, such as the destructor of a global object.
     static ThreadContext& Current();
     /// Tells where the calling thread's context gets its services. To be called before the first
     /// engine of the thread; later, it serves only what has not been made yet.
