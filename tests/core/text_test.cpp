@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include <ace/core/text.h>
 
 #include "support/fixture.h"
@@ -90,8 +92,8 @@ TEST(ReadStrictInteger, TakesANumberThatIsTheWholeText) {
 }
 
 TEST(ReadStrictInteger, AnythingElseIsError13AndTheEmptyTextToo) {
-    for (const StringView text :
-         {L"", L" ", L"abc", L"12a", L"a12", L"1:2", L"1e", L"1,5", L".", L"-", L"1 2", L"--1"}) {
+    for (const StringView text : {L"", L" ", L"abc", L"12a", L"a12", L"1:2", L"1e", L"1,5", L".",
+                                  L"-", L"1 2", L"--1", L"1E", L"1E+", L"1E-", L"1Ex", L"1E+x"}) {
         EXPECT_EQ(ErrorOf([&] { ReadStrictInteger(text); }), TypeMismatch)
             << ::testing::PrintToString(String(text));
     }
@@ -175,6 +177,23 @@ TEST(FormatFixed, ASingleIsRoundedOnItsOwnSevenDigits) {
     EXPECT_EQ(FormatFixed(10.0F, 2, L'.'), L"10.00");
     EXPECT_EQ(FormatFixed(0.1F, 2, L','), L"0,10");
     EXPECT_EQ(FormatFixed(0.005F, 2, L'.'), L"0.01");  // as a double it is a little below
+}
+
+TEST(FormatFixed, ANumberTooSmallToShowIsZero) {
+    EXPECT_EQ(FormatFixed(0.00001, 3, L'.'), L"0.000");
+    EXPECT_EQ(FormatFixed(-0.00001, 3, L'.'), L"0.000");
+}
+
+TEST(FormatFixed, WhatIsNoNumberIsError6) {
+    for (const double value : {HUGE_VAL, -HUGE_VAL, std::nan("")}) {
+        EXPECT_EQ(ErrorOf([&] { FormatFixed(value, 3, L'.'); }), Overflow);
+    }
+}
+
+TEST(FormatGeneral, WhatIsNoNumberSaysSo) {
+    EXPECT_EQ(FormatGeneral(HUGE_VAL, L'.'), L"INF");
+    EXPECT_EQ(FormatGeneral(-HUGE_VAL, L'.'), L"-INF");
+    EXPECT_EQ(FormatGeneral(std::nan(""), L'.'), L"NAN");
 }
 
 TEST(WithPoint, EveryCommaBecomesAPoint) {

@@ -60,6 +60,16 @@ TEST_F(DispatcherTest, ParkAccAndKindsOutsideTheMembersAnswerFalseAndDoNothing) 
     EXPECT_EQ(TakeEffects(), Lines{});
 }
 
+/// Below the question whether a kind acts, there is no routine for those outside either.
+TEST_F(DispatcherTest, AKindOutsideTheMembersHasNoRoutine) {
+    for (const std::int32_t kind : DoNothing) {
+        p_Action action = OfKind(kind, std::int32_t{5});
+        EXPECT_FALSE(modActions::RunActing(context, action, AnyModul)) << kind;
+        EXPECT_EQ(action, OfKind(kind, std::int32_t{5})) << kind;
+    }
+    EXPECT_EQ(TakeEffects(), Lines{});
+}
+
 TEST_F(DispatcherTest, KindsWithoutARoutineCostOnlyTheTraceLines) {
     host->tracing = true;
     for (const std::int32_t kind : {std::int32_t{atTestStop}, std::int32_t{atParkAcc}, 18}) {
