@@ -13,7 +13,7 @@ using testing::ElementsAreArray;
 
 struct SettingsSections : test::SectionsTest {
     std::int32_t CountOf(aceModul modul) {
-        return state.*FindModule(modul)->NumberedLists().front().count;
+        return state.*FindModule(modul)->AllNumbered().front().count;
     }
 };
 

@@ -39,7 +39,7 @@ struct KeptState {
 };
 
 std::shared_ptr<EngineState> MakeState(ThreadContext& context) {
-    return Numbered([&] {
+    return OrOutOfMemory([&] {
         const auto kept = std::make_shared<KeptState>(context);
         return std::shared_ptr<EngineState>(kept, &kept->state);
     });
@@ -81,7 +81,7 @@ aceActionsEngine::aceActionsEngine(ThreadContext& context) : x_state(MakeState(c
     context.TestRunning = false;
     context.InitReceiverPending = false;
     context.SocketHandle = -1;
-    context.ComPortForm = Numbered([&] { return MakeComPortForm(context); });
+    context.ComPortForm = OrOutOfMemory([&] { return MakeComPortForm(context); });
 }
 
 aceActionsEngine::~aceActionsEngine() {

@@ -49,7 +49,7 @@ RunTimeError CurrentRunTimeError();
 
 /// Runs what has no handler; memory that it can't get is error 7 all the same.
 template <class Act>
-decltype(auto) Numbered(Act&& act) {
+decltype(auto) OrOutOfMemory(Act&& act) {
     try {
         return act();
     } catch (const std::bad_alloc&) {

@@ -92,7 +92,7 @@ void ReadHostKeys(const FileWork& file, aceModul modul) {
 /// Where the number counts lists, one that no set-up needs is refused before memory is asked for
 /// and before anything is replaced. For the matrix it is a template's number, which may be any.
 void RequirePossibleNumber(const ModuleRow& module, std::int32_t subRanges) {
-    const bool countsLists = !module.NumberedLists().empty() && module.modul != aceVKSDUT;
+    const bool countsLists = !module.AllNumbered().empty() && module.modul != aceVKSDUT;
     if (countsLists && subRanges > MostEntries) {
         Raise(Errors::OutOfMemory);
     }
