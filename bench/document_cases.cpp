@@ -4,7 +4,7 @@
 #include <unordered_map>
 
 #include "bench/cases.h"
-#include "workbench/settings_document.h"
+#include "workbench/files/settings_document.h"
 
 #ifdef ACE_BENCH_SIMPLEINI
 #define SI_NO_CONVERSION

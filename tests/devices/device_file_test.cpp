@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "session/session_fixture.h"
 #include "support/fixture.h"
+#include "support/refusal.h"
 
 namespace ace::workbench {
 namespace {

@@ -2,8 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "workbench/session/wording.h"
-#include "workbench/text_encoding.h"
+#include "workbench/files/text_encoding.h"
+#include "workbench/words/frequency.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 namespace {

@@ -3,9 +3,11 @@
 #pragma once
 
 #include "support/file_fixture.h"
+#include "support/refusal.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/session/session.h"
-#include "workbench/session/wording.h"
-#include "workbench/text_encoding.h"
+#include "workbench/words/frequency.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 
@@ -28,17 +30,6 @@ class KeptLines final : public SessionListener {
 /// The set-up that `text` describes.
 inline TestSetUp SetUpOf(const std::string& text, const SetUpOptions& options = {}) {
     return ReadSetUp(SettingsDocument(text), L"set-up.ini", options);
-}
-
-/// The `CommandError` that `act` raises, as "<exit code> <text>"; empty when it raises none.
-template <class Act>
-std::string RefusalOf(Act&& act) {
-    try {
-        act();
-    } catch (const CommandError& error) {
-        return std::to_string(static_cast<int>(error.outcome)) + " " + ToUtf8(error.text);
-    }
-    return {};
 }
 
 class SessionTest : public FolderTest {

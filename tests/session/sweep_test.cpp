@@ -86,26 +86,6 @@ TEST(Sweep, WhatIsNoSweepIsRefusedWithAReason) {
     }
 }
 
-TEST(Sweep, AFrequencyIsToldInItsLargestUnitToTheHertz) {
-    const struct {
-        double hertz;
-        const wchar_t* text;
-    } rows[] = {
-        {80e6, L"80 MHz"},
-        {80.8e6, L"80.8 MHz"},
-        {1e9, L"1 GHz"},
-        {2.45e9, L"2.45 GHz"},
-        {150e3, L"150 kHz"},
-        {50.0, L"50 Hz"},
-        {0.4, L"0 Hz"},
-        {999'999'999.0, L"999.999999 MHz"},
-        {81'608'000.4, L"81.608 MHz"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(FrequencyText(row.hertz), row.text);
-    }
-}
-
 TEST(Sweep, IsToldWithItsCountAndDwell) {
     EXPECT_EQ(SweepText({80e6, 1e9, 1.0, 2000.0}),
               L"80 MHz to 1 GHz in steps of 1 %: 254 frequencies, 2 s each");

@@ -25,9 +25,9 @@ struct InstrumentHabits {
 
 /// Listens on a free port of 127.0.0.1. Takes one connection after the other, until it is switched
 /// off. Made of plain system calls, so that it shares nothing with what it tests.
-class Instrument {
+class FakeInstrument {
   public:
-    explicit Instrument(InstrumentHabits habits = {}) : x_habits(std::move(habits)) {
+    explicit FakeInstrument(InstrumentHabits habits = {}) : x_habits(std::move(habits)) {
         x_listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
         const int small = 4096;
         ::setsockopt(x_listener, SOL_SOCKET, SO_RCVBUF, &small, sizeof small);
@@ -43,9 +43,9 @@ class Instrument {
         x_port = ntohs(address.sin_port);
         x_thread = std::thread([this] { Serve(); });
     }
-    Instrument(const Instrument&) = delete;
-    Instrument& operator=(const Instrument&) = delete;
-    ~Instrument() { SwitchOff(); }
+    FakeInstrument(const FakeInstrument&) = delete;
+    FakeInstrument& operator=(const FakeInstrument&) = delete;
+    ~FakeInstrument() { SwitchOff(); }
 
     std::int32_t Port() const { return x_port; }
 

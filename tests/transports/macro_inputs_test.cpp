@@ -1,7 +1,7 @@
 #include "workbench/transports/macro_inputs.h"
 
 #include "support/file_fixture.h"
-#include "workbench/file_errors.h"
+#include "workbench/files/file_errors.h"
 #include "workbench/transports/transport_errors.h"
 
 namespace ace::workbench {

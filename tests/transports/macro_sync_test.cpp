@@ -1,7 +1,7 @@
 #include "workbench/transports/macro_sync.h"
 
 #include "support/file_fixture.h"
-#include "workbench/file_errors.h"
+#include "workbench/files/file_errors.h"
 
 namespace ace::workbench {
 namespace {

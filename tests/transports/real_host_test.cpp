@@ -11,7 +11,7 @@
 #include "transports/instrument.h"
 #include "transports/pseudo_terminal.h"
 #include "transports/script_fixture.h"
-#include "workbench/disk_settings_file.h"
+#include "workbench/files/disk_settings_file.h"
 #include "workbench/transports/sync_watch.h"
 #include "workbench/transports/with_journal.h"
 #include "workbench/transports/with_traffic.h"
@@ -90,7 +90,7 @@ class RealHostTest : public ScriptTest {
 };
 
 TEST_F(RealHostTest, ATcpActionReachesTheInstrumentTheJournalAndTheLog) {
-    Instrument instrument;
+    FakeInstrument instrument;
     aceRemote record;
     record.Command = L"OUTP ON";
     record.TcpHost = L"127.0.0.1";
@@ -116,7 +116,7 @@ TEST_F(RealHostTest, ATcpActionReachesTheInstrumentTheJournalAndTheLog) {
 }
 
 TEST_F(RealHostTest, AnInstrumentThatHungUpIsConnectedAnew) {
-    Instrument instrument;
+    FakeInstrument instrument;
     aceRemote record;
     record.Command = L"A";
     record.TcpHost = L"127.0.0.1";
@@ -129,8 +129,8 @@ TEST_F(RealHostTest, AnInstrumentThatHungUpIsConnectedAnew) {
 }
 
 TEST_F(RealHostTest, AnotherEndpointClosesTheConnectionBefore) {
-    Instrument one;
-    Instrument two;
+    FakeInstrument one;
+    FakeInstrument two;
     aceRemote record;
     record.Command = L"A";
     record.TcpHost = L"127.0.0.1";
@@ -150,7 +150,7 @@ TEST_F(RealHostTest, AnInstrumentThatIsOffReachesTheOperatorAndItsCauseTheLog) {
     record.Command = L"A";
     record.TcpHost = L"127.0.0.1";
     {
-        Instrument off;
+        FakeInstrument off;
         record.TcpPort = off.Port();
     }
     host->user.Expect(L"frmGpibError", sim::Press(L"cmdStopTest"));
@@ -266,7 +266,7 @@ TEST_F(RealHostTest, WhatIsNotATransportStaysWithTheRest) {
 }
 
 TEST_F(RealHostTest, AScriptedFailureStrikesBeforeAnythingIsSent) {
-    Instrument instrument;
+    FakeInstrument instrument;
     std::int32_t handle = -1;
     IDeviceList& list = context.DeviceList();
     list.OpenSocket(L"127.0.0.1", instrument.Port(), 0, L"TCP", handle);

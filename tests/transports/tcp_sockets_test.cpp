@@ -59,7 +59,7 @@ std::string BigCommand(std::size_t size) {
 
 TEST(TcpSockets, BytesArriveExactlyWithEachTerminator) {
     for (const std::string terminator : {"\n", "\r", "\r\n", ""}) {
-        Instrument instrument;
+        FakeInstrument instrument;
         TcpSockets sockets;
         const std::string command = "FREQ 1.5E8,0;:POW -10,\"dBm\"" + terminator;
         sockets.Send(sockets.Open(L"127.0.0.1", instrument.Port()),
@@ -77,7 +77,7 @@ TEST(TcpSockets, EveryByteCanBeSent) {
             bytes += static_cast<char>(byte);
         }
     }
-    Instrument instrument;
+    FakeInstrument instrument;
     TcpSockets sockets;
     sockets.Send(sockets.Open(L"127.0.0.1", instrument.Port()), text);
     EXPECT_THAT(instrument.ReceivedWhen(bytes.size()), ElementsAre(bytes));
@@ -85,7 +85,7 @@ TEST(TcpSockets, EveryByteCanBeSent) {
 
 TEST(TcpSockets, ACommandOfAMegabyteArrivesWhole) {
     const std::string command = BigCommand(1024 * 1024) + "\n";
-    Instrument instrument;
+    FakeInstrument instrument;
     TcpSockets sockets;
     sockets.Send(sockets.Open(L"127.0.0.1", instrument.Port()),
                  String(command.begin(), command.end()));
@@ -95,7 +95,7 @@ TEST(TcpSockets, ACommandOfAMegabyteArrivesWhole) {
 }
 
 TEST(TcpSockets, SeveralCommandsShareAConnectionInTheirOrder) {
-    Instrument instrument;
+    FakeInstrument instrument;
     TcpSockets sockets;
     const std::int32_t handle = sockets.Open(L"127.0.0.1", instrument.Port());
     sockets.Send(handle, L"A\n");
@@ -105,7 +105,7 @@ TEST(TcpSockets, SeveralCommandsShareAConnectionInTheirOrder) {
 }
 
 TEST(TcpSockets, TheCommandBeforeAClosingArrives) {
-    Instrument instrument({true, 0, "an answer that nobody reads"});
+    FakeInstrument instrument({true, 0, "an answer that nobody reads"});
     {
         TcpSockets sockets;
         sockets.Send(sockets.Open(L"127.0.0.1", instrument.Port()), L"OUTP OFF\n");
@@ -114,7 +114,7 @@ TEST(TcpSockets, TheCommandBeforeAClosingArrives) {
 }
 
 TEST(TcpSockets, AHostNameIsLookedUp) {
-    Instrument instrument;
+    FakeInstrument instrument;
     TcpSockets sockets;
     sockets.Send(sockets.Open(L"localhost", instrument.Port()), L"*RST");
     EXPECT_THAT(instrument.ReceivedWhen(4), ElementsAre("*RST"));
@@ -196,7 +196,7 @@ TEST(TcpSockets, ConnectingEndsWithItsTimeOutWhileEventsRun) {
 
 TEST(TcpSockets, APeerThatNeverReadsEndsWithTheTimeOutWhileEventsRun) {
     const std::string command = BigCommand(1024 * 1024);
-    Instrument instrument({false, 0, {}});
+    FakeInstrument instrument({false, 0, {}});
     int events = 0;
     TcpSockets sockets(ShortTimes, [&] { ++events; });
     const std::int32_t handle = sockets.Open(L"127.0.0.1", instrument.Port());
@@ -220,7 +220,7 @@ TEST(TcpSockets, APeerThatDiesInMidWriteIsAnErrorAndNoSignal) {
     ::sigaction(SIGPIPE, nullptr, &before);
     ASSERT_EQ(before.sa_handler, SIG_DFL);
     const std::string command = BigCommand(1024 * 1024);
-    Instrument instrument({true, 20'000, {}});
+    FakeInstrument instrument({true, 20'000, {}});
     TcpSockets sockets;
     const std::int32_t handle = sockets.Open(L"127.0.0.1", instrument.Port());
     EXPECT_THAT(Failure(TransportErrors::CannotSend,
@@ -232,7 +232,7 @@ TEST(TcpSockets, APeerThatDiesInMidWriteIsAnErrorAndNoSignal) {
 }
 
 TEST(TcpSockets, APeerThatHasClosedIsSeenBeforeTheNextCommand) {
-    Instrument instrument;
+    FakeInstrument instrument;
     TcpSockets sockets;
     const std::int32_t handle = sockets.Open(L"127.0.0.1", instrument.Port());
     sockets.Send(handle, L"A");
@@ -248,7 +248,7 @@ TEST(TcpSockets, APeerThatHasClosedIsSeenBeforeTheNextCommand) {
 }
 
 TEST(TcpSockets, APeerThatAnswersIsNotHeldUpByItsAnswers) {
-    Instrument instrument({true, 0, std::string(2000, 'a')});
+    FakeInstrument instrument({true, 0, std::string(2000, 'a')});
     TcpSockets sockets;
     const std::int32_t handle = sockets.Open(L"127.0.0.1", instrument.Port());
     sockets.Send(handle, L"A?\n");
@@ -259,8 +259,8 @@ TEST(TcpSockets, APeerThatAnswersIsNotHeldUpByItsAnswers) {
 }
 
 TEST(TcpSockets, AnEndpointFindsItsConnectionWithoutRegardToCase) {
-    Instrument one;
-    Instrument two;
+    FakeInstrument one;
+    FakeInstrument two;
     TcpSockets sockets;
     const std::int32_t first = sockets.Open(L"localhost", one.Port());
     const std::int32_t second = sockets.Open(L"localhost", two.Port());
@@ -286,7 +286,7 @@ TEST(TcpSockets, AHandleThatIsNoConnectionIsAnErrorToSendAndNoneToClose) {
 }
 
 TEST(TcpSockets, AFurtherCommandFromInsideTheEventsIsRefused) {
-    Instrument instrument({false, 0, {}});
+    FakeInstrument instrument({false, 0, {}});
     std::optional<TcpSockets> sockets;
     std::int32_t handle = 0;
     std::vector<std::string> failures;
@@ -306,7 +306,7 @@ TEST(TcpSockets, AFurtherCommandFromInsideTheEventsIsRefused) {
 }
 
 TEST(TcpSockets, AConnectionClosedFromInsideTheEventsEndsTheCommand) {
-    Instrument instrument({false, 0, {}});
+    FakeInstrument instrument({false, 0, {}});
     std::optional<TcpSockets> sockets;
     std::int32_t handle = 0;
     sockets.emplace(TcpTimes{Milliseconds{2000}, Milliseconds{20'000}}, [&] {
@@ -321,7 +321,7 @@ TEST(TcpSockets, AConnectionClosedFromInsideTheEventsEndsTheCommand) {
 }
 
 TEST(TcpSockets, AnExceptionOutOfTheEventsEndsTheCommandAndItsConnection) {
-    Instrument instrument({false, 0, {}});
+    FakeInstrument instrument({false, 0, {}});
     bool isSending = false;
     TcpSockets sockets({}, [&] {
         if (isSending) {
@@ -337,7 +337,7 @@ TEST(TcpSockets, AnExceptionOutOfTheEventsEndsTheCommandAndItsConnection) {
 }
 
 TEST(TcpSockets, ACharacterWithoutAByteSendsNothing) {
-    Instrument instrument;
+    FakeInstrument instrument;
     TcpSockets sockets;
     const std::int32_t handle = sockets.Open(L"127.0.0.1", instrument.Port());
     EXPECT_THAT(Failure(TransportErrors::CannotSend, [&] { sockets.Send(handle, L"ab\x03A9"); }),

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "support/file_fixture.h"
-#include "workbench/disk_settings_file.h"
+#include "workbench/files/disk_settings_file.h"
 #include "workbench/transports/transport_errors.h"
 
 namespace ace::workbench {

@@ -3,7 +3,7 @@
 #include <array>
 #include <iterator>
 
-#include "workbench/session/wording.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 

@@ -7,8 +7,8 @@
 #include "sim/sim_host.h"
 #include "workbench/devices/bound_devices.h"
 #include "workbench/devices/device_lines.h"
-#include "workbench/session/set_up.h"
-#include "workbench/session/wording.h"
+#include "workbench/files/place_text.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 

@@ -1,8 +1,8 @@
 /// A bench described in a file: devices, the instruments they stand for, and tables.
 #pragma once
 
-#include "workbench/session/outcome.h"
-#include "workbench/settings_document.h"
+#include "workbench/files/settings_document.h"
+#include "workbench/words/outcome.h"
 
 namespace ace::sim {
 class SimHost;

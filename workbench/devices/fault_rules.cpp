@@ -4,8 +4,8 @@
 
 #include <ace/core/text.h>
 
-#include "workbench/session/outcome.h"
-#include "workbench/session/wording.h"
+#include "workbench/words/outcome.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 

@@ -5,8 +5,8 @@
 
 #include <ace/core/text.h>
 
-#include "workbench/session/outcome.h"
-#include "workbench/session/wording.h"
+#include "workbench/words/outcome.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 

@@ -5,8 +5,8 @@
 
 #include <ace/core/text.h>
 
-#include "workbench/session/sweep.h"
-#include "workbench/session/wording.h"
+#include "workbench/words/frequency.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 

@@ -1,8 +1,8 @@
 #include "workbench/session/load_place.h"
 
-#include "workbench/disk_settings_file.h"
-#include "workbench/session/wording.h"
-#include "workbench/text_encoding.h"
+#include "workbench/files/disk_settings_file.h"
+#include "workbench/files/text_encoding.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 

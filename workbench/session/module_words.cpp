@@ -2,7 +2,7 @@
 
 #include <ace/core/text.h>
 
-#include "workbench/session/wording.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 

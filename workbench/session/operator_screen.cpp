@@ -4,7 +4,7 @@
 
 #include <ace/host/forms.h>
 
-#include "workbench/session/session_host.h"
+#include "sim/sim_host.h"
 
 namespace ace::workbench {
 
@@ -116,14 +116,11 @@ void OperatorScreen::ShowModal(Form& form) {
     x_host.Call(L"FormHost.ShowModal", sim::CallText(form.Name()));
     const FormRow* const row = RowOf(form);
     if (row == nullptr) {
-        if (x_host.onRemark) {
-            x_host.onRemark(L"the dialog " + form.Name() + L" is closed without an answer");
-        }
+        x_tell(L"the dialog " + form.Name() + L" is closed without an answer");
         form.CloseByFrame();
         return;
     }
-    const Reply reply = x_host.onPrompt ? x_host.onPrompt(DialogOf(*row, form)) : Reply::GoOn;
-    Press(*row, form, reply);
+    Press(*row, form, x_ask(DialogOf(*row, form)));
 }
 
 float OperatorScreen::TextHeight(const String& text, float) {

@@ -7,8 +7,8 @@
 
 #include "workbench/session/effect_words.h"
 #include "workbench/session/load_place.h"
-#include "workbench/session/sweep.h"
-#include "workbench/session/wording.h"
+#include "workbench/words/frequency.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 

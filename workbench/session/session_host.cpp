@@ -7,9 +7,9 @@
 #include <thread>
 
 #include "sim/sim_services.h"
-#include "workbench/english_texts.h"
+#include "workbench/files/english_texts.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/session/operator_screen.h"
-#include "workbench/text_encoding.h"
 
 namespace ace::workbench {
 
@@ -99,9 +99,7 @@ class SessionPlatform final : public sim::SimPlatform {
         if (IsPlainFile(fileName)) {
             return 1;
         }
-        if (x_host.onRemark) {
-            x_host.onRemark(L"this sound can't be played: there is no such file");
-        }
+        x_host.Tell(L"this sound can't be played: there is no such file");
         return 0;
     }
 
@@ -125,8 +123,7 @@ class OperatorBoxes final : public sim::SimUserDialogs {
                               title,
                               text,
                               {{Reply::GoOn, L"Yes", L'y'}, {Reply::Stop, L"No", L'n'}}};
-        const Reply reply = x_host.onPrompt ? x_host.onPrompt(question) : Reply::GoOn;
-        return reply == Reply::Stop ? AnswerNo : AnswerYes;
+        return x_host.Ask(question) == Reply::Stop ? AnswerNo : AnswerYes;
     }
 
   private:
@@ -203,7 +200,9 @@ std::shared_ptr<IPlatform> SessionHost::MakePlatform() {
     return std::make_shared<SessionPlatform>(*this);
 }
 std::shared_ptr<IFormHost> SessionHost::MakeFormHost() {
-    return std::make_shared<OperatorScreen>(*this);
+    return std::make_shared<OperatorScreen>(
+        *this, [this](const Dialog& dialog) { return Ask(dialog); },
+        [this](StringView words) { Tell(words); });
 }
 std::shared_ptr<IUserDialogs> SessionHost::MakeUserDialogs() {
     return std::make_shared<OperatorBoxes>(*this);

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "sim/sim_host.h"
-#include "workbench/disk_settings_file.h"
+#include "workbench/files/disk_settings_file.h"
 #include "workbench/session/dialog.h"
 
 namespace ace::workbench {
@@ -63,6 +63,14 @@ class SessionHost : public sim::SimHost {
     bool InterruptIsNew() const { return !x_interruptSeen && isInterrupted && isInterrupted(); }
     /// Asks whether the user has interrupted the test, and runs `onInterrupt` if that is new.
     void CheckInterrupt();
+    /// What `onPrompt` decides.
+    Reply Ask(const Dialog& dialog) const { return onPrompt ? onPrompt(dialog) : Reply::GoOn; }
+    /// Hands `words` to `onRemark`.
+    void Tell(StringView words) const {
+        if (onRemark) {
+            onRemark(words);
+        }
+    }
 
     std::shared_ptr<ISettingsFile> OpenFile(std::int32_t kind, const String& name) override;
     /// A negative time is none.

@@ -4,7 +4,9 @@
 
 #include <ace/core/text.h>
 
-#include "workbench/session/wording.h"
+#include "workbench/files/place_text.h"
+#include "workbench/words/frequency.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 
@@ -336,18 +338,6 @@ void ReadPlaceholders(const SettingsDocument& document, TestSetUp& setUp) {
     }
 }
 
-/// Position of `key` among the lines of a section, from 0.
-std::optional<std::size_t> LineOfKey(const std::vector<String>& lines, StringView key) {
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const StringView line = lines[i];
-        const std::size_t equals = line.find(L'=');
-        if (equals != StringView::npos && EqualNoCase(Trimmed(line.substr(0, equals)), key)) {
-            return i;
-        }
-    }
-    return std::nullopt;
-}
-
 }  // namespace
 
 std::size_t CombinationsOf(const Matrix& matrix) {
@@ -373,17 +363,6 @@ TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
     }
     ReadPlaceholders(document, setUp);
     return setUp;
-}
-
-String PlaceText(const SettingsDocument& document, const String& path, StringView section,
-                 StringView key) {
-    String place = path;
-    if (const std::optional<std::size_t> header = document.HeaderLine(section)) {
-        const std::optional<std::size_t> line = LineOfKey(document.GetSection(section), key);
-        place += L":" + std::to_wstring(*header + (line ? *line + 1 : 0));
-    }
-    place += L": [" + String(section) + L"]";
-    return key.empty() ? place : place + L" " + String(key);
 }
 
 }  // namespace ace::workbench

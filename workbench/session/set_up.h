@@ -4,10 +4,10 @@
 #include <optional>
 #include <vector>
 
+#include "workbench/files/settings_document.h"
 #include "workbench/session/module_words.h"
-#include "workbench/session/outcome.h"
 #include "workbench/session/sweep.h"
-#include "workbench/settings_document.h"
+#include "workbench/words/outcome.h"
 
 namespace ace::workbench {
 
@@ -102,10 +102,5 @@ struct TestSetUp {
 /// what is needed.
 TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
                     const SetUpOptions& options);
-
-/// "file.ini:12: [Section] what": how a place in a settings file is told. The line is left out when
-/// the section or the key is missing.
-String PlaceText(const SettingsDocument& document, const String& path, StringView section,
-                 StringView key);
 
 }  // namespace ace::workbench

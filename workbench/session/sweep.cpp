@@ -5,7 +5,8 @@
 #include <ace/core/text.h>
 #include <ace/host/run_time_error.h>
 
-#include "workbench/session/wording.h"
+#include "workbench/words/frequency.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 
@@ -14,30 +15,12 @@ namespace {
 /// Steps that meet the stop up to this part of it count as met.
 constexpr double Tolerance = 1e-9;
 
-struct Unit {
-    StringView name;
-    double hertz;
-};
-constexpr Unit Units[] = {{L"GHz", 1e9}, {L"MHz", 1e6}, {L"kHz", 1e3}, {L"Hz", 1.0}};
-
 [[noreturn]] void Refuse(StringView text, StringView why) {
     throw RunTimeError(Errors::InvalidProcedureCall,
                        L"\"" + String(text) + L"\" is no sweep: " + String(why));
 }
 
 }  // namespace
-
-std::optional<double> ReadFrequency(StringView text) {
-    text = Trimmed(text);
-    for (const Unit& unit : Units) {
-        const std::size_t size = unit.name.size();
-        if (text.size() > size && EqualNoCase(text.substr(text.size() - size), unit.name)) {
-            const std::optional<double> number = WholeNumber(text.substr(0, text.size() - size));
-            return number ? std::optional(*number * unit.hertz) : std::nullopt;
-        }
-    }
-    return WholeNumber(text);
-}
 
 String WhyNoSweep(const Sweep& sweep) {
     if (!(sweep.startHz > 0.0) || !std::isfinite(sweep.startHz)) {
@@ -103,16 +86,6 @@ Sweep ParseSweep(StringView text) {
         Refuse(text, why);
     }
     return sweep;
-}
-
-String FrequencyText(double hertz) {
-    for (const Unit& unit : Units) {
-        if (hertz >= unit.hertz || unit.hertz == 1.0) {
-            const double rounded = std::round(hertz) / unit.hertz;
-            return FormatGeneral(rounded, L'.') + L" " + String(unit.name);
-        }
-    }
-    return {};
 }
 
 String SweepText(const Sweep& sweep) {

@@ -1,7 +1,6 @@
 /// The frequencies of a sweep, and how people write them.
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include <ace/host/basic_types.h>
@@ -30,17 +29,10 @@ String WhyNoSweep(const Sweep& sweep);
 /// frequency for a sweep that can't be run.
 std::vector<double> Frequencies(const Sweep& sweep);
 
-/// Reads "80MHz..1GHz/1%": numbers with a point, the units Hz, kHz, MHz and GHz in any case, none
-/// for hertz; "%" may be missing. Anything else, and a sweep that can't be run, is error 5, whose
+/// Reads "80MHz..1GHz/1%": numbers with a point, the frequencies as `ReadFrequency` reads
+/// them; "%" may be missing. Anything else, and a sweep that can't be run, is error 5, whose
 /// description says why. The dwell is 0.
 Sweep ParseSweep(StringView text);
-
-/// The hertz of "80MHz", "81.608 MHz" or "80000000"; units as above, blanks around it allowed.
-/// Nothing for anything else.
-std::optional<double> ReadFrequency(StringView text);
-
-/// "80 MHz", "81.608 MHz": the largest unit that leaves a number of at least 1, to the hertz.
-String FrequencyText(double hertz);
 
 /// "80 MHz to 1 GHz in steps of 1 %: 254 frequencies, 2 s each"
 String SweepText(const Sweep& sweep);

@@ -1,12 +1,12 @@
 #include "workbench/session/transport_host.h"
 
-#include "workbench/session/wording.h"
-#include "workbench/text_encoding.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/transports/forwarding.h"
 #include "workbench/transports/instrument_bytes.h"
 #include "workbench/transports/sync_watch.h"
 #include "workbench/transports/with_journal.h"
 #include "workbench/transports/with_traffic.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 
@@ -47,8 +47,8 @@ class TransportHost::NamedPrograms final : public ForwardingPlatform {
         Next().ActivateProgram(processId);
         x_host.x_process = processId;
         x_host.x_program = x_host.x_programs[processId];
-        x_host.Remark(L"program " + QuotedLine(x_host.x_program) +
-                      L": still runs and is not started again");
+        x_host.Tell(L"program " + QuotedLine(x_host.x_program) +
+                    L": still runs and is not started again");
     }
     double StartProgram(const String& commandLine) override {
         x_host.x_program = commandLine;
@@ -107,26 +107,20 @@ RealHostNeeds TransportHost::Needs() {
     RealHostNeeds needs;
     needs.settings = x_choice.settings;
     needs.events = [this] { CheckInterrupt(); };
-    needs.remark = [this](const String& line) { Remark(line); };
+    needs.remark = [this](const String& line) { Tell(line); };
     needs.openConfiguration = x_choice.openConfiguration;
     return needs;
 }
 
-void TransportHost::Remark(const String& words) const {
-    if (onRemark) {
-        onRemark(words);
-    }
-}
-
 void TransportHost::TellTraffic(const TrafficLine& line) const {
     const String address = line.address.empty() ? String() : L" " + String(line.address);
-    Remark(String(line.transport) + address + ShownBytes(line.bytes) + L": " + String(line.what));
+    Tell(String(line.transport) + address + ShownBytes(line.bytes) + L": " + String(line.what));
 }
 
 void TransportHost::OnSilence() {
     x_silentPrograms.push_back(x_program);
-    Remark(L"program " + QuotedLine(x_program) +
-           L": no confirmation within its time; the test goes on");
+    Tell(L"program " + QuotedLine(x_program) +
+         L": no confirmation within its time; the test goes on");
 }
 
 std::shared_ptr<IDeviceList> TransportHost::MakeDeviceList() {

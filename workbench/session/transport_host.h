@@ -45,7 +45,6 @@ class TransportHost : public SessionHost {
     class NamedPrograms;
     class SimulatedConfirmation;
 
-    void Remark(const String& words) const;
     void TellTraffic(const TrafficLine& line) const;
     void OnSilence();
     RealHostNeeds Needs();

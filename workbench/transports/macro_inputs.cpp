@@ -6,8 +6,8 @@
 #include <ace/core/text.h>
 #include <ace/host/run_time_error.h>
 
-#include "workbench/file_store.h"
-#include "workbench/text_encoding.h"
+#include "workbench/files/file_store.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/transports/text_lines.h"
 #include "workbench/transports/transport_errors.h"
 

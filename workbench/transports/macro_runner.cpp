@@ -11,7 +11,7 @@
 #include <thread>
 #include <unistd.h>
 
-#include "workbench/text_encoding.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/transports/child_process.h"
 #include "workbench/transports/transport_errors.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "workbench/file_store.h"
-#include "workbench/text_encoding.h"
+#include "workbench/files/file_store.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/transports/text_lines.h"
 
 namespace ace::workbench {

@@ -10,7 +10,7 @@
 
 #include <ace/host/run_time_error.h>
 
-#include "workbench/text_encoding.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/transports/child_process.h"
 #include "workbench/transports/transport_errors.h"
 

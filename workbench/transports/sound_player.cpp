@@ -7,7 +7,7 @@
 
 #include <ace/host/run_time_error.h>
 
-#include "workbench/text_encoding.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/transports/command_line.h"
 
 namespace ace::workbench {

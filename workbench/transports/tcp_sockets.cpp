@@ -8,7 +8,7 @@
 #include <ace/core/text.h>
 #include <ace/host/run_time_error.h>
 
-#include "workbench/text_encoding.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/transports/asio_await.h"
 #include "workbench/transports/instrument_bytes.h"
 #include "workbench/transports/transport_errors.h"

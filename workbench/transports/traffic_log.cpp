@@ -7,7 +7,7 @@
 
 #include <ace/core/text.h>
 
-#include "workbench/text_encoding.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/transports/instrument_bytes.h"
 
 namespace ace::workbench {

@@ -7,7 +7,7 @@
 #include <ace/core/text.h>
 #include <ace/host/run_time_error.h>
 
-#include "workbench/text_encoding.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/transports/text_lines.h"
 #include "workbench/transports/transport_errors.h"
 

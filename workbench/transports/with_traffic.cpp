@@ -5,7 +5,7 @@
 #include <ace/core/operation.h>
 #include <ace/core/text.h>
 
-#include "workbench/text_encoding.h"
+#include "workbench/files/text_encoding.h"
 #include "workbench/transports/forwarding.h"
 #include "workbench/transports/instrument_bytes.h"
 

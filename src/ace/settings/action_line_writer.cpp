@@ -1,5 +1,6 @@
 #include <ace/settings/action_line.h>
 #include <ace/settings/entry_line.h>
+#include <ace/settings/keyword_table.h>
 
 namespace ace {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ace/core/operation.h>
-#include <ace/settings/line_observer.h>
+#include <ace/settings/line_fields.h>
 
 namespace ace {
 

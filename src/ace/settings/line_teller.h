@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ace/settings/entry_line.h>
+#include <ace/settings/line_observer.h>
 
 namespace ace {
 

@@ -1,0 +1,288 @@
+#include "workbench/files/disk_settings_file.h"
+
+#include <clocale>
+
+#include "support/file_fixture.h"
+#include "workbench/files/file_errors.h"
+
+namespace ace::workbench {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+class DiskSettings : public FolderTest {
+  protected:
+    std::shared_ptr<DiskSettingsFile> Open(const std::string& bytes) {
+        Write("a.ini", bytes);
+        return files.Open(name);
+    }
+    /// What stands in the file after `change` and a release.
+    template <class Change>
+    std::string Saved(const std::string& bytes, Change&& change) {
+        const auto file = Open(bytes);
+        change(*file);
+        file->Release();
+        return Read("a.ini");
+    }
+
+    SettingsFiles files;
+    String name = WidePath("a.ini");
+};
+
+/// Counts the renames, one for every save.
+class CountingCalls : public FileCalls {
+  public:
+    int saves = 0;
+    int failWith = 0;
+    int Rename(const std::string& from, const std::string& to) override {
+        ++saves;
+        errno = failWith;
+        return failWith != 0 ? -1 : FileCalls::Rename(from, to);
+    }
+};
+
+// ---- typed keys --------------------------------------------------------------------------------
+
+TEST_F(DiskSettings, AMissingKeyOrSectionReadsAsTheDefault) {
+    const auto file = Open("[A]\r\nx=1\r\n");
+    EXPECT_EQ(file->GetString(L"A", L"y", L"none"), L"none");
+    EXPECT_EQ(file->GetLong(L"B", L"x", -1), -1);
+    EXPECT_EQ(file->GetDouble(L"A", L"y", -1.0), -1.0);
+    EXPECT_TRUE(file->GetBoolean(L"A", L"y", true));
+    EXPECT_FALSE(file->GetBoolean(L"A", L"y", false));
+}
+
+TEST_F(DiskSettings, NumbersReadInTheFormsThatInstallationsUse) {
+    const auto file =
+        Open("[A]\r\na=16\r\nb=-1\r\nc= 7 \r\nd=2402000000\r\ne=-1\r\nf=2.4E9\r\ng=.5\r\n");
+    EXPECT_EQ(file->GetLong(L"A", L"a", 0), 16);
+    EXPECT_EQ(file->GetLong(L"A", L"b", 0), -1);
+    EXPECT_EQ(file->GetLong(L"A", L"c", 0), 7);
+    EXPECT_EQ(file->GetDouble(L"A", L"d", 0.0), 2402000000.0);
+    EXPECT_EQ(file->GetDouble(L"A", L"e", 0.0), -1.0);
+    EXPECT_EQ(file->GetDouble(L"A", L"f", 0.0), 2400000000.0);
+    EXPECT_EQ(file->GetDouble(L"A", L"g", 0.0), 0.5);
+}
+
+TEST_F(DiskSettings, TruthsReadAsAnyNumberButZeroOrAsWords) {
+    const auto file = Open("[A]\na=1\nb=-1\nc=True\nd=true \ne=0\nf=False\ng=00\nh=2\n");
+    for (const wchar_t* key : {L"a", L"b", L"c", L"d", L"h"}) {
+        EXPECT_TRUE(file->GetBoolean(L"A", key, false)) << ToUtf8(key);
+    }
+    for (const wchar_t* key : {L"e", L"f", L"g"}) {
+        EXPECT_FALSE(file->GetBoolean(L"A", key, true)) << ToUtf8(key);
+    }
+}
+
+TEST_F(DiskSettings, AValueThatIsNoNumberIsError13ThatNamesFileSectionKeyAndValue) {
+    const auto file = Open("[A b]\r\nx=12 V\r\ny=\r\nz=yes\r\nblank=  \r\n");
+    const RunTimeError error = ErrorIn([&] { file->GetLong(L"A b", L"x", 0); });
+    EXPECT_EQ(error.Number(), 13);
+    EXPECT_EQ(error.Description(),
+              name + L": section [A b], key \"x\": \"12 V\" is not a valid value");
+    EXPECT_EQ(ErrorIn([&] { file->GetLong(L"A b", L"y", 0); }).Number(), 13);
+    EXPECT_EQ(ErrorIn([&] { file->GetDouble(L"A b", L"x", 0.0); }).Number(), 13);
+    EXPECT_EQ(ErrorIn([&] { file->GetBoolean(L"A b", L"z", false); }).Number(), 13);
+    EXPECT_EQ(ErrorIn([&] { file->GetBoolean(L"A b", L"blank", true); }).Number(), 13);
+}
+
+TEST_F(DiskSettings, ANumberBeyondTheRangeIsError6ThatNamesThePlace) {
+    const auto file = Open("[A]\r\nx=2147483648\r\ny=1E999\r\n");
+    const RunTimeError error = ErrorIn([&] { file->GetLong(L"A", L"x", 0); });
+    EXPECT_EQ(error.Number(), 6);
+    EXPECT_EQ(error.Description(),
+              name + L": section [A], key \"x\": \"2147483648\" is out of range");
+    EXPECT_EQ(ErrorIn([&] { file->GetDouble(L"A", L"y", 0.0); }).Number(), 6);
+}
+
+TEST_F(DiskSettings, ValuesAreWrittenInTheFormsThatInstallationsUse) {
+    const std::string saved = Saved("[A]\r\n", [](DiskSettingsFile& file) {
+        file.SetDouble(L"A", L"ID0", 2402000000.0);
+        file.SetDouble(L"A", L"None", -1.0);
+        file.SetDouble(L"A", L"Part", 0.25);
+        file.SetLong(L"A", L"Count", -16);
+        file.SetBoolean(L"A", L"Yes", true);
+        file.SetBoolean(L"A", L"No", false);
+        file.SetString(L"A", L"Text", L" a=b ");
+    });
+    EXPECT_EQ(saved,
+              "[A]\r\nID0=2402000000\r\nNone=-1\r\nPart=0.25\r\nCount=-16\r\nYes=1\r\nNo=0\r\n"
+              "Text= a=b \r\n");
+}
+
+TEST_F(DiskSettings, ADecimalPointIsAPointUnderALocaleWithComma) {
+    const std::string before = std::setlocale(LC_ALL, nullptr);
+    for (const char* locale : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8"}) {
+        if (std::setlocale(LC_ALL, locale) != nullptr) {
+            break;
+        }
+    }
+    EXPECT_EQ(Saved("[A]\nx=1.5\n",
+                    [](DiskSettingsFile& file) {
+                        file.SetDouble(L"A", L"x", 1.0 + file.GetDouble(L"A", L"x", 0.0));
+                    }),
+              "[A]\nx=2.5\n");
+    std::setlocale(LC_ALL, before.c_str());
+}
+
+// ---- sections ----------------------------------------------------------------------------------
+
+TEST_F(DiskSettings, ASectionIsWrittenAsTextOrAsLinesAndDeletedByNothing) {
+    DynArray<String> lines;
+    lines.Redim(1, 2);
+    lines[1] = L"a=1";
+    lines[2] = L"b=2";
+    const std::string saved = Saved("[A]\r\nx=1\r\n[B]\r\n[C]\r\n", [&](DiskSettingsFile& file) {
+        file.SetSection(L"A", Value(std::monostate()));
+        file.SetSection(L"B", Value(lines));
+        file.SetSection(L"C", Value(String(L"c=3\r\n")));
+        file.SetSection(L"D", Value(String()));
+        file.SetSection(L"E", Value(DynArray<String>()));
+    });
+    EXPECT_EQ(saved, "[B]\r\na=1\r\nb=2\r\n[C]\r\nc=3\r\n[D]\r\n[E]\r\n");
+}
+
+TEST_F(DiskSettings, ContentOfAnotherKindIsError13) {
+    const auto file = Open("[A]\r\n");
+    EXPECT_EQ(ErrorIn([&] { file->SetSection(L"A", Value(std::int32_t{1})); }).Number(), 13);
+    EXPECT_EQ(ErrorIn([&] { file->SetSection(L"A", Value(Boolean(true))); }).Number(), 13);
+}
+
+TEST_F(DiskSettings, ASectionReadsAsItsLines) {
+    const auto file = Open("[A]\r\n; remark\r\nx=1\r\n");
+    EXPECT_THAT(file->GetSection(L"A"), ElementsAre(L"; remark", L"x=1"));
+    EXPECT_TRUE(file->GetSection(L"B").empty());
+}
+
+TEST_F(DiskSettings, ATextThatTheFileCannotHoldIsAnErrorThatNamesTheFileAndNothingIsLost) {
+    const std::string bytes = "[A]\r\nx=\xE4\r\n";
+    const auto file = Open(bytes);
+    const RunTimeError error = ErrorIn([&] { file->SetSection(L"A", Value(String(L"y=\x3A9"))); });
+    EXPECT_EQ(error.Number(), 5);
+    EXPECT_THAT(error.Description(), HasSubstr(name + L": section [A]: "));
+    file->Release();
+    EXPECT_EQ(Read("a.ini"), bytes);
+}
+
+// ---- saving ------------------------------------------------------------------------------------
+
+TEST_F(DiskSettings, NothingIsSavedBeforeReleaseAndThenOnce) {
+    CountingCalls calls;
+    SettingsFiles counted(calls);
+    Write("a.ini", "[A]\r\n");
+    const auto file = counted.Open(name);
+    file->SetLong(L"A", L"x", 1);
+    file->SetLong(L"A", L"y", 2);
+    EXPECT_EQ(Read("a.ini"), "[A]\r\n");
+    file->Release();
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=1\r\ny=2\r\n");
+    EXPECT_EQ(calls.saves, 1);
+}
+
+TEST_F(DiskSettings, NothingIsSavedWhenNoByteDiffers) {
+    CountingCalls calls;
+    SettingsFiles counted(calls);
+    Write("a.ini", "[A]\r\nx=1\r\n");
+    const auto file = counted.Open(name);
+    file->SetLong(L"A", L"x", 2);
+    file->SetLong(L"A", L"x", 1);
+    file->Release();
+    EXPECT_EQ(calls.saves, 0);
+}
+
+TEST_F(DiskSettings, WithoutReleaseChangesAreDropped) {
+    {
+        const auto file = Open("[A]\r\n");
+        file->SetLong(L"A", L"x", 1);
+    }
+    EXPECT_EQ(Read("a.ini"), "[A]\r\n");
+}
+
+TEST_F(DiskSettings, AMissingFileGivesNoObject) {
+    EXPECT_EQ(files.Open(WidePath("none.ini")), nullptr);
+}
+
+TEST_F(DiskSettings, AFileThatCannotBeReadIsAnErrorAndCannotBeSavedAfterwards) {
+    EXPECT_EQ(ErrorIn([&] { files.Open(WidePath("")); }).Number(), FileErrors::CannotRead);
+    Write("wide.ini", std::string("[\0A\0]\0", 6));
+    const RunTimeError error = ErrorIn([&] { files.Open(WidePath("wide.ini")); });
+    EXPECT_EQ(error.Number(), FileErrors::CannotRead);
+    EXPECT_THAT(error.Description(), HasSubstr(WidePath("wide.ini") + L": the text is 16-bit"));
+    EXPECT_TRUE(files.LoadFailed(WidePath("wide.ini")));
+    EXPECT_EQ(ErrorIn([&] { files.Save(WidePath("wide.ini"), [] {}); }).Number(),
+              FileErrors::SaveRefused);
+}
+
+TEST_F(DiskSettings, AfterALoadThatFailedNothingIsSavedUntilOneWentWell) {
+    const std::string bytes = "[A]\r\nx=1\r\n";
+    const auto file = Open(bytes);
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, [] { Raise(13); }); }).Number(), 13);
+    EXPECT_TRUE(files.LoadFailed(name));
+    bool ran = false;
+    EXPECT_EQ(ErrorIn([&] { files.Save(name, [&] { ran = true; }); }).Number(),
+              FileErrors::SaveRefused);
+    EXPECT_FALSE(ran);
+    file->SetLong(L"A", L"x", 2);
+    const RunTimeError error = ErrorIn([&] { file->Release(); });
+    EXPECT_EQ(error.Number(), FileErrors::SaveRefused);
+    EXPECT_THAT(error.Description(), HasSubstr(name));
+    EXPECT_EQ(Read("a.ini"), bytes);
+    files.Load(name, [] {});
+    file->Release();
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=2\r\n");
+}
+
+TEST_F(DiskSettings, AnotherSpellingOfTheNameIsTheSameFile) {
+    Write("a.ini", "[A]\r\n");
+    std::filesystem::create_symlink("a.ini", Path("link.ini"));
+    files.MarkUnsaved(name);
+    EXPECT_TRUE(files.IsUnsaved(WidePath("./a.ini")));
+    EXPECT_TRUE(files.IsUnsaved(WidePath("link.ini")));
+    EXPECT_FALSE(files.IsUnsaved(WidePath("b.ini")));
+}
+
+TEST_F(DiskSettings, TheMarkOfUnsavedChangesGoesOnlyWhenASaveWentWell) {
+    CountingCalls calls;
+    SettingsFiles failing(calls);
+    Write("a.ini", "[A]\r\n");
+    const auto save = [&] {
+        const auto file = failing.Open(name);
+        file->SetLong(L"A", L"x", 1);
+        file->Release();
+    };
+    failing.MarkUnsaved(name);
+    EXPECT_TRUE(failing.AnyUnsaved());
+    calls.failWith = EIO;
+    EXPECT_EQ(ErrorIn([&] { failing.Save(name, save); }).Number(), FileErrors::CannotSave);
+    EXPECT_TRUE(failing.IsUnsaved(name));
+    EXPECT_EQ(Read("a.ini"), "[A]\r\n");
+    calls.failWith = 0;
+    failing.Save(name, save);
+    EXPECT_FALSE(failing.IsUnsaved(name));
+    EXPECT_FALSE(failing.AnyUnsaved());
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=1\r\n");
+}
+
+TEST_F(DiskSettings, ALoadTakesTheMarkOfUnsavedChangesAway) {
+    Write("a.ini", "[A]\r\n");
+    files.MarkUnsaved(name);
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, [] { Raise(9); }); }).Number(), 9);
+    EXPECT_TRUE(files.IsUnsaved(name));
+    files.Load(name, [] {});
+    EXPECT_FALSE(files.IsUnsaved(name));
+}
+
+TEST_F(DiskSettings, ASaveMakesAFileThatIsMissing) {
+    const String later = WidePath("later.ini");
+    files.Save(later, [&] {
+        const auto file = files.Open(later);
+        file->SetSection(L"ActionsOnTest", Value(String()));
+        file->Release();
+    });
+    EXPECT_EQ(Read("later.ini"), "[ActionsOnTest]\r\n");
+    EXPECT_EQ(files.Open(WidePath("none.ini")), nullptr);
+}
+
+}  // namespace
+}  // namespace ace::workbench

@@ -1,0 +1,139 @@
+// The command line of the reference host.
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <iostream>
+#include <poll.h>
+#include <unistd.h>
+
+#include "workbench/cli/interrupts.h"
+#include "workbench/cli/run_command.h"
+#include "workbench/files/text_encoding.h"
+#include "workbench/words/wording.h"
+
+namespace {
+
+using namespace ace::workbench;
+
+constexpr const char* ExitCodes =
+    "Exit codes:\n"
+    "  0  the test finished\n"
+    "  1  stopped by an answer, an action or the user (Ctrl-C, SIGTERM, SIGHUP, SIGQUIT)\n"
+    "  2  a question had no answer; the test was stopped in good order\n"
+    "  3  stopped by a run-time error, or the output can't be written\n"
+    "  4  a file can't be read or makes no sense; no test was run\n"
+    "  5  the command line makes no sense; no test was run\n";
+
+void AddRun(CLI::App& app, RunArguments& arguments) {
+    CLI::App* const run = app.add_subcommand(
+        "run", "Loads a settings file and drives its test; prints one line per effect.");
+    run->add_option("FILE", arguments.file, "the settings file")->required()->type_name("");
+    run->add_option("--module", arguments.module,
+                    "module kind, 0 to 8 or a name such as aceTemplate; otherwise the file's "
+                    "[Workbench] Module")
+        ->type_name("M");
+    run->add_option("--subranges", arguments.subRanges,
+                    "number of subranges, channels, steps or tests; otherwise the file's "
+                    "[Workbench] SubRanges")
+        ->type_name("N");
+    run->add_option("--template", arguments.matrixTemplate,
+                    "template number of a matrix, 0 to 3; otherwise --subranges or the file's "
+                    "[Workbench] SubRanges")
+        ->type_name("N");
+    run->add_option("--sweep", arguments.sweeps,
+                    "such as 80MHz..1GHz/1%; given more than once: one for each subrange, the last "
+                    "for all that follow; otherwise the file's [Workbench.Subrange<n>]")
+        ->type_name("FROM..TO/STEP%")
+        ->allow_extra_args(false);
+    run->add_option("--answers", arguments.answers,
+                    "the operator's answers; without a file notifications are answered OK and a "
+                    "question stops the test")
+        ->type_name("FILE");
+    run->add_flag("--ask", arguments.ask,
+                  "shows notifications, questions and failures and waits for the operator's key; "
+                  "with --answers for what no line of the file answers");
+    run->add_option("--clock", arguments.clock,
+                    "virtual (waits pass at once; this is the default without --real) or real")
+        ->type_name("KIND");
+    run->add_flag(
+        "--real", arguments.real,
+        "sends commands, starts programs and runs macros for real; without it all of that "
+        "is simulated");
+    run->add_option("--config", arguments.config,
+                    "the workbench's configuration: serial ports, bus library, time-outs, ...")
+        ->type_name("FILE");
+    run->add_option("--traffic", arguments.traffic,
+                    "writes what is sent and started to this log, made anew")
+        ->type_name("FILE");
+    run->add_option("--devices", arguments.devices,
+                    "the devices of the bench: names, classes, instruments behind them")
+        ->type_name("FILE");
+    run->add_option("--fault", arguments.faults,
+                    "a script of failures on purpose, such as: GPIB 0:13 fails at the 40th write")
+        ->type_name("SCRIPT");
+    run->add_option("--trace", arguments.trace, "writes the engine's trace lines to this file")
+        ->type_name("FILE");
+    run->footer(ExitCodes);
+}
+
+int Fail(const CommandError& error) {
+    std::cout.flush();
+    std::cerr << "ace-workbench: " << ToUtf8(OneLine(error.text)) << '\n';
+    return static_cast<int>(error.outcome);
+}
+
+/// The end of the input and an error are something to read, too.
+bool WaitForStandardInput(const std::function<bool()>& isInterrupted) {
+    constexpr int SliceMs = 50;
+    pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
+    while (std::cin.good() && std::cin.rdbuf()->in_avail() <= 0 && poll(&input, 1, SliceMs) <= 0) {
+        if (isInterrupted()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+int RunWith(const RunArguments& arguments) {
+    try {
+        const Outcome outcome =
+            RunCommand(arguments, {.out = std::cout,
+                                   .isTerminal = isatty(STDOUT_FILENO) != 0,
+                                   .isInterrupted = IsInterrupted,
+                                   .input = {.stream = &std::cin,
+                                             .isTerminal = isatty(STDIN_FILENO) != 0,
+                                             .wait = WaitForStandardInput}});
+        if (!std::cout.flush()) {
+            return Fail(
+                {Outcome::Failed,
+                 L"the output can't be written any more, so what it tells is not complete"});
+        }
+        return static_cast<int>(outcome);
+    } catch (const CommandError& error) {
+        return Fail(error);
+    } catch (const std::exception& error) {
+        return Fail({Outcome::Failed, FromUtf8(error.what())});
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);  // so that the stream knows what it has read ahead
+    CLI::App app{"Reference host of the actions engine"};
+    app.require_subcommand(0, 1);
+    app.footer(ExitCodes);
+    RunArguments arguments;
+    AddRun(app, arguments);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::Success& success) {
+        return app.exit(success);
+    } catch (const CLI::ParseError& error) {
+        return Fail({Outcome::WrongUse, FromUtf8(error.what()) + L" (ace-workbench run --help)"});
+    }
+    if (app.get_subcommands().empty()) {
+        return Fail({Outcome::WrongUse, L"say what to do, such as: ace-workbench run FILE"});
+    }
+    CatchInterrupts();
+    return RunWith(arguments);
+}

@@ -1,0 +1,257 @@
+#include "workbench/cli/run_command.h"
+
+#include <algorithm>
+
+#include "workbench/cli/console_report.h"
+#include "workbench/cli/run_outputs.h"
+#include "workbench/devices/device_file.h"
+#include "workbench/files/file_store.h"
+#include "workbench/files/text_encoding.h"
+#include "workbench/files/trace_file.h"
+#include "workbench/session/bench_host.h"
+#include "workbench/words/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+/// Entries that the journal keeps; the report follows it as it is written.
+constexpr std::size_t JournalBound = 1000;
+constexpr std::int32_t MostSubranges = 10'000;
+
+SetUpOptions ReadOptions(const RunArguments& arguments) {
+    SetUpOptions options;
+    if (arguments.module) {
+        const String text = FromUtf8(*arguments.module);
+        const ModuleWords* module = FindModuleWords(text);
+        if (module == nullptr) {
+            RefuseUse(L"--module: \"" + text + L"\" is no module: 0 to 8, or a name such as " +
+                      L"aceTemplate");
+        }
+        options.modul = module->modul;
+    }
+    if (arguments.subRanges) {
+        const String text = FromUtf8(*arguments.subRanges);
+        options.subRanges = WholeInteger(text);
+        if (!options.subRanges || *options.subRanges < 0 || *options.subRanges > MostSubranges) {
+            RefuseUse(L"--subranges: \"" + text + L"\" is no whole number from 0 to " +
+                      std::to_wstring(MostSubranges));
+        }
+    }
+    if (arguments.matrixTemplate) {
+        const String text = FromUtf8(*arguments.matrixTemplate);
+        options.matrixTemplate = WholeInteger(text);
+        if (!options.matrixTemplate || *options.matrixTemplate < 0 || *options.matrixTemplate > 3) {
+            RefuseUse(L"--template: \"" + text + L"\" is no template number: 0 by frequency, " +
+                      L"1 by bandwidth, 2 by power, 3 the lists for all rows");
+        }
+    }
+    for (const std::string& text : arguments.sweeps) {
+        try {
+            options.sweeps.push_back(ParseSweep(FromUtf8(text)));
+        } catch (const RunTimeError& error) {
+            RefuseUse(L"--sweep: " + error.Description());
+        }
+    }
+    return options;
+}
+
+Clock ReadClock(const RunArguments& arguments) {
+    const std::string text = arguments.clock.value_or(arguments.real ? "real" : "virtual");
+    if (text != "virtual" && text != "real") {
+        RefuseUse(L"--clock: \"" + FromUtf8(text) + L"\" is neither virtual nor real");
+    }
+    if (arguments.real && text != "real") {
+        RefuseUse(L"--clock virtual: with --real the waits between the commands take their time");
+    }
+    return text == "real" ? Clock::Real : Clock::Virtual;
+}
+
+/// What `read` finds at `path`; a file that is missing or can't be read is a bad file.
+template <class Read>
+auto Existing(const std::string& path, Read&& read) {
+    try {
+        if (auto content = read(path)) {
+            return *std::move(content);
+        }
+    } catch (const RunTimeError& error) {
+        RefuseFile(error.Description());
+    }
+    RefuseFile(FromUtf8(path) + L": there is no such file");
+}
+
+/// The text of a file in any of the encodings of settings files.
+String ReadText(const std::string& file) {
+    const std::string bytes =
+        Existing(file, [](const std::string& path) { return ReadWholeFile(path); });
+    const Encoding encoding = DetectEncoding(bytes);
+    return Decode(encoding, std::string_view(bytes).substr(ByteOrderMark(encoding).size()));
+}
+
+Answers ReadAnswers(const RunArguments& arguments) {
+    return arguments.answers ? Answers(ReadText(*arguments.answers), FromUtf8(*arguments.answers))
+                             : Answers();
+}
+
+std::shared_ptr<FaultRules> ReadFaults(const RunArguments& arguments) {
+    return arguments.faults ? std::make_shared<FaultRules>(ReadText(*arguments.faults),
+                                                           FromUtf8(*arguments.faults))
+                            : std::make_shared<FaultRules>();
+}
+
+/// Puts the devices of the file on the bench. A channel that a device watches needs the device.
+void ReadBench(const RunArguments& arguments, const TestSetUp& setUp, BenchHost& host) {
+    if (arguments.devices) {
+        const SettingsDocument document = Existing(
+            *arguments.devices, [](const std::string& path) { return LoadDocument(path); });
+        ReadDevices(document, FromUtf8(*arguments.devices), host);
+    }
+    for (const ChannelEvents& channel : setUp.channels) {
+        if (channel.watch && !IsMonitor(host.bench, channel.watch->device)) {
+            RefuseUse(L"channel \"" + channel.name + L"\" is watched by \"" +
+                      channel.watch->device +
+                      L"\": say with --devices which monitoring device that is");
+        }
+    }
+}
+
+TransportChoice ReadTransports(const RunArguments& arguments, SettingsFiles& files) {
+    TransportChoice choice;
+    choice.isReal = arguments.real;
+    if (!arguments.config) {
+        return choice;
+    }
+    const String name = FromUtf8(*arguments.config);
+    choice.openConfiguration = [&files, name] { return files.Open(name); };
+    DiskSettingsFile file =
+        Existing(*arguments.config, [&](const std::string&) { return files.Open(name); });
+    try {
+        choice.settings = ReadTransportSettings(file);
+    } catch (const RunTimeError& error) {
+        RefuseFile(error.Description());
+    }
+    return choice;
+}
+
+/// What the run reads must not be what it writes.
+void CheckOutputs(const RunArguments& arguments) {
+    std::vector<NamedFile> inputs = {{L"the settings file", arguments.file}};
+    std::vector<NamedFile> outputs;
+    const auto add = [](std::vector<NamedFile>& files, StringView what,
+                        const std::optional<std::string>& path) {
+        if (path) {
+            files.push_back({String(what), *path});
+        }
+    };
+    add(inputs, L"the answers file", arguments.answers);
+    add(inputs, L"the configuration", arguments.config);
+    add(inputs, L"the file of the devices", arguments.devices);
+    add(inputs, L"the script of failures", arguments.faults);
+    add(outputs, L"--traffic", arguments.traffic);
+    add(outputs, L"--trace", arguments.trace);
+    RefuseSharedFiles(inputs, outputs);
+}
+
+/// Makes both logs anew, once both can be written. The stream is that of the traffic log; it is not
+/// open when none is wanted.
+std::ofstream MakeOutputs(const RunArguments& arguments, TraceFile* trace) {
+    std::ofstream traffic;
+    if (arguments.traffic) {
+        traffic = OpenOutput(*arguments.traffic);
+    }
+    try {
+        if (trace != nullptr) {
+            trace->Make();
+        }
+    } catch (const RunTimeError& error) {
+        RefuseFile(error.Description());
+    }
+    if (arguments.traffic) {
+        EmptyOutput(*arguments.traffic);
+    }
+    return traffic;
+}
+
+void PrintTransports(ConsoleReport& report, const BenchHost& host) {
+    for (const String& program : host.SilentPrograms()) {
+        report.PrintPair(L"Program", L"never confirmed its work: " + program);
+    }
+    if (!host.LogIsGood()) {
+        report.PrintPair(L"Traffic", L"the log is not complete: it could not be written");
+    }
+    for (const String& rule : host.Faults().Unused()) {
+        report.PrintPair(L"Unused", L"failure on purpose that nothing came to: " + rule);
+    }
+}
+
+void PrintNotes(ConsoleReport& report, const RunArguments& arguments, const Summary& counts) {
+    if (!arguments.devices &&
+        counts.failuresIgnored + counts.failuresIgnoredForGood + counts.failuresStopped > 0) {
+        report.PrintPair(L"Note",
+                         L"the bench has no devices, so actions on devices fail: say with "
+                         L"--devices which ones it has");
+    }
+}
+
+/// A test that nobody can follow is not begun.
+void RequireOutput(const ConsoleReport& report) {
+    if (report.IsLost()) {
+        throw CommandError{Outcome::Failed, L"the output can't be written; no test was run"};
+    }
+}
+
+/// None unless the operator is to be asked.
+std::unique_ptr<IOperator> MakeOperator(const RunArguments& arguments,
+                                        const CommandSurroundings& surroundings,
+                                        ConsoleReport& report, const SessionHost& host) {
+    if (!arguments.ask || surroundings.input.stream == nullptr) {
+        return nullptr;
+    }
+    return std::make_unique<TerminalOperator>(report, surroundings.input,
+                                              [&host] { return host.InterruptIsNew(); });
+}
+
+}  // namespace
+
+Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& surroundings) {
+    const SetUpOptions options = ReadOptions(arguments);
+    const Clock clock = ReadClock(arguments);
+    CheckOutputs(arguments);
+    const String file = FromUtf8(arguments.file);
+    const SettingsDocument document =
+        Existing(arguments.file, [](const std::string& path) { return LoadDocument(path); });
+    const TestSetUp setUp = ReadSetUp(document, file, options);
+    Answers answers = ReadAnswers(arguments);
+    SettingsFiles files;
+    TransportChoice transports = ReadTransports(arguments, files);
+
+    std::ofstream traffic;  // outlives the host, which writes it
+    const auto host =
+        std::make_shared<BenchHost>(clock, std::move(transports), ReadFaults(arguments));
+    ReadBench(arguments, setUp, *host);
+    const auto trace = arguments.trace ? std::make_shared<TraceFile>(*arguments.trace) : nullptr;
+    host->traceFile = trace;
+    host->journal.Bound(JournalBound);
+    ConsoleReport report(surroundings.out, surroundings.isTerminal);
+    host->isInterrupted = [&] {
+        return report.IsLost() || (surroundings.isInterrupted && surroundings.isInterrupted());
+    };
+    const std::unique_ptr<IOperator> theOperator =
+        MakeOperator(arguments, surroundings, report, *host);
+    Session session(host, setUp, answers, report, theOperator.get());
+    session.Load(file);
+
+    traffic = MakeOutputs(arguments, trace.get());
+    if (traffic.is_open()) {
+        host->WriteLog(traffic);
+    }
+    report.PrintSetUp(file, setUp, clock, arguments.real);
+    RequireOutput(report);
+    const Outcome outcome = session.Run();
+    report.PrintSummary(outcome, session.Counts(), answers, trace ? trace->Failure() : String());
+    PrintTransports(report, *host);
+    PrintNotes(report, arguments, session.Counts());
+    return report.IsLost() ? std::max(outcome, Outcome::Failed) : outcome;
+}
+
+}  // namespace ace::workbench

@@ -1,0 +1,43 @@
+/// The command "run": a whole test from a settings file.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "workbench/cli/terminal_operator.h"
+#include "workbench/session/session.h"
+
+namespace ace::workbench {
+
+/// The arguments as the user wrote them, in UTF-8.
+struct RunArguments {
+    std::string file;
+    std::optional<std::string> module;
+    std::optional<std::string> subRanges;
+    std::optional<std::string> matrixTemplate;  ///< template number of a matrix
+    std::vector<std::string> sweeps;
+    std::optional<std::string> answers;  ///< path of an answers file
+    std::optional<std::string> trace;    ///< path of a trace file
+    std::optional<std::string> clock;    ///< "virtual", or "real" as it is with real transports
+    bool ask = false;                    ///< the operator answers at the terminal
+    bool real = false;                   ///< real transports
+    std::optional<std::string> config;   ///< path of the workbench's configuration
+    std::optional<std::string> traffic;  ///< path of a traffic log, made anew
+    std::optional<std::string> devices;  ///< path of a device file
+    std::optional<std::string> faults;   ///< path of a script of failures
+};
+
+/// Where a command prints and how it is broken off.
+struct CommandSurroundings {
+    std::ostream& out;
+    bool isTerminal = false;  ///< `out` is a terminal
+    std::function<bool()> isInterrupted{};
+    TerminalInput input{};  ///< where the operator answers; needed for `ask`
+};
+
+/// Runs the test and prints it. What keeps it from being run is `CommandError`.
+Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& surroundings);
+
+}  // namespace ace::workbench

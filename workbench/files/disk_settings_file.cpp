@@ -1,0 +1,230 @@
+#include "workbench/files/disk_settings_file.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include <ace/core/text.h>
+
+#include "workbench/files/file_errors.h"
+#include "workbench/files/file_store.h"
+#include "workbench/words/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+[[noreturn]] void RaiseInFile(const std::string& path, const RunTimeError& error,
+                              const String& place = {}) {
+    throw RunTimeError(error.Number(), FromUtf8(path) + L": " + place + error.Description(),
+                       error.Source());
+}
+
+String PlaceOf(const String& section, const String& key) {
+    return L"section [" + section + L"], key \"" + key + L"\": ";
+}
+
+/// The lines with CR LF between them, which is how a document takes them.
+String JoinedLines(const DynArray<String>& lines) {
+    String text;
+    for (const String& line : lines) {
+        text.append(line).append(L"\r\n");
+    }
+    return text;
+}
+
+void RequireGoodLoad(const FileState& state) {
+    if (state.loadFailed) {
+        throw RunTimeError(FileErrors::SaveRefused,
+                           FromUtf8(state.path) +
+                               L": not saved, because its last load failed and the lists in memory "
+                               L"are not complete");
+    }
+}
+
+/// Two names of the same file have the same key.
+std::string KeyOf(const String& name) {
+    std::error_code error;
+    const std::string path = ToUtf8(name);
+    const std::filesystem::path plain = std::filesystem::weakly_canonical(path, error);
+    return error ? path : plain.string();
+}
+
+}  // namespace
+
+std::optional<SettingsDocument> LoadDocument(const std::string& path, FileCalls& calls) {
+    std::optional<std::string> bytes = ReadWholeFile(path, calls);
+    if (!bytes) {
+        return std::nullopt;
+    }
+    try {
+        return SettingsDocument(std::move(*bytes));
+    } catch (const RunTimeError& error) {
+        RaiseInFile(path, error);
+    }
+}
+
+DiskSettingsFile::DiskSettingsFile(std::shared_ptr<const FileState> state,
+                                   SettingsDocument document, FileCalls& calls)
+    : x_state(std::move(state)), x_document(std::move(document)), x_calls(calls) {}
+
+/// What `read` makes of the value; nothing when there is no such key.
+template <class Read>
+auto DiskSettingsFile::Get(const String& section, const String& key, Read&& read)
+    -> std::optional<decltype(read(String()))> {
+    const std::optional<String> text = x_document.GetKey(section, key);
+    if (!text) {
+        return std::nullopt;
+    }
+    try {
+        return read(*text);
+    } catch (const RunTimeError& error) {
+        const StringView why =
+            error.Number() == Errors::Overflow ? L" is out of range" : L" is not a valid value";
+        RaiseInFile(x_state->path,
+                    RunTimeError(error.Number(), L"\"" + *text + L"\"" + String(why)),
+                    PlaceOf(section, key));
+    }
+}
+
+template <class Act>
+void DiskSettingsFile::Change(Act&& act) {
+    try {
+        act();
+    } catch (const RunTimeError& error) {
+        RaiseInFile(x_state->path, error);
+    }
+}
+
+String DiskSettingsFile::GetString(const String& section, const String& key,
+                                   const String& byDefault) {
+    return x_document.GetKey(section, key).value_or(byDefault);
+}
+
+void DiskSettingsFile::SetString(const String& section, const String& key, const String& value) {
+    Change([&] { x_document.SetKey(section, key, value); });
+}
+
+double DiskSettingsFile::GetDouble(const String& section, const String& key, double byDefault) {
+    return Get(section, key, ReadStrictNumber).value_or(byDefault);
+}
+
+void DiskSettingsFile::SetDouble(const String& section, const String& key, double value) {
+    SetString(section, key, FormatGeneral(value, L'.'));
+}
+
+std::int32_t DiskSettingsFile::GetLong(const String& section, const String& key,
+                                       std::int32_t byDefault) {
+    return Get(section, key, ReadStrictInteger).value_or(byDefault);
+}
+
+void DiskSettingsFile::SetLong(const String& section, const String& key, std::int32_t value) {
+    SetString(section, key, FormatGeneral(value, L'.'));
+}
+
+Boolean DiskSettingsFile::GetBoolean(const String& section, const String& key, Boolean byDefault) {
+    const auto read = [](const String& text) { return Boolean(ReadBooleanText(Trimmed(text))); };
+    return Get(section, key, read).value_or(byDefault);
+}
+
+void DiskSettingsFile::SetBoolean(const String& section, const String& key, Boolean value) {
+    SetString(section, key, value ? L"1" : L"0");
+}
+
+std::vector<String> DiskSettingsFile::GetSection(const String& section) {
+    return x_document.GetSection(section);
+}
+
+void DiskSettingsFile::SetSection(const String& section, const Value& content) {
+    Change([&] {
+        if (std::holds_alternative<std::monostate>(content)) {
+            x_document.DeleteSection(section);
+        } else if (const auto* text = std::get_if<String>(&content)) {
+            x_document.SetSection(section, *text);
+        } else if (const auto* lines = std::get_if<DynArray<String>>(&content)) {
+            x_document.SetSection(section, JoinedLines(*lines));
+        } else {
+            Raise(Errors::TypeMismatch);
+        }
+    });
+}
+
+void DiskSettingsFile::Release() {
+    std::optional<std::string> bytes;
+    Change([&] { bytes = x_document.ChangedBytes(); });
+    if (bytes) {
+        RequireGoodLoad(*x_state);
+        SaveWholeFile(x_state->path, *bytes, x_calls);
+    }
+}
+
+std::shared_ptr<DiskSettingsFile> SettingsFiles::Open(const String& name) {
+    const std::shared_ptr<FileState> state = StateOf(name);
+    try {
+        std::optional<SettingsDocument> document = LoadDocument(state->path, x_calls);
+        if (!document && !state->isSaving) {
+            return nullptr;
+        }
+        return std::make_shared<DiskSettingsFile>(
+            state, document ? std::move(*document) : SettingsDocument(), x_calls);
+    } catch (...) {
+        state->loadFailed = true;
+        throw;
+    }
+}
+
+void SettingsFiles::Load(const String& name, const std::function<void()>& load) {
+    const std::shared_ptr<FileState> state = StateOf(name);
+    state->loadFailed = true;
+    load();
+    state->loadFailed = false;
+    state->isUnsaved = false;
+}
+
+void SettingsFiles::Save(const String& name, const std::function<void()>& save) {
+    const std::shared_ptr<FileState> state = StateOf(name);
+    RequireGoodLoad(*state);
+    state->isSaving = true;
+    try {
+        save();
+    } catch (...) {
+        state->isSaving = false;
+        throw;
+    }
+    state->isSaving = false;
+    state->isUnsaved = false;
+}
+
+void SettingsFiles::MarkUnsaved(const String& name) {
+    StateOf(name)->isUnsaved = true;
+}
+
+bool SettingsFiles::IsUnsaved(const String& name) const {
+    const FileState* state = FindState(name);
+    return state != nullptr && state->isUnsaved;
+}
+
+bool SettingsFiles::LoadFailed(const String& name) const {
+    const FileState* state = FindState(name);
+    return state != nullptr && state->loadFailed;
+}
+
+bool SettingsFiles::AnyUnsaved() const {
+    return std::any_of(x_states.begin(), x_states.end(),
+                       [](const auto& entry) { return entry.second->isUnsaved; });
+}
+
+std::shared_ptr<FileState> SettingsFiles::StateOf(const String& name) {
+    std::shared_ptr<FileState>& state = x_states[KeyOf(name)];
+    if (!state) {
+        state = std::make_shared<FileState>();
+        state->path = ToUtf8(name);
+    }
+    return state;
+}
+
+const FileState* SettingsFiles::FindState(const String& name) const {
+    const auto entry = x_states.find(KeyOf(name));
+    return entry == x_states.end() ? nullptr : entry->second.get();
+}
+
+}  // namespace ace::workbench

@@ -1,0 +1,99 @@
+/// Settings files on disk, and what the workbench knows of each beyond its bytes.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+
+#include <ace/host/settings_file.h>
+
+#include "workbench/files/file_calls.h"
+#include "workbench/files/settings_document.h"
+
+namespace ace::workbench {
+
+/// The file's document; nothing when there is no such file. One that can't be read is error
+/// `FileErrors::CannotRead`, which names the file and the reason.
+std::optional<SettingsDocument> LoadDocument(const std::string& path,
+                                             FileCalls& calls = SystemFileCalls());
+
+/// What is known of one file while the workbench runs.
+struct FileState {
+    std::string path;         ///< UTF-8
+    bool loadFailed = false;  ///< what is in memory is not what the file should hold
+    bool isUnsaved = false;   ///< edited since the last load or save
+    bool isSaving = false;    ///< a file that is missing is made
+};
+
+/// One opened file. Changes stay in memory until `Release`, which saves them in one step if any
+/// byte differs; without `Release` they are dropped.
+class DiskSettingsFile : public ISettingsFile {
+  public:
+    /// `calls` must outlive the object.
+    DiskSettingsFile(std::shared_ptr<const FileState> state, SettingsDocument document,
+                     FileCalls& calls = SystemFileCalls());
+
+    String GetString(const String& section, const String& key, const String& byDefault) override;
+    void SetString(const String& section, const String& key, const String& value) override;
+    /// A value that is no number is error 13, one beyond the range error 6; the description names
+    /// file, section, key and value. Likewise for the other two kinds.
+    double GetDouble(const String& section, const String& key, double byDefault) override;
+    /// Written with up to 15 digits and a point.
+    void SetDouble(const String& section, const String& key, double value) override;
+    std::int32_t GetLong(const String& section, const String& key, std::int32_t byDefault) override;
+    void SetLong(const String& section, const String& key, std::int32_t value) override;
+    /// True is any number but 0, or the word true; written as 1 or 0.
+    Boolean GetBoolean(const String& section, const String& key, Boolean byDefault) override;
+    void SetBoolean(const String& section, const String& key, Boolean value) override;
+    std::vector<String> GetSection(const String& section) override;
+    /// Content of another kind than nothing, text or array of text is error 13.
+    void SetSection(const String& section, const Value& content) override;
+    /// Saves. After a load that failed a change is error `FileErrors::SaveRefused`.
+    void Release() override;
+
+    const SettingsDocument& Document() const { return x_document; }
+
+  private:
+    template <class Read>
+    auto Get(const String& section, const String& key, Read&& read)
+        -> std::optional<decltype(read(String()))>;
+    template <class Act>
+    void Change(Act&& act);
+
+    std::shared_ptr<const FileState> x_state;
+    SettingsDocument x_document;
+    FileCalls& x_calls;
+};
+
+/// Opens settings files by name and keeps the marks of each: the engine's own mark of unsaved
+/// changes is cleared before the file is written, so it can't tell whether that went well.
+class SettingsFiles {
+  public:
+    /// `calls` must outlive the object and the files that it opened.
+    explicit SettingsFiles(FileCalls& calls = SystemFileCalls()) : x_calls(calls) {}
+
+    /// Reads the file anew. No object when there is no such file, except within `Save`, which makes
+    /// it. One that can't be read is error `FileErrors::CannotRead` and counts as a failed load.
+    std::shared_ptr<DiskSettingsFile> Open(const String& name);
+
+    /// Runs a load of the file. When it raises, the file can't be saved until a load went well.
+    void Load(const String& name, const std::function<void()>& load);
+    /// Runs a save of the file; after a failed load that is error `FileErrors::SaveRefused` before
+    /// anything runs. The mark of unsaved changes goes only when the save did not raise.
+    void Save(const String& name, const std::function<void()>& save);
+
+    void MarkUnsaved(const String& name);
+    bool IsUnsaved(const String& name) const;
+    bool LoadFailed(const String& name) const;
+    /// Any file is unsaved.
+    bool AnyUnsaved() const;
+
+  private:
+    std::shared_ptr<FileState> StateOf(const String& name);
+    const FileState* FindState(const String& name) const;
+
+    FileCalls& x_calls;
+    std::map<std::string, std::shared_ptr<FileState>> x_states;  ///< by path without links and dots
+};
+
+}  // namespace ace::workbench

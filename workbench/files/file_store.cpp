@@ -1,0 +1,241 @@
+#include "workbench/files/file_store.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+#include <ace/host/run_time_error.h>
+
+#include "workbench/files/file_errors.h"
+#include "workbench/files/text_encoding.h"
+
+namespace ace::workbench {
+
+namespace {
+
+[[noreturn]] void Fail(std::int32_t number, StringView what, const std::string& path,
+                       StringView why) {
+    throw RunTimeError(number, FromUtf8(path) + L": " + String(what) + L": " + String(why));
+}
+
+String Reason(int systemError) {
+    return FromUtf8(std::generic_category().message(systemError));
+}
+
+/// An open file that is closed when the scope ends; `Close` tells whether that went well.
+class OpenFile {
+  public:
+    OpenFile(FileCalls& calls, int file) : x_calls(calls), x_file(file) {}
+    ~OpenFile() {
+        if (x_file >= 0) {
+            x_calls.Close(x_file);
+        }
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    int Number() const { return x_file; }
+    int Close() { return x_calls.Close(std::exchange(x_file, -1)); }
+
+  private:
+    FileCalls& x_calls;
+    int x_file;
+};
+
+/// Runs a call again while a signal breaks it off.
+template <class Call>
+auto Uninterrupted(Call&& call) {
+    auto answer = call();
+    while (answer < 0 && errno == EINTR) {
+        answer = call();
+    }
+    return answer;
+}
+
+std::string ReadToEnd(const OpenFile& file, std::size_t expected, const std::string& path,
+                      FileCalls& calls) {
+    std::string bytes(expected + 1, '\0');  // one more, so that the end is met without growing
+    for (std::size_t used = 0;;) {
+        if (used == bytes.size()) {
+            bytes.resize(2 * used);
+        }
+        const ssize_t count = Uninterrupted(
+            [&] { return calls.Read(file.Number(), bytes.data() + used, bytes.size() - used); });
+        if (count < 0) {
+            Fail(FileErrors::CannotRead, L"cannot be read", path, Reason(errno));
+        }
+        used += static_cast<std::size_t>(count);
+        if (count == 0) {
+            bytes.resize(used);
+            return bytes;
+        }
+    }
+}
+
+/// One save: the steps in their order, each of which raises when it fails.
+class Save {
+  public:
+    Save(std::string path, FileCalls& calls) : x_calls(calls), x_path(std::move(path)) {}
+    ~Save() {
+        if (!x_temporary.empty()) {
+            x_calls.Unlink(x_temporary);  // the save has failed already; nothing more can be done
+        }
+    }
+    Save(const Save&) = delete;
+    Save& operator=(const Save&) = delete;
+
+    void Run(std::string_view bytes) {
+        FollowLinks();
+        LookAtOldFile();
+        OpenFile file(x_calls, CreateTemporary());
+        KeepOwnerAndPermissions(file);
+        WriteAll(file, bytes);
+        Require(L"cannot be flushed", Uninterrupted([&] { return x_calls.Fsync(file.Number()); }));
+        Require(L"cannot be closed", file.Close());
+        Require(L"cannot be replaced", x_calls.Rename(x_temporary, x_path));
+        x_temporary.clear();
+        FlushFolder();
+    }
+
+  private:
+    void Require(StringView what, int answer) const {
+        if (answer < 0) {
+            Fail(FileErrors::CannotSave, what, x_path, Reason(errno));
+        }
+    }
+
+    std::string Folder() const {
+        const std::size_t slash = x_path.rfind('/');
+        return slash == std::string::npos ? "./" : x_path.substr(0, slash + 1);
+    }
+
+    /// Renaming would replace the link instead of the file that it names.
+    void FollowLinks() {
+        constexpr int MostLinks = 40;
+        char target[4096];
+        for (int links = 0; links < MostLinks; ++links) {
+            const ssize_t size = x_calls.Readlink(x_path, target, sizeof target);
+            if (size < 0) {
+                if (errno != EINVAL && errno != ENOENT) {
+                    Require(L"cannot be found", -1);
+                }
+                return;
+            }
+            const std::string name(target, static_cast<std::size_t>(size));
+            x_path = name.starts_with('/') ? name : Folder() + name;
+        }
+        errno = ELOOP;
+        Require(L"cannot be found", -1);
+    }
+
+    void LookAtOldFile() {
+        if (x_calls.Stat(x_path, x_old) < 0) {
+            if (errno != ENOENT) {
+                Require(L"cannot be looked at", -1);
+            }
+            return;
+        }
+        x_isNew = false;
+        if (!S_ISREG(x_old.st_mode)) {
+            Fail(FileErrors::CannotSave, L"cannot be written", x_path, L"it is no plain file");
+        }
+        Require(L"cannot be written", x_calls.MayWrite(x_path));
+    }
+
+    int CreateTemporary() {
+        const mode_t mode = x_isNew ? 0666 : x_old.st_mode & 0777;
+        const std::string stem = Folder() + ".ace-save-" + std::to_string(::getpid()) + "-";
+        constexpr int MostTries = 100;
+        for (int number = 1; number <= MostTries; ++number) {
+            const std::string name = stem + std::to_string(number);
+            const int file = x_calls.Open(name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+            if (file >= 0) {
+                x_temporary = name;
+                return file;
+            }
+            if (errno != EEXIST && errno != EINTR) {
+                break;
+            }
+        }
+        Fail(FileErrors::CannotSave, L"no file can be made beside it", x_path, Reason(errno));
+    }
+
+    void KeepOwnerAndPermissions(const OpenFile& file) {
+        if (x_isNew) {
+            return;
+        }
+        struct stat made {};
+        Require(L"cannot be looked at", x_calls.Fstat(file.Number(), made));
+        const bool sameOwner = made.st_uid == x_old.st_uid;
+        if (!sameOwner || made.st_gid != x_old.st_gid) {
+            // Only the superuser may give a file away; the group is what a shared folder needs.
+            constexpr auto KeepOwner = static_cast<uid_t>(-1);
+            if (sameOwner || x_calls.Fchown(file.Number(), x_old.st_uid, x_old.st_gid) < 0) {
+                Require(L"its group cannot be kept",
+                        x_calls.Fchown(file.Number(), KeepOwner, x_old.st_gid));
+            }
+        }
+        Require(L"its permissions cannot be kept",
+                x_calls.Fchmod(file.Number(), x_old.st_mode & 07777));
+    }
+
+    void WriteAll(const OpenFile& file, std::string_view bytes) {
+        while (!bytes.empty()) {
+            const ssize_t count = Uninterrupted(
+                [&] { return x_calls.Write(file.Number(), bytes.data(), bytes.size()); });
+            if (count == 0) {
+                errno = ENOSPC;
+            }
+            Require(L"cannot be written", count > 0 ? 0 : -1);
+            bytes.remove_prefix(static_cast<std::size_t>(count));
+        }
+    }
+
+    /// Until then a crash of the machine could bring the old file back. Some file systems have
+    /// nothing to flush and say so.
+    void FlushFolder() {
+        constexpr StringView What = L"is saved, but its folder cannot be flushed";
+        OpenFile folder(x_calls, x_calls.Open(Folder(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0));
+        Require(What, folder.Number());
+        const int answer = Uninterrupted([&] { return x_calls.Fsync(folder.Number()); });
+        if (answer < 0 && errno != EINVAL && errno != ENOTSUP) {
+            Require(What, answer);
+        }
+        Require(What, folder.Close());
+    }
+
+    FileCalls& x_calls;
+    std::string x_path;
+    std::string x_temporary;
+    struct stat x_old {};
+    bool x_isNew = true;
+};
+
+}  // namespace
+
+std::optional<std::string> ReadWholeFile(const std::string& path, FileCalls& calls) {
+    // Without waiting: a pipe of this name is refused below instead of being waited for.
+    const auto open = [&] { return calls.Open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC, 0); };
+    OpenFile file(calls, Uninterrupted(open));
+    if (file.Number() < 0) {
+        if (errno == ENOENT) {
+            return std::nullopt;
+        }
+        Fail(FileErrors::CannotRead, L"cannot be opened", path, Reason(errno));
+    }
+    struct stat status {};
+    if (calls.Fstat(file.Number(), status) < 0) {
+        Fail(FileErrors::CannotRead, L"cannot be looked at", path, Reason(errno));
+    }
+    if (!S_ISREG(status.st_mode)) {
+        Fail(FileErrors::CannotRead, L"cannot be read", path, L"it is no plain file");
+    }
+    return ReadToEnd(file, static_cast<std::size_t>(status.st_size), path, calls);
+}
+
+void SaveWholeFile(const std::string& path, std::string_view bytes, FileCalls& calls) {
+    Save(path, calls).Run(bytes);
+}
+
+}  // namespace ace::workbench

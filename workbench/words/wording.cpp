@@ -1,0 +1,115 @@
+#include "workbench/words/wording.h"
+
+#include <charconv>
+#include <cmath>
+#include <string>
+
+#include <ace/core/text.h>
+
+namespace ace::workbench {
+
+namespace {
+
+constexpr StringView Blanks = L" \t";
+
+String TwoDigits(long number) {
+    return (number < 10 ? L"0" : L"") + std::to_wstring(number);
+}
+
+}  // namespace
+
+StringView Trimmed(StringView text) {
+    const std::size_t first = text.find_first_not_of(Blanks);
+    if (first == StringView::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
+String Counted(std::size_t count, StringView one, StringView many) {
+    return std::to_wstring(count) + L" " + String(count == 1 ? one : many);
+}
+
+String SecondsText(double milliseconds) {
+    return FormatGeneral(std::round(milliseconds) / 1000.0, L'.') + L" s";
+}
+
+String TimeText(double milliseconds) {
+    const auto whole = static_cast<long long>(std::llround(milliseconds));
+    const auto seconds = static_cast<long>(whole / 1000 % 60);
+    const auto minutes = static_cast<long>(whole / 60'000 % 60);
+    String fraction = std::to_wstring(1000 + whole % 1000);
+    fraction.front() = L'.';
+    return std::to_wstring(whole / 3'600'000) + L":" + TwoDigits(minutes) + L":" +
+           TwoDigits(seconds) + fraction;
+}
+
+String OneLine(StringView text) {
+    String line(text);
+    ReplaceAll(line, L"\r\n", L" / ");
+    ReplaceAll(line, L"\n", L" / ");
+    for (wchar_t& c : line) {
+        if (c < L' ' || (c >= 127 && c < 160)) {
+            c = L' ';
+        }
+    }
+    return line;
+}
+
+String QuotedLine(StringView text) {
+    return L"\"" + OneLine(text) + L"\"";
+}
+
+String Padded(StringView text, std::size_t width) {
+    String padded(text);
+    if (padded.size() < width) {
+        padded.append(width - padded.size(), L' ');
+    }
+    return padded;
+}
+
+bool FitsPattern(StringView text, StringView pattern) {
+    std::size_t at = 0;
+    std::size_t in = 0;
+    std::size_t star = StringView::npos;  // the last "*" met, and where its characters end
+    std::size_t starEnd = 0;
+    while (at < text.size()) {
+        if (in < pattern.size() && pattern[in] == L'*') {
+            star = in++;
+            starEnd = at;
+        } else if (in < pattern.size() &&
+                   (pattern[in] == L'?' ||
+                    EqualNoCase(text.substr(at, 1), pattern.substr(in, 1)))) {
+            ++at;
+            ++in;
+        } else if (star != StringView::npos) {
+            at = ++starEnd;
+            in = star + 1;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of(L'*', in) == StringView::npos;
+}
+
+std::optional<double> WholeNumber(StringView text) {
+    std::string bytes;
+    for (const wchar_t c : Trimmed(text)) {
+        bytes += c > L' ' && c < 127 ? static_cast<char>(c) : '?';
+    }
+    double number = 0.0;
+    const char* const end = bytes.data() + bytes.size();
+    const std::from_chars_result result = std::from_chars(bytes.data(), end, number);
+    const bool isNumber = result.ec == std::errc() && result.ptr == end && std::isfinite(number);
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
+std::optional<std::int32_t> WholeInteger(StringView text) {
+    const std::optional<double> number = WholeNumber(text);
+    if (!number || *number != std::trunc(*number) || std::abs(*number) > 2147483647.0) {
+        return std::nullopt;
+    }
+    return static_cast<std::int32_t>(*number);
+}
+
+}  // namespace ace::workbench
