@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <fstream>
+#include <map>
 #include <optional>
 
 namespace ace::layers {
@@ -17,7 +19,7 @@ struct Layer {
 };
 
 /// From the bottom to the top: a layer includes itself and what stands before it.
-constexpr std::array<Layer, 9> Layers{{
+constexpr std::array<Layer, 14> Layers{{
     {"host", "src/ace/host/", "ace/host/"},
     {"core", "src/ace/core/", "ace/core/"},
     {"settings", "src/ace/settings/", "ace/settings/"},
@@ -26,7 +28,12 @@ constexpr std::array<Layer, 9> Layers{{
     {"editor", "src/ace/editor/", "ace/editor/"},
     {"dialogs", "src/ace/dialogs/", "ace/dialogs/"},
     {"sim", "sim/", "sim/"},
-    {"workbench", "workbench/", "workbench/"},
+    {"workbench/words", "workbench/words/", "workbench/words/"},
+    {"workbench/files", "workbench/files/", "workbench/files/"},
+    {"workbench/transports", "workbench/transports/", "workbench/transports/"},
+    {"workbench/devices", "workbench/devices/", "workbench/devices/"},
+    {"workbench/session", "workbench/session/", "workbench/session/"},
+    {"workbench/cli", "workbench/cli/", "workbench/cli/"},
 }};
 constexpr std::array<std::string_view, 3> Roots{"src", "sim", "workbench"};
 
@@ -66,14 +73,22 @@ std::optional<Include> IncludeOf(const std::string& line) {
     return Include{line.substr(open + 1, close - open - 1), line[open] == '<'};
 }
 
-void AddFaultsOf(const fs::path& root, const std::string& file, std::vector<std::string>& faults) {
+/// An include line and where it stands.
+struct PlacedInclude {
+    std::string file;
+    int line;
+    Include include;
+
+    std::string Place() const { return file + ":" + std::to_string(line); }
+};
+
+void AddIncludesOf(const fs::path& root, const std::string& file,
+                   std::vector<PlacedInclude>& includes) {
     std::ifstream in(root / file);
     std::string line;
     for (int number = 1; std::getline(in, line); ++number) {
-        const auto include = IncludeOf(line);
-        const auto fault = include ? Fault(file, include->name, include->angled) : "";
-        if (!fault.empty()) {
-            faults.push_back(file + ":" + std::to_string(number) + ": " + fault);
+        if (const auto include = IncludeOf(line)) {
+            includes.push_back({file, number, *include});
         }
     }
 }
@@ -92,6 +107,76 @@ std::vector<std::string> SourcesBelow(const fs::path& root) {
     }
     std::sort(files.begin(), files.end());
     return files;
+}
+
+/// A file without its extension: a header and its source are one room.
+std::string RoomOf(const std::string& file) {
+    return file.substr(0, file.rfind('.'));
+}
+
+/// The file that is included, by its path below the root.
+std::string FileOf(const Include& include) {
+    return include.name.starts_with("ace/") ? "src/" + include.name : include.name;
+}
+
+/// For each room the includes that lead out of it. Those of files that lie nowhere are left out.
+using Doors = std::map<std::string, std::vector<const PlacedInclude*>>;
+
+/// Intentional: a service of the simulated host holds the host that makes it. It is a stand-in in
+/// one piece, whose rooms are there to be read one by one.
+bool IsAccepted(const PlacedInclude& door) {
+    return door.file.starts_with("sim/sim_") && door.include.name == "sim/sim_host.h";
+}
+
+Doors DoorsOf(const std::vector<PlacedInclude>& includes) {
+    Doors doors;
+    for (const auto& include : includes) {
+        const auto from = RoomOf(include.file);
+        if (from != RoomOf(FileOf(include.include)) && !IsAccepted(include)) {
+            doors[from].push_back(&include);
+        }
+    }
+    return doors;
+}
+
+/// The shortest way from a room back to itself that passes no room before it in the order of the
+/// names; so each circle is told once, from its first room. Empty when there is none.
+std::vector<const PlacedInclude*> CircleFrom(const std::string& start, const Doors& doors) {
+    std::map<std::string, const PlacedInclude*> cameBy;
+    std::deque<std::string> rooms{start};
+    while (!rooms.empty() && !cameBy.contains(start)) {
+        const auto room = doors.find(rooms.front());
+        rooms.pop_front();
+        if (room == doors.end()) {
+            continue;
+        }
+        for (const auto* door : room->second) {
+            const auto next = RoomOf(FileOf(door->include));
+            if (next >= start && cameBy.emplace(next, door).second) {
+                rooms.push_back(next);
+            }
+        }
+    }
+    std::vector<const PlacedInclude*> circle;
+    for (auto step = cameBy.find(start); step != cameBy.end();) {
+        circle.insert(circle.begin(), step->second);
+        const auto before = RoomOf(step->second->file);
+        step = before == start ? cameBy.end() : cameBy.find(before);
+    }
+    return circle;
+}
+
+void AddCircles(const std::vector<PlacedInclude>& includes, std::vector<std::string>& faults) {
+    const Doors doors = DoorsOf(includes);
+    for (const auto& [room, ignored] : doors) {
+        std::string way;
+        for (const auto* door : CircleFrom(room, doors)) {
+            way += door->Place() + " -> ";
+        }
+        if (!way.empty()) {
+            faults.push_back("a circle of rooms: " + way + room);
+        }
+    }
 }
 
 }  // namespace
@@ -126,9 +211,17 @@ std::vector<std::string> FaultsBelow(const std::filesystem::path& root) {
     if (files.empty()) {
         faults.push_back("no sources below " + root.generic_string());
     }
+    std::vector<PlacedInclude> includes;
     for (const auto& file : files) {
-        AddFaultsOf(root, file, faults);
+        AddIncludesOf(root, file, includes);
     }
+    for (const auto& one : includes) {
+        const auto fault = Fault(one.file, one.include.name, one.include.angled);
+        if (!fault.empty()) {
+            faults.push_back(one.Place() + ": " + fault);
+        }
+    }
+    AddCircles(includes, faults);
     return faults;
 }
 

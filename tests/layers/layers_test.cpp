@@ -1,5 +1,6 @@
 #include "layers/layers.h"
 
+#include <array>
 #include <gmock/gmock.h>
 
 namespace ace::layers {
@@ -15,7 +16,8 @@ TEST(Layers, EveryIncludeOfTheSourcesFollowsTheDirection) {
 TEST(Layers, FaultsAreToldWithFileAndLine) {
     EXPECT_THAT(
         FaultsBelow(ACE_SOURCE_DIR "/tests/layers/bad_tree"),
-        ElementsAre("sim/peeks.h:3: sim includes workbench, a later folder: workbench/main_job.h",
+        ElementsAre("sim/peeks.h:3: sim includes workbench/cli, a later folder: "
+                    "workbench/cli/main_job.h",
                     "src/ace/core/impatient.h:5: core includes execution, a later folder: "
                     "ace/execution/walks.h",
                     "src/ace/core/impatient.h:6: core includes sim, a later folder: sim/journal.h",
@@ -23,7 +25,13 @@ TEST(Layers, FaultsAreToldWithFileAndLine) {
                     "known folder",
                     "src/ace/host/foreign.cpp:2: the engine includes <windows.h>, which is not of "
                     "the standard library",
-                    "src/ace/stray.h:3: lies in no known folder"));
+                    "src/ace/stray.h:3: lies in no known folder",
+                    "workbench/files/climbs.cpp:4: workbench/files includes workbench/session, a "
+                    "later folder: workbench/session/session.h",
+                    "workbench/loose.h:3: lies in no known folder",
+                    "a circle of rooms: workbench/session/chain.cpp:3 -> "
+                    "workbench/session/ring.h:3 -> workbench/session/link.h:3 -> "
+                    "workbench/session/chain"));
 }
 
 TEST(Layers, ATreeWithoutSourcesIsAFault) {
@@ -34,7 +42,19 @@ TEST(Layers, EachFolderIncludesItselfAndTheOnesBeforeIt) {
     EXPECT_EQ(Fault("src/ace/core/text.cpp", "ace/core/text.h", true), "");
     EXPECT_EQ(Fault("src/ace/dialogs/form.cpp", "ace/host/forms.h", true), "");
     EXPECT_EQ(Fault("sim/host.h", "ace/dialogs/form.h", true), "");
-    EXPECT_EQ(Fault("workbench/main.cpp", "sim/journal.h", false), "");
+    EXPECT_EQ(Fault("workbench/cli/main.cpp", "sim/journal.h", false), "");
+}
+
+TEST(Layers, TheFoldersOfTheWorkbenchHaveAnOrderToo) {
+    const std::array folders{"words", "files", "transports", "devices", "session", "cli"};
+    for (std::size_t from = 0; from < folders.size(); ++from) {
+        for (std::size_t to = 0; to < folders.size(); ++to) {
+            const auto file = std::string("workbench/") + folders[from] + "/a.cpp";
+            const auto included = std::string("workbench/") + folders[to] + "/b.h";
+            EXPECT_EQ(Fault(file, included, false).empty(), to <= from) << file << " " << included;
+        }
+    }
+    EXPECT_EQ(Fault("workbench/main.cpp", "vector", true), "lies in no known folder");
 }
 
 TEST(Layers, FoldersInTheOrderOfTheEngineMayNotLookAhead) {
@@ -47,7 +67,7 @@ TEST(Layers, FoldersInTheOrderOfTheEngineMayNotLookAhead) {
 TEST(Layers, OnlyTheEngineIsConfinedToTheStandardLibrary) {
     EXPECT_EQ(Fault("src/ace/core/text.h", "vector", true), "");
     EXPECT_NE(Fault("src/ace/core/text.h", "CLI/CLI.hpp", true), "");
-    EXPECT_EQ(Fault("workbench/main.cpp", "CLI/CLI.hpp", true), "");
+    EXPECT_EQ(Fault("workbench/cli/main.cpp", "CLI/CLI.hpp", true), "");
 }
 
 }  // namespace

@@ -1,3 +1,3 @@
 #pragma once
 
-#include "workbench/main_job.h"
+#include "workbench/cli/main_job.h"

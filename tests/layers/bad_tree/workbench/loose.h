@@ -1,0 +1,3 @@
+#pragma once
+
+#include "workbench/words/wording.h"
