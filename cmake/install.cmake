@@ -4,7 +4,8 @@ include(GNUInstallDirs)
 
 set(ACE_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/ace)
 
-install(TARGETS ace EXPORT ace COMPONENT ace FILE_SET HEADERS COMPONENT ace)
+install(TARGETS ace EXPORT ace COMPONENT ace
+        FILE_SET HEADERS COMPONENT ace FILE_SET first COMPONENT ace)
 install(EXPORT ace NAMESPACE ace:: FILE ace-config.cmake DESTINATION ${ACE_PACKAGE_DIR}
         COMPONENT ace)
 

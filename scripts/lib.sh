@@ -65,6 +65,14 @@ need_build_tools() {
   [[ -n $(compiler) ]] || missing+=(g++)
 }
 
+need_test_tools() {
+  need_build_tools
+  need_header libgtest-dev gtest/gtest.h
+  need_header libgmock-dev gmock/gmock.h
+  need_header libcli11-dev CLI/CLI.hpp
+  need_header libasio-dev asio.hpp
+}
+
 # Compiler cache: used when it is there, never needed.
 cache=""
 if command -v ccache >/dev/null 2>&1; then
@@ -92,4 +100,27 @@ build() {
   shift
   say "building $preset: $*"
   cmake --build --preset "$preset" -j "$jobs" --target "$@"
+}
+
+# run_tests PRESET [arguments of ctest]: builds what the tests need and runs them. What failed first is
+# printed once more at the end.
+run_tests() {
+  local preset=$1 failed=0
+  shift
+  if (($# == 0)); then
+    build "$preset" all
+  else
+    build "$preset" build.ninja # knows the tests of a changed CMakeLists.txt
+    local tests
+    mapfile -t tests < <(ctest --preset "$preset" -N "$@" | sed -n 's/^ *Test *#[0-9]*: //p')
+    ((${#tests[@]} > 0)) || stop "no test has that name: $*"
+    build "$preset" "${tests[@]/%/_test}"
+  fi
+  say "running the tests"
+  ctest --preset "$preset" -j "$jobs" --no-tests=error "$@" || failed=$?
+  if ((failed != 0)); then
+    awk '/^first failure: /,/^----------$/ { if (/^-----/) exit; print }' \
+      "build/$preset/Testing/Temporary/LastTest.log"
+  fi
+  return "$failed"
 }
