@@ -3,6 +3,7 @@
 #include <vector>
 
 #include <ace/core/actions_engine.h>
+#include <ace/core/module_columns.h>
 
 #include "core/fake_editor.h"
 #include "support/fixture.h"
@@ -227,6 +228,33 @@ TEST_F(Property, ChangeTakesOverWhateverTheOneEditorHolds) {
     engine.Change(true);
     EXPECT_EQ(other.State().TSTests, editor->numbered);
     EXPECT_EQ(state.MainSubranges, editor->numbered);
+}
+
+/// An editor that works on a copy of the lists, like the real one.
+class CopyingEditor : public FakeEditor {
+  public:
+    using FakeEditor::FakeEditor;
+    ModuleLists lists;
+    void GetVKSActions(ModuleLists& to) override {
+        CopyModule(aceVKSTemplate, CopyFor::Store, lists, to);
+    }
+};
+
+TEST_F(Property, AnEditKeepsTheKeyOfAWirelessTestThatCameWhileTheEditorWasOpen) {
+    state.Modul = aceVKSTemplate;
+    engine.AddSubrange(2, L"First");
+    const auto editor = std::make_shared<CopyingEditor>(*host);
+    context.Editor = editor;
+    CopyModule(aceVKSTemplate, CopyFor::Editor, state, editor->lists);
+    engine.AddSubrange(3, L"Second");
+    EXPECT_EQ(editor->loaded, nullptr) << "a new wireless test does not reach the editor";
+    Fill(editor->lists.VKSTests[0], EnterList, {Action(atTestStop)});
+    engine.Change(true);
+    EXPECT_EQ(state.VKSTests[0].EnterCount, 1);
+    EXPECT_EQ(state.VKSTestCount, 1) << "that of the editor";
+    EXPECT_EQ(state.VKSTestUKeys[0], L"First");
+    EXPECT_EQ(state.VKSTestUKeys[1], L"Second");
+    EXPECT_EQ(editor->lists.VKSTestUKeys[1], L"") << "the editor's copy has the spare place alone";
 }
 
 // ---- InitReceiver ------------------------------------------------------------------------------
