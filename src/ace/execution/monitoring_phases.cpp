@@ -27,6 +27,16 @@ constexpr SignalRow SignalTable[] = {
     {atGotoSingle, GotoSingleCode}, {atStopLevSweep, StopLevelSweepCode},
 };
 
+/// The code of a kind; none for the kinds that signal nothing or by rules of their own.
+std::int32_t SignalOf(std::int32_t kind) {
+    for (const SignalRow& row : SignalTable) {
+        if (row.kind == kind) {
+            return row.code;
+        }
+    }
+    return NoCode;
+}
+
 std::int32_t Ranked(ThreadContext& context, std::int32_t signal, std::int32_t code) {
     const Value standing[] = {code};
     return LongOf(context.Utilities().Max(signal, standing));
@@ -45,12 +55,8 @@ std::int32_t CodeAfter(ThreadContext& context, const p_Action& action, std::int3
     if (action.ActionType == atNbBbEtsi) {
         return code < StopLevelSweepCode ? NbBbEtsiCode : code;
     }
-    for (const SignalRow& row : SignalTable) {
-        if (row.kind == action.ActionType) {
-            return Ranked(context, row.code, code);
-        }
-    }
-    return code;
+    const std::int32_t signal = SignalOf(action.ActionType);
+    return signal != NoCode ? Ranked(context, signal, code) : code;
 }
 
 /// Runs a whole list of a channel and ranks what its actions signal. There is no range check: a
@@ -64,17 +70,19 @@ std::int32_t RunChannel(EngineState& state, StringView procedure, const ListFiel
     return Logged(context, EngineLines(procedure), message, [&](const Statements& stmt) {
         const std::int32_t index = stmt([&] { return CheckedDifference(number, 1); });
         const NumberedActions actions(state, state.MoniChannels, index, list);
-        const std::int32_t count = stmt([&] { return actions.Count(); });
         std::int32_t code = NoCode;
-        for (std::int32_t i = 0; i < count; ++i) {
-            stmt([&] { context.Platform().Yield(); });
+        ForEachAction(context, actions, stmt, [&](std::int32_t i) {
             if (stmt([&] { return actions.Run(i, aceMonitoring); })) {
                 code = stmt([&] { return CodeAfter(context, actions[i], code); });
             }
-        }
+            return false;
+        });
         return code;
     });
 }
+
+/// The kinds that end the search of `GetNoGo` with their code.
+constexpr KindSet NoGoKinds(atTestStop, atGotoSingle, atStopLevSweep);
 
 }  // namespace
 
@@ -102,20 +110,14 @@ std::int32_t aceActionsEngine::GetNoGo(std::int32_t Number) {
     const std::int32_t count = actions.Count();
     for (std::int32_t i = 0; i < count; ++i) {
         const p_Action& action = actions[i];
-        switch (action.ActionType) {
-            case atComment:
-                code = Ranked(state->Context, CommentSignal(action), code);
-                break;
-            case atTestStop:
-                return StopTestCode;
-            case atGotoSingle:
-                return GotoSingleCode;
-            case atStopLevSweep:
-                return StopLevelSweepCode;
-            case atNbBbEtsi:
-                return NbBbEtsiCode;
-            default:
-                break;
+        if (NoGoKinds.Has(action.ActionType)) {
+            return SignalOf(action.ActionType);
+        }
+        if (action.ActionType == atNbBbEtsi) {
+            return NbBbEtsiCode;
+        }
+        if (action.ActionType == atComment) {
+            code = Ranked(state->Context, CommentSignal(action), code);
         }
     }
     return code;

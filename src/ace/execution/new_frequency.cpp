@@ -58,16 +58,14 @@ bool CountsForResult(std::int32_t kind, aceModul modul) {
 /// Runs the whole list; the answer is the last result alone.
 [[gnu::noinline]] Boolean RunFrequencyList(EngineState& state, const Statements& stmt,
                                            p_Subrange& set, double frequency) {
-    ThreadContext& context = state.Context;
     const FixedActions actions(state, set, FreqList);
-    const std::int32_t count = actions.Count();
     Boolean result;
-    for (std::int32_t i = 0; i < count; ++i) {
-        stmt([&] { context.Platform().Yield(); });
+    ForEachAction(state.Context, actions, stmt, [&](std::int32_t i) {
         if (stmt([&] { return FrequencyKinds.Has(actions[i].ActionType); })) {
             RunAtFrequency(state, stmt, actions, i, frequency, result);
         }
-    }
+        return false;
+    });
     return result;
 }
 

@@ -85,40 +85,43 @@ struct BareStatements {
     }
 };
 
-/// The loop: for each element, messages run once, `wanted` says whether the element is to run, and
-/// the first true result ends it. How many elements there are is settled at the start. `modul` is
-/// read anew for each element: where it is that of the object, a load from inside a yield changes
-/// it. `stmt` runs each statement: with the retry of an operation that has a handler, or bare.
-template <class Place, class Stmt, class Wanted>
-Boolean Walk(EngineState& state, const Place& place, const aceModul& modul, const Stmt& stmt,
-             Wanted&& wanted) {
-    ThreadContext& context = state.Context;
-    const auto actions = place.In(state);
+/// The one loop: for each element of a list, messages run once and `body` is told its index; true
+/// from `body` ends the loop and is the answer. How many elements there are is settled at the
+/// start. `stmt` runs each statement: with the retry of an operation that has a handler, or bare.
+template <class Actions, class Stmt, class Body>
+[[gnu::always_inline]] inline bool ForEachAction(ThreadContext& context, const Actions& actions,
+                                                 const Stmt& stmt, Body&& body) {
     const std::int32_t count = stmt([&] { return actions.Count(); });
     for (std::int32_t i = 0; i < count; ++i) {
         stmt([&] { context.Platform().Yield(); });
-        const bool run = stmt([&] { return wanted(actions[i]); });
-        if (run && stmt([&] { return actions.Run(i, modul); })) {
+        if (body(i)) {
             return true;
         }
     }
     return false;
 }
 
+/// The elements for which `wanted` is true run, and the first true result ends the walk. `modul` is
+/// read anew for each element: where it is that of the object, a load from inside a yield changes
+/// it.
+template <class Place, class Stmt, class Wanted>
+Boolean Walk(EngineState& state, const Place& place, const aceModul& modul, const Stmt& stmt,
+             Wanted&& wanted) {
+    const auto actions = place.In(state);
+    return ForEachAction(state.Context, actions, stmt, [&](std::int32_t i) -> bool {
+        const bool run = stmt([&] { return wanted(actions[i]); });
+        return run && stmt([&] { return actions.Run(i, modul); });
+    });
+}
+
 /// The plain walk: every element runs. `modul` is the module kind that the actions are told.
 template <class Place, class Stmt = BareStatements>
 Boolean PlainWalk(EngineState& state, const Place& place, const aceModul& modul,
                   const Stmt& stmt = {}) {
-    ThreadContext& context = state.Context;
     const auto actions = place.In(state);
-    const std::int32_t count = stmt([&] { return actions.Count(); });
-    for (std::int32_t i = 0; i < count; ++i) {
-        stmt([&] { context.Platform().Yield(); });
-        if (stmt([&] { return actions.Run(i, modul); })) {
-            return true;
-        }
-    }
-    return false;
+    return ForEachAction(state.Context, actions, stmt, [&](std::int32_t i) -> bool {
+        return stmt([&] { return actions.Run(i, modul); });
+    });
 }
 
 /// Copies the object's replace variables into the record of the kinds that use them; the record in

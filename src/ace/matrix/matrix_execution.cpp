@@ -42,20 +42,17 @@ constexpr bool GivesVerdict(std::int32_t kind) {
 /// The wireless walk, but for the kinds with a verdict: of those the last one stands.
 Boolean RunStep(EngineState& state, std::int32_t index) {
     const NumberedActions actions(state, state.VKSSteps, index, EnterList);
-    const std::int32_t count = actions.Count();
-    for (std::int32_t i = 0; i < count; ++i) {
-        state.Context.Platform().Yield();
+    return ForEachAction(state.Context, actions, BareStatements{}, [&](std::int32_t i) -> bool {
         p_Action& action = actions[i];
         TakeReplaceVariables(state, action);
         const bool givesVerdict = GivesVerdict(action.ActionType);
         const Boolean answer = actions.Run(i, aceVKSTemplate);
         if (givesVerdict) {
             state.VKSResult = !answer;
-        } else if (answer) {
-            return true;
+            return false;
         }
-    }
-    return false;
+        return answer;
+    });
 }
 
 /// A dimension without influence is asked for as a whole; only the test mode stays what it is.
