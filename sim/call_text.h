@@ -1,68 +1,52 @@
-/// Arguments of a host call as the journal shows them.
+/// Arguments of a host call: as they are, and in words for whoever asks.
 #pragma once
 
-#include <type_traits>
-#include <vector>
+#include <array>
+#include <span>
+#include <variant>
 
-#include <ace/core/text.h>
-
-#include "sim/journal.h"
+#include <ace/host/value.h>
 
 namespace ace::sim {
 
-inline String ArgumentText(bool value) {
-    return value ? L"true" : L"false";
-}
-inline String ArgumentText(Boolean value) {
-    return ArgumentText(static_cast<bool>(value));
-}
-inline String ArgumentText(std::int16_t value) {
-    return std::to_wstring(value);
-}
-inline String ArgumentText(std::int32_t value) {
-    return std::to_wstring(value);
-}
-inline String ArgumentText(double value) {
-    return FormatGeneral(value, L'.');
-}
-inline String ArgumentText(StringView value) {
-    return Quoted(value);
-}
-inline String ArgumentText(const String& value) {
-    return Quoted(value);
-}
-inline String ArgumentText(const wchar_t* value) {
-    return Quoted(value);
-}
-/// Texts in quotes, arrays of texts in brackets, nothing as the word.
-String ArgumentText(const Value& value);
-
-/// The arguments of one call: as the journal's text, and each as it is, so that a reader of the
-/// journal has to take no text apart.
-struct CallArguments {
-    CallArguments() = default;
-    CallArguments(String asText) : text(std::move(asText)) {}
-
-    String text;                 ///< separated by ", "
-    std::vector<String> values;  ///< texts without quotes; empty when only the text is known
+/// Words that stand in a journal without quotes.
+struct Words {
+    StringView text;
 };
 
-/// An argument as it is: texts without quotes.
+/// One argument of a host call. Texts, values and lists of values stay where the caller has them,
+/// so an argument is to be looked at only while the call lasts.
+using CallArgument = std::variant<bool, std::int32_t, double, StringView, Words, const Value*,
+                                  std::span<const Value>>;
+using CallArguments = std::span<const CallArgument>;
+
 template <class Argument>
-String PlainText(const Argument& argument) {
-    if constexpr (std::is_convertible_v<const Argument&, StringView>) {
-        return String(StringView(argument));
+CallArgument AsArgument(const Argument& argument) {
+    if constexpr (std::is_same_v<Argument, Value>) {
+        return &argument;
+    } else if constexpr (std::is_same_v<Argument, Boolean>) {
+        return static_cast<bool>(argument);
     } else {
-        return ArgumentText(argument);
+        return argument;
     }
 }
 
+/// The arguments of one call. No word is made and no text copied: the answer serves as
+/// `CallArguments` as long as the arguments live.
 template <class... Arguments>
-CallArguments CallText(const Arguments&... arguments) {
-    CallArguments call;
-    ((call.text += (call.text.empty() ? L"" : L", ") + ArgumentText(arguments)), ...);
-    call.values = {PlainText(arguments)...};
-    return call;
+std::array<CallArgument, sizeof...(Arguments)> CallText(const Arguments&... arguments) {
+    return {AsArgument(arguments)...};
 }
+
+/// An argument as the journal shows it: texts in quotes, arrays in brackets, no value as the word
+/// "nothing".
+String ArgumentText(const CallArgument& argument);
+/// All of them, separated by ", ".
+String ArgumentText(CallArguments arguments);
+/// An argument as it is: texts without quotes.
+String PlainText(const CallArgument& argument);
+
+/// A text as the journal shows it: in quotes, with line ends and other control characters visible.
+String Quoted(StringView text);
 
 }  // namespace ace::sim

@@ -1,25 +1,37 @@
 #include "sim/journal.h"
 
-#include <utility>
+#include <ace/core/text.h>
 
 namespace ace::sim {
+
+JournalEntry::JournalEntry(const HostCall& call)
+    : operation(call.operation),
+      arguments(ArgumentText(call.arguments)),
+      error(call.error),
+      isQuestion(call.isQuestion) {
+    for (const CallArgument& argument : call.arguments) {
+        values.push_back(PlainText(argument));
+    }
+}
 
 String JournalEntry::Line() const {
     String line = operation + L"(" + arguments + L")";
     if (error != 0) {
-        line += L" -> error " + std::to_wstring(error);
+        line += L" -> error " + IntegerText(error);
     }
     return line;
 }
 
-void Journal::Add(JournalEntry entry) {
+void Journal::Add(const HostCall& call) {
     ++x_total;
-    x_entries.push_back(std::move(entry));
-    if (x_bound != 0 && x_entries.size() > x_bound) {
-        x_entries.pop_front();
+    if (x_keeps) {
+        x_entries.emplace_back(call);
+        if (x_bound != 0 && x_entries.size() > x_bound) {
+            x_entries.pop_front();
+        }
     }
     if (x_observer) {
-        x_observer(x_entries.back());
+        x_observer(call);
     }
 }
 
@@ -52,30 +64,6 @@ std::vector<String> Journal::LinesOf(StringView prefix) const {
     return LinesIf([&](const JournalEntry& entry) {
         return StringView(entry.operation).substr(0, prefix.size()) == prefix;
     });
-}
-
-String Quoted(StringView text) {
-    String quoted = L"\"";
-    for (const wchar_t c : text) {
-        switch (c) {
-            case L'\r':
-                quoted += L"\\r";
-                break;
-            case L'\n':
-                quoted += L"\\n";
-                break;
-            case L'\t':
-                quoted += L"\\t";
-                break;
-            default:
-                if (c < L' ' || c == 127) {
-                    quoted += L"\\x" + std::to_wstring(static_cast<int>(c)) + L";";
-                } else {
-                    quoted += c;
-                }
-        }
-    }
-    return quoted + L"\"";
 }
 
 }  // namespace ace::sim

@@ -5,17 +5,27 @@
 #include <functional>
 #include <vector>
 
-#include <ace/host/basic_types.h>
+#include "sim/call_text.h"
 
 namespace ace::sim {
 
-/// One host call.
-struct JournalEntry {
-    String operation;         ///< interface and operation, such as "StatusDisplay.ShowStatus"
-    String arguments;         ///< the arguments as text, separated by ", "; texts stand in quotes
+/// One host call while it lasts. Its words cost something only when they are asked for.
+struct HostCall {
+    StringView operation;  ///< interface and operation, such as "StatusDisplay.ShowStatus"
+    CallArguments arguments{};
     std::int32_t error = 0;   ///< number of the error that the call raised by script; 0 for none
     bool isQuestion = false;  ///< only asks, such as `IsEnabled` or the thread's number
-    std::vector<String> values{};  ///< each argument as it is, where the call told them apart
+};
+
+/// One host call in words.
+struct JournalEntry {
+    explicit JournalEntry(const HostCall& call);
+
+    String operation;
+    String arguments;  ///< the arguments as text, separated by ", "; texts stand in quotes
+    std::int32_t error;
+    bool isQuestion;
+    std::vector<String> values;  ///< each argument as it is
 
     /// "StatusDisplay.ShowStatus("Wait 1.000 s", true, true)", with " -> error 5" after a failure.
     String Line() const;
@@ -24,9 +34,11 @@ struct JournalEntry {
 /// The calls in their order. A bounded journal forgets the oldest entries; its count goes on.
 class Journal {
   public:
-    void Add(JournalEntry entry);
+    void Add(const HostCall& call);
     /// Keeps at most `entries`; 0 keeps all.
     void Bound(std::size_t entries);
+    /// Keeps none from here on, and puts none into words: for a host whose calls are observed.
+    void KeepNone() { x_keeps = false; }
     void Clear() { x_entries.clear(); }
     /// Calls seen since the start, forgotten ones included.
     std::size_t Total() const { return x_total; }
@@ -39,8 +51,8 @@ class Journal {
     /// The lines of the calls whose operation begins with `prefix`.
     std::vector<String> LinesOf(StringView prefix) const;
 
-    /// Is told of every entry as it is added; none to end that.
-    void Observe(std::function<void(const JournalEntry&)> observer) { x_observer = observer; }
+    /// Is told of every call, behind its entry; none to end that.
+    void Observe(std::function<void(const HostCall&)> observer) { x_observer = observer; }
 
   private:
     std::vector<String> LinesIf(const std::function<bool(const JournalEntry&)>& wanted) const;
@@ -48,10 +60,8 @@ class Journal {
     std::deque<JournalEntry> x_entries;
     std::size_t x_bound = 0;
     std::size_t x_total = 0;
-    std::function<void(const JournalEntry&)> x_observer;
+    bool x_keeps = true;
+    std::function<void(const HostCall&)> x_observer;
 };
-
-/// A text as the journal shows it: in quotes, with line ends and other control characters visible.
-String Quoted(StringView text);
 
 }  // namespace ace::sim

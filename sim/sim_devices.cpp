@@ -59,7 +59,7 @@ void SimDevice::Call(StringView operation, const Arguments&... arguments) {
 }
 
 void SimDevice::Enter(StringView operation, CallArguments arguments) const {
-    host.Call(operation, std::move(arguments));
+    host.Call(operation, arguments);
 }
 
 void SimDevice::Refuse(const String& why) const {

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include <ace/core/text.h>
+
 #include "sim/sim_services.h"
 
 namespace ace::sim {
@@ -17,8 +19,7 @@ void SimHost::Call(StringView operation, CallArguments arguments, bool isQuestio
         beforeCall(operation, arguments);
     }
     const std::int32_t error = faults.Next(operation);
-    journal.Add({String(operation), std::move(arguments.text), error, isQuestion,
-                 std::move(arguments.values)});
+    journal.Add({operation, arguments, error, isQuestion});
     if (error != 0) {
         throw RunTimeError(error, L"scripted failure", L"SimHost");
     }
@@ -26,7 +27,7 @@ void SimHost::Call(StringView operation, CallArguments arguments, bool isQuestio
 
 String SimHost::TextOf(std::int32_t number) const {
     const auto found = texts.find(number);
-    return found != texts.end() ? found->second : L"T(" + std::to_wstring(number) + L")";
+    return found != texts.end() ? found->second : L"T(" + IntegerText(number) + L")";
 }
 
 double SimHost::SecondsSinceMidnight() const {

@@ -54,7 +54,7 @@ class SimHost : public IHostFactory {
     /// Runs while a timed message stands.
     std::function<void()> onTimedMessage;
     /// Sees each call before the journal does; an error that it raises is that of the call.
-    std::function<void(StringView operation, const CallArguments& arguments)> beforeCall;
+    std::function<void(StringView operation, CallArguments arguments)> beforeCall;
 
     // ---- time ------------------------------------------------------------------------------
 

@@ -5,6 +5,8 @@
 
 #include <ace/host/user_dialogs.h>
 
+#include "sim/call_text.h"
+
 namespace ace::sim {
 
 namespace {
@@ -140,17 +142,6 @@ float SimOperator::TextHeight(const String& text, float width) const {
         return textHeight(text, width);
     }
     return LineHeight * static_cast<float>(1 + std::count(text.begin(), text.end(), L'\n'));
-}
-
-CallArguments FormArguments(const Form& form) {
-    CallArguments arguments(FormText(form));
-    arguments.values = {form.Name(), form.title};
-    for (const Control* control : form.Controls()) {
-        if (control->visible) {
-            arguments.values.push_back(WordsOf(*control));
-        }
-    }
-    return arguments;
 }
 
 String FormText(const Form& form) {

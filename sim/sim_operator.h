@@ -8,8 +8,6 @@
 
 #include <ace/host/forms.h>
 
-#include "sim/call_text.h"
-
 namespace ace::sim {
 
 /// What the operator does with a form that is shown; false when it can't be done, as with a button
@@ -71,8 +69,5 @@ class SimOperator {
 /// What the operator reads off a form: its name, its title, and each visible
 /// control in tab order with its words and, behind "tip", its tool tip.
 String FormText(const Form& form);
-/// The same for the journal; as they are, the arguments are name, title and the words of each
-/// visible control.
-CallArguments FormArguments(const Form& form);
 
 }  // namespace ace::sim

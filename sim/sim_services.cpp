@@ -1,5 +1,7 @@
 #include "sim/sim_services.h"
 
+#include <ace/core/text.h>
+
 namespace ace::sim {
 
 namespace {
@@ -7,7 +9,7 @@ namespace {
 constexpr bool Question = true;
 
 String Endpoint(const String& host, std::int32_t port) {
-    return host + L":" + std::to_wstring(port);
+    return host + L":" + IntegerText(port);
 }
 
 }  // namespace
@@ -50,11 +52,7 @@ bool SimUtilities::IsSameValue(double a, double b) {
 }
 
 Value SimUtilities::Max(const Value& first, std::span<const Value> further) {
-    String list;
-    for (const Value& value : further) {
-        list += (list.empty() ? L"" : L", ") + ArgumentText(value);
-    }
-    x_host.Call(L"Utilities.Max", CallText(first).text + L", [" + list + L"]");
+    x_host.Call(L"Utilities.Max", CallText(first, further));
     return DefaultUtilities::Max(first, further);
 }
 
@@ -302,7 +300,7 @@ void SimSerialPort::PortOpen(bool open) {
 }
 
 void SimFormHost::ShowModal(Form& form) {
-    x_host.Call(L"FormHost.ShowModal", FormArguments(form));
+    x_host.Call(L"FormHost.ShowModal", CallText(Words{FormText(form)}));
     x_host.user.Answer(form);
 }
 

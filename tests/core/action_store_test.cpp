@@ -313,8 +313,8 @@ TEST_F(EntryTest, HoldThatEndsBeforeTheStatementIsTriedAgainLetsTheEntryBeAdded)
     Have(L"AB", 2);
     host->reportAnswers = {ITraceLog::RetryStatement};
     std::optional<DynArray<p_Subrange>::Hold> hold(list);
-    host->journal.Observe([&](const sim::JournalEntry& entry) {
-        if (entry.operation == L"TraceLog.ReportError") {
+    host->journal.Observe([&](const sim::HostCall& call) {
+        if (call.operation == L"TraceLog.ReportError") {
             hold.reset();
         }
     });

@@ -286,7 +286,7 @@ TEST_F(Property, ReleaseUnloadsTheEditorBeforeItIsGone) {
     const std::weak_ptr<IEditor> editor = OpenEditor();
     bool wasThere = false;
     host->journal.Clear();
-    host->journal.Observe([&](const sim::JournalEntry&) { wasThere = context.Editor != nullptr; });
+    host->journal.Observe([&](const sim::HostCall&) { wasThere = context.Editor != nullptr; });
     engine.Release();
     host->journal.Observe(nullptr);
     EXPECT_THAT(host->journal.Lines(), ElementsAre(L"Editor.Unload()"));

@@ -94,7 +94,7 @@ class FakeEditor : public IEditor {
         store = &lists;
     }
     void Enter(StringView operation, const String& arguments = {}) {
-        x_host.Call(L"Editor." + String(operation), arguments);
+        x_host.Call(L"Editor." + String(operation), sim::CallText(sim::Words{arguments}));
     }
 
     sim::SimHost& x_host;

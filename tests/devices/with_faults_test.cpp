@@ -87,7 +87,7 @@ TEST_F(WithFaultsTest, DevicesFailByNameAndWhatTheyDo) {
     const auto rules = Rules(
         L"device Amp fails at the 2nd switching\ndevice EUT fails at every "
         L"reading, error 8202");
-    host->beforeCall = [&](StringView operation, const sim::CallArguments& arguments) {
+    host->beforeCall = [&](StringView operation, sim::CallArguments arguments) {
         CountDeviceCall(*rules, operation, arguments);
     };
     const auto amplifier = host->bench.Add<sim::SimAmplifier>(*host, L"Amp");

@@ -46,8 +46,8 @@ TEST_F(CheckDevice, ANegativeReadingIsAFailureToo) {
 TEST_F(CheckDevice, ADeviceThatWentOffBehindItsReadingPasses) {
     record.StopTest = record.Notify = record.CommToTable = record.LoadingPos = true;
     Read({3.0});
-    host->journal.Observe([&](const sim::JournalEntry& entry) {
-        if (entry.operation == L"MonitorDevice.ReadChannel") {
+    host->journal.Observe([&](const sim::HostCall& call) {
+        if (call.operation == L"MonitorDevice.ReadChannel") {
             monitor->state = 0;
         }
     });

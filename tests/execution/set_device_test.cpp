@@ -82,8 +82,8 @@ TEST_F(SetDevice, AMonitoringDeviceThatStaysInactiveFailsOnlyBehindItsChannel) {
 TEST_F(SetDevice, AStateOf0BehindTheChannelIsAskedOnceMore) {
     const auto monitor = Add<sim::SimMonitor>(L"EUT");
     std::size_t states = 0;
-    host->journal.Observe([&](const sim::JournalEntry& entry) {
-        if (entry.operation == L"Device.State") {
+    host->journal.Observe([&](const sim::HostCall& call) {
+        if (call.operation == L"Device.State") {
             monitor->state = ++states == 2 ? 0 : 1;
         }
     });

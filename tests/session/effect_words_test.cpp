@@ -7,8 +7,8 @@
 namespace ace::workbench {
 namespace {
 
-String WordsOfCall(const wchar_t* operation, const sim::CallArguments& arguments) {
-    return EffectWords({operation, arguments.text, 0, false, arguments.values});
+String WordsOfCall(const wchar_t* operation, sim::CallArguments arguments) {
+    return EffectWords({operation, arguments});
 }
 
 TEST(EffectWords, EffectsAreToldInPlainWords) {
@@ -33,7 +33,7 @@ TEST(EffectWords, WhatAnotherLineTellsAndWhatHasNoEffectIsSilent) {
     EXPECT_EQ(WordsOfCall(L"StatusDisplay.ShowStatus", CallText(L"", false, false)), L"");
     EXPECT_EQ(WordsOfCall(L"Platform.Yield", {}), L"");
     EXPECT_EQ(WordsOfCall(L"Utilities.IsEqual", CallText(1.0, 2.0)), L"");
-    EXPECT_EQ(EffectWords({L"Platform.ThreadId", L"", 0, true, {}}), L"");
+    EXPECT_EQ(EffectWords({L"Platform.ThreadId", {}, 0, true}), L"");
 }
 
 TEST(EffectWords, WhatSurroundsCommandsAndProgramsIsTold) {

@@ -13,7 +13,7 @@ namespace ace::test {
 /// The line of a host call.
 template <class... Arguments>
 String Called(StringView operation, const Arguments&... arguments) {
-    return String(operation) + L"(" + sim::CallText(arguments...).text + L")";
+    return String(operation) + L"(" + sim::ArgumentText(sim::CallText(arguments...)) + L")";
 }
 /// The same for a call that failed by script.
 inline String Failed(const String& line, std::int32_t error) {

@@ -15,8 +15,6 @@ namespace ace::workbench {
 
 namespace {
 
-/// Entries that the journal keeps; the report follows it as it is written.
-constexpr std::size_t JournalBound = 1000;
 constexpr std::int32_t MostSubranges = 10'000;
 
 SetUpOptions ReadOptions(const RunArguments& arguments) {
@@ -231,7 +229,7 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     ReadBench(arguments, setUp, *host);
     const auto trace = arguments.trace ? std::make_shared<TraceFile>(*arguments.trace) : nullptr;
     host->traceFile = trace;
-    host->journal.Bound(JournalBound);
+    host->journal.KeepNone();  // the report follows the calls as they come
     ConsoleReport report(surroundings.out, surroundings.isTerminal);
     host->isInterrupted = [&] {
         return report.IsLost() || (surroundings.isInterrupted && surroundings.isInterrupted());

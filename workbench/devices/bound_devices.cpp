@@ -3,6 +3,8 @@
 #include <array>
 #include <iterator>
 
+#include <ace/core/text.h>
+
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {

@@ -171,12 +171,12 @@ std::shared_ptr<IApiMacro> WithFaults(Rules rules, std::shared_ptr<IApiMacro> ma
     return Wrap<FaultyMacro>(std::move(rules), std::move(macro));
 }
 
-void CountDeviceCall(FaultRules& rules, StringView operation, const sim::CallArguments& arguments) {
+void CountDeviceCall(FaultRules& rules, StringView operation, sim::CallArguments arguments) {
     bool isDevice = false;
     for (const StringView beginning : DeviceCalls) {
         isDevice = isDevice || operation.starts_with(beginning);
     }
-    if (!isDevice || arguments.values.empty()) {
+    if (!isDevice || arguments.empty()) {
         return;
     }
     FaultAct act = FaultAct::Call;
@@ -185,7 +185,7 @@ void CountDeviceCall(FaultRules& rules, StringView operation, const sim::CallArg
             act = row.act;
         }
     }
-    rules.Count(FaultSubject::Device, arguments.values.front(), act);
+    rules.Count(FaultSubject::Device, sim::PlainText(arguments.front()), act);
 }
 
 }  // namespace ace::workbench

@@ -27,6 +27,6 @@ std::shared_ptr<IApiMacro> WithFaults(std::shared_ptr<FaultRules> rules,
 
 /// Counts a call of a simulated device by the name under which the journal knows it; any other call
 /// is none. The error of a rule comes out.
-void CountDeviceCall(FaultRules& rules, StringView operation, const sim::CallArguments& arguments);
+void CountDeviceCall(FaultRules& rules, StringView operation, sim::CallArguments arguments);
 
 }  // namespace ace::workbench

@@ -10,7 +10,7 @@ BenchHost::BenchHost(Clock clock, TransportChoice choice, std::shared_ptr<FaultR
         Tell(L"failure on purpose: " + rule.text);
     };
     if (!x_faults->IsEmpty()) {
-        beforeCall = [this](StringView operation, const sim::CallArguments& arguments) {
+        beforeCall = [this](StringView operation, sim::CallArguments arguments) {
             CountDeviceCall(*x_faults, operation, arguments);
         };
     }

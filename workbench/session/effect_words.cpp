@@ -1,7 +1,8 @@
 #include "workbench/session/effect_words.h"
 
+#include <algorithm>
+#include <array>
 #include <iterator>
-#include <vector>
 
 #include <ace/core/text.h>
 
@@ -12,52 +13,63 @@ namespace ace::workbench {
 
 namespace {
 
-using Values = std::vector<String>;
+/// The arguments of a call by number, as they are; the empty text behind the last one.
+class Values {
+  public:
+    explicit Values(sim::CallArguments arguments) : x_arguments(arguments) {}
+    std::size_t size() const { return x_arguments.size(); }
+    String operator[](std::size_t index) const {
+        return index < size() ? sim::PlainText(x_arguments[index]) : String();
+    }
+    bool IsTrue(std::size_t index) const {
+        const bool* const value = index < size() ? std::get_if<bool>(&x_arguments[index]) : nullptr;
+        return value != nullptr && *value;
+    }
 
-String ValueAt(const Values& values, std::size_t index) {
-    return index < values.size() ? values[index] : String();
-}
+  private:
+    sim::CallArguments x_arguments;
+};
 
 String Waiting(const Values& values) {
-    return L"wait " + SecondsText(ReadNumber(ValueAt(values, 3)));
+    return L"wait " + SecondsText(ReadNumber(values[3]));
 }
 
 /// Both flags stand for a wait, which has a line of its own; no text clears the status line.
 String Status(const Values& values) {
-    const bool isWait = ValueAt(values, 1) == L"true" && ValueAt(values, 2) == L"true";
-    return isWait || ValueAt(values, 0).empty() ? String()
-                                                : L"status line " + QuotedLine(values[0]);
+    const bool isWait = values.IsTrue(1) && values.IsTrue(2);
+    const String text = isWait ? String() : values[0];
+    return text.empty() ? text : L"status line " + QuotedLine(text);
 }
 
 /// The text that says what the operator waits for; none ends that.
 String Busy(const Values& values) {
-    return ValueAt(values, 0).empty() ? String() : L"busy: " + OneLine(values[0]);
+    const String text = values[0];
+    return text.empty() ? text : L"busy: " + OneLine(text);
 }
 
 /// A question has a line of its own, with its answer.
 String MessageBox(const Values& values) {
     constexpr double QuestionStyle = 4.0;
-    if (ReadNumber(ValueAt(values, 1)) == QuestionStyle) {
+    if (ReadNumber(values[1]) == QuestionStyle) {
         return {};
     }
-    return L"message " + QuotedLine(ValueAt(values, 0));
+    return L"message " + QuotedLine(values[0]);
 }
 
 String AmplifierState(const Values& values) {
     static constexpr StringView States[] = {L"power off", L"power on", L"standby", L"operate",
                                             L"reset"};
-    const auto state = WholeInteger(ValueAt(values, 1));
+    const auto state = WholeInteger(values[1]);
     const bool isKnown = state && *state >= 0 && *state < std::ssize(States);
-    return ValueAt(values, 0) + L": " +
-           (isKnown ? String(States[*state]) : L"state " + ValueAt(values, 1));
+    return values[0] + L": " + (isKnown ? String(States[*state]) : L"state " + values[1]);
 }
 
 String Tuned(const Values& values) {
-    return ValueAt(values, 0) + L": frequency " + FrequencyText(ReadNumber(ValueAt(values, 1)));
+    return values[0] + L": frequency " + FrequencyText(ReadNumber(values[1]));
 }
 
 String Output(const Values& values) {
-    return ValueAt(values, 0) + L": output " + (ValueAt(values, 1) == L"true" ? L"on" : L"off");
+    return values[0] + L": output " + (values.IsTrue(1) ? L"on" : L"off");
 }
 
 /// One operation: the pattern of its words with the arguments as %1 to %9, or a function that makes
@@ -144,22 +156,29 @@ constexpr EffectRow Effects[] = {
     {L"Utilities.InRange"},
 };
 
-String WordsOf(const EffectRow& row, const Values& values) {
-    return row.make != nullptr ? row.make(values) : Filled(row.pattern, values);
+/// By length, then by name: most comparisons end with the length.
+constexpr bool ComesBefore(StringView a, StringView b) {
+    return a.size() != b.size() ? a.size() < b.size() : a < b;
 }
+constexpr auto SortedEffects = [] {
+    auto rows = std::to_array(Effects);
+    std::ranges::sort(rows, ComesBefore, &EffectRow::operation);
+    return rows;
+}();
 
 }  // namespace
 
-String EffectWords(const sim::JournalEntry& entry) {
-    if (entry.isQuestion) {
+String EffectWords(const sim::HostCall& call) {
+    if (call.isQuestion) {
         return {};
     }
-    for (const EffectRow& row : Effects) {
-        if (row.operation == entry.operation) {
-            return WordsOf(row, entry.values);
-        }
+    const auto row =
+        std::ranges::lower_bound(SortedEffects, call.operation, ComesBefore, &EffectRow::operation);
+    if (row == SortedEffects.end() || row->operation != call.operation) {
+        return sim::JournalEntry(call).Line();
     }
-    return entry.Line();
+    const Values values(call.arguments);
+    return row->make != nullptr ? row->make(values) : Filled(row->pattern, values);
 }
 
 }  // namespace ace::workbench

@@ -98,8 +98,8 @@ Outcome Session::Run() {
 /// From here on the host's calls are effects of the test.
 void Session::ListenToHost() {
     x_host->counts = {};
-    x_host->journal.Observe([this](const sim::JournalEntry& entry) {
-        if (const String words = EffectWords(entry); !words.empty()) {
+    x_host->journal.Observe([this](const sim::HostCall& call) {
+        if (const String words = EffectWords(call); !words.empty()) {
             Tell(words);
         }
     });
