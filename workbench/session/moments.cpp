@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include <ace/core/text.h>
+
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {
@@ -105,7 +107,7 @@ const MomentRow& RowOf(MomentCall call) {
 
 String WordsOf(const Moment& moment) {
     return Filled(RowOf(moment.call).words,
-                  std::array{std::to_wstring(moment.number), moment.name, moment.stepKey});
+                  std::array{IntegerText(moment.number), moment.name, moment.stepKey});
 }
 
 const ChannelCode* FindChannelCode(std::int32_t code) {

@@ -12,8 +12,14 @@ namespace {
 
 constexpr StringView Blanks = L" \t";
 
-String TwoDigits(long number) {
-    return (number < 10 ? L"0" : L"") + std::to_wstring(number);
+/// At least so many digits of a number that is not negative.
+String Digits(long long number, std::size_t least = 1) {
+    char buffer[24];
+    const char* const begin = buffer;
+    const char* const end = std::to_chars(buffer, std::end(buffer), number).ptr;
+    const auto count = static_cast<std::size_t>(end - begin);
+    String text(count < least ? least - count : 0, L'0');
+    return text.append(begin, end);
 }
 
 }  // namespace
@@ -27,7 +33,7 @@ StringView Trimmed(StringView text) {
 }
 
 String Counted(std::size_t count, StringView one, StringView many) {
-    return std::to_wstring(count) + L" " + String(count == 1 ? one : many);
+    return Digits(static_cast<long long>(count)) + L" " + String(count == 1 ? one : many);
 }
 
 String SecondsText(double milliseconds) {
@@ -36,12 +42,8 @@ String SecondsText(double milliseconds) {
 
 String TimeText(double milliseconds) {
     const auto whole = static_cast<long long>(std::llround(milliseconds));
-    const auto seconds = static_cast<long>(whole / 1000 % 60);
-    const auto minutes = static_cast<long>(whole / 60'000 % 60);
-    String fraction = std::to_wstring(1000 + whole % 1000);
-    fraction.front() = L'.';
-    return std::to_wstring(whole / 3'600'000) + L":" + TwoDigits(minutes) + L":" +
-           TwoDigits(seconds) + fraction;
+    return Digits(whole / 3'600'000) + L":" + Digits(whole / 60'000 % 60, 2) + L":" +
+           Digits(whole / 1000 % 60, 2) + L"." + Digits(whole % 1000, 3);
 }
 
 String OneLine(StringView text) {
