@@ -91,6 +91,18 @@ void SimDevice::LoadSettings(const std::shared_ptr<ISettingsFile>& file, const S
     settings = file ? file->GetSection(section) : std::vector<String>();
 }
 
+void SimDevice::ReadSettings(std::int32_t mode, const std::shared_ptr<ISettingsFile>& file,
+                             const String& section) {
+    Call(L"Device.ReadSettings", mode, file != nullptr, section);
+    settings = file ? file->GetSection(section) : std::vector<String>();
+}
+
+String SimDevice::SettingsText(const std::shared_ptr<ISettingsFile>& file, const String& section) {
+    Call(L"Device.SettingsText", file != nullptr, section);
+    const std::vector<String> lines = file ? file->GetSection(section) : std::vector<String>();
+    return lines.empty() ? String() : lines.front();
+}
+
 void SimDevice::SaveSettings(ISettingsFile& file, const String& section) const {
     DynArray<String> lines;
     for (std::size_t i = 0; i < settings.size(); ++i) {
@@ -105,6 +117,11 @@ void SimDevice::SaveSettings(ISettingsFile& file, const String& section) const {
 std::shared_ptr<IDevice> SimMonitor::CommonDevice() {
     Call(L"MonitorDevice.CommonDevice");
     return shared_from_this();
+}
+
+std::int32_t SimMonitor::Capabilities() {
+    Call(L"MonitorDevice.Capabilities");
+    return capabilities;
 }
 
 void SimMonitor::SetUseMode(std::int32_t& mode) {
@@ -195,10 +212,15 @@ void SimAmplifier::SetState(IAmplifierState& wanted) {
 
 void SimSwitchUnit::SwitchPath(String& path) {
     Call(L"SwitchUnit.SwitchPath", path);
-    if (!paths.empty() && !paths.contains(path)) {
+    if (!paths.empty() && std::find(paths.begin(), paths.end(), path) == paths.end()) {
         Refuse(L"has no path " + path);
     }
     current = path;
+}
+
+std::vector<String> SimSwitchUnit::Paths() {
+    Call(L"SwitchUnit.Paths");
+    return paths;
 }
 
 std::shared_ptr<IDevice> SimReceiver::CommonDevice() {
@@ -246,6 +268,9 @@ std::vector<DeviceRecord> SimBench::OfClass(const String& classKey) const {
     std::vector<DeviceRecord> records;
     for (const std::shared_ptr<SimDevice>& device : devices) {
         if (KeyOf(device->deviceClass) == classKey) {
+            if (records.empty() && !beginsWithDevice) {
+                records.emplace_back();
+            }
             records.push_back({device->name});
         }
     }

@@ -54,6 +54,10 @@ class SimDevice : public IDevice, public std::enable_shared_from_this<SimDevice>
     void Activate(std::int32_t mode) override;
     std::int32_t State() override;
     void LoadSettings(const std::shared_ptr<ISettingsFile>& file, const String& section) override;
+    void ReadSettings(std::int32_t mode, const std::shared_ptr<ISettingsFile>& file,
+                      const String& section) override;
+    /// The first line of the section.
+    String SettingsText(const std::shared_ptr<ISettingsFile>& file, const String& section) override;
     /// Writes the settings into a section; the caller releases the file.
     void SaveSettings(ISettingsFile& file, const String& section) const;
 
@@ -87,6 +91,7 @@ class SimMonitor : public SimDevice, public IMonitorDevice {
     SimMonitor(SimHost& owner, String deviceName)
         : SimDevice(owner, std::move(deviceName), SimClass::Monitoring) {}
     std::shared_ptr<IDevice> CommonDevice() override;
+    std::int32_t Capabilities() override;
     void SetUseMode(std::int32_t& mode) override;
     void SetChannel(std::int32_t channel, std::int32_t apply) override;
     double ReadChannel(std::int32_t channel) override;
@@ -127,8 +132,9 @@ class SimSwitchUnit : public SimDevice, public ISwitchUnit {
     SimSwitchUnit(SimHost& owner, String deviceName)
         : SimDevice(owner, std::move(deviceName), SimClass::SwitchUnits) {}
     void SwitchPath(String& path) override;
+    std::vector<String> Paths() override;
 
-    std::set<String> paths;  ///< the paths that it has; without any it takes every name
+    std::vector<String> paths;  ///< the paths that it has; without any it takes every name
     String current;
 };
 
@@ -191,6 +197,9 @@ class SimCalTable : public ICalTable {
 struct SimBench {
     std::vector<std::shared_ptr<SimDevice>> devices;  ///< in the order in which they were added
     std::vector<std::shared_ptr<SimCalTable>> tables;
+    /// The entries of a class begin with its first device, as some hosts have it, not with the
+    /// empty one.
+    bool beginsWithDevice = false;
     double frequency = 0.0;  ///< hertz, at which the host measures at present
 
     /// Adds a device or a table of that kind and hands it out.

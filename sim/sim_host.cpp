@@ -4,6 +4,7 @@
 
 #include <ace/core/text.h>
 
+#include "sim/sim_dialogs.h"
 #include "sim/sim_services.h"
 
 namespace ace::sim {
@@ -65,6 +66,10 @@ std::shared_ptr<ISystemServices> SimHost::MakeSystemServices() {
 std::shared_ptr<IDeviceList> SimHost::MakeDeviceList() {
     Call(L"Factory.MakeDeviceList", {}, Question);
     return std::make_shared<SimDeviceList>(*this);
+}
+std::shared_ptr<IDeviceSettingsStore> SimHost::MakeDeviceSettingsStore() {
+    Call(L"Factory.MakeDeviceSettingsStore", {}, Question);
+    return std::make_shared<SimDeviceSettingsStore>(*this);
 }
 std::shared_ptr<IGpibDriver> SimHost::MakeGpibDriver() {
     Call(L"Factory.MakeGpibDriver", {}, Question);

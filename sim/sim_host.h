@@ -27,7 +27,7 @@ class SimHost : public IHostFactory {
   public:
     Journal journal;
     FaultScript faults;
-    SimOperator user;  ///< who answers the forms
+    SimOperator user;  ///< who answers forms, boxes and menus
 
     // ---- what the host knows ---------------------------------------------------------------
 
@@ -83,6 +83,7 @@ class SimHost : public IHostFactory {
     std::shared_ptr<IUtilities> MakeUtilities() override;
     std::shared_ptr<ISystemServices> MakeSystemServices() override;
     std::shared_ptr<IDeviceList> MakeDeviceList() override;
+    std::shared_ptr<IDeviceSettingsStore> MakeDeviceSettingsStore() override;
     std::shared_ptr<IGpibDriver> MakeGpibDriver() override;
     std::shared_ptr<IStatusDisplay> MakeStatusDisplay() override;
     std::shared_ptr<IPlatform> MakePlatform() override;

@@ -54,10 +54,4 @@ void SimApiMacro::WaitFinished() {
     }
 }
 
-std::int32_t SimUserDialogs::ShowMessageBox(const String& text, std::int32_t style,
-                                            const String& title) {
-    x_host.Call(L"UserDialogs.ShowMessageBox", CallText(text, style, title));
-    return (style & YesNo) != 0 ? x_host.user.AnswerBox(text) : AnswerOk;
-}
-
 }  // namespace ace::sim

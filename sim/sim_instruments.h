@@ -8,7 +8,6 @@
 #include <vector>
 
 #include <ace/host/api_macro.h>
-#include <ace/host/user_dialogs.h>
 
 namespace ace::sim {
 
@@ -61,16 +60,6 @@ class SimApiMacro : public IApiMacro {
 
     SimHost& x_host;
     String x_program;
-};
-
-class SimUserDialogs : public IUserDialogs {
-  public:
-    explicit SimUserDialogs(SimHost& host) : x_host(host) {}
-    std::int32_t ShowMessageBox(const String& text, std::int32_t style,
-                                const String& title) override;
-
-  private:
-    SimHost& x_host;
 };
 
 }  // namespace ace::sim

@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include <ace/host/user_dialogs.h>
-
 #include "sim/call_text.h"
+#include "sim/form_view.h"
 
 namespace ace::sim {
 
@@ -13,78 +12,12 @@ namespace {
 
 constexpr float LineHeight = 195.0F;
 
-template <class Act>
-FormAct OnControl(String name, Act act) {
-    return [name = std::move(name), act = std::move(act)](Form& form) {
-        Control* control = form.Find(name);
-        if (control == nullptr || !control->IsUsable()) {
-            return false;
-        }
-        form.SetFocus(*control);
-        act(*control);
-        return true;
-    };
-}
-
-/// The words that stand on a control.
-String WordsOf(const Control& control) {
-    switch (control.Kind()) {
-        case ControlKind::TextBox:
-            return control.text;
-        case ControlKind::DropDown:
-            return control.listIndex < 0
-                       ? String()
-                       : control.list[static_cast<std::size_t>(control.listIndex)];
-        default:
-            return control.caption;
-    }
-}
-
-String ControlText(const Control& control) {
-    String text = control.Name();
-    if (control.Kind() != ControlKind::Picture) {
-        text += L" " + Quoted(WordsOf(control));
-    }
-    if (control.Kind() == ControlKind::CheckBox) {
-        text += control.ticked ? L" ticked" : L" unticked";
-    }
-    if (!control.toolTip.empty()) {
-        text += L" tip " + Quoted(control.toolTip);
-    }
-    return control.enabled ? text : text + L" disabled";
-}
-
 bool Shows(const Form& form, const String& name, const String& words) {
     const Control* control = form.Find(name);
-    return control != nullptr && control->visible && WordsOf(*control) == words;
+    return control != nullptr && control->IsShown() && WordsOf(*control) == words;
 }
 
 }  // namespace
-
-FormAct Press(String control) {
-    return OnControl(std::move(control), [](Control& c) { c.Click(); });
-}
-FormAct Choose(String control, std::int32_t index) {
-    return OnControl(std::move(control), [index](Control& c) { c.Choose(index); });
-}
-FormAct Type(String control, String text) {
-    return OnControl(std::move(control), [text = std::move(text)](Control& c) { c.Type(text); });
-}
-FormAct Tick(String control, bool ticked) {
-    return OnControl(std::move(control), [ticked](Control& c) { c.Tick(ticked); });
-}
-FormAct PressKey(std::int32_t key) {
-    return Do([key](Form& form) { form.PressKey(key); });
-}
-FormAct CloseFrame() {
-    return Do([](Form& form) { form.CloseByFrame(); });
-}
-FormAct Do(std::function<void(Form&)> act) {
-    return [act = std::move(act)](Form& form) {
-        act(form);
-        return true;
-    };
-}
 
 void SimOperator::Answer(Form& form) {
     if (x_answers.empty() || x_answers.front().form != form.Name()) {
@@ -122,19 +55,83 @@ std::vector<String> SimOperator::TakeComplaints() {
     for (const FormAnswer& answer : std::exchange(x_answers, {})) {
         complaints.push_back(L"never shown: " + answer.form);
     }
-    complaints.insert(complaints.end(), std::exchange(x_boxAnswers, {}).size(),
-                      L"never asked: a question in a message box");
+    for (const BoxAnswer& answer : std::exchange(x_boxAnswers, {})) {
+        complaints.push_back(L"never shown: " + String(NameOf(answer.kind)));
+    }
     return complaints;
 }
 
-std::int32_t SimOperator::AnswerBox(const String& text) {
-    if (x_boxAnswers.empty()) {
-        x_complaints.push_back(L"unexpected question: " + text);
-        return IUserDialogs::AnswerNo;
+// ---- boxes and menus ---------------------------------------------------------------------------
+
+void SimOperator::ExpectBox(std::optional<String> text) {
+    x_boxAnswers.push_back({BoxKind::Plain, false, std::move(text)});
+}
+void SimOperator::ExpectQuestion(bool yes) {
+    x_boxAnswers.push_back({BoxKind::Question, yes});
+}
+void SimOperator::ExpectFile(std::optional<String> file) {
+    x_boxAnswers.push_back({BoxKind::File, false, std::move(file)});
+}
+void SimOperator::ExpectMenu(std::optional<String> caption) {
+    x_boxAnswers.push_back({BoxKind::Menu, false, std::move(caption)});
+}
+void SimOperator::ExpectSettings(std::optional<String> text) {
+    x_boxAnswers.push_back({BoxKind::Settings, false, std::move(text)});
+}
+
+StringView SimOperator::NameOf(BoxKind kind) {
+    constexpr StringView words[] = {L"message box", L"question", L"file dialog", L"menu",
+                                    L"settings dialog"};
+    return words[static_cast<std::size_t>(kind)];
+}
+
+std::optional<SimOperator::BoxAnswer> SimOperator::TakeBox(BoxKind kind, const String& what) {
+    if (x_boxAnswers.empty() || x_boxAnswers.front().kind != kind) {
+        x_complaints.push_back(L"unexpected " + String(NameOf(kind)) + L": " + what);
+        return std::nullopt;
     }
-    const bool yes = x_boxAnswers.front();
+    BoxAnswer answer = std::move(x_boxAnswers.front());
     x_boxAnswers.pop_front();
-    return yes ? IUserDialogs::AnswerYes : IUserDialogs::AnswerNo;
+    return answer;
+}
+
+std::int32_t SimOperator::AnswerBox(const String& text, std::int32_t style) {
+    if ((style & IUserDialogs::YesNo) != 0) {
+        const auto answer = TakeBox(BoxKind::Question, text);
+        return answer && answer->yes ? IUserDialogs::AnswerYes : IUserDialogs::AnswerNo;
+    }
+    const auto answer = TakeBox(BoxKind::Plain, text);
+    if (answer && answer->words && *answer->words != text) {
+        x_complaints.push_back(L"the message box does not read " + Quoted(*answer->words) + L": " +
+                               text);
+    }
+    return IUserDialogs::AnswerOk;
+}
+
+std::optional<String> SimOperator::AnswerFile(const FileQuestion& question) {
+    const auto answer = TakeBox(BoxKind::File, question.filter);
+    return answer ? answer->words : std::nullopt;
+}
+
+std::optional<std::size_t> SimOperator::AnswerMenu(const std::vector<MenuItem>& items) {
+    const auto answer = TakeBox(BoxKind::Menu, MenuText(items));
+    if (!answer || !answer->words) {
+        return std::nullopt;
+    }
+    const auto chosen = std::ranges::find(items, *answer->words, &MenuItem::caption);
+    if (chosen == items.end()) {
+        x_complaints.push_back(L"the menu does not offer " + Quoted(*answer->words) + L": " +
+                               MenuText(items));
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(chosen - items.begin());
+}
+
+void SimOperator::AnswerSettings(String& text) {
+    const auto answer = TakeBox(BoxKind::Settings, text);
+    if (answer && answer->words) {
+        text = *answer->words;
+    }
 }
 
 float SimOperator::TextHeight(const String& text, float width) const {
@@ -142,16 +139,6 @@ float SimOperator::TextHeight(const String& text, float width) const {
         return textHeight(text, width);
     }
     return LineHeight * static_cast<float>(1 + std::count(text.begin(), text.end(), L'\n'));
-}
-
-String FormText(const Form& form) {
-    String text = Quoted(form.Name()) + L", " + Quoted(form.title);
-    for (const Control* control : form.Controls()) {
-        if (control->visible) {
-            text += L", " + ControlText(*control);
-        }
-    }
-    return text;
 }
 
 }  // namespace ace::sim

@@ -1,52 +1,51 @@
-/// The operator of a simulated host: answers forms by a script.
+/// The operator of a simulated host: answers forms, boxes and menus by a script.
 #pragma once
 
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <vector>
 
-#include <ace/host/forms.h>
+#include <ace/host/user_dialogs.h>
+
+#include "sim/form_acts.h"
 
 namespace ace::sim {
-
-/// What the operator does with a form that is shown; false when it can't be done, as with a button
-/// that is hidden.
-using FormAct = std::function<bool(Form&)>;
-
-/// A click, a choice, a typed text and a tick on the control of that name, which gets the focus
-/// first.
-FormAct Press(String control);
-FormAct Choose(String control, std::int32_t index);
-FormAct Type(String control, String text);
-FormAct Tick(String control, bool ticked);
-/// A key, whatever has the focus.
-FormAct PressKey(std::int32_t key);
-/// Closing the window by its frame.
-FormAct CloseFrame();
-/// Anything else that happens while the form is shown, such as calls of the host.
-FormAct Do(std::function<void(Form&)> act);
 
 /// One form that is expected. Its acts are to end with it hidden.
 struct FormAnswer {
     String form;                     ///< its name, such as "frmComment"
     std::vector<FormAct> acts;       ///< in order, until the form is hidden
-    std::map<String, String> shows;  ///< words of visible controls by name; the others are free
+    std::map<String, String> shows;  ///< words of controls that show, by name; the others are free
 };
 
 /// Answers each form with the next answer of the script. An unexpected form, other words than
 /// expected, an act that can't be done, a form that is left open and an answer that is never used
-/// are complaints, which the test looks at in the end.
+/// are complaints, which the test looks at in the end. Boxes, file dialogs, menus and settings
+/// dialogs have a script of their own, in one order among themselves.
 class SimOperator {
   public:
     void Expect(FormAnswer answer) { x_answers.push_back(std::move(answer)); }
     void Expect(String form, FormAct act) { Expect({std::move(form), {std::move(act)}, {}}); }
 
-    /// The next message box with the buttons Yes and No gets this answer.
-    void ExpectQuestion(bool yes) { x_boxAnswers.push_back(yes); }
-    /// Number of the button by which a question in a message box is answered; one that nobody
-    /// expected is a complaint and gets a No.
-    std::int32_t AnswerBox(const String& text);
+    /// A message box with the one button OK, with this text if one is given.
+    void ExpectBox(std::optional<String> text = {});
+    /// A message box with the buttons Yes and No.
+    void ExpectQuestion(bool yes);
+    /// A file dialog: the file that is chosen, or none when it is cancelled.
+    void ExpectFile(std::optional<String> file);
+    /// A popup menu: the caption of the item that is chosen, or none.
+    void ExpectMenu(std::optional<String> caption);
+    /// A dialog of a device's settings: the text of its outcome, or none when it is cancelled.
+    void ExpectSettings(std::optional<String> text);
+
+    /// Number of the button by which a box is answered; a question that nobody expected gets a No.
+    std::int32_t AnswerBox(const String& text, std::int32_t style);
+    /// One that nobody expected is cancelled, like the next two.
+    std::optional<String> AnswerFile(const FileQuestion& question);
+    std::optional<std::size_t> AnswerMenu(const std::vector<MenuItem>& items);
+    void AnswerSettings(String& text);
 
     /// Answers a form that has just been shown, and leaves it hidden. An unexpected one is closed
     /// by its frame, and the script waits for the next.
@@ -59,15 +58,21 @@ class SimOperator {
     float TextHeight(const String& text, float width) const;
 
   private:
+    enum class BoxKind { Plain, Question, File, Menu, Settings };
+    struct BoxAnswer {
+        BoxKind kind;
+        bool yes = false;
+        std::optional<String> words = {};
+    };
+
+    /// The next answer if it is of that kind; `what` is shown otherwise, to nobody's expectation.
+    std::optional<BoxAnswer> TakeBox(BoxKind kind, const String& what);
+    static StringView NameOf(BoxKind kind);
     void Close(Form& form) const;
 
     std::deque<FormAnswer> x_answers;
-    std::deque<bool> x_boxAnswers;
+    std::deque<BoxAnswer> x_boxAnswers;
     std::vector<String> x_complaints;
 };
-
-/// What the operator reads off a form: its name, its title, and each visible
-/// control in tab order with its words and, behind "tip", its tool tip.
-String FormText(const Form& form);
 
 }  // namespace ace::sim

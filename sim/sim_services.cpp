@@ -299,18 +299,4 @@ void SimSerialPort::PortOpen(bool open) {
     x_host.serialPortOpen = open && !x_host.instruments.brokenPorts.contains(x_number);
 }
 
-void SimFormHost::ShowModal(Form& form) {
-    x_host.Call(L"FormHost.ShowModal", CallText(Words{FormText(form)}));
-    x_host.user.Answer(form);
-}
-
-void SimFormHost::Hide(Form& form) {
-    x_host.Call(L"FormHost.Hide", CallText(form.Name()));
-}
-
-float SimFormHost::TextHeight(const String& text, float width) {
-    x_host.Call(L"FormHost.TextHeight", CallText(text, static_cast<double>(width)), Question);
-    return x_host.user.TextHeight(text, width);
-}
-
 }  // namespace ace::sim

@@ -144,16 +144,4 @@ class SimSerialPort : public ISerialPort {
     std::int16_t x_number = 1;
 };
 
-/// The screen: the operator of the host answers what is shown.
-class SimFormHost : public IFormHost {
-  public:
-    explicit SimFormHost(SimHost& host) : x_host(host) {}
-    void ShowModal(Form& form) override;
-    void Hide(Form& form) override;
-    float TextHeight(const String& text, float width) override;
-
-  private:
-    SimHost& x_host;
-};
-
 }  // namespace ace::sim

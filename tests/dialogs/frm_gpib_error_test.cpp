@@ -25,7 +25,7 @@ class FrmGpibError : public HostTest {
         Shown shown;
         const auto look = [&](Form& form) {
             shown.heading = form.Find(L"lblMessage")->caption;
-            shown.details = form.Find(L"txtError")->text;
+            shown.details = form.Find<TextBox>(L"txtError")->text;
             shown.ignoreAllVisible = form.Find(L"cmdIgnoreAll")->visible;
         };
         host->user.Expect({L"frmGpibError", {sim::Do(look), std::move(act)}, {}});

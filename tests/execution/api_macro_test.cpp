@@ -138,6 +138,7 @@ TEST_F(RunApiMacro, AMacroThatDoesNotLoadFailsInSilence) {
 TEST_F(RunApiMacro, AMacroThatDoesNotStartShowsTheRunnersText) {
     host->macros[L"log.mac"].starts = false;
     host->macros[L"log.mac"].errorText = L"no licence";
+    host->user.ExpectBox(L"no licence");
     EXPECT_FALSE(Run());
     EXPECT_THAT(
         TakeCalls(),
@@ -147,6 +148,7 @@ TEST_F(RunApiMacro, AMacroThatDoesNotStartShowsTheRunnersText) {
 
 TEST_F(RunApiMacro, AMacroThatFailsIsNamedInAMessage) {
     host->macros[L"log.mac"].results = {false, false};
+    host->user.ExpectBox(L"T(9183) [log.mac]");
     EXPECT_FALSE(Run());
     EXPECT_THAT(TakeCalls(),
                 ElementsAre(Load, Running, Execute, Finished, Result, Result,
@@ -156,6 +158,7 @@ TEST_F(RunApiMacro, AMacroThatFailsIsNamedInAMessage) {
 
 TEST_F(RunApiMacro, TheFirstAnswerIsTheResultAndTheSecondOnlyDecidesTheMessage) {
     host->macros[L"log.mac"].results = {true, false};
+    host->user.ExpectBox(L"T(9183) [log.mac]");
     EXPECT_TRUE(Run());
     EXPECT_EQ(host->journal.LinesOf(L"UserDialogs").size(), 1U);
     host->macros[L"log.mac"].results = {false, true};
@@ -194,6 +197,7 @@ TEST_F(RunApiMacro, StopAllActionsBreaksOffTheMacroThatRuns) {
     aceActionsEngine engine(context);
     host->macros[L"log.mac"].whileRunning = [&] { engine.StopAllActions(); };
     host->macros[L"log.mac"].results = {false, false};
+    host->user.ExpectBox(L"T(9183) [log.mac]");
     host->journal.Clear();
     EXPECT_FALSE(Run());
     EXPECT_THAT(

@@ -187,6 +187,7 @@ TEST_F(RemoteMoments, AMacroThatIsBrokenOffStopsTheWalk) {
     Fill(State().MainTest, LeaveList, {Macro(L"x"), Bus(5)});
     host->macros[L"log.mac"].whileRunning = [&] { engine->StopAllActions(); };
     host->macros[L"log.mac"].results = {false, false};
+    host->user.ExpectBox(L"T(9183) [log.mac]");
     EXPECT_TRUE(engine->StopTest());
     EXPECT_EQ(TakeCalls(),
               Lines({Yielded, L"ApiMacro.Load(\"log.mac\", [\"x\"], nothing)",

@@ -233,6 +233,13 @@ struct Done {
     std::vector<String> complaints;
 };
 
+/// A message box comes only when nothing fails up to it.
+bool ReachesBox(const Row& row, std::size_t k) {
+    const auto box = std::ranges::find(row.steps, Box, &Step::call);
+    const auto at = static_cast<std::size_t>(box - row.steps.begin()) + 1;
+    return box != row.steps.end() && (k == 0 || k > at);
+}
+
 /// Runs the row's action; call `k` from 1 fails once, 0 for none.
 Done RunOnce(const Row& row, std::size_t k, const Answer* answer, bool isSilenced = false) {
     SweepRig rig;
@@ -240,6 +247,9 @@ Done RunOnce(const Row& row, std::size_t k, const Answer* answer, bool isSilence
     row.prepare(rig);
     if (k > 0) {
         rig.host->faults.FailCall(k + 1, SweepError);
+    }
+    if (ReachesBox(row, k)) {
+        rig.host->user.ExpectBox(L"T(9183) [log.mac]");
     }
     if (answer != nullptr) {
         rig.host->user.Expect(L"frmGpibError", sim::Press(answer->button));

@@ -50,12 +50,20 @@ class FalseReceiver : public sim::SimDevice {
         : SimDevice(owner, std::move(deviceName), sim::SimClass::Receivers) {}
 };
 
-TEST_F(ProtectReceivers, RecordsWithoutADeviceAndDevicesThatAreNoReceiversAreSkipped) {
+TEST_F(ProtectReceivers, EntriesWithoutANameAreNotAskedForAndDevicesThatAreNoReceiversAreSkipped) {
     Add<FalseReceiver>(L"");
     Add<FalseReceiver>(L"Lamp");
     Add<sim::SimReceiver>(L"Rx");
     Protect();
-    EXPECT_EQ(TakeCalls(), Journal(ReceiversAsked, Found(L""), Found(L"Lamp"), Protected(L"Rx")));
+    EXPECT_EQ(TakeCalls(), Journal(ReceiversAsked, Found(L"Lamp"), Protected(L"Rx")));
+}
+
+TEST_F(ProtectReceivers, AListThatBeginsWithItsFirstDeviceIsServedAsWell) {
+    host->bench.beginsWithDevice = true;
+    Add<sim::SimReceiver>(L"Rx1");
+    Add<sim::SimReceiver>(L"Rx2");
+    Protect();
+    EXPECT_EQ(TakeCalls(), Journal(ReceiversAsked, Protected(L"Rx1"), Protected(L"Rx2")));
 }
 
 TEST_F(ProtectReceivers, AFailingReceiverEndsTheWalkInSilenceWithTheTraceLine) {

@@ -20,7 +20,7 @@ class SampleForm : public Form {
 
     TextBox txtName{*this, L"txtName"};
     CheckBox chkBeep{*this, L"chkBeep", {.caption = L"Beep", .captionNumber = 101}};
-    DropDown cboPort{*this, L"cboPort", {.list = {L"COM1", L"COM2"}}};
+    DropDown cboPort{*this, L"cboPort", {}, {L"COM1", L"COM2"}};
     Button cmdOK{*this, L"cmdOK", {.caption = L"&OK", .captionNumber = 6, .toolTipNumber = 102}};
 
     std::vector<String> seen;

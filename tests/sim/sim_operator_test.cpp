@@ -1,5 +1,6 @@
 #include "sim/sim_operator.h"
 
+#include "sim/form_view.h"
 #include "support/fixture.h"
 
 namespace ace::test {
@@ -19,9 +20,9 @@ class Sample : public Form {
         txtName.onLeave = [this] { left = true; };
     }
     Label lblText{*this, L"lblText", {.caption = L"Hello"}};
-    TextBox txtName{*this, L"txtName", {.toolTip = L"who", .text = L"a\r\nb"}};
+    TextBox txtName{*this, L"txtName", {.toolTip = L"who"}, L"a\r\nb"};
     CheckBox chkBeep{*this, L"chkBeep", {.caption = L"Beep", .enabled = false}};
-    DropDown cboPort{*this, L"cboPort", {.list = {L"COM1", L"COM2"}}};
+    DropDown cboPort{*this, L"cboPort", {}, {L"COM1", L"COM2"}};
     Picture imgStop{*this, L"imgStop"};
     Button cmdOK{*this, L"cmdOK", {.caption = L"OK"}};
     bool pressed = false;
@@ -138,6 +139,216 @@ TEST_F(SimOperatorTest, ATextIs195TwipsALineUnlessTheTestSaysOtherwise) {
     EXPECT_EQ(host->user.TextHeight(L"a\r\nb\nc", 100.0F), 585.0F);
     host->user.textHeight = [](const String&, float width) { return width / 4; };
     EXPECT_EQ(host->user.TextHeight(L"a", 100.0F), 25.0F);
+}
+
+// ---- what can't be reached ---------------------------------------------------------------------
+
+/// A form with panes; `reached` counts what its handlers saw.
+class Panes : public Form {
+  public:
+    Panes() : Form(L"Panes", 0, 1000.0F, 1000.0F) {
+        const auto reach = [this] { ++reached; };
+        txtName.onChange = reach;
+        txtTime.onChange = txtTime.onEndInput = reach;
+        chkBeep.onClick = cboPort.onClick = optMode.onClick = imgDevice.onClick = reach;
+        filFile.onChange = reach;
+        tabPages.onSelect = [this](std::int32_t) { ++reached; };
+        txtName.onDrop = [this](const std::vector<String>&) { ++reached; };
+    }
+    Frame fraPane{*this, L"fraPane"};
+    TextBox txtName{fraPane, L"txtName"};
+    ValueBox txtTime{fraPane, L"txtTime"};
+    CheckBox chkBeep{fraPane, L"chkBeep"};
+    DropDown cboPort{fraPane, L"cboPort", {}, {L"COM1", L"COM2"}};
+    OptionGroup optMode{fraPane, L"optMode", {}, {{L"A"}, {L"B"}}};
+    FileBox filFile{fraPane, L"filFile"};
+    TabStrip tabPages{fraPane, L"tabPages", {}, {{L"1"}, {L"2"}, {L"3", false}}};
+    Picture imgDevice{fraPane, L"imgDevice"};
+    Label lblText{fraPane, L"lblText"};
+    int reached = 0;
+};
+
+const std::vector<sim::FormAct> EveryAct = {sim::Type(L"txtName", L"a"),
+                                            sim::Insert(L"txtName", L"b"),
+                                            sim::DropFiles(L"txtName", {L"c"}),
+                                            sim::Type(L"txtTime", L"1"),
+                                            sim::EndInput(L"txtTime"),
+                                            sim::Tick(L"chkBeep", true),
+                                            sim::Choose(L"cboPort", 1),
+                                            sim::Choose(L"optMode", 1),
+                                            sim::ChooseFile(L"filFile", L"d"),
+                                            sim::Choose(L"tabPages", 1),
+                                            Press(L"imgDevice"),
+                                            sim::PressMouse(L"imgDevice", MouseButtons::Left)};
+
+TEST_F(SimOperatorTest, EveryActReachesAControlThatShows) {
+    Panes panes;
+    for (const sim::FormAct& act : EveryAct) {
+        EXPECT_TRUE(act(panes));
+    }
+    EXPECT_EQ(panes.reached, 12);
+}
+
+TEST_F(SimOperatorTest, NoActReachesAControlInAHiddenOrDisabledFrame) {
+    Panes panes;
+    panes.fraPane.visible = false;
+    for (const sim::FormAct& act : EveryAct) {
+        EXPECT_FALSE(act(panes));
+    }
+    panes.fraPane.visible = true;
+    panes.fraPane.enabled = false;
+    for (const sim::FormAct& act : EveryAct) {
+        EXPECT_FALSE(act(panes));
+    }
+    EXPECT_EQ(panes.reached, 0);
+    EXPECT_EQ(panes.Focus(), nullptr);
+}
+
+TEST_F(SimOperatorTest, AnActOnAnotherKindOfControlCannotBeDone) {
+    Panes panes;
+    for (const sim::FormAct& act :
+         {sim::Type(L"lblText", L"a"), sim::Type(L"cboPort", L"COM9"), Press(L"lblText"),
+          Press(L"txtName"), sim::Tick(L"optMode", true), sim::Choose(L"txtName", 0),
+          sim::EndInput(L"txtName"), sim::Insert(L"txtTime", L"1"), sim::PressMouse(L"chkBeep", 1),
+          sim::DropFiles(L"txtTime", {L"a"}), sim::ChooseFile(L"txtName", L"a")}) {
+        EXPECT_FALSE(act(panes));
+    }
+    EXPECT_EQ(panes.reached, 0);
+}
+
+TEST_F(SimOperatorTest, WhatIsNotOfferedCannotBeChosen) {
+    Panes panes;
+    for (const sim::FormAct& act :
+         {sim::Choose(L"cboPort", 2), sim::Choose(L"cboPort", -1), sim::Choose(L"optMode", 2),
+          sim::Choose(L"tabPages", 2), sim::Choose(L"tabPages", 3), sim::Tick(L"chkBeep", false)}) {
+        EXPECT_FALSE(act(panes));
+    }
+    EXPECT_EQ(panes.reached, 0);
+}
+
+TEST_F(SimOperatorTest, APressOnAPictureAndADropLeaveTheFocusWhereItIs) {
+    Panes panes;
+    panes.SetFocus(panes.txtTime);
+    EXPECT_TRUE(Press(L"imgDevice")(panes));
+    EXPECT_TRUE(sim::DropFiles(L"txtName", {L"a"})(panes));
+    EXPECT_EQ(panes.Focus(), &panes.txtTime);
+}
+
+TEST_F(SimOperatorTest, AControlThatTheLeavingOfAnotherHidesCannotBeActedOn) {
+    Panes panes;
+    panes.SetFocus(panes.txtTime);
+    panes.txtTime.Type(L"0");
+    panes.txtTime.onEndInput = [&] { panes.chkBeep.visible = false; };
+    EXPECT_FALSE(sim::Tick(L"chkBeep", true)(panes));
+    EXPECT_FALSE(panes.chkBeep.ticked);
+}
+
+// ---- boxes, file dialogs, menus ----------------------------------------------------------------
+
+class SimBoxes : public SimOperatorTest {
+  protected:
+    IUserDialogs& boxes = context.UserDialogs();
+    std::int32_t Box(const String& text, std::int32_t style = IUserDialogs::Exclamation) {
+        return boxes.ShowMessageBox(text, style, L"t");
+    }
+};
+
+TEST_F(SimBoxes, AQuestionTakesTheExpectedAnswerAndAnUnexpectedOneIsAComplaintAndANo) {
+    host->user.ExpectQuestion(true);
+    host->user.ExpectQuestion(false);
+    EXPECT_EQ(Box(L"one", IUserDialogs::YesNo), IUserDialogs::AnswerYes);
+    EXPECT_EQ(Box(L"two", IUserDialogs::YesNo), IUserDialogs::AnswerNo);
+    EXPECT_THAT(Complaints(), IsEmpty());
+    EXPECT_EQ(Box(L"three", IUserDialogs::YesNo | IUserDialogs::Question), IUserDialogs::AnswerNo);
+    EXPECT_THAT(Complaints(), ElementsAre(L"unexpected question: three"));
+}
+
+TEST_F(SimBoxes, APlainBoxThatNobodyExpectedIsAComplaint) {
+    host->user.ExpectBox();
+    host->user.ExpectBox(L"two");
+    EXPECT_EQ(Box(L"one"), IUserDialogs::AnswerOk);
+    EXPECT_EQ(Box(L"two"), IUserDialogs::AnswerOk);
+    EXPECT_THAT(Complaints(), IsEmpty());
+    EXPECT_EQ(Box(L"three"), IUserDialogs::AnswerOk);
+    EXPECT_THAT(Complaints(), ElementsAre(L"unexpected message box: three"));
+}
+
+TEST_F(SimBoxes, APlainBoxWithOtherWordsIsAComplaint) {
+    host->user.ExpectBox(L"saved");
+    Box(L"lost");
+    EXPECT_THAT(Complaints(), ElementsAre(L"the message box does not read \"saved\": lost"));
+}
+
+TEST_F(SimBoxes, AnotherKindThanTheNextIsUnexpectedAndTheAnswerWaitsOn) {
+    host->user.ExpectQuestion(true);
+    Box(L"told");
+    EXPECT_EQ(Box(L"asked", IUserDialogs::YesNo), IUserDialogs::AnswerYes);
+    EXPECT_THAT(Complaints(), ElementsAre(L"unexpected message box: told"));
+}
+
+TEST_F(SimBoxes, WhatIsNeverShownIsAComplaint) {
+    host->user.ExpectBox();
+    host->user.ExpectQuestion(true);
+    host->user.ExpectFile(L"a");
+    host->user.ExpectMenu({});
+    host->user.ExpectSettings({});
+    EXPECT_THAT(Complaints(), ElementsAre(L"never shown: message box", L"never shown: question",
+                                          L"never shown: file dialog", L"never shown: menu",
+                                          L"never shown: settings dialog"));
+    EXPECT_THAT(Complaints(), IsEmpty());
+}
+
+TEST_F(SimBoxes, AFileDialogIsAnsweredOrCancelled) {
+    const FileQuestion question{L"Sound Files (*.wav)|*.wav", L"*.wav", L"C:\\a.wav"};
+    host->user.ExpectFile(L"C:\\b.wav");
+    host->user.ExpectFile({});
+    EXPECT_EQ(boxes.OpenFile(question), L"C:\\b.wav");
+    EXPECT_EQ(boxes.OpenFile(question), std::nullopt);
+    EXPECT_THAT(Complaints(), IsEmpty());
+    EXPECT_EQ(boxes.OpenFile(question), std::nullopt);
+    EXPECT_THAT(Complaints(), ElementsAre(L"unexpected file dialog: Sound Files (*.wav)|*.wav"));
+    EXPECT_EQ(TakeEffects().front(),
+              L"UserDialogs.OpenFile(\"Sound Files (*.wav)|*.wav\", \"*.wav\", \"C:\\a.wav\")");
+}
+
+TEST_F(SimBoxes, AMenuItemIsChosenByItsCaption) {
+    const std::vector<MenuItem> items = {{1, L"Change"}, {2, L"Delete", true}};
+    host->user.ExpectMenu(L"Delete");
+    host->user.ExpectMenu({});
+    EXPECT_EQ(boxes.ShowPopupMenu(items), 1U);
+    EXPECT_EQ(boxes.ShowPopupMenu(items), std::nullopt);
+    EXPECT_THAT(Complaints(), IsEmpty());
+    EXPECT_EQ(TakeEffects().front(),
+              L"UserDialogs.ShowPopupMenu(1 \"Change\", 2 \"Delete\" checked)");
+    host->user.ExpectMenu(L"Paste");
+    EXPECT_EQ(boxes.ShowPopupMenu(items), std::nullopt);
+    EXPECT_EQ(boxes.ShowPopupMenu(items), std::nullopt);
+    EXPECT_THAT(
+        Complaints(),
+        ElementsAre(L"the menu does not offer \"Paste\": 1 \"Change\", 2 \"Delete\" checked",
+                    L"unexpected menu: 1 \"Change\", 2 \"Delete\" checked"));
+}
+
+TEST_F(SimBoxes, ASettingsDialogLeavesItsOutcomeOrWhatThereWas) {
+    IDeviceSettingsStore& store = context.DeviceSettings();
+    host->user.ExpectSettings(L"Channel 2");
+    host->user.ExpectSettings({});
+    String text = L"Channel 1";
+    store.SetDevice(L"Camera", 1);
+    store.EditSettings(text);
+    EXPECT_EQ(text, L"Channel 2");
+    store.EditSettings(text);
+    EXPECT_EQ(text, L"Channel 2");
+    EXPECT_THAT(TakeEffects(), ElementsAre(L"DeviceSettingsStore.SetDevice(\"Camera\", 1)",
+                                           L"DeviceSettingsStore.EditSettings(\"Channel 1\")",
+                                           L"DeviceSettingsStore.EditSettings(\"Channel 2\")"));
+}
+
+TEST_F(SimBoxes, TheBusyPointerIsACall) {
+    boxes.SetBusyPointer(true);
+    boxes.SetBusyPointer(false);
+    EXPECT_THAT(TakeEffects(), ElementsAre(L"UserDialogs.SetBusyPointer(true)",
+                                           L"UserDialogs.SetBusyPointer(false)"));
 }
 
 }  // namespace

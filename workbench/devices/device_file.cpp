@@ -125,7 +125,7 @@ void ReadUses(const Entry& entry, sim::SimDevice& device) {
 
 void ReadPaths(const Entry& entry, sim::SimDevice& device) {
     for (const StringView path : Parts(entry.line.value)) {
-        dynamic_cast<sim::SimSwitchUnit&>(device).paths.insert(String(path));
+        dynamic_cast<sim::SimSwitchUnit&>(device).paths.emplace_back(path);
     }
 }
 

@@ -55,7 +55,7 @@ const FormRow* RowOf(const Form& form) {
 
 bool IsVisible(const Form& form, StringView name) {
     const Control* const control = form.Find(name);
-    return control != nullptr && control->visible;
+    return control != nullptr && control->IsShown();
 }
 
 /// The words of a caption: "&" only marks the letter of a shortcut.
@@ -75,7 +75,7 @@ wchar_t KeyOf(const ButtonRow& button, PromptKind kind) {
 /// Without line ends at the end: the details of a failed command have one.
 String MessageOf(const FormRow& row, const Form& form) {
     const Control* const message = form.Find(row.message);
-    const Control* const details = form.Find(row.details);
+    const TextBox* const details = form.Find<TextBox>(row.details);
     String text = message != nullptr ? message->caption : String();
     if (details != nullptr) {
         text += L"\r\n" + details->text;
@@ -90,7 +90,7 @@ Dialog DialogOf(const FormRow& row, const Form& form) {
     dialog.title = form.title;
     dialog.message = MessageOf(row, form);
     for (const ButtonRow& button : row.buttons) {
-        const Control* const control = form.Find(button.name);
+        const Button* const control = form.Find<Button>(button.name);
         if (control != nullptr && control->IsUsable()) {
             dialog.choices.push_back({button.reply, WordsOf(*control), KeyOf(button, dialog.kind)});
         }
@@ -101,7 +101,7 @@ Dialog DialogOf(const FormRow& row, const Form& form) {
 /// What is not offered counts as the frame: the test goes on.
 void Press(const FormRow& row, Form& form, Reply reply) {
     for (const ButtonRow& button : row.buttons) {
-        Control* const control = form.Find(button.name);
+        Button* const control = form.Find<Button>(button.name);
         if (control != nullptr && control->IsUsable() && button.reply == reply) {
             control->Click();
             return;

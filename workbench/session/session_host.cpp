@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <thread>
 
+#include "sim/sim_dialogs.h"
 #include "sim/sim_services.h"
 #include "workbench/files/english_texts.h"
 #include "workbench/files/text_encoding.h"

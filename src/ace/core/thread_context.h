@@ -57,6 +57,9 @@ class ThreadContext : public std::enable_shared_from_this<ThreadContext> {
         return Service(x_systemServices, &IHostFactory::MakeSystemServices);
     }
     IDeviceList& DeviceList() { return Service(x_deviceList, &IHostFactory::MakeDeviceList); }
+    IDeviceSettingsStore& DeviceSettings() {
+        return Service(x_deviceSettings, &IHostFactory::MakeDeviceSettingsStore);
+    }
     IGpibDriver& GpibDriver() { return Service(x_gpibDriver, &IHostFactory::MakeGpibDriver); }
     IUserDialogs& UserDialogs() { return Service(x_userDialogs, &IHostFactory::MakeUserDialogs); }
     IPlatform& Platform() { return Service(x_platform, &IHostFactory::MakePlatform); }
@@ -113,6 +116,7 @@ class ThreadContext : public std::enable_shared_from_this<ThreadContext> {
     std::shared_ptr<IUtilities> x_utilities;
     std::shared_ptr<ISystemServices> x_systemServices;
     std::shared_ptr<IDeviceList> x_deviceList;
+    std::shared_ptr<IDeviceSettingsStore> x_deviceSettings;
     std::shared_ptr<IGpibDriver> x_gpibDriver;
     std::shared_ptr<IUserDialogs> x_userDialogs;
     std::shared_ptr<IPlatform> x_platform;

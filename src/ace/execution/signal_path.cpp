@@ -23,7 +23,9 @@ void ProtectAll(ThreadContext& context) {
         WriteStartLine(context, ProtectLines, {});
     }
     for (const DeviceRecord& record : context.DeviceList().DevicesOfClass(String(ReceiverClass))) {
-        ProtectReceiver(context, record.Name);
+        if (!record.Name.empty()) {
+            ProtectReceiver(context, record.Name);
+        }
     }
 }
 

@@ -3,6 +3,12 @@
 
 #include <ace/host/settings_file.h>
 
+// A device object is asked at run time for the interface of its kind. Without the information that
+// this needs, a host compiles, links and crashes at its first action on a device.
+#if !defined(__cpp_rtti)
+#error "a host of the engine is to be built with run-time type information (no -fno-rtti)"
+#endif
+
 namespace ace {
 
 /// A device of the host's device list. A device object implements this and the interface of its
@@ -27,6 +33,13 @@ class IDevice {
     /// the host has no such file.
     virtual void LoadSettings(const std::shared_ptr<ISettingsFile>& settings,
                               const String& section) = 0;
+    /// Reads the stored settings of the device from `section` for the operator to look at and to
+    /// edit; `mode` is always 2.
+    virtual void ReadSettings(std::int32_t mode, const std::shared_ptr<ISettingsFile>& settings,
+                              const String& section) = 0;
+    /// The short text of the settings that `section` holds; empty when it holds none.
+    virtual String SettingsText(const std::shared_ptr<ISettingsFile>& settings,
+                                const String& section) = 0;
 };
 
 /// A nameless device that stays inactive.
@@ -37,6 +50,11 @@ class DefaultDevice : public IDevice {
     void Activate(std::int32_t) override {}
     std::int32_t State() override { return NotActive; }
     void LoadSettings(const std::shared_ptr<ISettingsFile>&, const String&) override {}
+    void ReadSettings(std::int32_t, const std::shared_ptr<ISettingsFile>&, const String&) override {
+    }
+    String SettingsText(const std::shared_ptr<ISettingsFile>&, const String&) override {
+        return {};
+    }
 };
 
 }  // namespace ace

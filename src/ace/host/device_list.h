@@ -10,7 +10,7 @@ namespace ace {
 
 /// What the list tells of a device.
 struct DeviceRecord {
-    String Name;  ///< for `GetDevice`; may be empty
+    String Name;  ///< for `GetDevice`; empty for an entry that stands for no device
     bool operator==(const DeviceRecord&) const = default;
 };
 
@@ -44,7 +44,9 @@ class IDeviceList {
     virtual String ClassName(std::int32_t deviceClass) = 0;
     /// The device or signal path of that name, shared with the host; none when there is no such.
     virtual std::shared_ptr<IDevice> GetDevice(const String& name) = 0;
-    /// The devices of the class with that section key, from index 0.
+    /// The devices of the class with that section key. Index 0 is an empty entry that nobody uses;
+    /// a class without devices may have none. A host that begins with the first device is served as
+    /// well: whoever walks the entries passes over those without a name.
     virtual std::vector<DeviceRecord> DevicesOfClass(const String& classKey) = 0;
 };
 

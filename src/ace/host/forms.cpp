@@ -1,30 +1,6 @@
 #include <ace/host/forms.h>
-#include <ace/host/run_time_error.h>
 
 namespace ace {
-
-Control::Control(Form& form, ControlKind kind, String name, ControlFields design)
-    : ControlFields(std::move(design)), x_name(std::move(name)), x_kind(kind) {
-    form.x_controls.push_back(this);
-}
-
-void Control::Choose(std::int32_t index) {
-    if (index < -1 || index >= static_cast<std::int64_t>(list.size())) {
-        Raise(Errors::InvalidProcedureCall);
-    }
-    listIndex = index;
-    Run(onClick);
-}
-
-void Control::Type(String newText) {
-    text = std::move(newText);
-    Run(onChange);
-}
-
-void Control::Tick(Boolean newTicked) {
-    ticked = newTicked;
-    Run(onClick);
-}
 
 Form::Form(String name, std::int32_t titleNumber, float width_, float height_)
     : width(width_), height(height_), x_name(std::move(name)), x_titleNumber(titleNumber) {}

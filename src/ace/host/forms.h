@@ -2,8 +2,8 @@
 /// after each act it reads all controls again.
 #pragma once
 
-#include <ace/host/controls.h>
 #include <ace/host/form_host.h>
+#include <ace/host/inputs.h>
 
 namespace ace {
 
@@ -28,6 +28,11 @@ class Form {
     const std::vector<Control*>& Controls() const { return x_controls; }
     /// The control called `name`, owned by the form; null when there is none.
     Control* Find(StringView name) const;
+    /// The same as the class of its kind; null when it is of another kind.
+    template <class Kind>
+    Kind* Find(StringView name) const {
+        return ControlAs<Kind>(Find(name));
+    }
 
     /// Runs the load handler, once in the form's life. A load that failed is tried again.
     void Load();

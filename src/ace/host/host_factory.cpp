@@ -17,6 +17,9 @@ std::shared_ptr<ISystemServices> IHostFactory::MakeSystemServices() {
 std::shared_ptr<IDeviceList> IHostFactory::MakeDeviceList() {
     return std::make_shared<DefaultDeviceList>();
 }
+std::shared_ptr<IDeviceSettingsStore> IHostFactory::MakeDeviceSettingsStore() {
+    return std::make_shared<DefaultDeviceSettingsStore>();
+}
 std::shared_ptr<IGpibDriver> IHostFactory::MakeGpibDriver() {
     return std::make_shared<DefaultGpibDriver>();
 }

@@ -5,6 +5,7 @@
 
 #include <ace/host/api_macro.h>
 #include <ace/host/device_list.h>
+#include <ace/host/device_settings_store.h>
 #include <ace/host/form_host.h>
 #include <ace/host/gpib_driver.h>
 #include <ace/host/language.h>
@@ -30,6 +31,7 @@ class IHostFactory {
     virtual std::shared_ptr<IUtilities> MakeUtilities();
     virtual std::shared_ptr<ISystemServices> MakeSystemServices();
     virtual std::shared_ptr<IDeviceList> MakeDeviceList();
+    virtual std::shared_ptr<IDeviceSettingsStore> MakeDeviceSettingsStore();
     virtual std::shared_ptr<IGpibDriver> MakeGpibDriver();
     virtual std::shared_ptr<IStatusDisplay> MakeStatusDisplay();
     virtual std::shared_ptr<IPlatform> MakePlatform();

@@ -8,7 +8,8 @@ namespace ace {
 /// Channels to read and a frequency to follow. Failures and messages as with `IDevice`.
 class IMonitorDevice {
   public:
-    /// What the device is about to be used for: to be set, for a check, to follow a frequency.
+    /// What the device is about to be used for, and in `Capabilities` what it can be used for, as
+    /// bits: to be set, for a check, to follow a frequency.
     static constexpr std::int32_t UseToSet = 2;
     static constexpr std::int32_t UseToCheck = 4;
     static constexpr std::int32_t UseToTrack = 8;
@@ -18,6 +19,8 @@ class IMonitorDevice {
     virtual ~IMonitorDevice() = default;
     /// The `IDevice` side of the same object.
     virtual std::shared_ptr<IDevice> CommonDevice() = 0;
+    /// The uses for which the editor offers the device, as bits.
+    virtual std::int32_t Capabilities() = 0;
     /// Tells what the device is used for next; the host may change `mode`.
     virtual void SetUseMode(std::int32_t& mode) = 0;
     /// Applies the loaded settings to `channel`; `apply` is always 1.
@@ -29,10 +32,11 @@ class IMonitorDevice {
     virtual void SetFrequency(double& frequency) = 0;
 };
 
-/// Reads 0 on every channel.
+/// Can be used for everything and reads 0 on every channel.
 class DefaultMonitorDevice : public IMonitorDevice {
   public:
     std::shared_ptr<IDevice> CommonDevice() override { return std::make_shared<DefaultDevice>(); }
+    std::int32_t Capabilities() override { return UseToSet | UseToCheck | UseToTrack; }
     void SetUseMode(std::int32_t&) override {}
     void SetChannel(std::int32_t, std::int32_t) override {}
     double ReadChannel(std::int32_t) override { return 0.0; }

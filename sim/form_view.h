@@ -1,0 +1,24 @@
+/// A form as text: what an operator reads off it, and how it stands in full.
+#pragma once
+
+#include <ace/host/forms.h>
+#include <ace/host/user_dialogs.h>
+
+namespace ace::sim {
+
+/// The words that a control shows: its caption, or what its box holds, or what is chosen.
+String WordsOf(const Control& control);
+
+/// What the operator reads off a form: its name, its title, and each control that shows, in tab
+/// order, with its words and, behind "tip", its tool tip.
+String FormText(const Form& form);
+
+/// The form as it stands, for golden files: a line for the form and one for each control, hidden
+/// ones too, those of a frame indented below it. A line has name, kind, words, what else the kind
+/// holds, and "hidden" or "disabled".
+String FormView(const Form& form);
+
+/// The items of a menu: `1 "Change", 2 "Delete" checked`.
+String MenuText(const std::vector<MenuItem>& items);
+
+}  // namespace ace::sim
