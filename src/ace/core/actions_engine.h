@@ -71,7 +71,7 @@ class aceActionsEngine final : public _aceActionsEngine {
     void Release() override;
     void LoadActions(const String& FileName, std::int32_t SubRanges, aceModul Modul) override;
     void SaveActions(const String& FileName) override;
-    void LoadEditor(void* ActionsList, void* ActionsTree) override;
+    void LoadEditor(IListControl* ActionsList, ITreeControl* ActionsTree) override;
     void EditorSelectSubrange(std::int32_t Number) override;
     void AddSubrange(std::int32_t Index, const String& VKSUkey = {}) override;
     void SetVKSReplaceVar(const DynArray<String>& strSearch, const DynArray<Value>& valReplace,

@@ -5,6 +5,8 @@
 
 #include <ace/core/action_records.h>
 #include <ace/host/array_2d.h>
+#include <ace/host/list_control.h>
+#include <ace/host/tree_control.h>
 
 namespace ace {
 
@@ -52,8 +54,11 @@ class _aceActionsEngine {
     virtual void LoadActions(const String& FileName, std::int32_t SubRanges, aceModul Modul) = 0;
     /// Writes the lists of the module loaded last. Raises what `WriteActionLists` raises.
     virtual void SaveActions(const String& FileName) = 0;
-    /// Opens the editor on the host's list and tree controls. Handled.
-    virtual void LoadEditor(void* ActionsList, void* ActionsTree) = 0;
+    /// Opens the editor on two controls of the host: `ActionsList` offers the kinds of actions,
+    /// `ActionsTree` shows the moments and their actions. They stay the host's. One that goes
+    /// before `Release` tells the editor, which then does without it. Either may be none: error 91
+    /// where it is first used, and the editor's form is there by then. Handled.
+    virtual void LoadEditor(IListControl* ActionsList, ITreeControl* ActionsTree) = 0;
     /// Selects subrange `Number` in an open editor. Handled.
     virtual void EditorSelectSubrange(std::int32_t Number) = 0;
     /// Makes room for a subrange, channel, step or test at `Index`; one above the count appends. An

@@ -14,7 +14,7 @@ namespace {
 
 // ---- editor and print ------------------------------------------------------------------------
 
-void aceActionsEngine::LoadEditor(void*, void*) {
+void aceActionsEngine::LoadEditor(IListControl*, ITreeControl*) {
     NotBuiltYet(L"LoadEditor");
 }
 void aceActionsEngine::PrintStrings(aceModul, _aceActionsEngine&, Array2D<String>&, std::int32_t) {

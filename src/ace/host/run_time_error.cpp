@@ -46,6 +46,7 @@ const std::vector<RunTimeError>& StandingErrors() {
         RunTimeError(Errors::TypeMismatch, L"type mismatch"),
         RunTimeError(Errors::Internal, L"internal error"),
         RunTimeError(Errors::NoSuchFile, L"file not found"),
+        RunTimeError(Errors::KeyInUse, L"the key is in use"),
         RunTimeError(Errors::ObjectNotSet, L"object variable not set"),
     };
     return errors;

@@ -53,6 +53,8 @@ inline constexpr std::int32_t NoSuchFile = 53;
 /// A failure that carries no number of its own, such as a foreign exception out of a host service.
 inline constexpr std::int32_t Internal = 51;
 inline constexpr std::int32_t ObjectNotSet = 91;
+/// A node or an item with that key is there already, as every tree and list says.
+inline constexpr std::int32_t KeyInUse = 457;
 /// A device, bus or connection does not come to life.
 inline constexpr std::int32_t DeviceFailed = 4010;
 /// An operation or action kind that this version does not carry yet; the description names it.
