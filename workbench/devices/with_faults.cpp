@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "workbench/transports/forwarding.h"
+#include <ace/host/forwarding.h>
 
 namespace ace::workbench {
 

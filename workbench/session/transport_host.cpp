@@ -1,7 +1,8 @@
 #include "workbench/session/transport_host.h"
 
+#include <ace/host/forwarding.h>
+
 #include "workbench/files/text_encoding.h"
-#include "workbench/transports/forwarding.h"
 #include "workbench/transports/instrument_bytes.h"
 #include "workbench/transports/sync_watch.h"
 #include "workbench/transports/with_journal.h"

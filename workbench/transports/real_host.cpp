@@ -1,7 +1,8 @@
 #include "workbench/transports/real_host.h"
 
+#include <ace/host/forwarding.h>
+
 #include "workbench/transports/command_line.h"
-#include "workbench/transports/forwarding.h"
 #include "workbench/transports/gpib_bus.h"
 #include "workbench/transports/macro_runner.h"
 #include "workbench/transports/macro_sync.h"

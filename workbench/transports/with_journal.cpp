@@ -1,6 +1,6 @@
 #include "workbench/transports/with_journal.h"
 
-#include "workbench/transports/forwarding.h"
+#include <ace/host/forwarding.h>
 
 namespace ace::workbench {
 

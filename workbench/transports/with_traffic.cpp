@@ -4,9 +4,9 @@
 
 #include <ace/core/operation.h>
 #include <ace/core/text.h>
+#include <ace/host/forwarding.h>
 
 #include "workbench/files/text_encoding.h"
-#include "workbench/transports/forwarding.h"
 #include "workbench/transports/instrument_bytes.h"
 
 namespace ace::workbench {
