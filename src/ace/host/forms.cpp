@@ -2,6 +2,11 @@
 
 namespace ace {
 
+Control::Control(ControlPlace place, ControlKind kind, String name, ControlFields design)
+    : ControlFields(std::move(design)), x_name(std::move(name)), x_kind(kind), x_place(place) {
+    place.OfForm().x_controls.push_back(this);
+}
+
 Form::Form(String name, std::int32_t titleNumber, float width_, float height_)
     : width(width_), height(height_), x_name(std::move(name)), x_titleNumber(titleNumber) {}
 
