@@ -30,7 +30,7 @@ class ForwardingTest : public HostTest {
     }
     template <class Answer>
     void See(const Answer& answer) {
-        seen.push_back(sim::ArgumentText(answer));
+        seen.push_back(sim::ArgumentText(sim::AsArgument(answer)));
     }
 
     std::vector<String> seen;
