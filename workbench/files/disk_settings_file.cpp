@@ -64,14 +64,15 @@ std::optional<SettingsDocument> LoadDocument(const std::string& path, FileCalls&
 }
 
 DiskSettingsFile::DiskSettingsFile(std::shared_ptr<const FileState> state,
-                                   SettingsDocument document, FileCalls& calls)
+                                   std::shared_ptr<const SettingsDocument> document,
+                                   FileCalls& calls)
     : x_state(std::move(state)), x_document(std::move(document)), x_calls(calls) {}
 
 /// What `read` makes of the value; nothing when there is no such key.
 template <class Read>
 auto DiskSettingsFile::Get(const String& section, const String& key, Read&& read)
     -> std::optional<decltype(read(String()))> {
-    const std::optional<String> text = x_document.GetKey(section, key);
+    const std::optional<String> text = x_document->GetKey(section, key);
     if (!text) {
         return std::nullopt;
     }
@@ -97,11 +98,11 @@ void DiskSettingsFile::Change(Act&& act) {
 
 String DiskSettingsFile::GetString(const String& section, const String& key,
                                    const String& byDefault) {
-    return x_document.GetKey(section, key).value_or(byDefault);
+    return x_document->GetKey(section, key).value_or(byDefault);
 }
 
 void DiskSettingsFile::SetString(const String& section, const String& key, const String& value) {
-    Change([&] { x_document.SetKey(section, key, value); });
+    Change([&] { x_document.Own().SetKey(section, key, value); });
 }
 
 double DiskSettingsFile::GetDouble(const String& section, const String& key, double byDefault) {
@@ -131,17 +132,17 @@ void DiskSettingsFile::SetBoolean(const String& section, const String& key, Bool
 }
 
 std::vector<String> DiskSettingsFile::GetSection(const String& section) {
-    return x_document.GetSection(section);
+    return x_document->GetSection(section);
 }
 
 void DiskSettingsFile::SetSection(const String& section, const Value& content) {
     Change([&] {
         if (std::holds_alternative<std::monostate>(content)) {
-            x_document.DeleteSection(section);
+            x_document.Own().DeleteSection(section);
         } else if (const auto* text = std::get_if<String>(&content)) {
-            x_document.SetSection(section, *text);
+            x_document.Own().SetSection(section, *text);
         } else if (const auto* lines = std::get_if<DynArray<String>>(&content)) {
-            x_document.SetSection(section, JoinedLines(*lines));
+            x_document.Own().SetSection(section, JoinedLines(*lines));
         } else {
             Raise(Errors::TypeMismatch);
         }
@@ -150,22 +151,26 @@ void DiskSettingsFile::SetSection(const String& section, const Value& content) {
 
 void DiskSettingsFile::Release() {
     std::optional<std::string> bytes;
-    Change([&] { bytes = x_document.ChangedBytes(); });
+    Change([&] { bytes = x_document->ChangedBytes(); });
     if (bytes) {
         RequireGoodLoad(*x_state);
         SaveWholeFile(x_state->path, *bytes, x_calls);
     }
 }
 
+SettingsFiles::SettingsFiles(FileCalls& calls)
+    : x_calls(calls),
+      x_documents([&calls](const std::string& path) { return LoadDocument(path, calls); }, calls) {}
+
 std::shared_ptr<DiskSettingsFile> SettingsFiles::Open(const String& name) {
     const std::shared_ptr<FileState> state = StateOf(name);
     try {
-        std::optional<SettingsDocument> document = LoadDocument(state->path, x_calls);
+        std::shared_ptr<const SettingsDocument> document = x_documents.Get(state->path);
         if (!document && !state->isSaving) {
             return nullptr;
         }
         return std::make_shared<DiskSettingsFile>(
-            state, document ? std::move(*document) : SettingsDocument(), x_calls);
+            state, document ? document : std::make_shared<SettingsDocument>(), x_calls);
     } catch (...) {
         state->loadFailed = true;
         throw;

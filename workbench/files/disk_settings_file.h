@@ -7,8 +7,7 @@
 
 #include <ace/host/settings_file.h>
 
-#include "workbench/files/file_calls.h"
-#include "workbench/files/settings_document.h"
+#include "workbench/files/document_cache.h"
 
 namespace ace::workbench {
 
@@ -30,7 +29,8 @@ struct FileState {
 class DiskSettingsFile : public ISettingsFile {
   public:
     /// `calls` must outlive the object.
-    DiskSettingsFile(std::shared_ptr<const FileState> state, SettingsDocument document,
+    DiskSettingsFile(std::shared_ptr<const FileState> state,
+                     std::shared_ptr<const SettingsDocument> document,
                      FileCalls& calls = SystemFileCalls());
 
     String GetString(const String& section, const String& key, const String& byDefault) override;
@@ -51,7 +51,7 @@ class DiskSettingsFile : public ISettingsFile {
     /// Saves. After a load that failed a change is error `FileErrors::SaveRefused`.
     void Release() override;
 
-    const SettingsDocument& Document() const { return x_document; }
+    const SettingsDocument& Document() const { return *x_document; }
 
   private:
     template <class Read>
@@ -61,7 +61,7 @@ class DiskSettingsFile : public ISettingsFile {
     void Change(Act&& act);
 
     std::shared_ptr<const FileState> x_state;
-    SettingsDocument x_document;
+    SharedDocument x_document;
     FileCalls& x_calls;
 };
 
@@ -70,9 +70,10 @@ class DiskSettingsFile : public ISettingsFile {
 class SettingsFiles {
   public:
     /// `calls` must outlive the object and the files that it opened.
-    explicit SettingsFiles(FileCalls& calls = SystemFileCalls()) : x_calls(calls) {}
+    explicit SettingsFiles(FileCalls& calls = SystemFileCalls());
 
-    /// Reads the file anew. No object when there is no such file, except within `Save`, which makes
+    /// The file as it stands on the disk; it is read only when it has changed since the last time.
+    /// No object when there is no such file, except within `Save`, which makes
     /// it. One that can't be read is error `FileErrors::CannotRead` and counts as a failed load.
     std::shared_ptr<DiskSettingsFile> Open(const String& name);
 
@@ -93,6 +94,7 @@ class SettingsFiles {
     const FileState* FindState(const String& name) const;
 
     FileCalls& x_calls;
+    DocumentCache x_documents;
     std::map<std::string, std::shared_ptr<FileState>> x_states;  ///< by path without links and dots
 };
 

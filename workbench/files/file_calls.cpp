@@ -58,6 +58,12 @@ int FileCalls::Unlink(const std::string& path) {
     return ::unlink(path.c_str());
 }
 
+std::timespec FileCalls::Now() {
+    std::timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    return now;
+}
+
 FileCalls& SystemFileCalls() {
     static FileCalls calls;
     return calls;

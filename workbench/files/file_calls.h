@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <ctime>
 #include <string>
 #include <sys/stat.h>
 #include <sys/types.h>
@@ -27,6 +28,8 @@ class FileCalls {
     virtual int Close(int file);
     virtual int Rename(const std::string& from, const std::string& to);
     virtual int Unlink(const std::string& path);
+    /// The time of the day, by which the times of files are judged.
+    virtual std::timespec Now();
 };
 
 /// The calls of this machine.
