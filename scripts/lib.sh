@@ -73,6 +73,15 @@ need_test_tools() {
   need_header libasio-dev asio.hpp
 }
 
+need_bench_tools() {
+  need_build_tools
+  need_header libcli11-dev CLI/CLI.hpp
+  need_header libbenchmark-dev benchmark/benchmark.h
+  need_header libsimpleini-dev SimpleIni.h
+  need_tool pkg-config pkg-config
+  pkg-config --exists glib-2.0 2>/dev/null || missing+=(libglib2.0-dev)
+}
+
 # Compiler cache: used when it is there, never needed.
 cache=""
 if command -v ccache >/dev/null 2>&1; then

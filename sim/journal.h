@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "sim/call_text.h"
@@ -52,7 +53,9 @@ class Journal {
     std::vector<String> LinesOf(StringView prefix) const;
 
     /// Is told of every call, behind its entry; none to end that.
-    void Observe(std::function<void(const HostCall&)> observer) { x_observer = observer; }
+    void Observe(std::function<void(const HostCall&)> observer) {
+        x_observer = std::move(observer);
+    }
 
   private:
     std::vector<String> LinesIf(const std::function<bool(const JournalEntry&)>& wanted) const;

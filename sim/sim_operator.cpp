@@ -17,6 +17,11 @@ bool Shows(const Form& form, const String& name, const String& words) {
     return control != nullptr && control->IsShown() && WordsOf(*control) == words;
 }
 
+void Close(Form& form) {
+    form.CloseByFrame();
+    form.Hide();
+}
+
 }  // namespace
 
 void SimOperator::Answer(Form& form) {
@@ -43,11 +48,6 @@ void SimOperator::Answer(Form& form) {
         x_complaints.push_back(L"left open: " + FormText(form));
         Close(form);
     }
-}
-
-void SimOperator::Close(Form& form) const {
-    form.CloseByFrame();
-    form.Hide();
 }
 
 std::vector<String> SimOperator::TakeComplaints() {

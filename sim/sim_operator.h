@@ -68,7 +68,6 @@ class SimOperator {
     /// The next answer if it is of that kind; `what` is shown otherwise, to nobody's expectation.
     std::optional<BoxAnswer> TakeBox(BoxKind kind, const String& what);
     static StringView NameOf(BoxKind kind);
-    void Close(Form& form) const;
 
     std::deque<FormAnswer> x_answers;
     std::deque<BoxAnswer> x_boxAnswers;

@@ -62,8 +62,8 @@ bool SimUtilities::InRange(const Value& lower, const Value& value, const Value& 
 }
 
 std::int32_t SimUtilities::Wait(float milliseconds) {
-    x_host.Call(L"Utilities.Wait", CallText(double{milliseconds}));
-    x_host.PassTime(double{milliseconds});
+    x_host.Call(L"Utilities.Wait", CallText(static_cast<double>(milliseconds)));
+    x_host.PassTime(static_cast<double>(milliseconds));
     return 0;
 }
 
@@ -132,7 +132,7 @@ String SimSystemServices::ReadMacroSync(std::int32_t key) {
     if (answers.empty()) {
         return x_host.programs.macroSync[key];
     }
-    const String answer = answers.front();
+    String answer = std::move(answers.front());
     answers.pop_front();
     return answer;
 }

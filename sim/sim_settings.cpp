@@ -73,14 +73,15 @@ std::optional<String> SimSettingsFile::Find(const String& section, const String&
 }
 
 void SimSettingsFile::Put(const String& section, const String& key, const String& value) {
+    const String changed = key + L"=" + value;
     std::vector<String>& lines = x_sections[section];
     for (String& line : lines) {
         if (EqualNoCase(KeyOf(line), key)) {
-            line = key + L"=" + value;
+            line = changed;
             return;
         }
     }
-    lines.push_back(key + L"=" + value);
+    lines.push_back(changed);
 }
 
 String SimSettingsFile::GetString(const String& section, const String& key,
@@ -141,7 +142,7 @@ void SimSettingsFile::SetSection(const String& section, const Value& content) {
     } else if (const String* text = std::get_if<String>(&content)) {
         x_sections[section] = Lines(*text);
     } else {
-        const DynArray<String>& lines = std::get<DynArray<String>>(content);
+        const auto& lines = std::get<DynArray<String>>(content);
         x_sections[section].assign(lines.begin(), lines.end());
     }
 }

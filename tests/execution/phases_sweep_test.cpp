@@ -150,6 +150,15 @@ std::vector<SweepRow> BareRows() {
          Plain<&aceActionsEngine::StopTest>, StateText,
          Raised(0, {Yield}, L"running, 0, 0") + Raised(0, {Yield}, L"running, 4, 0") +
              NotifySteps(1, L"running, 4, 0")},
+        {"GetNoGo",
+         WithSet(aceMonitoring, &ModuleLists::MoniChannels, EnterList, {CommentAction()}),
+         [](SweepRig& rig) { rig.engine->GetNoGo(1); }, StateText, Raised(0, {L"Utilities.Max"})},
+    };
+}
+
+/// Raised as they come, with one question in their list.
+std::vector<SweepRow> QuestionRows() {
+    return {
         {"EnterSubrange", WithSet(aceTemplate, &ModuleLists::MainSubranges, EnterList, OneQuestion),
          ByNumber<&aceActionsEngine::EnterSubrange>, StateText, NumberedSteps()},
         {"LeaveSubrange", WithSet(aceTemplate, &ModuleLists::MainSubranges, LeaveList, OneQuestion),
@@ -171,9 +180,6 @@ std::vector<SweepRow> BareRows() {
          Plain<&aceActionsEngine::BeforeTestLoop>, StateText, QuestionWalk(0)},
         {"AfterTestLoop", WithFixed(aceMonitoring, &ModuleLists::MoniLoop, LeaveList, OneQuestion),
          Plain<&aceActionsEngine::AfterTestLoop>, StateText, QuestionWalk(0)},
-        {"GetNoGo",
-         WithSet(aceMonitoring, &ModuleLists::MoniChannels, EnterList, {CommentAction()}),
-         [](SweepRig& rig) { rig.engine->GetNoGo(1); }, StateText, Raised(0, {L"Utilities.Max"})},
     };
 }
 
@@ -221,6 +227,10 @@ std::vector<SweepRow> ReportedRows() {
         {"EnterNoGo", channel(EnterList), OfChannel<&aceActionsEngine::EnterNoGo>, StateText,
          ChannelSteps()},
         {"Go", channel(LeaveList), OfChannel<&aceActionsEngine::Go>, StateText, ChannelSteps()},
+    };
+}
+std::vector<SweepRow> OtherReportedRows() {
+    return {
         {"StepDescription",
          WithSet(aceEMSAutoTemplate, &ModuleLists::EMSAutoSteps, EnterList,
                  {Action(atWait), Action(atTestStop), Action(atParkAcc)}),
@@ -257,7 +267,10 @@ TEST_P(PhasesSweepTest, EveryHostCallThatFailsEndsTheOperationByItsPattern) {
 
 const auto NameOf = [](const auto& row) { return row.param.name; };
 INSTANTIATE_TEST_SUITE_P(Bare, PhasesSweepTest, ::testing::ValuesIn(BareRows()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Questions, PhasesSweepTest, ::testing::ValuesIn(QuestionRows()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Reported, PhasesSweepTest, ::testing::ValuesIn(ReportedRows()), NameOf);
+INSTANTIATE_TEST_SUITE_P(OthersReported, PhasesSweepTest, ::testing::ValuesIn(OtherReportedRows()),
+                         NameOf);
 INSTANTIATE_TEST_SUITE_P(Quiet, PhasesSweepTest, ::testing::ValuesIn(QuietRows()), NameOf);
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <random>
 
 #include "support/file_fixture.h"
+#include "support/seeds.h"
 #include "workbench/files/settings_document.h"
 
 namespace ace::workbench {
@@ -89,7 +90,7 @@ TEST_P(RandomEdits, ReadBackTheSameFromTheObjectAndFromItsBytes) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomEdits, ::testing::Range(1U, 11U));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomEdits, test::SeedsTo(10, 1000));
 
 }  // namespace
 }  // namespace ace::workbench

@@ -1,6 +1,7 @@
 #include <random>
 
 #include "matrix/matrix_model_fixture.h"
+#include "support/seeds.h"
 
 namespace ace::test {
 namespace {
@@ -144,7 +145,7 @@ class MatrixRandomTest : public MatrixModelTest, public ::testing::WithParamInte
     std::mt19937 random{GetParam()};
 };
 
-INSTANTIATE_TEST_SUITE_P(Seeds, MatrixRandomTest, ::testing::Range(1U, 9U));
+INSTANTIATE_TEST_SUITE_P(Seeds, MatrixRandomTest, SeedsTo(8, 400));
 
 TEST_P(MatrixRandomTest, LongSequencesOfOperationsFollowTheModel) {
     for (int step = 0; step < 400 && !HasFailure(); ++step) {

@@ -169,6 +169,10 @@ std::vector<SweepRow> ReportedRows() {
          Operation(1, OneRow, {}, L"rows 2400_-1_-1, tables 110")},
         {"DeleteVKSDUTAll", PrepareRows, [](SweepRig& rig) { rig.engine->DeleteVKSDUTAll(); },
          MatrixLeft, DeleteAllSteps()},
+    };
+}
+std::vector<SweepRow> OtherReportedRows() {
+    return {
         {"AddVKSStep", PrepareTest,
          [](SweepRig& rig) { rig.engine->AddVKSStep(L"new", L"T", L"name"); }, StepsLeft,
          Operation(1, L"1 s ", Operation(2, L"1 s ", {}, L"2 s "), L"2 s new ")},
@@ -255,6 +259,8 @@ TEST_P(MatrixSweep, EveryHostCallThatFailsEndsTheOperationByItsPattern) {
 
 const auto NameOf = [](const auto& row) { return row.param.name; };
 INSTANTIATE_TEST_SUITE_P(Reported, MatrixSweep, ::testing::ValuesIn(ReportedRows()), NameOf);
+INSTANTIATE_TEST_SUITE_P(OthersReported, MatrixSweep, ::testing::ValuesIn(OtherReportedRows()),
+                         NameOf);
 INSTANTIATE_TEST_SUITE_P(Bare, MatrixSweep, ::testing::ValuesIn(BareRows()), NameOf);
 
 }  // namespace

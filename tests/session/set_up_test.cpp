@@ -156,12 +156,13 @@ TEST(SetUpKeys, WhatNeitherFileNorOptionSaysIsWrongUse) {
               "5 --sweep: a test of module aceTSTemplate has no frequencies");
 }
 
-TEST(SetUpKeys, AKeyThatMakesNoSenseIsRefusedWithItsPlace) {
+struct WrongKey {
+    std::string text;
+    const char* refusal;
+};
+std::vector<WrongKey> WrongKeys() {
     const std::string head = "[Workbench]\nModule=0\nSubRanges=1\n[Workbench.Subrange1]\n";
-    const struct {
-        std::string text;
-        const char* refusal;
-    } rows[] = {
+    return {
         {"\n[Workbench]\n; which\nModule=12\n",
          "4 set-up.ini:4: [Workbench] Module: \"12\" is no module: 0 to 8, or a name such as "
          "aceTemplate"},
@@ -191,7 +192,10 @@ TEST(SetUpKeys, AKeyThatMakesNoSenseIsRefusedWithItsPlace) {
          "with "
          "--template"},
     };
-    for (const auto& row : rows) {
+}
+
+TEST(SetUpKeys, AKeyThatMakesNoSenseIsRefusedWithItsPlace) {
+    for (const WrongKey& row : WrongKeys()) {
         EXPECT_EQ(RefusalOf([&] { SetUpOf(row.text); }), row.refusal);
     }
 }

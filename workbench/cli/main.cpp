@@ -117,6 +117,7 @@ int RunWith(const RunArguments& arguments) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): without memory for its options a program can only end.
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);  // so that the stream knows what it has read ahead
     CLI::App app{"Reference host of the actions engine"};

@@ -156,7 +156,7 @@ void ReadSweeps(const Reader& reader, const SetUpOptions& options, TestSetUp& se
     }
     ReadTestSweeps(reader, options, setUp);
     if (setUp.sweeps.empty()) {
-        setUp.notes.push_back(
+        setUp.notes.emplace_back(
             L"no sweep in [Workbench.Subrange1] and no --sweep, so no frequency is run");
     }
 }

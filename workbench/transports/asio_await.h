@@ -40,6 +40,7 @@ class CancelAtEnd {
         : x_io(io), x_stream(stream), x_ending(ending) {}
     CancelAtEnd(const CancelAtEnd&) = delete;
     CancelAtEnd& operator=(const CancelAtEnd&) = delete;
+    // NOLINTNEXTLINE(bugprone-exception-escape): of a handler that throws nothing is left to save.
     ~CancelAtEnd() {
         if (x_ending.isDone) {
             return;

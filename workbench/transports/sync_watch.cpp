@@ -24,7 +24,7 @@ class SyncWatch final : public ForwardingSystemServices {
     }
     String ReadMacroSync(std::int32_t key) override {
         x_isWaiting = true;
-        const String answer = Next().ReadMacroSync(key);
+        String answer = Next().ReadMacroSync(key);
         x_isWaiting = answer != Confirmation;
         return answer;
     }

@@ -165,7 +165,7 @@ TcpSockets::~TcpSockets() {
 std::shared_ptr<TcpSockets::Connection> TcpSockets::ConnectTo(const String& host,
                                                               std::int32_t port) {
     const Deadline deadline = DeadlineIn(x_times.connect);
-    const auto connection = std::make_shared<Connection>(x_network->io);
+    auto connection = std::make_shared<Connection>(x_network->io);
     connection->host = host;
     connection->port = port;
     Ending ending;

@@ -3,11 +3,10 @@
 
 #include <cstdint>
 
-namespace ace::workbench {
-
 /// Numbers with which transports fail; the description says where and why. None of them is 5: the
 /// engine takes an error 5 around the start of a program for the one of its activation.
-namespace TransportErrors {
+namespace ace::workbench::TransportErrors {
+
 /// A port, bus or connection can't be opened.
 inline constexpr std::int32_t CannotOpen = 68;
 /// Bytes could not be sent, or not all of them.
@@ -16,6 +15,5 @@ inline constexpr std::int32_t CannotSend = 57;
 inline constexpr std::int32_t CannotStart = 70;
 /// The configuration holds a value that can't be used.
 inline constexpr std::int32_t BadConfiguration = 321;
-}  // namespace TransportErrors
 
-}  // namespace ace::workbench
+}  // namespace ace::workbench::TransportErrors
