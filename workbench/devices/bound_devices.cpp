@@ -39,6 +39,7 @@ std::shared_ptr<sim::SimDevice> MakeBound(sim::SimHost& host, const String& name
     return device;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): it stands in the table beside MakeBound.
 std::shared_ptr<sim::SimDevice> RefuseBinding(sim::SimHost&, const String&, Instrument) {
     Raise(Errors::InvalidProcedureCall);
 }

@@ -3,15 +3,13 @@
 
 #include <cstdint>
 
-namespace ace::workbench {
-
 /// Numbers with which files fail; the description says which file and why.
-namespace FileErrors {
+namespace ace::workbench::FileErrors {
+
 inline constexpr std::int32_t CannotRead = 57;
 /// The file is as it was, or already new when only its folder could not be flushed.
 inline constexpr std::int32_t CannotSave = 75;
 /// The last load of the file failed, so what is in memory is not what the file should hold.
 inline constexpr std::int32_t SaveRefused = 70;
-}  // namespace FileErrors
 
-}  // namespace ace::workbench
+}  // namespace ace::workbench::FileErrors

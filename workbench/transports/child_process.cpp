@@ -87,6 +87,7 @@ ChildStart StartChild(const ChildRequest& request) {
     }
     std::vector<std::string> words = request.arguments;
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) {
         arguments.push_back(word.data());
     }
