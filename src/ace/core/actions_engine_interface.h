@@ -24,7 +24,9 @@ class __aceActionsEngine {  // NOLINT(bugprone-reserved-identifier): the host kn
 /// is a `RunTimeError`. "Handled" below means: the error is reported to the trace log first and
 /// then raised with number and description; everything else raises it as it came. Operations that
 /// run actions let messages run before each action and inside many; from there the host may call
-/// any operation again. Resizing a list that is being run is then error 10.
+/// any operation again. Resizing a list that is being run is then error 10: the call has changed
+/// nothing and can be made again when the list has run. All calls of an object come on the thread
+/// that made it.
 class _aceActionsEngine {
   public:
     virtual ~_aceActionsEngine() = default;
@@ -33,7 +35,8 @@ class _aceActionsEngine {
     /// error 9, also on writing.
     virtual Boolean Change() = 0;
     /// Stores the flag; true also takes over the editor's working copies. Without an editor that is
-    /// error 91, and the flag stands already.
+    /// error 91, and while one of the lists runs error 10: the flag stands then, and no list is
+    /// taken. Errors come as they are raised, unreported; those of `Release` too.
     virtual void Change(Boolean value) = 0;
     /// True once after a receiver was to be protected; reading clears it, for all objects.
     virtual Boolean InitReceiver() = 0;
@@ -48,9 +51,10 @@ class _aceActionsEngine {
     // ---- lists and files -------------------------------------------------------------------
 
     /// Reads the lists of `Modul` from the host's file and makes the object serve that kind. The
-    /// numbered sections 1 to `SubRanges` are read; for `aceVKSDUT` it is the template number. A
-    /// damaged line ends the load with its error: what was read before it stays. No messages run.
-    /// Handled.
+    /// numbered sections 1 to `SubRanges` are read; for `aceVKSDUT` it is the template number. More
+    /// than 100,000 sections are error 7, and no list is replaced. A damaged line ends the load with
+    /// its error: what was read before it stays. While a list that would be replaced runs: error 10.
+    /// No messages run. Handled.
     virtual void LoadActions(const String& FileName, std::int32_t SubRanges, aceModul Modul) = 0;
     /// Writes the lists of the module loaded last. Raises what `WriteActionLists` raises.
     virtual void SaveActions(const String& FileName) = 0;
@@ -66,7 +70,8 @@ class _aceActionsEngine {
     /// `Index` takes the spare place, which after a deletion is a copy of the last entry. `VKSUkey`
     /// is the key of a new wireless test and goes behind the other keys whatever the `Index`. An
     /// open editor is loaded again, but for a wireless test. Neither this nor the other three that
-    /// follow the host set `Change`, and a list that is being run is error 10. Handled.
+    /// follow the host set `Change`, and a list that is being run is error 10. Without numbered
+    /// lists, and for the matrix, nothing is done, also in an open editor. Handled.
     virtual void AddSubrange(std::int32_t Index, const String& VKSUkey = {}) = 0;
 
     // ---- wireless tests, steps and the matrix ------------------------------------------------
@@ -101,7 +106,8 @@ class _aceActionsEngine {
     /// Adds a frequency (hertz; 0 is the test mode), or renames it, and rebuilds the rows. Handled.
     virtual void AddVKSDUTFreq(const String& FreqString, double Freq) = 0;
     /// Removes a bandwidth and its rows; higher ids move down. An id behind the table costs the
-    /// last name and no row; a negative one is error 9 unless the table is empty. Handled.
+    /// last name and no row. -1 removes the rows for all bandwidths; it and every other negative id
+    /// is error 9 then, unless the table is empty. Handled.
     virtual void DeleteVKSDUTBandwidthID(std::int32_t BandwidthID) = 0;
     /// Empties the three tables of the matrix with their rows; the row for everything stays.
     /// Handled.
@@ -151,13 +157,14 @@ class _aceActionsEngine {
     /// tests were never made: error 9.
     virtual Boolean BeforeVKSTest(const String& UKey) = 0;
     /// Runs a wireless step; its verdict is read with `VKSGetResult`. Questions and monitored
-    /// equipment give the verdict, the last of them, and never a true answer.
+    /// equipment give the verdict, the last of them, and never a true answer. On a template whose
+    /// steps were never made: error 9.
     virtual Boolean VKSStep(const String& UKey, const String& StepKey) = 0;
     /// Verdict of the last `VKSStep`: true is passed, as is a step that is not there.
     virtual Boolean VKSGetResult() = 0;
     /// Some wireless step or matrix row has an action.
     virtual Boolean VKSStepsHaveActions() = 0;
-    /// That wireless step has an action.
+    /// That wireless step has an action; error 9 as above.
     virtual Boolean VKSStepHaveActions(const String& UKey, const String& StepKey) = 0;
     /// Run the lists around all rows of the matrix.
     virtual Boolean VKSDUTStepGlobBefore() = 0;
@@ -167,9 +174,10 @@ class _aceActionsEngine {
     virtual std::int16_t VKSDUTStepGlobBeforeCount() = 0;
     /// Runs the row of a frequency (hertz), bandwidth and power, or the row for everything when
     /// there is none. The arguments come back as the key that was looked for: -1 where a dimension
-    /// has no influence, but for the frequency 0, which stays.
+    /// has no influence, but for the frequency 0, which stays. On a matrix that was never made:
+    /// error 9.
     virtual Boolean VKSDUTStep(double& Freq, std::int32_t& BandwidthID, std::int32_t& PowerID) = 0;
-    /// Number of actions of that row.
+    /// Number of actions of that row; error 9 as above.
     virtual std::int32_t VKSDUTStepActionCount(double& Freq, std::int32_t& BandwidthID,
                                                std::int32_t& PowerID) = 0;
     /// After a test of a sequence.
@@ -192,7 +200,7 @@ class _aceActionsEngine {
     virtual std::int32_t Go(std::int32_t Number, const String& Name) = 0;
     /// The code that a channel's no-go list will signal, found without running it.
     virtual std::int32_t GetNoGo(std::int32_t Number) = 0;
-    /// The start list of monitoring sets a device.
+    /// The start list of monitoring sets a device, whatever kind the object serves.
     virtual Boolean EUT_UseSetDevice() = 0;
     /// Runs the every-frequency list unless `FreqVal` (hertz) is the last one;
     /// `IsNotEmiScSwMeas` true runs it all the same. Answers the last result alone, and forgets the
