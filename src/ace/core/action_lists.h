@@ -21,10 +21,10 @@ inline constexpr ListFields MlcList{&p_Subrange::MlcCount, &p_Subrange::Mlc};
 /// not among them.
 inline constexpr ListFields ActionLists[] = {EnterList, LeaveList, FreqList, MlcList};
 
-/// Sets the count to 0 and erases the array; error 10 while the list is held, with the count gone.
+/// Erases the array and sets the count to 0. Error 10 while the list is held, and both stand.
 inline void EmptyList(p_Subrange& set, const ListFields& list) {
-    set.*list.count = 0;
     (set.*list.actions).Erase();
+    set.*list.count = 0;
 }
 
 }  // namespace ace

@@ -3,6 +3,7 @@
 #include <ace/core/action_lists.h>
 #include <ace/core/action_store.h>
 #include <ace/core/actions_engine.h>
+#include <ace/core/held_lists.h>
 #include <ace/core/operation.h>
 #include <ace/host/rounding.h>
 
@@ -35,6 +36,17 @@ String MoveMessage(std::int32_t source, std::int32_t destination) {
            std::to_wstring(destination);
 }
 
+/// Without memory for the copy the target, which may have been given up before, is left empty and
+/// not half filled.
+void CopyEntry(const p_Subrange& source, p_Subrange& target) {
+    try {
+        target = source;
+    } catch (...) {
+        target = {};
+        throw;
+    }
+}
+
 /// Fills element `index` with the one above. The source is given up where the next step fills it.
 void TakeFromAbove(DynArray<p_Subrange>& list, std::int32_t index, std::int32_t count) {
     p_Subrange& target = list[index];
@@ -42,7 +54,7 @@ void TakeFromAbove(DynArray<p_Subrange>& list, std::int32_t index, std::int32_t 
     if (index + 1 < std::min(count, list.UpperBound())) {
         target = std::move(source);
     } else {
-        target = source;
+        CopyEntry(source, target);
     }
 }
 
@@ -58,12 +70,34 @@ std::int32_t FindKey(const DynArray<String>& keys, std::int32_t last, const Stri
     return -1;
 }
 
-/// The key goes behind the last one wherever the test went: the keys are not shifted.
-void AddTestKey(EngineState& state, const Statements& stmt, const String& key) {
+/// The key goes behind the last one wherever the test went: the keys are not shifted. The texts get
+/// their places before the test is counted; where there is no such place, adding it fails.
+void AddTest(EngineState& state, const Statements& stmt, const String& key, std::int32_t& index) {
+    stmt([&] { RequireFree(state.VKSTests); });
+    const std::int32_t count = stmt([&] { return CheckedDifference(state.VKSTestCount, -1); });
+    const bool isPlace = index > 0 && count >= 0;
     for (DynArray<String> ModuleLists::*texts : TestTexts) {
-        stmt([&] { (state.*texts).RedimPreserve(state.VKSTestCount); });
+        if (isPlace) {
+            stmt([&] { (state.*texts).RedimPreserve(count); });
+        }
     }
+    stmt([&] { modActions::AddEntry(state.Context, state.VKSTests, state.VKSTestCount, index); });
     stmt([&] { state.VKSTestUKeys[state.VKSTestCount - 1] = key; });
+}
+
+/// Before a test goes: neither it nor its steps may run. Keys that are missing are found out later.
+void RequireFreeTest(const EngineState& state, const String& key) {
+    const auto isAmong = [&](const DynArray<String>& keys, std::int64_t count) {
+        const auto size = static_cast<std::int64_t>(keys.Size());
+        const auto end = keys.begin() + std::clamp<std::int64_t>(count, 0, size);
+        return std::find(keys.begin(), end, key) != end;
+    };
+    if (isAmong(state.VKSTestUKeys, std::int64_t{state.VKSTestCount} + 1)) {
+        RequireFree(state.VKSTests);
+    }
+    if (isAmong(state.VKSStepUKeys, state.VKSStepCount)) {
+        RequireFree(state.VKSSteps);
+    }
 }
 
 /// The spare place is searched too, so an empty key removes the last test. Below 0 the keys stay
@@ -140,13 +174,15 @@ void AddToStore(const SharedState& state, std::int32_t Index, const String& host
             return;
         }
         std::int32_t index = Index;
+        if (state->Modul == aceVKSTemplate) {
+            AddTest(*state, stmt, key, index);
+            return;
+        }
         stmt([&] {
             modActions::AddEntry(state->Context, (*state).*numbered->sets,
                                  (*state).*numbered->count, index);
         });
-        if (state->Modul == aceVKSTemplate) {
-            AddTestKey(*state, stmt, key);
-        } else if (!state->InternalSubrangeOp) {
+        if (!state->InternalSubrangeOp) {
             ReloadEditor(state, stmt);
             SelectInEditor(state, stmt, index);
         }
@@ -162,6 +198,7 @@ void DeleteFromStore(const SharedState& state, std::int32_t Index, const String&
             return;
         }
         if (state->Modul == aceVKSTemplate) {
+            stmt([&] { RequireFreeTest(*state, key); });
             DeleteTest(*state, stmt, key);
             DeleteStepsOf(*state, stmt, key);
         } else {
@@ -200,31 +237,30 @@ void PutEntry(const SharedState& state, const Statements& stmt, const NumberedSe
               std::int32_t place, const WholeEntry& entry) {
     stmt([&] {
         const std::int32_t index = CheckedDifference(place, 1);
-        ((*state).*numbered.sets)[index] = entry.lists;
+        CopyEntry(entry.lists, ((*state).*numbered.sets)[index]);
         if (state->Modul == aceVKSTemplate) {
             state->VKSTestUKeys[index] = entry.key;
         }
     });
 }
 
-/// Error 10 when one of the entry's lists runs: it could not be replaced. Asked before anything is
-/// moved, so that an exchange is done as a whole or not at all.
-void RequireFreeEntry(const SharedState& state, const NumberedSets& numbered, std::int32_t place) {
-    const p_Subrange& entry = ((*state).*numbered.sets)[CheckedDifference(place, 1)];
-    for (const ListFields& fields : ActionLists) {
-        if ((entry.*fields.actions).IsHeld()) {
-            Raise(Errors::ArrayInUse);
-        }
+/// Error 10 when the entry at `place` runs; a place outside is found out later.
+void RequireFreeEntry(const EngineState& state, const NumberedSets& numbered, std::int32_t place) {
+    const DynArray<p_Subrange>& sets = state.*numbered.sets;
+    if (place >= 1 && static_cast<std::size_t>(place) <= sets.Size()) {
+        RequireFree(sets[place - 1]);
+    }
+}
+
+/// What a move takes away and puts back, with the empty key of both its steps.
+void RequireFreeForMove(const EngineState& state, const NumberedSets& numbered) {
+    RequireFree(state.*numbered.sets);
+    if (state.Modul == aceVKSTemplate) {
+        RequireFreeTest(state, {});
     }
 }
 
 }  // namespace
-
-void RequireFree(const DynArray<p_Subrange>& lists) {
-    if (lists.IsHeld()) {
-        Raise(Errors::ArrayInUse);
-    }
-}
 
 void modActions::AddEntry(ThreadContext& context, DynArray<p_Subrange>& List, std::int32_t& Count,
                           std::int32_t& Index) {
@@ -232,14 +268,18 @@ void modActions::AddEntry(ThreadContext& context, DynArray<p_Subrange>& List, st
     Logged(context, ModuleLines(L"AddEntry"), message, [&](const Statements& stmt) {
         stmt([&] { RequireFree(List); });
         stmt([&] { Index = CheckedDifference(Index, 1); });
-        stmt([&] { Count = CheckedDifference(Count, -1); });
-        stmt([&] { List.RedimPreserve(Count); });
+        const std::int32_t count = stmt([&] { return CheckedDifference(Count, -1); });
+        if (count < 0) {
+            Count = count;  // Intentional: no array ends there, and the count comes back to 0
+        }
+        stmt([&] { List.RedimPreserve(count); });
+        Count = count;
         const std::int32_t first = std::max(Index, 0);
         for (std::int32_t i = Count - 1; i > first; --i) {
             List[i + 1] = std::move(List[i]);
         }
         if (first < Count) {
-            stmt([&] { List[first + 1] = List[first]; });
+            stmt([&] { CopyEntry(List[first], List[first + 1]); });
         }
         if (Index >= Count) {
             Index = Count;
@@ -293,6 +333,9 @@ void aceActionsEngine::MoveSubrange(std::int32_t Source, std::int32_t Destinatio
     const auto message = [&] { return MoveMessage(Source, Destination); };
     Logged(state->Context, EngineLines(L"MoveSubrange"), message, [&](const Statements& stmt) {
         const NumberedSets* numbered = HostSets(state->Modul);
+        if (numbered != nullptr) {
+            stmt([&] { RequireFreeForMove(*state, *numbered); });
+        }
         state->InternalSubrangeOp = true;
         WholeEntry entry;
         if (numbered != nullptr) {
@@ -316,10 +359,12 @@ void aceActionsEngine::SwapSubrange(std::int32_t Source, std::int32_t Destinatio
     const auto message = [&] { return MoveMessage(Source, Destination); };
     Logged(state->Context, EngineLines(L"SwapSubrange"), message, [&](const Statements& stmt) {
         const NumberedSets* numbered = HostSets(state->Modul);
+        if (numbered != nullptr) {
+            stmt([&] { RequireFreeEntry(*state, *numbered, Source); });
+            stmt([&] { RequireFreeEntry(*state, *numbered, Destination); });
+        }
         state->InternalSubrangeOp = true;
         if (numbered != nullptr) {
-            stmt([&] { RequireFreeEntry(state, *numbered, Source); });
-            stmt([&] { RequireFreeEntry(state, *numbered, Destination); });
             const WholeEntry entry = TakeEntry(state, stmt, *numbered, Source);
             PutEntry(state, stmt, *numbered, Source,
                      TakeEntry(state, stmt, *numbered, Destination));

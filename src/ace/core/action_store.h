@@ -5,10 +5,6 @@
 
 namespace ace {
 
-/// Error 10 while an action of one of the sets runs: their elements must stay where they are. Asked
-/// before anything is changed, so that the host can make its call again later.
-void RequireFree(const DynArray<p_Subrange>& lists);
-
 /// Moves the elements behind `index` one down, up to the upper bound; the last one stays as it is.
 template <class T>
 void CloseGap(DynArray<T>& array, std::int32_t index) {
@@ -23,8 +19,9 @@ namespace modActions {
 /// Puts an empty entry at `Index`, from 1, and moves those behind it up. One above the count is an
 /// insertion behind the last entry; any higher number takes the spare place as it stands. Only the
 /// enter, leave and fourth lists of the entry are emptied: it keeps a copy of the frequency list
-/// that stood there, which installations rely on. `Count` and `Index` change before an access that
-/// fails; `Index` is left from 0. Errors 9 and 10, handled; no messages run.
+/// that stood there, which installations rely on. `Count` and `Index` change before an access
+/// outside the bounds; `Index` is left from 0. Errors 7, 9 and 10, handled: 10, and 7 for want of
+/// the place, leave count and entries as they were. No messages run.
 void AddEntry(ThreadContext& context, DynArray<p_Subrange>& List, std::int32_t& Count,
               std::int32_t& Index);
 

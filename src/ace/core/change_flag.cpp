@@ -1,4 +1,5 @@
 #include <ace/core/change_flag.h>
+#include <ace/core/held_lists.h>
 
 namespace ace {
 
@@ -30,6 +31,7 @@ std::size_t ModuleIndex(const EngineState& state) {
 
 void TakeOverEditorLists(EngineState& state) {
     const std::shared_ptr<IEditor> editor = Required(state.Context.Editor);
+    RequireFreeModule(state, state.Modul);
     for (const Accessor get : Accessors[ModuleIndex(state)]) {
         if (get != nullptr) {
             (*editor.*get)(state);

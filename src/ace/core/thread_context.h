@@ -105,7 +105,11 @@ class ThreadContext : public std::enable_shared_from_this<ThreadContext> {
     template <class Interface>
     [[gnu::cold, gnu::noinline]] void MakeService(
         std::shared_ptr<Interface>& slot, std::shared_ptr<Interface> (IHostFactory::*make)()) {
-        slot = (x_factory.get()->*make)();
+        try {
+            slot = (x_factory.get()->*make)();
+        } catch (const std::bad_alloc&) {
+            Raise(Errors::OutOfMemory);
+        }
         RequireMade(slot != nullptr);
     }
     static void RequireMade(bool made);

@@ -5,6 +5,7 @@
 #include <ace/host/rounding.h>
 #include <ace/matrix/dut_matrix.h>
 #include <ace/matrix/matrix_rows.h>
+#include <ace/matrix/refused_change.h>
 
 namespace ace {
 
@@ -149,9 +150,10 @@ void AddName(EngineState& state, const Statements& stmt, const NamedDimension& t
     std::int32_t& count = state.*table.dimension.count;
     DynArray<String>& names = state.*table.names;
     if (id == Missing || id >= count) {
+        const std::int32_t last = count;
+        stmt([&] { names.RedimPreserve(last); });
+        stmt([&] { names[last] = name; });
         stmt([&] { count = CheckedDifference(count, -1); });
-        stmt([&] { names.RedimPreserve(count - 1); });
-        stmt([&] { names[count - 1] = name; });
     } else if (id >= 0) {
         stmt([&] { names[id] = name; });
     }
@@ -190,12 +192,12 @@ void AddFrequency(EngineState& state, const Statements& stmt, const String& name
         stmt([&] { state.VKSDUTFreqNames[found] = name; });
         return;
     }
-    std::int32_t& count = state.VKSDUTFreqCount;
-    stmt([&] { count = CheckedDifference(count, -1); });
-    stmt([&] { state.VKSDUTFreqNames.RedimPreserve(count - 1); });
-    stmt([&] { state.VKSDUTFreqs.RedimPreserve(count - 1); });
-    stmt([&] { state.VKSDUTFreqNames[count - 1] = name; });
-    stmt([&] { state.VKSDUTFreqs[count - 1] = frequency; });
+    const std::int32_t last = state.VKSDUTFreqCount;
+    stmt([&] { state.VKSDUTFreqNames.RedimPreserve(last); });
+    stmt([&] { state.VKSDUTFreqs.RedimPreserve(last); });
+    stmt([&] { state.VKSDUTFreqNames[last] = name; });
+    stmt([&] { state.VKSDUTFreqs[last] = frequency; });
+    stmt([&] { state.VKSDUTFreqCount = CheckedDifference(last, -1); });
 }
 
 void RemoveFrequency(EngineState& state, const Statements& stmt, double frequency) {
@@ -279,10 +281,12 @@ void aceActionsEngine::SetVKSDUTInfluence(std::int32_t InfluencedByFreq,
                                           std::int32_t InfluencedbyPower) {
     const std::shared_ptr<EngineState> state = x_state;
     Logged(state->Context, InfluenceLines, NoMessage, [&](const Statements& stmt) {
-        state->VKSInfByFreq = InfluencedByFreq != 0;
-        state->VKSInfByBandwidth = InfluencedByBandwidth != 0;
-        state->VKSInfByPower = InfluencedbyPower != 0;
-        stmt([&] { VKSCreateDUTSteps(*state); });
+        ChangeOrUndo(*state, stmt, [&] {
+            state->VKSInfByFreq = InfluencedByFreq != 0;
+            state->VKSInfByBandwidth = InfluencedByBandwidth != 0;
+            state->VKSInfByPower = InfluencedbyPower != 0;
+            stmt([&] { VKSCreateDUTSteps(*state); });
+        });
     });
 }
 
@@ -290,8 +294,10 @@ void aceActionsEngine::AddVKSDUTFreq(const String& FreqString, double Freq) {
     const std::shared_ptr<EngineState> state = x_state;
     const auto message = [&] { return FreqMessage(state->Context, Freq); };
     Logged(state->Context, AddFrequencyLines, message, [&](const Statements& stmt) {
-        AddFrequency(*state, stmt, FreqString, Freq);
-        stmt([&] { VKSCreateDUTSteps(*state); });
+        ChangeOrUndo(*state, stmt, [&] {
+            AddFrequency(*state, stmt, FreqString, Freq);
+            stmt([&] { VKSCreateDUTSteps(*state); });
+        });
     });
 }
 
@@ -301,7 +307,9 @@ void aceActionsEngine::AddVKSDUTBandwidthID(const String& BandwidthString,
     const auto message = [&] { return IdMessage(L"BandwidthID", BandwidthID); };
     Logged(state->Context, EngineLines(L"AddVKSDUTBandwidthID"), message,
            [&](const Statements& stmt) {
-               AddName(*state, stmt, BandwidthTable, BandwidthString, BandwidthID);
+               ChangeOrUndo(*state, stmt, [&] {
+                   AddName(*state, stmt, BandwidthTable, BandwidthString, BandwidthID);
+               });
            });
 }
 
@@ -309,7 +317,8 @@ void aceActionsEngine::AddVKSDUTPowerID(const String& PowerString, std::int32_t 
     const std::shared_ptr<EngineState> state = x_state;
     const auto message = [&] { return IdMessage(L"PowerID", PowerID); };
     Logged(state->Context, EngineLines(L"AddVKSDUTPowerID"), message, [&](const Statements& stmt) {
-        AddName(*state, stmt, PowerTable, PowerString, PowerID);
+        ChangeOrUndo(*state, stmt,
+                     [&] { AddName(*state, stmt, PowerTable, PowerString, PowerID); });
     });
 }
 
@@ -332,15 +341,17 @@ void aceActionsEngine::DeleteVKSDUTPowerID(std::int32_t PowerID) {
 void aceActionsEngine::DeleteVKSDUTAll() {
     const std::shared_ptr<EngineState> state = x_state;
     Logged(state->Context, EngineLines(L"DeleteVKSDUTAll"), NoMessage, [&](const Statements& stmt) {
-        for (std::int32_t i = state->VKSDUTPowerCount; i > 0; --i) {
-            stmt([&] { DeletePower(*state, 0); });
-        }
-        for (std::int32_t i = state->VKSDUTBandwidthCount; i > 0; --i) {
-            stmt([&] { DeleteBandwidth(*state, 0); });
-        }
-        for (std::int32_t i = state->VKSDUTFreqCount; i > 0; --i) {
-            stmt([&] { DeleteFrequency(*state, state->VKSDUTFreqs[0]); });
-        }
+        ChangeOrUndo(*state, stmt, [&] {
+            for (std::int32_t i = state->VKSDUTPowerCount; i > 0; --i) {
+                stmt([&] { DeletePower(*state, 0); });
+            }
+            for (std::int32_t i = state->VKSDUTBandwidthCount; i > 0; --i) {
+                stmt([&] { DeleteBandwidth(*state, 0); });
+            }
+            for (std::int32_t i = state->VKSDUTFreqCount; i > 0; --i) {
+                stmt([&] { DeleteFrequency(*state, state->VKSDUTFreqs[0]); });
+            }
+        });
     });
 }
 

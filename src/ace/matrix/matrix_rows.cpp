@@ -2,6 +2,7 @@
 #include <functional>
 
 #include <ace/core/action_store.h>
+#include <ace/core/held_lists.h>
 #include <ace/core/text.h>
 #include <ace/host/rounding.h>
 #include <ace/matrix/matrix_rows.h>
@@ -18,11 +19,12 @@ void PutKey(EngineState& state, std::int32_t row, const RowKey& key) {
     }
 }
 
-void EnlargeIds(EngineState& state) {
+/// A spare row behind `count` of them.
+void EnlargeIds(EngineState& state, std::int32_t count) {
     if (state.VKSDUTIds.IsAllocated()) {
-        state.VKSDUTIds.RedimPreserveRows(state.VKSStepCount);
+        state.VKSDUTIds.RedimPreserveRows(count);
     } else {
-        state.VKSDUTIds.Redim(0, state.VKSStepCount, 0, Columns - 1);
+        state.VKSDUTIds.Redim(0, count, 0, Columns - 1);
     }
 }
 
@@ -66,10 +68,13 @@ void AddVKSDUTStep(EngineState& state, RowKeys& keys, const RowKey& key) {
             return;
         }
         std::int32_t index = stmt([&] { return CheckedDifference(state.VKSStepCount, -1); });
+        stmt([&] { RequireFree(state.VKSSteps); });
+        if (index > 0) {
+            stmt([&] { EnlargeIds(state, index); });
+        }
         stmt([&] {
             modActions::AddEntry(state.Context, state.VKSSteps, state.VKSStepCount, index);
         });
-        stmt([&] { EnlargeIds(state); });
         stmt([&] { PutKey(state, state.VKSStepCount - 1, key); });
         stmt([&] { keys.Insert(key); });
     });

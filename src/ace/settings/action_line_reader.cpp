@@ -224,7 +224,8 @@ bool SectionReader::Split(StringView line, SplitLine& split) {
     return false;
 }
 
-/// The count stands before its array is made: a count below 1 leaves the old array beside it.
+/// The array comes first, so that a list which runs or finds no memory keeps its count.
+/// Intentional: a count below 1, for which there is no array, stands beside the old one.
 bool SectionReader::ReadCount(std::size_t listIndex, StringView text) {
     x_report.meaning = LineMeaning::Count;
     x_report.list = static_cast<std::int32_t>(listIndex) + 1;
@@ -234,8 +235,11 @@ bool SectionReader::ReadCount(std::size_t listIndex, StringView text) {
         Raise(Errors::OutOfMemory);
     }
     const ListFields& list = ActionLists[listIndex];
-    x_target.*list.count = count;
+    if (count < 1) {
+        x_target.*list.count = count;
+    }
     (x_target.*list.actions).Redim(0, std::max(count, 0) - 1);
+    x_target.*list.count = count;
     return true;
 }
 
@@ -278,10 +282,7 @@ void SectionReader::FillEntry(const KeywordRow& row, std::size_t listIndex,
 
 void EmptyAllLists(p_Subrange& target) {
     for (const ListFields& list : ActionLists) {
-        target.*list.count = 0;
-    }
-    for (const ListFields& list : ActionLists) {
-        (target.*list.actions).Erase();
+        EmptyList(target, list);
     }
 }
 

@@ -1,4 +1,5 @@
 #include <ace/core/actions_engine.h>
+#include <ace/core/held_lists.h>
 #include <ace/settings/action_line.h>
 #include <ace/settings/settings_sections.h>
 #include <ace/settings/wireless_sections.h>
@@ -19,13 +20,13 @@ String SectionOf(const NumberedSets& numbered, std::int64_t number) {
 void ReadNumbered(const FileWork& file, const NumberedSets& numbered, std::int32_t subRanges) {
     EngineState& state = file.State();
     DynArray<p_Subrange>& lists = state.*numbered.sets;
-    state.*numbered.count = subRanges;
-    state.SavedCount.*numbered.saved = subRanges;
     if (subRanges < 1) {
         file.Do([&] { lists.Erase(); });
-        return;
+    } else {
+        file.Do([&] { lists.Redim(0, subRanges - 1); });
     }
-    file.Do([&] { lists.Redim(0, subRanges - 1); });
+    state.*numbered.count = subRanges;
+    state.SavedCount.*numbered.saved = subRanges;
     for (std::int32_t i = 0; i < subRanges; ++i) {
         file.ReadElement(lists, i, SectionOf(numbered, i + 1));
     }
@@ -95,6 +96,16 @@ void RequirePossibleNumber(const ModuleRow& module, std::int32_t subRanges) {
     const bool countsLists = !module.AllNumbered().empty() && module.modul != aceVKSDUT;
     if (countsLists && subRanges > MostEntries) {
         Raise(Errors::OutOfMemory);
+    }
+}
+
+/// Before a load replaces anything: all that it will replace is free. A matrix has its global lists
+/// read for one template alone.
+void RequireFreeForLoad(const EngineState& state, std::int32_t modul, std::int32_t subRanges) {
+    if (modul == aceVKSDUT && subRanges != GlobalTemplate) {
+        RequireFree(state.VKSSteps);
+    } else {
+        RequireFreeModule(state, modul);
     }
 }
 
@@ -180,6 +191,7 @@ std::shared_ptr<ISettingsFile> GetSettFile(EngineState& state) {
 void aceActionsEngine::LoadActions(const String& FileName, std::int32_t SubRanges, aceModul Modul) {
     const std::shared_ptr<EngineState> state = x_state;
     Guarded(state->Context, [&](const Statements& stmt) {
+        stmt([&] { RequireFreeForLoad(*state, Modul, SubRanges); });
         state->FileName = FileName;
         state->Modul = Modul;
         const ModuleRow* module = FindModule(Modul);

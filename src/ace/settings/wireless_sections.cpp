@@ -21,8 +21,6 @@ constexpr InfluenceKey InfluenceKeys[] = {
     {L"Bandwidth", &ModuleLists::VKSInfByBandwidth},
     {L"Power", &ModuleLists::VKSInfByPower},
 };
-/// The template number whose matrix has global lists.
-constexpr std::int32_t GlobalTemplate = 3;
 
 constexpr const ModuleRow& TemplateRow = ModuleTable[aceVKSTemplate];
 constexpr const ModuleRow& MatrixRow = ModuleTable[aceVKSDUT];
@@ -65,16 +63,17 @@ void ReadStep(const FileWork& file, const String& testKey, std::int32_t step) {
     if (key.empty()) {
         return;
     }
+    const String name = file.GetString(KeysOf(section), StepNameKey);
     const std::int32_t index = state.VKSStepCount;
     file.Do([&] { state.VKSStepUKeys.RedimPreserve(index); });
     file.Do([&] { state.VKSStepNames.RedimPreserve(index); });
     file.Do([&] { state.VKSStepKeys.RedimPreserve(index); });
     file.Do([&] { state.VKSSteps.RedimPreserve(index); });
     state.VKSStepUKeys[index] = testKey;
-    state.VKSStepNames[index] = file.GetString(KeysOf(section), StepNameKey);
+    state.VKSStepNames[index] = name;
     state.VKSStepKeys[index] = key;
     file.ReadElement(state.VKSSteps, index, section);
-    ++state.VKSStepCount;
+    state.VKSStepCount = index + 1;
 }
 
 void ReadTest(const FileWork& file, std::int32_t test) {
@@ -94,9 +93,13 @@ void ReadTest(const FileWork& file, std::int32_t test) {
     ++state.VKSTestCount;
 }
 
-/// The arrays of the tests get a spare element; those of the steps grow as steps are found.
+/// The arrays of the tests get a spare element; those of the steps grow as steps are found. Nothing
+/// is counted until all of them are there.
 void MakeTestArrays(const FileWork& file, std::int32_t subRanges) {
     EngineState& state = file.State();
+    file.Do([&] { state.VKSSteps.Erase(); });
+    state.VKSTestCount = 0;
+    state.VKSStepCount = 0;
     file.Do([&] { state.VKSTests.Redim(0, subRanges); });
     file.Do([&] { state.VKSTestUKeys.Redim(0, subRanges); });
     file.Do([&] { state.VKSHostUKeys.Redim(0, subRanges); });
@@ -104,9 +107,6 @@ void MakeTestArrays(const FileWork& file, std::int32_t subRanges) {
     file.Do([&] { state.VKSStepUKeys.Redim(0, 0); });
     file.Do([&] { state.VKSStepNames.Redim(0, 0); });
     file.Do([&] { state.VKSStepKeys.Redim(0, 0); });
-    file.Do([&] { state.VKSSteps.Erase(); });
-    state.VKSTestCount = 0;
-    state.VKSStepCount = 0;
 }
 
 /// Writes the steps of a test under numbers from 1 and answers how many it has.
@@ -173,14 +173,23 @@ void WriteRow(const FileWork& file, std::int32_t row) {
     file.Do([&] { file.WriteLists(section, state.VKSSteps[row - 1]); });
 }
 
+void CountRows(EngineState& state, std::int32_t count) {
+    state.VKSStepCount = count;
+    state.SavedCount.VKSSteps = count;
+}
+
 void ReadRows(const FileWork& file, std::int32_t count) {
     EngineState& state = file.State();
     if (count < 1) {
         file.Do([&] { state.VKSSteps.Erase(); });
+        CountRows(state, count);
         return;
     }
+    Array2D<double> ids;
+    file.Do([&] { ids.Redim(0, count, 0, 2); });
     file.Do([&] { state.VKSSteps.Redim(0, count); });
-    file.Do([&] { state.VKSDUTIds.Redim(0, count, 0, 2); });
+    state.VKSDUTIds = std::move(ids);
+    CountRows(state, count);
     for (std::int32_t row = 1; row <= count; ++row) {
         ReadRow(file, row);
     }
@@ -232,8 +241,6 @@ void ReadMatrix(const FileWork& file, std::int32_t& subRanges) {
     for (const InfluenceKey& influence : InfluenceKeys) {
         state.*influence.flag = file.GetBoolean(MatrixSection(state), influence.key);
     }
-    state.VKSStepCount = subRanges;
-    state.SavedCount.VKSSteps = subRanges;
     ReadRows(file, subRanges);
     if (state.VKSDUTTemplate == GlobalTemplate) {
         file.ReadFixed(MatrixRow.fixed[0]);

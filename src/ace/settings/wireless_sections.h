@@ -10,6 +10,9 @@ namespace ace {
 void ReadWirelessTemplate(const FileWork& file, std::int32_t subRanges);
 void WriteWirelessTemplate(const FileWork& file);
 
+/// The template number whose matrix has global lists.
+inline constexpr std::int32_t GlobalTemplate = 3;
+
 /// The matrix of `aceVKSDUT`: `subRanges` is the template number, and the number of rows comes back
 /// in it. Ends the use of replace variables. More than 100,000 rows are error 7.
 void ReadMatrix(const FileWork& file, std::int32_t& subRanges);
