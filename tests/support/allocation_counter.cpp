@@ -6,9 +6,19 @@
 namespace {
 
 thread_local std::size_t allocations = 0;
+/// The allocation that fails, and whether all behind it do; 0 for none.
+thread_local std::size_t failing = 0;
+thread_local bool failForEver = false;
+
+bool Fails() {
+    return failing != 0 && (allocations == failing || (failForEver && allocations > failing));
+}
 
 void* Counted(std::size_t size) {
     ++allocations;
+    if (Fails()) {
+        throw std::bad_alloc();
+    }
     if (void* memory = std::malloc(size == 0 ? 1 : size)) {
         return memory;
     }
@@ -38,4 +48,13 @@ void operator delete[](void* memory, std::size_t) noexcept {
 
 std::size_t ace::test::AllocationCount() {
     return allocations;
+}
+
+ace::test::FailingAllocations::FailingAllocations(std::size_t n, bool forEver) {
+    failing = allocations + n;
+    failForEver = forEver;
+}
+
+ace::test::FailingAllocations::~FailingAllocations() {
+    failing = 0;
 }

@@ -1,5 +1,5 @@
-/// Counts what the global `operator new` gives out. Linking the counter replaces that operator in
-/// the whole executable, so it stands in tests of its own.
+/// Counts what the global `operator new` gives out, and lets it fail. Linking the counter replaces
+/// that operator in the whole executable, so it stands in tests of its own.
 #pragma once
 
 #include <cstddef>
@@ -16,5 +16,15 @@ std::size_t AllocationsOf(Act&& act) {
     act();
     return AllocationCount() - before;
 }
+
+/// While it lives, the `n`-th allocation of the calling thread fails, n from 1 and from now on, and
+/// if told so each one behind it.
+class FailingAllocations {
+  public:
+    FailingAllocations(std::size_t n, bool forEver);
+    ~FailingAllocations();
+    FailingAllocations(const FailingAllocations&) = delete;
+    FailingAllocations& operator=(const FailingAllocations&) = delete;
+};
 
 }  // namespace ace::test
