@@ -70,18 +70,16 @@ std::int32_t FindKey(const DynArray<String>& keys, std::int32_t last, const Stri
     return -1;
 }
 
-/// The key goes behind the last one wherever the test went: the keys are not shifted. The texts get
-/// their places before the test is counted; where there is no such place, adding it fails.
+/// The key goes behind the last one wherever the test went: the keys are not shifted.
 void AddTest(EngineState& state, const Statements& stmt, const String& key, std::int32_t& index) {
-    stmt([&] { RequireFree(state.VKSTests); });
     const std::int32_t count = stmt([&] { return CheckedDifference(state.VKSTestCount, -1); });
-    const bool isPlace = index > 0 && count >= 0;
     for (DynArray<String> ModuleLists::*texts : TestTexts) {
-        if (isPlace) {
-            stmt([&] { (state.*texts).RedimPreserve(count); });
-        }
+        stmt([&] { ReserveUpTo(state.*texts, count); });
     }
     stmt([&] { modActions::AddEntry(state.Context, state.VKSTests, state.VKSTestCount, index); });
+    for (DynArray<String> ModuleLists::*texts : TestTexts) {
+        stmt([&] { (state.*texts).RedimPreserve(state.VKSTestCount); });
+    }
     stmt([&] { state.VKSTestUKeys[state.VKSTestCount - 1] = key; });
 }
 

@@ -5,6 +5,17 @@
 
 namespace ace {
 
+/// Gets the memory for an upper bound beforehand and leaves the bound alone, so that moving it
+/// there can't fail behind a count that has changed. An array that was never made is left so.
+template <class T>
+void ReserveUpTo(DynArray<T>& array, std::int32_t upper) {
+    if (array.IsAllocated() && upper > array.UpperBound()) {
+        const std::int32_t before = array.UpperBound();
+        array.RedimPreserve(upper);
+        array.RedimPreserve(before);
+    }
+}
+
 /// Moves the elements behind `index` one down, up to the upper bound; the last one stays as it is.
 template <class T>
 void CloseGap(DynArray<T>& array, std::int32_t index) {

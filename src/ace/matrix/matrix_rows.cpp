@@ -19,12 +19,20 @@ void PutKey(EngineState& state, std::int32_t row, const RowKey& key) {
     }
 }
 
-/// A spare row behind `count` of them.
-void EnlargeIds(EngineState& state, std::int32_t count) {
+void EnlargeIds(EngineState& state) {
     if (state.VKSDUTIds.IsAllocated()) {
-        state.VKSDUTIds.RedimPreserveRows(count);
+        state.VKSDUTIds.RedimPreserveRows(state.VKSStepCount);
     } else {
-        state.VKSDUTIds.Redim(0, count, 0, Columns - 1);
+        state.VKSDUTIds.Redim(0, state.VKSStepCount, 0, Columns - 1);
+    }
+}
+
+/// As `ReserveUpTo`.
+void ReserveIds(EngineState& state, std::int32_t count) {
+    if (state.VKSDUTIds.IsAllocated() && count > state.VKSDUTIds.RowUpperBound()) {
+        const std::int32_t before = state.VKSDUTIds.RowUpperBound();
+        state.VKSDUTIds.RedimPreserveRows(count);
+        state.VKSDUTIds.RedimPreserveRows(before);
     }
 }
 
@@ -68,13 +76,11 @@ void AddVKSDUTStep(EngineState& state, RowKeys& keys, const RowKey& key) {
             return;
         }
         std::int32_t index = stmt([&] { return CheckedDifference(state.VKSStepCount, -1); });
-        stmt([&] { RequireFree(state.VKSSteps); });
-        if (index > 0) {
-            stmt([&] { EnlargeIds(state, index); });
-        }
+        stmt([&] { ReserveIds(state, index); });
         stmt([&] {
             modActions::AddEntry(state.Context, state.VKSSteps, state.VKSStepCount, index);
         });
+        stmt([&] { EnlargeIds(state); });
         stmt([&] { PutKey(state, state.VKSStepCount - 1, key); });
         stmt([&] { keys.Insert(key); });
     });

@@ -1,6 +1,5 @@
 #include <ace/core/action_store.h>
 #include <ace/core/actions_engine.h>
-#include <ace/core/held_lists.h>
 #include <ace/core/operation.h>
 #include <ace/host/rounding.h>
 #include <ace/matrix/step_tree.h>
@@ -10,18 +9,17 @@ namespace ace {
 namespace {
 
 /// Behind the last step, as an insertion, so that its lists are empty whatever the spare place has.
-/// The texts get their places before the step is counted.
 void AppendStep(EngineState& state, const Statements& stmt, const String& key,
                 const String& testKey, const String& name) {
     std::int32_t index = stmt([&] { return CheckedDifference(state.VKSStepCount, -1); });
     const std::int32_t count = index;
-    stmt([&] { RequireFree(state.VKSSteps); });
-    if (count > 0) {
-        stmt([&] { state.VKSStepUKeys.RedimPreserve(count); });
-        stmt([&] { state.VKSStepNames.RedimPreserve(count); });
-        stmt([&] { state.VKSStepKeys.RedimPreserve(count); });
+    for (DynArray<String>* texts : {&state.VKSStepUKeys, &state.VKSStepNames, &state.VKSStepKeys}) {
+        stmt([&] { ReserveUpTo(*texts, count); });
     }
     stmt([&] { modActions::AddEntry(state.Context, state.VKSSteps, state.VKSStepCount, index); });
+    stmt([&] { state.VKSStepUKeys.RedimPreserve(count); });
+    stmt([&] { state.VKSStepNames.RedimPreserve(count); });
+    stmt([&] { state.VKSStepKeys.RedimPreserve(count); });
     stmt([&] { state.VKSStepUKeys[count - 1] = testKey; });
     stmt([&] { state.VKSStepNames[count - 1] = name; });
     stmt([&] { state.VKSStepKeys[count - 1] = key; });
