@@ -1,6 +1,8 @@
 #include "workbench/files/disk_settings_file.h"
 
+#include <cerrno>
 #include <clocale>
+#include <sys/wait.h>
 
 #include "support/file_fixture.h"
 #include "workbench/files/file_errors.h"
@@ -203,15 +205,90 @@ TEST_F(DiskSettings, AMissingFileGivesNoObject) {
     EXPECT_EQ(files.Open(WidePath("none.ini")), nullptr);
 }
 
-TEST_F(DiskSettings, AFileThatCannotBeReadIsAnErrorAndCannotBeSavedAfterwards) {
+TEST_F(DiskSettings, AFileThatCannotBeReadIsAnErrorAndWithinALoadItCannotBeSavedAfterwards) {
     EXPECT_EQ(ErrorIn([&] { files.Open(WidePath("")); }).Number(), FileErrors::CannotRead);
     Write("wide.ini", std::string("[\0A\0]\0", 6));
-    const RunTimeError error = ErrorIn([&] { files.Open(WidePath("wide.ini")); });
+    const String wide = WidePath("wide.ini");
+    const RunTimeError error = ErrorIn([&] { files.Load(wide, [&] { files.Open(wide); }); });
     EXPECT_EQ(error.Number(), FileErrors::CannotRead);
-    EXPECT_THAT(error.Description(), HasSubstr(WidePath("wide.ini") + L": the text is 16-bit"));
-    EXPECT_TRUE(files.LoadFailed(WidePath("wide.ini")));
-    EXPECT_EQ(ErrorIn([&] { files.Save(WidePath("wide.ini"), [] {}); }).Number(),
-              FileErrors::SaveRefused);
+    EXPECT_THAT(error.Description(), HasSubstr(wide + L": the text is 16-bit"));
+    EXPECT_TRUE(files.LoadFailed(wide));
+    EXPECT_EQ(ErrorIn([&] { files.Save(wide, [] {}); }).Number(), FileErrors::SaveRefused);
+}
+
+/// Reads fail as often as asked for.
+class UnreadableCalls : public FileCalls {
+  public:
+    int failures = 0;
+    ssize_t Read(int file, char* buffer, std::size_t size) override {
+        errno = EIO;
+        return failures-- > 0 ? -1 : FileCalls::Read(file, buffer, size);
+    }
+};
+
+TEST_F(DiskSettings, AReadThatFailsWhileSavingLeavesTheNextSaveGood) {
+    Write("a.ini", "[A]\r\nx=1\r\n");
+    UnreadableCalls calls;
+    SettingsFiles unreadable(calls);
+    const auto save = [&] {
+        unreadable.Save(name, [&] {
+            const auto file = unreadable.Open(name);
+            file->SetLong(L"A", L"x", 2);
+            file->Release();
+        });
+    };
+    unreadable.MarkUnsaved(name);
+    calls.failures = 1;
+    EXPECT_EQ(ErrorIn(save).Number(), FileErrors::CannotRead);
+    EXPECT_FALSE(unreadable.LoadFailed(name));
+    EXPECT_TRUE(unreadable.IsUnsaved(name));
+    EXPECT_EQ(ErrorIn(save).Number(), 0);
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=2\r\n");
+}
+
+TEST_F(DiskSettings, AChangeOfAnotherProgramIsNeverOverwrittenInSilence) {
+    const auto file = Open("[A]\r\nx=1\r\n");
+    file->SetLong(L"A", L"x", 2);
+    Write("a.ini", "[A]\r\nx=1\r\n[B]\r\ny=1\r\n");
+    const RunTimeError error = ErrorIn([&] { file->Release(); });
+    EXPECT_EQ(error.Number(), FileErrors::SaveRefused);
+    EXPECT_EQ(error.Description(),
+              name + L": not saved: another program has changed it since it was read");
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=1\r\n[B]\r\ny=1\r\n");
+}
+
+TEST_F(DiskSettings, OneObjectSavesAsOftenAsItIsReleased) {
+    const auto file = Open("[A]\r\nx=1\r\n");
+    for (const std::int32_t value : {2, 3}) {
+        file->SetLong(L"A", L"x", value);
+        file->Release();
+        EXPECT_EQ(Read("a.ini"), "[A]\r\nx=" + std::to_string(value) + "\r\n");
+    }
+}
+
+/// Adds 1 to a number in the file, until that went well so many times.
+void CountUp(const String& name, int times) {
+    while (times > 0) {
+        SettingsFiles files;
+        const auto file = files.Open(name);
+        file->SetLong(L"A", L"x", file->GetLong(L"A", L"x", 0) + 1);
+        times -= ErrorIn([&] { file->Release(); }).Number() == 0 ? 1 : 0;
+    }
+}
+
+TEST_F(DiskSettings, TwoProgramsThatSaveOneFileLoseNothing) {
+    Write("a.ini", "[A]\r\nx=0\r\n");
+    const pid_t child = ::fork();
+    if (child == 0) {
+        CountUp(name, 30);
+        ::_exit(0);
+    }
+    CountUp(name, 30);
+    int status = -1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=60\r\n");
+    EXPECT_THAT(Names(), ElementsAre("a.ini"));
 }
 
 TEST_F(DiskSettings, AfterALoadThatFailedNothingIsSavedUntilOneWentWell) {

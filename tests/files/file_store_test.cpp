@@ -49,6 +49,7 @@ class FailingCalls : public FileCalls {
     int Fchmod(int file, mode_t mode) override {
         return Fails("fchmod") ? -1 : FileCalls::Fchmod(file, mode);
     }
+    int LockNow(int file) override { return Fails("lock") ? -1 : FileCalls::LockNow(file); }
     int Fsync(int file) override { return Fails("fsync") ? -1 : FileCalls::Fsync(file); }
     /// A failed close has given the file up all the same.
     int Close(int file) override {
@@ -148,9 +149,9 @@ TEST_F(FileStore, ASaveWritesFlushesRenamesAndFlushesTheFolderInThisOrder) {
     SaveWholeFile(Path("a.ini"), "new", calls);
     EXPECT_EQ(Read("a.ini"), "new");
     EXPECT_THAT(Names(), ElementsAre("a.ini"));
-    EXPECT_THAT(calls.names,
-                ElementsAre("readlink", "stat", "access", "open", "fstat", "fchmod", "write",
-                            "fsync", "close", "rename", "open", "fsync", "close"));
+    EXPECT_THAT(calls.names, ElementsAre("readlink", "stat", "access", "open", "open", "lock",
+                                         "fstat", "stat", "fstat", "fchmod", "write", "fsync",
+                                         "close", "rename", "open", "fsync", "close", "close"));
 }
 
 TEST_F(FileStore, ANewFileIsMadeWithTheUsersOwnPermissions) {
@@ -177,8 +178,8 @@ TEST_F(FileStore, PermissionsOfTheOldFileAreKeptWhateverTheMask) {
 }
 
 TEST_F(FileStore, WhenAnyCallFailsTheOldFileStandsUntilTheRename) {
-    constexpr int Calls = 13;
-    constexpr int RenameIsCall = 10;
+    constexpr int Calls = 17;  // all but the end of the lock, which has no more to say
+    constexpr int RenameIsCall = 14;
     for (const bool forEver : {false, true}) {
         for (int k = 1; k <= Calls; ++k) {
             Write("a.ini", "old");
@@ -199,7 +200,7 @@ TEST_F(FileStore, WhenAnyCallFailsTheOldFileStandsUntilTheRename) {
 }
 
 TEST_F(FileStore, ACallThatASignalBreaksOffIsMadeAgain) {
-    for (const int k : {4, 7, 8, 12}) {  // open, write, fsync, fsync of the folder
+    for (const int k : {4, 5, 6, 11, 12, 16}) {  // open, open, lock, write, fsync, fsync
         Write("a.ini", "old");
         FailingCalls failing;
         failing.failAt = k;
@@ -218,7 +219,7 @@ TEST_F(FileStore, AWriteInSmallPiecesIsWhole) {
 
 TEST_F(FileStore, AFolderThatHasNothingToFlushIsNoFailure) {
     Write("a.ini", "old");
-    calls.failAt = 12;
+    calls.failAt = 16;
     calls.failWith = EINVAL;
     SaveWholeFile(Path("a.ini"), "new", calls);
     EXPECT_EQ(Read("a.ini"), "new");

@@ -158,6 +158,8 @@ TEST(SettingsDocument, ANameThatWouldReadAsSomethingElseIsError5) {
     SettingsDocument document("[A]\r\n");
     EXPECT_EQ(ErrorIn([&] { document.SetKey(L"A", L"a=b", L"1"); }).Number(), 5);
     EXPECT_EQ(ErrorIn([&] { document.SetKey(L"A", L"[a", L"b]"); }).Number(), 5);
+    EXPECT_EQ(ErrorIn([&] { document.SetKey(L"A", L"", L"1"); }).Number(), 5);
+    EXPECT_EQ(ErrorIn([&] { document.SetKey(L"A", L" \t", L"1"); }).Number(), 5);
     EXPECT_EQ(ErrorIn([&] { document.SetSection(L"A]B", L""); }).Number(), 5);
     EXPECT_EQ(ErrorIn([&] { document.SetSection(L"A\nB", L""); }).Number(), 5);
     EXPECT_EQ(document.ChangedBytes(), std::nullopt);
@@ -347,6 +349,31 @@ TEST(SettingsDocument, TextOfAnotherWidthIsAnErrorAndNoEmptyFile) {
          {"\xFE\xFF\0[\0A\0]"s, "[\0A\0]\0"s, "\0[\0A\0]"s, "\xFF\xFE\0\0[\0\0\0"s}) {
         EXPECT_EQ(ErrorIn([&] { SettingsDocument document(bytes); }).Number(),
                   FileErrors::CannotRead);
+    }
+}
+
+TEST(SettingsDocument, ASectionWhoseNameBeginsWithAZeroIsRefused) {
+    SettingsDocument document;
+    const RunTimeError error = ErrorIn([&] { document.SetKey(String(1, L'\0'), L"x", L"1"); });
+    EXPECT_EQ(error.Number(), 5);
+    EXPECT_THAT(error.Description(), ::testing::HasSubstr(L"a section cannot have this name"));
+    EXPECT_EQ(document.Bytes(), "");
+}
+
+TEST(SettingsDocument, WhatCouldNotBeReadAgainIsNotWritten) {
+    SettingsDocument document(std::string(1, '\0'));
+    document.SetKey(L"A", L"x", L"1");
+    EXPECT_EQ(ErrorIn([&] { document.Bytes(); }).Number(), 5);
+    EXPECT_EQ(ErrorIn([&] { document.ChangedBytes(); }).Number(), 5);
+}
+
+TEST(SettingsDocument, TheBytesFromWhichItWasMadeStay) {
+    for (const std::string& bytes :
+         {std::string(), std::string("[A]\nx=1"), std::string("\xEF\xBB\xBF[A]\r\n"),
+          std::string("\xFF\xFE[\0A\0]\0\n", 9), std::string("[A]\r\nx=\xE4\r\n")}) {
+        SettingsDocument document(bytes);
+        document.DeleteSection(L"A");
+        EXPECT_EQ(document.SourceBytes(), bytes);
     }
 }
 

@@ -66,7 +66,18 @@ std::optional<SettingsDocument> LoadDocument(const std::string& path, FileCalls&
 DiskSettingsFile::DiskSettingsFile(std::shared_ptr<const FileState> state,
                                    std::shared_ptr<const SettingsDocument> document,
                                    FileCalls& calls)
-    : x_state(std::move(state)), x_document(std::move(document)), x_calls(calls) {}
+    : x_state(std::move(state)),
+      x_isNew(document == nullptr),
+      x_document(x_isNew ? std::make_shared<const SettingsDocument>() : std::move(document)),
+      x_calls(calls) {}
+
+/// What the file holds as far as this object knows.
+std::optional<std::string> DiskSettingsFile::OnDisk() const {
+    if (x_saved) {
+        return x_saved;
+    }
+    return x_isNew ? std::nullopt : std::optional(x_document->SourceBytes());
+}
 
 /// What `read` makes of the value; nothing when there is no such key.
 template <class Read>
@@ -154,7 +165,8 @@ void DiskSettingsFile::Release() {
     Change([&] { bytes = x_document->ChangedBytes(); });
     if (bytes) {
         RequireGoodLoad(*x_state);
-        SaveWholeFile(x_state->path, *bytes, x_calls);
+        SaveUnchangedFile(x_state->path, OnDisk(), *bytes, x_calls);
+        x_saved = std::move(bytes);
     }
 }
 
@@ -164,17 +176,11 @@ SettingsFiles::SettingsFiles(FileCalls& calls)
 
 std::shared_ptr<DiskSettingsFile> SettingsFiles::Open(const String& name) {
     const std::shared_ptr<FileState> state = StateOf(name);
-    try {
-        std::shared_ptr<const SettingsDocument> document = x_documents.Get(state->path);
-        if (!document && !state->isSaving) {
-            return nullptr;
-        }
-        return std::make_shared<DiskSettingsFile>(
-            state, document ? document : std::make_shared<SettingsDocument>(), x_calls);
-    } catch (...) {
-        state->loadFailed = true;
-        throw;
+    std::shared_ptr<const SettingsDocument> document = x_documents.Get(state->path);
+    if (!document && !state->isSaving) {
+        return nullptr;
     }
+    return std::make_shared<DiskSettingsFile>(state, std::move(document), x_calls);
 }
 
 void SettingsFiles::Load(const String& name, const std::function<void()>& load) {

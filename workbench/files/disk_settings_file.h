@@ -28,7 +28,7 @@ struct FileState {
 /// byte differs; without `Release` they are dropped.
 class DiskSettingsFile : public ISettingsFile {
   public:
-    /// `calls` must outlive the object.
+    /// Without a document there is no such file yet. `calls` must outlive the object.
     DiskSettingsFile(std::shared_ptr<const FileState> state,
                      std::shared_ptr<const SettingsDocument> document,
                      FileCalls& calls = SystemFileCalls());
@@ -48,7 +48,8 @@ class DiskSettingsFile : public ISettingsFile {
     std::vector<String> GetSection(const String& section) override;
     /// Content of another kind than nothing, text or array of text is error 13.
     void SetSection(const String& section, const Value& content) override;
-    /// Saves. After a load that failed a change is error `FileErrors::SaveRefused`.
+    /// Saves. A change is error `FileErrors::SaveRefused` after a load that failed, and when
+    /// another program has changed the file since this object read it.
     void Release() override;
 
     const SettingsDocument& Document() const { return *x_document; }
@@ -60,8 +61,12 @@ class DiskSettingsFile : public ISettingsFile {
     template <class Act>
     void Change(Act&& act);
 
+    std::optional<std::string> OnDisk() const;
+
     std::shared_ptr<const FileState> x_state;
+    bool x_isNew;
     SharedDocument x_document;
+    std::optional<std::string> x_saved;  ///< by this object
     FileCalls& x_calls;
 };
 
@@ -73,8 +78,8 @@ class SettingsFiles {
     explicit SettingsFiles(FileCalls& calls = SystemFileCalls());
 
     /// The file as it stands on the disk; it is read only when it has changed since the last time.
-    /// No object when there is no such file, except within `Save`, which makes
-    /// it. One that can't be read is error `FileErrors::CannotRead` and counts as a failed load.
+    /// No object when there is no such file, except within `Save`, which makes it. One that can't
+    /// be read is error `FileErrors::CannotRead`; only within `Load` that is a failed load.
     std::shared_ptr<DiskSettingsFile> Open(const String& name);
 
     /// Runs a load of the file. When it raises, the file can't be saved until a load went well.

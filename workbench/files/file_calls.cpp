@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace ace::workbench {
@@ -44,6 +45,10 @@ int FileCalls::Fchmod(int file, mode_t mode) {
 
 int FileCalls::Fsync(int file) {
     return ::fsync(file);
+}
+
+int FileCalls::LockNow(int file) {
+    return ::flock(file, LOCK_EX | LOCK_NB);
 }
 
 int FileCalls::Close(int file) {

@@ -25,6 +25,8 @@ class FileCalls {
     virtual int Fchown(int file, uid_t owner, gid_t group);
     virtual int Fchmod(int file, mode_t mode);
     virtual int Fsync(int file);
+    /// Locks the whole file against everybody else who asks, without waiting.
+    virtual int LockNow(int file);
     virtual int Close(int file);
     virtual int Rename(const std::string& from, const std::string& to);
     virtual int Unlink(const std::string& path);

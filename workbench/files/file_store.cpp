@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <functional>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
@@ -37,6 +38,14 @@ class OpenFile {
     OpenFile& operator=(const OpenFile&) = delete;
     int Number() const { return x_file; }
     int Close() { return x_calls.Close(std::exchange(x_file, -1)); }
+    /// Gives the file up to the caller.
+    int Release() { return std::exchange(x_file, -1); }
+    void Reset(int file = -1) {
+        if (x_file >= 0) {
+            x_calls.Close(x_file);
+        }
+        x_file = file;
+    }
 
   private:
     FileCalls& x_calls;
@@ -76,7 +85,11 @@ std::string ReadToEnd(const OpenFile& file, std::size_t expected, const std::str
 /// One save: the steps in their order, each of which raises when it fails.
 class Save {
   public:
-    Save(std::string path, FileCalls& calls) : x_calls(calls), x_path(std::move(path)) {}
+    /// What makes sure that the old file may go. To be asked at the last moment.
+    using Check = std::function<void(const std::string& path)>;
+
+    Save(std::string path, Check check, FileCalls& calls)
+        : x_calls(calls), x_path(std::move(path)), x_check(std::move(check)) {}
     ~Save() {
         if (!x_temporary.empty()) {
             x_calls.Unlink(x_temporary);  // the save has failed already; nothing more can be done
@@ -88,11 +101,16 @@ class Save {
     void Run(std::string_view bytes) {
         FollowLinks();
         LookAtOldFile();
-        OpenFile file(x_calls, CreateTemporary());
+        // The lock outlives the name, so that nobody takes the file for one that was left behind.
+        OpenFile lock(x_calls, -1);
+        OpenFile file(x_calls, CreateTemporary(lock));
         KeepOwnerAndPermissions(file);
         WriteAll(file, bytes);
         Require(L"cannot be flushed", Uninterrupted([&] { return x_calls.Fsync(file.Number()); }));
         Require(L"cannot be closed", file.Close());
+        if (x_check) {
+            x_check(x_path);
+        }
         Require(L"cannot be replaced", x_calls.Rename(x_temporary, x_path));
         x_temporary.clear();
         FlushFolder();
@@ -143,22 +161,81 @@ class Save {
         Require(L"cannot be written", x_calls.MayWrite(x_path));
     }
 
-    int CreateTemporary() {
-        const mode_t mode = x_isNew ? 0666 : x_old.st_mode & 0777;
-        const std::string stem = Folder() + ".ace-save-" + std::to_string(::getpid()) + "-";
+    /// One name for each user and file.
+    std::string TemporaryName() const {
+        constexpr std::size_t LongestPart = 200;  // a name has at most 255 bytes
+        const std::size_t slash = x_path.rfind('/');
+        const std::string name = slash == std::string::npos ? x_path : x_path.substr(slash + 1);
+        return Folder() + ".ace-save-" + std::to_string(::geteuid()) + "-" +
+               name.substr(0, LongestPart);
+    }
+
+    int CreateTemporary(OpenFile& lock) {
+        constexpr mode_t ByOwner = 0600;  // until the mode of the old file is given to it
+        const mode_t mode = x_isNew ? 0666 : (x_old.st_mode & 0777) | ByOwner;
+        const std::string name = TemporaryName();
         constexpr int MostTries = 100;
-        for (int number = 1; number <= MostTries; ++number) {
-            const std::string name = stem + std::to_string(number);
-            const int file = x_calls.Open(name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-            if (file >= 0) {
+        for (int tries = 0; tries < MostTries; ++tries) {
+            OpenFile file(x_calls,
+                          x_calls.Open(name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+            if (file.Number() >= 0) {
                 x_temporary = name;
-                return file;
-            }
-            if (errno != EEXIST && errno != EINTR) {
-                break;
+                const Grip grip = TakeHold(name, lock);
+                Require(L"the file beside it cannot be opened", grip == Grip::None ? -1 : 0);
+                if (grip == Grip::Held) {
+                    return file.Release();
+                }
+                x_temporary.clear();  // another save took it for a leftover before it was locked
+            } else if (errno == EEXIST) {
+                TakeAwayLeftover(name);
+            } else if (errno != EINTR) {
+                Require(L"no file can be made beside it", -1);
             }
         }
-        Fail(FileErrors::CannotSave, L"no file can be made beside it", x_path, Reason(errno));
+        FailAsBusy();
+    }
+
+    [[noreturn]] void FailAsBusy() const {
+        Fail(FileErrors::CannotSave, L"cannot be written", x_path, L"another program is saving it");
+    }
+
+    /// What became of locking the file of a name.
+    enum class Grip {
+        Held,
+        Busy,  ///< somebody else holds it
+        Gone,  ///< the name is another file's by now, or nobody's
+        None,  ///< it can't be opened; `errno` says why
+    };
+    Grip TakeHold(const std::string& name, OpenFile& lock) {
+        constexpr int Flags = O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+        lock.Reset();
+        lock.Reset(Uninterrupted([&] { return x_calls.Open(name, Flags, 0); }));
+        if (lock.Number() < 0) {
+            return errno == ENOENT ? Grip::Gone : Grip::None;
+        }
+        if (Uninterrupted([&] { return x_calls.LockNow(lock.Number()); }) < 0) {
+            Require(L"the file beside it cannot be locked", errno == EWOULDBLOCK ? 0 : -1);
+            return Grip::Busy;
+        }
+        struct stat held {};
+        struct stat named {};
+        Require(L"the file beside it cannot be looked at", x_calls.Fstat(lock.Number(), held));
+        const bool isThere = x_calls.Stat(name, named) == 0;
+        Require(L"the file beside it cannot be looked at", isThere || errno == ENOENT ? 0 : -1);
+        const bool isSame = held.st_dev == named.st_dev && held.st_ino == named.st_ino;
+        return isThere && isSame ? Grip::Held : Grip::Gone;
+    }
+
+    /// Whoever still saves holds the lock of the file; what can't even be opened is no such file.
+    void TakeAwayLeftover(const std::string& name) {
+        OpenFile leftover(x_calls, -1);
+        const Grip grip = TakeHold(name, leftover);
+        if (grip == Grip::Busy) {
+            FailAsBusy();
+        }
+        if (grip != Grip::Gone) {
+            Require(L"what a save left beside it cannot be taken away", x_calls.Unlink(name));
+        }
     }
 
     void KeepOwnerAndPermissions(const OpenFile& file) {
@@ -207,6 +284,7 @@ class Save {
 
     FileCalls& x_calls;
     std::string x_path;
+    Check x_check;
     std::string x_temporary;
     struct stat x_old {};
     bool x_isNew = true;
@@ -235,7 +313,18 @@ std::optional<std::string> ReadWholeFile(const std::string& path, FileCalls& cal
 }
 
 void SaveWholeFile(const std::string& path, std::string_view bytes, FileCalls& calls) {
-    Save(path, calls).Run(bytes);
+    Save(path, {}, calls).Run(bytes);
+}
+
+void SaveUnchangedFile(const std::string& path, const std::optional<std::string>& before,
+                       std::string_view bytes, FileCalls& calls) {
+    const auto check = [&](const std::string& target) {
+        if (ReadWholeFile(target, calls) != before) {
+            Fail(FileErrors::SaveRefused, L"not saved", path,
+                 L"another program has changed it since it was read");
+        }
+    };
+    Save(path, check, calls).Run(bytes);
 }
 
 }  // namespace ace::workbench

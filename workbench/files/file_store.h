@@ -18,11 +18,19 @@ std::optional<std::string> ReadWholeFile(const std::string& path,
 
 /// Makes `bytes` the content of the file at `path` (UTF-8): writes a new file beside it, brings it
 /// to the disk, and gives it the old name in one step, so that a crash or a full disk leaves either
-/// the old content or the new. A link is followed, permissions and group are kept; the owner is
-/// kept where the system allows it. A failure is error `FileErrors::CannotSave`, which names the
-/// file, the step and the reason; the old file is untouched then, but for a folder that can't be
-/// flushed after the last step, which the description says.
+/// the old content or the new. A symbolic link is followed, permissions and group are kept; the
+/// owner is kept where the system allows it. Another hard link to the old file keeps the old
+/// content. The file beside it has one name for each user and file, so that a save that was killed
+/// leaves at most one, which the next save takes away. A failure is error
+/// `FileErrors::CannotSave`, which names the file, the step and the reason; the old file is
+/// untouched then, but for a folder that can't be flushed after the last step, which the
+/// description says.
 void SaveWholeFile(const std::string& path, std::string_view bytes,
                    FileCalls& calls = SystemFileCalls());
+
+/// The same, as long as the file holds `before` (nothing: as long as there is none). Otherwise
+/// somebody else has changed it, and it is error `FileErrors::SaveRefused`, which names the file.
+void SaveUnchangedFile(const std::string& path, const std::optional<std::string>& before,
+                       std::string_view bytes, FileCalls& calls = SystemFileCalls());
 
 }  // namespace ace::workbench

@@ -16,12 +16,15 @@ namespace {
     throw RunTimeError(Errors::InvalidProcedureCall, L"section [" + String(section) + L"]" + why);
 }
 
-/// Text of another width looks like a file without sections; it is told by its first two bytes.
-void RequireKnownText(std::string_view bytes) {
+/// Text of another width looks like a file without sections; it is told by its first bytes.
+bool LooksWide(std::string_view bytes) {
     using namespace std::string_view_literals;
-    const bool wide = bytes.starts_with("\xFF\xFE\0\0"sv) || bytes.starts_with("\xFE\xFF"sv) ||
-                      (bytes.size() >= 2 && (bytes[0] == '\0') != (bytes[1] == '\0'));
-    if (wide) {
+    return bytes.starts_with("\xFF\xFE\0\0"sv) || bytes.starts_with("\xFE\xFF"sv) ||
+           (bytes.size() >= 2 && (bytes[0] == '\0') != (bytes[1] == '\0'));
+}
+
+void RequireKnownText(std::string_view bytes) {
+    if (LooksWide(bytes)) {
         throw RunTimeError(FileErrors::CannotRead,
                            L"the text is 16-bit big endian, 16-bit without byte order mark, or "
                            L"32-bit, and cannot be read");
@@ -220,7 +223,8 @@ void SettingsDocument::SetKey(StringView section, StringView key, StringView val
         Refuse(section,
                L", key \"" + String(key) + L"\": a value of one line cannot hold a line end");
     }
-    if (name.find('=') != std::string::npos || !FindHeaders(line).empty()) {
+    if (TrimBlanks(name).empty() || name.find('=') != std::string::npos ||
+        !FindHeaders(line).empty()) {
         Refuse(section, L": \"" + String(key) + L"\" cannot be the name of a key");
     }
     const std::size_t found = Find(section);
@@ -288,7 +292,7 @@ void SettingsDocument::DeleteSection(StringView section) {
 
 void SettingsDocument::Append(StringView name, std::string_view body) {
     const std::string bytes = Encoded(name, name);
-    if (bytes.find_first_of("]\n") != std::string::npos) {
+    if (bytes.find_first_of("]\n") != std::string::npos || bytes.starts_with('\0')) {
         Refuse(name, L": a section cannot have this name");
     }
     Section section;
@@ -358,9 +362,22 @@ std::string SettingsDocument::Assembled(const std::string& text) const {
                            L"the file is Windows-1252, but what is left of it would be read as "
                            L"UTF-8");
     }
+    std::string bytes = FileBytes(text);
+    if (LooksWide(bytes)) {
+        throw RunTimeError(Errors::InvalidProcedureCall,
+                           L"what begins with a zero character could not be read any more");
+    }
+    return bytes;
+}
+
+std::string SettingsDocument::FileBytes(const std::string& text) const {
     std::string bytes(ByteOrderMark(x_encoding));
     bytes += x_encoding == Encoding::Utf16 ? BytesToUtf16(text) : text;
     return bytes += x_tail;
+}
+
+std::string SettingsDocument::SourceBytes() const {
+    return FileBytes(x_source);
 }
 
 std::string SettingsDocument::Bytes() const {

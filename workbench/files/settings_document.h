@@ -35,7 +35,7 @@ class SettingsDocument {
     /// What stands behind the "=", blanks included; nothing when there is no such section or key.
     std::optional<String> GetKey(StringView section, StringView key) const;
     /// Replaces the value alone, or adds the key behind the section's last line, the section at the
-    /// end of the file. A line end within, or a key with "=", can't be written.
+    /// end of the file. A line end within, an empty key, or one with "=", can't be written.
     void SetKey(StringView section, StringView key, StringView value);
 
     /// The lines without their ends, comments included; none for an empty or missing section.
@@ -48,6 +48,8 @@ class SettingsDocument {
     /// Takes away every section of this name.
     void DeleteSection(StringView section);
 
+    /// The bytes from which the document was made.
+    std::string SourceBytes() const;
     /// The bytes of the whole file. Error 5 when a codepage file would be taken for UTF-8.
     std::string Bytes() const;
     /// The same; nothing when no byte differs from the file as it was read.
@@ -84,6 +86,7 @@ class SettingsDocument {
     std::string Encoded(StringView text, StringView section) const;
     std::string Render() const;
     std::string Assembled(const std::string& text) const;
+    std::string FileBytes(const std::string& text) const;
 
     Encoding x_encoding = Encoding::Utf8;
     std::string x_source;                 ///< the file as read, without byte order mark
