@@ -151,12 +151,29 @@ TEST_F(RunCommandTest, AConfigurationThatMakesNoSenseIsABadFile) {
               "4 " + Path("bench.ini") + ": there is no such file");
     Write("bench.ini", "[Tcp]\nConnectTimeoutMs=0\n");
     EXPECT_EQ(RefusalOf([&] { RunText(Small, arguments); }),
-              "4 configuration, [Tcp] ConnectTimeoutMs: 0 is not a time from 1 to 3600000 "
-              "milliseconds");
+              "4 " + Path("bench.ini") +
+                  ":2: [Tcp] ConnectTimeoutMs: \"0\" is not a time from 1 to 3600000 milliseconds");
     Write("bench.ini", "[SerialPorts]\nLPT1=/dev/lp0\n");
     EXPECT_EQ(RefusalOf([&] { RunText(Small, arguments); }),
-              "4 configuration, [SerialPorts]: \"LPT1=/dev/lp0\" is not of the form "
-              "COM3=/dev/ttyUSB0");
+              "4 " + Path("bench.ini") +
+                  ":2: [SerialPorts]: \"LPT1=/dev/lp0\" is not of the form COM3=/dev/ttyUSB0");
+}
+
+TEST_F(RunCommandTest, AnswersAndFailuresAreReadIn16BitTextToo) {
+    const auto wide = [](const std::string& text) {
+        std::string bytes = "\xFF\xFE";
+        for (const char c : text) {
+            bytes += {c, '\0'};
+        }
+        return bytes;
+    };
+    Write("answers.txt", wide("start of test | question | Door* | Yes\r\n"));
+    Write("faults.txt", wide("# none\r\n\r\nCOM1 fails at every write\r\n"));
+    RunArguments arguments;
+    arguments.answers = Path("answers.txt");
+    arguments.faults = Path("faults.txt");
+    EXPECT_EQ(RunText(Small, arguments), Outcome::Finished);
+    EXPECT_THAT(printed, HasSubstr("nothing came to: COM1 fails at every write\n"));
 }
 
 TEST_F(RunCommandTest, TheTrafficIsWrittenToItsFileAnew) {

@@ -109,6 +109,7 @@ const BadRow BadRows[] = {
     {L"GPIB 0:13 fails at the write", Form},
     {L"GPIB 0:13 fails at the 0th write", Form},
     {L"GPIB 0:13 fails from the 2nd write", Form},
+    {L"TCP 1.2.3.4:5 fails from the on", Form},
     {L"USB 3 fails at every write",
      "what fails is GPIB 0:13, COM3, TCP host:port, device NAME, program PATTERN or macro PATTERN"},
     {L"GPIB 0:13 fails at every reading",

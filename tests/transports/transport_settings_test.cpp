@@ -1,10 +1,9 @@
 #include "workbench/transports/transport_settings.h"
 
-#include <cstring>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include "support/file_fixture.h"
-#include "workbench/files/disk_settings_file.h"
-#include "workbench/transports/transport_errors.h"
+#include "support/refusal.h"
 
 namespace ace::workbench {
 namespace {
@@ -13,18 +12,14 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-class TransportSettingsTest : public FolderTest {
-  protected:
-    TransportSettings ReadText(const std::string& text) {
-        Write("workbench.ini", text);
-        return ReadTransportSettings(*SettingsFiles().Open(WidePath("workbench.ini")));
-    }
-    RunTimeError ErrorOf(const std::string& text) {
-        return ErrorIn([&] { ReadText(text); });
-    }
-};
+TransportSettings ReadText(const std::string& text) {
+    return ReadTransportSettings(SettingsDocument(text), L"w.ini");
+}
+std::string ErrorOf(const std::string& text) {
+    return RefusalOf([&] { ReadText(text); });
+}
 
-TEST_F(TransportSettingsTest, AnEmptyFileGivesTheDefaults) {
+TEST(TransportSettings, AnEmptyFileGivesTheDefaults) {
     const TransportSettings settings = ReadText("");
     EXPECT_EQ(settings.tcp.connect, Milliseconds{5000});
     EXPECT_EQ(settings.tcp.write, Milliseconds{5000});
@@ -35,7 +30,7 @@ TEST_F(TransportSettingsTest, AnEmptyFileGivesTheDefaults) {
     EXPECT_EQ(settings.soundPlayer, L"");
 }
 
-TEST_F(TransportSettingsTest, EveryKeyIsRead) {
+TEST(TransportSettings, EveryKeyIsRead) {
     const TransportSettings settings = ReadText(
         "[Tcp]\nConnectTimeoutMs=1\nWriteTimeoutMs=3600000\n"
         "[Serial]\nWriteTimeoutMs=250\n"
@@ -52,45 +47,38 @@ TEST_F(TransportSettingsTest, EveryKeyIsRead) {
     EXPECT_EQ(settings.soundPlayer, L"play -q");
 }
 
-TEST_F(TransportSettingsTest, KeyThatItsSectionDoesNotHaveIsAnErrorThatNamesIt) {
-    const RunTimeError error = ErrorOf("[Tcp]\n; times\n\nconnecttimeoutms=1\nWriteTimoutMs=2\n");
-    EXPECT_EQ(error.Number(), TransportErrors::BadConfiguration);
-    EXPECT_EQ(error.Description(),
-              L"configuration, [Tcp]: \"WriteTimoutMs\" is no key of this section");
-    EXPECT_EQ(
-        ErrorOf("[OtaMeasurements]\nActionSyncTimeOuts=3\n").Description(),
-        L"configuration, [OtaMeasurements]: \"ActionSyncTimeOuts\" is no key of this section");
+TEST(TransportSettings, KeyThatItsSectionDoesNotHaveIsAnErrorThatNamesItsLine) {
+    EXPECT_EQ(ErrorOf("[Tcp]\n; times\n\nconnecttimeoutms=1\nWriteTimoutMs=2\n"),
+              "4 w.ini:5: [Tcp]: \"WriteTimoutMs\" is no key of this section");
+    EXPECT_EQ(ErrorOf("\n[OtaMeasurements]\nActionSyncTimeOuts=3\n"),
+              "4 w.ini:3: [OtaMeasurements]: \"ActionSyncTimeOuts\" is no key of this section");
 }
 
-TEST_F(TransportSettingsTest, SectionOfSomebodyElseIsNobodysBusiness) {
-    EXPECT_EQ(ReadText("[Window]\nLeft=3\n").tcp.write, Milliseconds{5000});
+TEST(TransportSettings, SectionThatNobodyReadsIsAnErrorThatNamesItsLine) {
+    EXPECT_EQ(ErrorOf("; mine\n[Tcpp]\nConnectTimeoutMs=3\n"),
+              "4 w.ini:2: [Tcpp] is no section of the configuration, which has Tcp, Serial, "
+              "SerialPorts, Gpib, MacroSync, Sound, OtaMeasurements");
 }
 
-TEST_F(TransportSettingsTest, OfTwoLinesForAPortTheFirstHolds) {
+TEST(TransportSettings, OfTwoLinesForAPortTheFirstHolds) {
     EXPECT_THAT(ReadText("[SerialPorts]\nCOM3=a\nCOM3=b\n").serialDevices,
                 ElementsAre(Pair(3, "a")));
 }
 
-TEST_F(TransportSettingsTest, ATimeOutOfRangeIsAnErrorThatNamesTheKey) {
-    for (const char* time : {"0", "-1", "3600001"}) {
-        const RunTimeError error = ErrorOf("[Tcp]\nWriteTimeoutMs=" + std::string(time) + "\n");
-        EXPECT_EQ(error.Number(), TransportErrors::BadConfiguration);
-        EXPECT_EQ(error.Description(), L"configuration, [Tcp] WriteTimeoutMs: " +
-                                           String(time, time + std::strlen(time)) +
-                                           L" is not a time from 1 to 3600000 milliseconds");
+TEST(TransportSettings, WhatIsNoTimeInItsRangeIsAnErrorThatNamesTheLine) {
+    for (const std::string time : {"0", "-1", "3600001", "soon", "", "1.5", "99999999999"}) {
+        EXPECT_EQ(ErrorOf("[Serial]\n[Tcp]\n\nWriteTimeoutMs=" + time + "\n"),
+                  "4 w.ini:4: [Tcp] WriteTimeoutMs: \"" + time +
+                      "\" is not a time from 1 to 3600000 milliseconds");
     }
 }
 
-TEST_F(TransportSettingsTest, ATimeThatIsNoNumberIsTheErrorOfTheFile) {
-    EXPECT_EQ(ErrorOf("[Serial]\nWriteTimeoutMs=soon\n").Number(), 13);
-}
-
-TEST_F(TransportSettingsTest, ALineThatMapsNoPortIsAnError) {
-    for (const char* line : {"COM3", "COM3=", "COM=x", "COM0=x", "COM32768=x", "COM3x=x", "3=x",
-                             "TTY3=x", "COM99999999999=x"}) {
-        EXPECT_EQ(ErrorOf("[SerialPorts]\n" + std::string(line) + "\n").Number(),
-                  TransportErrors::BadConfiguration)
-            << line;
+TEST(TransportSettings, ALineThatMapsNoPortIsAnError) {
+    for (const std::string line : {"COM3", "COM3=", "COM=x", "COM0=x", "COM32768=x", "COM3x=x",
+                                   "3=x", "TTY3=x", "COM99999999999=x"}) {
+        EXPECT_EQ(
+            ErrorOf("[SerialPorts]\nCOM1=x\n" + line + "\n"),
+            "4 w.ini:3: [SerialPorts]: \"" + line + "\" is not of the form COM3=/dev/ttyUSB0");
     }
     EXPECT_THAT(ReadText("[SerialPorts]\nCOM32767=x\n").serialDevices,
                 ElementsAre(Pair(32767, "x")));

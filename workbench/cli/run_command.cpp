@@ -5,8 +5,8 @@
 #include "workbench/cli/console_report.h"
 #include "workbench/cli/run_outputs.h"
 #include "workbench/devices/device_file.h"
-#include "workbench/files/file_store.h"
 #include "workbench/files/text_encoding.h"
+#include "workbench/files/text_lines.h"
 #include "workbench/files/trace_file.h"
 #include "workbench/session/bench_host.h"
 #include "workbench/words/wording.h"
@@ -80,10 +80,11 @@ auto Existing(const std::string& path, Read&& read) {
 
 /// The text of a file in any of the encodings of settings files.
 String ReadText(const std::string& file) {
-    const std::string bytes =
-        Existing(file, [](const std::string& path) { return ReadWholeFile(path); });
-    const Encoding encoding = DetectEncoding(bytes);
-    return Decode(encoding, std::string_view(bytes).substr(ByteOrderMark(encoding).size()));
+    return Existing(file, ReadTextFile);
+}
+
+SettingsDocument ExistingDocument(const std::string& file) {
+    return Existing(file, [](const std::string& path) { return LoadDocument(path); });
 }
 
 Answers ReadAnswers(const RunArguments& arguments) {
@@ -100,9 +101,7 @@ std::shared_ptr<FaultRules> ReadFaults(const RunArguments& arguments) {
 /// Puts the devices of the file on the bench. A channel that a device watches needs the device.
 void ReadBench(const RunArguments& arguments, const TestSetUp& setUp, BenchHost& host) {
     if (arguments.devices) {
-        const SettingsDocument document = Existing(
-            *arguments.devices, [](const std::string& path) { return LoadDocument(path); });
-        ReadDevices(document, FromUtf8(*arguments.devices), host);
+        ReadDevices(ExistingDocument(*arguments.devices), FromUtf8(*arguments.devices), host);
     }
     for (const ChannelEvents& channel : setUp.channels) {
         if (channel.watch && !IsMonitor(host.bench, channel.watch->device)) {
@@ -121,13 +120,7 @@ TransportChoice ReadTransports(const RunArguments& arguments, SettingsFiles& fil
     }
     const String name = FromUtf8(*arguments.config);
     choice.openConfiguration = [&files, name] { return files.Open(name); };
-    DiskSettingsFile file =
-        Existing(*arguments.config, [&](const std::string&) { return files.Open(name); });
-    try {
-        choice.settings = ReadTransportSettings(file);
-    } catch (const RunTimeError& error) {
-        RefuseFile(error.Description());
-    }
+    choice.settings = ReadTransportSettings(ExistingDocument(*arguments.config), name);
     return choice;
 }
 
@@ -216,9 +209,7 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     const Clock clock = ReadClock(arguments);
     CheckOutputs(arguments);
     const String file = FromUtf8(arguments.file);
-    const SettingsDocument document =
-        Existing(arguments.file, [](const std::string& path) { return LoadDocument(path); });
-    const TestSetUp setUp = ReadSetUp(document, file, options);
+    const TestSetUp setUp = ReadSetUp(ExistingDocument(arguments.file), file, options);
     Answers answers = ReadAnswers(arguments);
     SettingsFiles files;
     TransportChoice transports = ReadTransports(arguments, files);

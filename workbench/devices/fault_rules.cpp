@@ -4,6 +4,7 @@
 
 #include <ace/core/text.h>
 
+#include "workbench/files/text_lines.h"
 #include "workbench/words/outcome.h"
 #include "workbench/words/wording.h"
 
@@ -116,7 +117,7 @@ class LineReader {
             ReadAct(rule, text.substr(Every.size()));
         } else if (text.starts_with(At)) {
             ReadNumberedAct(rule, text.substr(At.size()));
-        } else if (text.starts_with(From) && text.ends_with(On)) {
+        } else if (text.starts_with(From) && text.substr(From.size()).ends_with(On)) {
             rule.isForGood = true;
             text.remove_suffix(On.size());
             ReadNumberedAct(rule, text.substr(From.size()));
@@ -174,17 +175,13 @@ bool FitsName(const FaultRule& rule, StringView name) {
 }  // namespace
 
 FaultRules::FaultRules(StringView script, const String& path) {
-    std::size_t line = 0;
-    for (std::size_t begin = 0; begin < script.size();) {
-        const std::size_t end = std::min(script.find(L'\n', begin), script.size());
-        const StringView text = Trimmed(script.substr(begin, end - begin));
-        const StringView content =
-            text.ends_with(L'\r') ? Trimmed(text.substr(0, text.size() - 1)) : text;
-        ++line;
-        if (!content.empty() && content.front() != L'#') {
-            x_rules.push_back({LineReader(path, line, content).Read()});
+    std::size_t number = 0;
+    for (const StringView whole : LinesOf(script)) {
+        ++number;
+        const StringView line = Trimmed(whole);
+        if (!line.empty() && line.front() != L'#') {
+            x_rules.push_back({LineReader(path, number, line).Read()});
         }
-        begin = end + 1;
     }
 }
 

@@ -33,4 +33,10 @@ String PlaceText(const SettingsDocument& document, const String& path, StringVie
     return key.empty() ? place : place + L" " + String(key);
 }
 
+String LinePlaceText(const SettingsDocument& document, const String& path, StringView section,
+                     std::size_t index) {
+    const std::size_t header = document.HeaderLine(section).value_or(0);
+    return path + L":" + std::to_wstring(header + 1 + index) + L": [" + String(section) + L"]";
+}
+
 }  // namespace ace::workbench

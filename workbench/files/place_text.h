@@ -10,4 +10,8 @@ namespace ace::workbench {
 String PlaceText(const SettingsDocument& document, const String& path, StringView section,
                  StringView key);
 
+/// The same for the line of `index` among the lines of a section that is there, from 0.
+String LinePlaceText(const SettingsDocument& document, const String& path, StringView section,
+                     std::size_t index);
+
 }  // namespace ace::workbench

@@ -5,6 +5,7 @@
 
 #include <ace/core/text.h>
 
+#include "workbench/files/text_lines.h"
 #include "workbench/words/outcome.h"
 #include "workbench/words/wording.h"
 
@@ -115,18 +116,12 @@ bool Fits(const AnswerLine& line, const Prompt& prompt) {
 
 Answers::Answers(StringView text, const String& path) {
     std::size_t number = 0;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(L'\n'), text.size());
-        StringView line = text.substr(0, end);
-        if (!line.empty() && line.back() == L'\r') {
-            line.remove_suffix(1);
-        }
-        line = Trimmed(line);
+    for (const StringView whole : LinesOf(text)) {
         ++number;
+        const StringView line = Trimmed(whole);
         if (!line.empty() && line.front() != L'#') {
             x_lines.push_back(ReadLine(line, number, path));
         }
-        text.remove_prefix(std::min(end + 1, text.size()));
     }
 }
 

@@ -8,8 +8,9 @@
 
 #include "workbench/files/file_store.h"
 #include "workbench/files/text_encoding.h"
-#include "workbench/transports/text_lines.h"
+#include "workbench/files/text_lines.h"
 #include "workbench/transports/transport_errors.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 
@@ -31,7 +32,7 @@ MacroInput ParseInput(StringView line, std::size_t number) {
         RaiseInLine(number, L"an input begins with \"value\" or \"table\", not with \"" +
                                 String(kind) + L"\"");
     }
-    const StringView name = WithoutBlanks(line.substr(blank));
+    const StringView name = Trimmed(line.substr(blank));
     if (name.empty()) {
         RaiseInLine(number, L"the input has no name");
     }
@@ -49,7 +50,7 @@ std::vector<MacroInput> ParseMacroInputs(StringView text) {
     std::size_t number = 0;
     for (const StringView whole : LinesOf(text)) {
         ++number;
-        const StringView line = WithoutBlanks(whole);
+        const StringView line = Trimmed(whole);
         if (line.empty() || line.front() == L'#') {
             continue;
         }

@@ -4,7 +4,8 @@
 
 #include "workbench/files/file_store.h"
 #include "workbench/files/text_encoding.h"
-#include "workbench/transports/text_lines.h"
+#include "workbench/files/text_lines.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 
@@ -13,11 +14,10 @@ namespace {
 /// True for a line of the key; `value` is then what stands behind the "=".
 bool IsLineOf(std::int32_t key, StringView line, StringView& value) {
     const std::size_t equals = line.find(L'=');
-    if (equals == StringView::npos ||
-        WithoutBlanks(line.substr(0, equals)) != std::to_wstring(key)) {
+    if (equals == StringView::npos || Trimmed(line.substr(0, equals)) != std::to_wstring(key)) {
         return false;
     }
-    value = WithoutBlanks(line.substr(equals + 1));
+    value = Trimmed(line.substr(equals + 1));
     return true;
 }
 

@@ -5,11 +5,11 @@
 #include <vector>
 
 #include <ace/core/text.h>
-#include <ace/host/run_time_error.h>
 
+#include "workbench/files/place_text.h"
 #include "workbench/files/text_encoding.h"
-#include "workbench/transports/text_lines.h"
-#include "workbench/transports/transport_errors.h"
+#include "workbench/words/outcome.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 
@@ -17,26 +17,6 @@ namespace {
 
 constexpr std::int32_t LongestMs = 3'600'000;
 constexpr StringView PortPrefix = L"COM";
-
-[[noreturn]] void RaiseUnusable(const String& place, const String& why) {
-    throw RunTimeError(TransportErrors::BadConfiguration, L"configuration, " + place + L": " + why);
-}
-
-Milliseconds ReadTime(ISettingsFile& file, const String& section, const String& key,
-                      Milliseconds byDefault) {
-    const std::int32_t time =
-        file.GetLong(section, key, static_cast<std::int32_t>(byDefault.count()));
-    if (time < 1 || time > LongestMs) {
-        RaiseUnusable(L"[" + section + L"] " + key,
-                      std::to_wstring(time) + L" is not a time from 1 to 3600000 milliseconds");
-    }
-    return Milliseconds{time};
-}
-
-std::string ReadPath(ISettingsFile& file, const String& section, const String& key,
-                     const std::string& byDefault) {
-    return ToUtf8(WithoutBlanks(file.GetString(section, key, FromUtf8(byDefault))));
-}
 
 /// The number behind "COM"; 0 for anything else.
 std::int16_t PortNumber(StringView key) {
@@ -54,37 +34,17 @@ std::int16_t PortNumber(StringView key) {
     return number <= Most ? static_cast<std::int16_t>(number) : std::int16_t{0};
 }
 
-void ReadPort(StringView line, SerialDevices& devices) {
-    const std::size_t equals = std::min(line.find(L'='), line.size());
-    const std::int16_t number = PortNumber(WithoutBlanks(line.substr(0, equals)));
-    const StringView device = WithoutBlanks(line.substr(std::min(equals + 1, line.size())));
-    if (number == 0 || device.empty()) {
-        RaiseUnusable(L"[SerialPorts]",
-                      L"\"" + String(line) + L"\" is not of the form COM3=/dev/ttyUSB0");
-    }
-    devices.try_emplace(number, ToUtf8(device));
-}
-
-SerialDevices ReadPorts(ISettingsFile& file) {
-    SerialDevices devices;
-    for (const String& whole : file.GetSection(L"SerialPorts")) {
-        const StringView line = WithoutBlanks(whole);
-        if (!line.empty() && line.front() != L';' && line.front() != L'#') {
-            ReadPort(line, devices);
-        }
-    }
-    return devices;
-}
-
-/// The keys of a section whose keys are all known. [SerialPorts] is read line by line.
-struct KnownKeys {
-    StringView section;
+/// The sections, each with its keys. The lines of [SerialPorts] are all its own.
+struct KnownSection {
+    StringView name;
     std::vector<StringView> keys;
 };
-const std::vector<KnownKeys>& AllKnownKeys() {
-    static const std::vector<KnownKeys> rows = {
+constexpr StringView PortsSection = L"SerialPorts";
+const std::vector<KnownSection>& KnownSections() {
+    static const std::vector<KnownSection> rows = {
         {L"Tcp", {L"ConnectTimeoutMs", L"WriteTimeoutMs"}},
         {L"Serial", {L"WriteTimeoutMs"}},
+        {PortsSection, {}},
         {L"Gpib", {L"Library"}},
         {L"MacroSync", {L"File"}},
         {L"Sound", {L"Player"}},
@@ -93,38 +53,115 @@ const std::vector<KnownKeys>& AllKnownKeys() {
     return rows;
 }
 
-/// A key that nobody reads is a slip of the pen: what it was to set would silently stay as it is.
-void RequireKnownKeys(ISettingsFile& file, const KnownKeys& known) {
-    for (const String& whole : file.GetSection(String(known.section))) {
-        const StringView line = WithoutBlanks(whole);
-        if (line.empty() || line.front() == L';' || line.front() == L'#') {
-            continue;
+/// Reads keys and lines of one file and names their places when they make no sense.
+class Reader {
+  public:
+    Reader(const SettingsDocument& document, const String& path)
+        : x_document(document), x_path(path) {}
+
+    /// What nobody reads is a slip of the pen: what it was to set would silently stay as it is.
+    void RequireKnown() const;
+    Milliseconds Time(StringView section, StringView key, Milliseconds byDefault) const;
+    String Text(StringView section, StringView key, const String& byDefault = {}) const {
+        return String(Trimmed(x_document.GetKey(section, key).value_or(byDefault)));
+    }
+    std::string Path(StringView section, StringView key, const std::string& byDefault) const {
+        return ToUtf8(Text(section, key, FromUtf8(byDefault)));
+    }
+    SerialDevices Ports() const;
+
+  private:
+    /// Calls `read` with each line that is no comment, and its index.
+    template <class Read>
+    void EachLine(StringView section, Read&& read) const {
+        std::size_t index = 0;
+        for (const String& whole : x_document.GetSection(section)) {
+            const StringView line = Trimmed(whole);
+            if (!line.empty() && line.front() != L';' && line.front() != L'#') {
+                read(line, index);
+            }
+            ++index;
         }
-        const StringView key =
-            WithoutBlanks(line.substr(0, std::min(line.find(L'='), line.size())));
-        const bool isKnown =
-            std::ranges::any_of(known.keys, [&](StringView one) { return EqualNoCase(one, key); });
-        if (!isKnown) {
-            RaiseUnusable(L"[" + String(known.section) + L"]",
-                          L"\"" + String(key) + L"\" is no key of this section");
+    }
+    [[noreturn]] void Refuse(StringView section, std::size_t index, const String& why) const {
+        RefuseFile(LinePlaceText(x_document, x_path, section, index) + L": " + why);
+    }
+    void RequireKnownKeys(const KnownSection& section) const;
+
+    const SettingsDocument& x_document;
+    const String& x_path;
+};
+
+void Reader::RequireKnown() const {
+    String names;
+    for (const KnownSection& section : KnownSections()) {
+        names += (names.empty() ? L"" : L", ") + String(section.name);
+        if (section.name != PortsSection) {
+            RequireKnownKeys(section);
+        }
+    }
+    for (const String& name : x_document.SectionNames()) {
+        if (std::ranges::none_of(KnownSections(), [&](const KnownSection& section) {
+                return EqualNoCase(section.name, name);
+            })) {
+            RefuseFile(PlaceText(x_document, x_path, name, {}) +
+                       L" is no section of the configuration, which has " + names);
         }
     }
 }
 
+void Reader::RequireKnownKeys(const KnownSection& section) const {
+    EachLine(section.name, [&](StringView line, std::size_t index) {
+        const StringView key = Trimmed(line.substr(0, line.find(L'=')));
+        const bool isKnown = std::ranges::any_of(
+            section.keys, [&](StringView one) { return EqualNoCase(one, key); });
+        if (!isKnown) {
+            Refuse(section.name, index, L"\"" + String(key) + L"\" is no key of this section");
+        }
+    });
+}
+
+Milliseconds Reader::Time(StringView section, StringView key, Milliseconds byDefault) const {
+    const std::optional<String> text = x_document.GetKey(section, key);
+    if (!text) {
+        return byDefault;
+    }
+    const std::optional<std::int32_t> time = WholeInteger(*text);
+    if (!time || *time < 1 || *time > LongestMs) {
+        RefuseFile(PlaceText(x_document, x_path, section, key) + L": \"" + String(Trimmed(*text)) +
+                   L"\" is not a time from 1 to 3600000 milliseconds");
+    }
+    return Milliseconds{*time};
+}
+
+SerialDevices Reader::Ports() const {
+    SerialDevices devices;
+    EachLine(PortsSection, [&](StringView line, std::size_t index) {
+        const std::size_t equals = std::min(line.find(L'='), line.size());
+        const std::int16_t number = PortNumber(Trimmed(line.substr(0, equals)));
+        const StringView device = Trimmed(line.substr(std::min(equals + 1, line.size())));
+        if (number == 0 || device.empty()) {
+            Refuse(PortsSection, index,
+                   L"\"" + String(line) + L"\" is not of the form COM3=/dev/ttyUSB0");
+        }
+        devices.try_emplace(number, ToUtf8(device));
+    });
+    return devices;
+}
+
 }  // namespace
 
-TransportSettings ReadTransportSettings(ISettingsFile& file) {
-    for (const KnownKeys& known : AllKnownKeys()) {
-        RequireKnownKeys(file, known);
-    }
+TransportSettings ReadTransportSettings(const SettingsDocument& document, const String& path) {
+    const Reader reader(document, path);
+    reader.RequireKnown();
     TransportSettings settings;
-    settings.tcp.connect = ReadTime(file, L"Tcp", L"ConnectTimeoutMs", settings.tcp.connect);
-    settings.tcp.write = ReadTime(file, L"Tcp", L"WriteTimeoutMs", settings.tcp.write);
-    settings.serialStall = ReadTime(file, L"Serial", L"WriteTimeoutMs", settings.serialStall);
-    settings.serialDevices = ReadPorts(file);
-    settings.gpibLibrary = ReadPath(file, L"Gpib", L"Library", settings.gpibLibrary);
-    settings.macroSync = ReadPath(file, L"MacroSync", L"File", settings.macroSync);
-    settings.soundPlayer = WithoutBlanks(file.GetString(L"Sound", L"Player", {}));
+    settings.tcp.connect = reader.Time(L"Tcp", L"ConnectTimeoutMs", settings.tcp.connect);
+    settings.tcp.write = reader.Time(L"Tcp", L"WriteTimeoutMs", settings.tcp.write);
+    settings.serialStall = reader.Time(L"Serial", L"WriteTimeoutMs", settings.serialStall);
+    settings.serialDevices = reader.Ports();
+    settings.gpibLibrary = reader.Path(L"Gpib", L"Library", settings.gpibLibrary);
+    settings.macroSync = reader.Path(L"MacroSync", L"File", settings.macroSync);
+    settings.soundPlayer = reader.Text(L"Sound", L"Player");
     return settings;
 }
 

@@ -3,8 +3,7 @@
 
 #include <string>
 
-#include <ace/host/settings_file.h>
-
+#include "workbench/files/settings_document.h"
 #include "workbench/transports/serial_line.h"
 #include "workbench/transports/tcp_sockets.h"
 
@@ -20,10 +19,10 @@ struct TransportSettings {
     String soundPlayer;                       ///< [Sound] Player, a command line
 };
 
-/// Reads them. A time outside 1 to 3600000 milliseconds, a line of [SerialPorts] that maps no port
-/// and a key that the section does not have are error `TransportErrors::BadConfiguration`, which
-/// names section and key; errors of the file itself pass. The engine reads [OtaMeasurements]
-/// ActionSyncTimeout, in seconds, by itself.
-TransportSettings ReadTransportSettings(ISettingsFile& file);
+/// Reads them. A time outside 1 to 3600000 milliseconds, a line of [SerialPorts] that maps no port,
+/// a section that the configuration does not have and a key that its section does not have are
+/// `CommandError` `BadFile` with file, line, section and reason; `path` is for these messages. The
+/// engine reads [OtaMeasurements] ActionSyncTimeout, in seconds, by itself.
+TransportSettings ReadTransportSettings(const SettingsDocument& document, const String& path);
 
 }  // namespace ace::workbench

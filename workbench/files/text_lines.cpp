@@ -1,4 +1,4 @@
-#include "workbench/transports/text_lines.h"
+#include "workbench/files/text_lines.h"
 
 #include <algorithm>
 
@@ -30,12 +30,6 @@ std::vector<StringView> LinesOf(StringView text) {
         text.remove_prefix(std::min(end + 1, text.size()));
     }
     return lines;
-}
-
-StringView WithoutBlanks(StringView text) {
-    const std::size_t first = std::min(text.find_first_not_of(L" \t"), text.size());
-    const std::size_t last = text.find_last_not_of(L" \t") + 1;
-    return text.substr(first, std::max(last, first) - first);
 }
 
 }  // namespace ace::workbench

@@ -1,4 +1,4 @@
-/// Small text files of the workbench, line by line.
+/// Small text files, line by line.
 #pragma once
 
 #include <optional>
@@ -16,8 +16,5 @@ std::optional<String> ReadTextFile(const std::string& path);
 /// The lines without their ends, LF or CR LF; views into `text`. An end behind the last line opens
 /// no further one.
 std::vector<StringView> LinesOf(StringView text);
-
-/// The text without blanks and tabulators around it.
-StringView WithoutBlanks(StringView text);
 
 }  // namespace ace::workbench
