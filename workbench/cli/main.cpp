@@ -23,9 +23,8 @@ constexpr const char* ExitCodes =
     "  4  a file can't be read or makes no sense; no test was run\n"
     "  5  the command line makes no sense; no test was run\n";
 
-void AddRun(CLI::App& app, RunArguments& arguments) {
-    CLI::App* const run = app.add_subcommand(
-        "run", "Loads a settings file and drives its test; prints one line per effect.");
+/// What is tested.
+void AddTestOptions(CLI::App* run, RunArguments& arguments) {
     run->add_option("FILE", arguments.file, "the settings file")->required()->type_name("");
     run->add_option("--module", arguments.module,
                     "module kind, 0 to 8 or a name such as aceTemplate; otherwise the file's "
@@ -44,6 +43,10 @@ void AddRun(CLI::App& app, RunArguments& arguments) {
                     "for all that follow; otherwise the file's [Workbench.Subrange<n>]")
         ->type_name("FROM..TO/STEP%")
         ->allow_extra_args(false);
+}
+
+/// Who answers, how it waits, what it stands on and what it writes.
+void AddHostOptions(CLI::App* run, RunArguments& arguments) {
     run->add_option("--answers", arguments.answers,
                     "the operator's answers; without a file notifications are answered OK and a "
                     "question stops the test")
@@ -72,6 +75,13 @@ void AddRun(CLI::App& app, RunArguments& arguments) {
         ->type_name("SCRIPT");
     run->add_option("--trace", arguments.trace, "writes the engine's trace lines to this file")
         ->type_name("FILE");
+}
+
+void AddRun(CLI::App& app, RunArguments& arguments) {
+    CLI::App* const run = app.add_subcommand(
+        "run", "Loads a settings file and drives its test; prints one line per effect.");
+    AddTestOptions(run, arguments);
+    AddHostOptions(run, arguments);
     run->footer(ExitCodes);
 }
 
