@@ -47,7 +47,7 @@ TEST_F(DeviceFileTest, SectionOfADeviceSaysMoreAboutIt) {
     EXPECT_EQ(eut->failures[1].channel, 2);
     EXPECT_EQ(eut->capabilities, 2 | 8);
     const auto matrix = Get<sim::SimSwitchUnit>(L"Matrix");
-    EXPECT_EQ(matrix->paths, (std::set<String>{L"A", L"B C"}));
+    EXPECT_EQ(matrix->paths, (std::vector<String>{L"A", L"B C"}));
     EXPECT_EQ(matrix->stateOnceActivated, 0);
     EXPECT_EQ(Get<sim::SimSignalPath>(L"P")->correction, (sim::SimCurve{{1e9, -2.0}}));
 }
