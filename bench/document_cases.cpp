@@ -69,6 +69,7 @@ void Done(const std::string& bytes) {
 /// keeps where each section begins.
 Work Scan(std::size_t sections) {
     return [text = FileOf(sections)] {
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): it is measured.
         const std::string bytes = text;
         std::unordered_map<std::string_view, std::size_t> found;
         for (std::size_t begin = 0; begin < bytes.size();) {

@@ -31,6 +31,7 @@ constexpr std::size_t ComponentWidth = 19;
 String Visible(StringView text) {
     String visible;
     for (const wchar_t c : text) {
+        // NOLINTNEXTLINE(bugprone-signed-char-misuse): it is no char, and none is below 0.
         const auto code = static_cast<std::uint32_t>(c);
         if (code >= 0x20 && code != 0x7F) {
             visible += c;

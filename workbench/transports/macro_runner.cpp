@@ -21,7 +21,7 @@ namespace {
 
 constexpr Milliseconds TimeToEnd{500};
 constexpr Milliseconds TimeToDie{2000};
-constexpr std::size_t MostErrorOutput = 64 * 1024;
+constexpr std::size_t MostErrorOutput = 65536;
 
 String TextOfErrno(int error) {
     return FromUtf8(std::generic_category().message(error));
