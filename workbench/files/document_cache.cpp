@@ -62,7 +62,7 @@ std::shared_ptr<const SettingsDocument> DocumentCache::Get(const std::string& pa
     if (!loaded) {
         return nullptr;
     }
-    const auto document = std::make_shared<const SettingsDocument>(*std::move(loaded));
+    auto document = std::make_shared<const SettingsDocument>(*std::move(loaded));
     // One that may yet change unseen is read anew the next time. One that changes while it is read
     // has another stamp by then.
     if (stamp && IsSettled(*stamp, now)) {

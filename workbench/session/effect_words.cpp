@@ -172,7 +172,7 @@ String EffectWords(const sim::HostCall& call) {
     if (call.isQuestion) {
         return {};
     }
-    const auto row =
+    const EffectRow* const row =
         std::ranges::lower_bound(SortedEffects, call.operation, ComesBefore, &EffectRow::operation);
     if (row == SortedEffects.end() || row->operation != call.operation) {
         return sim::JournalEntry(call).Line();
