@@ -52,9 +52,9 @@ class _aceActionsEngine {
 
     /// Reads the lists of `Modul` from the host's file and makes the object serve that kind. The
     /// numbered sections 1 to `SubRanges` are read; for `aceVKSDUT` it is the template number. More
-    /// than 100,000 sections are error 7, and no list is replaced. A damaged line ends the load with
-    /// its error: what was read before it stays. While a list that would be replaced runs: error 10.
-    /// No messages run. Handled.
+    /// than 100,000 sections are error 7, and no list is replaced. A damaged line ends the load
+    /// with its error: what was read before it stays. While a list that would be replaced runs:
+    /// error 10. No messages run. Handled.
     virtual void LoadActions(const String& FileName, std::int32_t SubRanges, aceModul Modul) = 0;
     /// Writes the lists of the module loaded last. Raises what `WriteActionLists` raises.
     virtual void SaveActions(const String& FileName) = 0;
