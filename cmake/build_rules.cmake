@@ -2,21 +2,27 @@
 
 set(CMAKE_CXX_SCAN_FOR_MODULES OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+if(PROJECT_IS_TOP_LEVEL AND NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Build type" FORCE)
 endif()
 
 add_library(ace_build_rules INTERFACE)
-target_compile_options(ace_build_rules INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
-  -Woverloaded-virtual -Wcast-align -Wunused -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough
-  # Optimised, g++ 12 finds null pointers in the library's own strings that can't be there.
-  $<$<CONFIG:Debug>:-Wnull-dereference>)
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  target_compile_options(ace_build_rules INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wcast-align -Wunused -Wdouble-promotion -Wformat=2 -Wimplicit-fallthrough
+    # Optimised, g++ 12 finds null pointers in the library's own strings that can't be there.
+    $<$<CONFIG:Debug>:-Wnull-dereference>)
+  set(ACE_ERROR_FLAG -Werror)
+elseif(MSVC)
+  target_compile_options(ace_build_rules INTERFACE /W4 /permissive- /utf-8)
+  set(ACE_ERROR_FLAG /WX)
+endif()
 # A host's services are behind interfaces: guessing their defaults only costs.
 target_compile_options(ace_build_rules INTERFACE
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-fno-devirtualize-speculatively>)
 if(ACE_WARNINGS_AS_ERRORS)
-  target_compile_options(ace_build_rules INTERFACE -Werror)
+  target_compile_options(ace_build_rules INTERFACE ${ACE_ERROR_FLAG})
 endif()
 if(ACE_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all

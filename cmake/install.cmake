@@ -1,4 +1,4 @@
-# The package: find_package(ace) gives the target ace::ace.
+# The package: find_package(ace) gives the target ace::ace, and ace::sim to try a host on.
 include(CMakePackageConfigHelpers)
 include(GNUInstallDirs)
 
@@ -6,6 +6,10 @@ set(ACE_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/ace)
 
 install(TARGETS ace EXPORT ace COMPONENT ace
         FILE_SET HEADERS COMPONENT ace FILE_SET first COMPONENT ace)
+# Included as "sim/sim_host.h", in a folder of its own.
+set(ACE_SIM_HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ace_sim COMPONENT ace)
+install(TARGETS ace_sim EXPORT ace COMPONENT ace
+        FILE_SET HEADERS ${ACE_SIM_HEADERS} FILE_SET first ${ACE_SIM_HEADERS})
 install(EXPORT ace NAMESPACE ace:: FILE ace-config.cmake DESTINATION ${ACE_PACKAGE_DIR}
         COMPONENT ace)
 

@@ -1,16 +1,36 @@
 // A complete host: minimal_host FILE SUBRANGES loads the actions of a single test and runs it over
 // a few frequencies. What the host doesn't have is the engine's do-nothing default.
+#include <charconv>
+#include <clocale>
+#include <cstring>
+#include <cwchar>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <map>
 #include <memory>
 
 #include <ace/core/actions_engine.h>
-#include <ace/host/forms.h>
+#include <ace/host.h>
 
 namespace {
 
 using ace::String;
+
+/// Bytes of the user's locale, such as UTF-8, as wide characters; what can't be read is a "?".
+String Wide(const std::string& bytes) {
+    String text;
+    std::mbstate_t state{};
+    for (std::size_t i = 0; i < bytes.size();) {
+        wchar_t c = L'?';
+        const std::size_t length = std::mbrtowc(&c, bytes.data() + i, bytes.size() - i, &state);
+        const bool isRead = length != 0 && length <= bytes.size() - i;
+        text.push_back(isRead ? c : L'?');
+        i += isRead ? length : 1;
+        state = isRead ? state : std::mbstate_t{};
+    }
+    return text;
+}
 
 /// The sections of a file. A real host also writes it and answers for single keys.
 class File : public ace::DefaultSettingsFile {
@@ -18,7 +38,7 @@ class File : public ace::DefaultSettingsFile {
     explicit File(std::istream& in) {
         String section;
         for (std::string line; std::getline(in, line);) {
-            const String text(line.begin(), line.end() - (line.ends_with('\r') ? 1 : 0));
+            const String text = Wide(line.substr(0, line.size() - (line.ends_with('\r') ? 1 : 0)));
             if (text.starts_with(L'[')) {
                 section = text.substr(1, text.find(L']') - 1);
             } else {
@@ -36,7 +56,7 @@ class System : public ace::DefaultSystemServices {
     std::shared_ptr<ace::ISettingsFile> OpenSettingsFile(std::int32_t, std::int32_t,
                                                          const String& name, std::int32_t,
                                                          std::int32_t) override {
-        std::ifstream in(std::string(name.begin(), name.end()));
+        std::ifstream in{std::filesystem::path(name)};
         return in ? std::make_shared<File>(in) : throw ace::RunTimeError(53, L"no such file");
     }
 };
@@ -53,11 +73,14 @@ class Screen : public ace::DefaultFormHost {
 
 class StatusLine : public ace::DefaultStatusDisplay {
     void ShowStatus(const String& text, bool, bool) override {
-        std::wcout << (text.empty() ? L"" : L"status:" + text + L'\n');
+        std::wcout << (text.empty() ? L"" : L"status: " + text + L'\n');
     }
 };
 
 struct Host : ace::IHostFactory {
+    std::shared_ptr<ace::ILanguage> MakeLanguage() override {
+        return std::make_shared<ace::EnglishLanguage>();
+    }
     std::shared_ptr<ace::ISystemServices> MakeSystemServices() override {
         return std::make_shared<System>();
     }
@@ -84,11 +107,16 @@ bool RunTest(ace::aceActionsEngine& engine, std::int32_t subranges) {
 }  // namespace
 
 int main(int argc, char** argv) try {
-    const std::string name = argc > 1 ? argv[1] : "";
-    const std::int32_t subranges = argc > 2 ? std::stoi(argv[2]) : 0;
+    std::setlocale(LC_CTYPE, "");
+    std::int32_t subranges = 0;
+    const char* const end = argc == 3 ? argv[2] + std::strlen(argv[2]) : nullptr;
+    if (end == nullptr || std::from_chars(argv[2], end, subranges).ptr != end || subranges < 0) {
+        std::wcerr << L"usage: minimal_host FILE SUBRANGES\n";
+        return 2;
+    }
     ace::ThreadContext::InstallHost(std::make_shared<Host>());
     ace::aceActionsEngine engine;
-    engine.LoadActions({name.begin(), name.end()}, subranges, ace::aceTemplate);
+    engine.LoadActions(Wide(argv[1]), subranges, ace::aceTemplate);
     std::wcout << (RunTest(engine, subranges) ? L"stopped\n" : L"finished\n");
 } catch (const ace::RunTimeError& error) {
     std::wcerr << L"error " << error.Number() << L": " << error.Description() << L'\n';

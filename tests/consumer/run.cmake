@@ -16,8 +16,19 @@ step(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/installed --component 
 step(${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/build -G ${GENERATOR} -D CMAKE_PREFIX_PATH=${WORK}/installed
      -D CMAKE_CXX_COMPILER=${COMPILER} -D CMAKE_CXX_FLAGS=${FLAGS})
 step(${CMAKE_COMMAND} --build ${WORK}/build)
-step(${WORK}/build/minimal_host ${SOURCE}/door.ini 1)
-file(READ ${SOURCE}/expected.txt expected)
-if(NOT output STREQUAL expected)
-  message(FATAL_ERROR "expected:\n${expected}\ngot:\n${output}")
+
+# expect(FILE command...): the output of the command is the text of the file.
+function(expect file)
+  step(${ARGN})
+  file(READ ${SOURCE}/${file} expected)
+  if(NOT output STREQUAL expected)
+    message(FATAL_ERROR "expected:\n${expected}\ngot:\n${output}")
+  endif()
+endfunction()
+expect(expected.txt ${WORK}/build/minimal_host ${SOURCE}/door.ini 1)
+expect(foreign_host.txt ${WORK}/build/foreign_host)
+execute_process(COMMAND ${WORK}/build/minimal_host ${SOURCE}/door.ini one
+                ERROR_VARIABLE words RESULT_VARIABLE result)
+if(NOT result EQUAL 2 OR NOT words MATCHES "usage")
+  message(FATAL_ERROR "a number that is none: ${result} ${words}")
 endif()

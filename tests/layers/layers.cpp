@@ -20,7 +20,7 @@ struct Layer {
 
 /// From the bottom to the top: a layer includes itself and what stands before it.
 constexpr std::array<Layer, 14> Layers{{
-    {"host", "src/ace/host/", "ace/host/"},
+    {"host", "src/ace/host", "ace/host"},
     {"core", "src/ace/core/", "ace/core/"},
     {"settings", "src/ace/settings/", "ace/settings/"},
     {"execution", "src/ace/execution/", "ace/execution/"},

@@ -1,6 +1,8 @@
 #include "layers/layers.h"
 
 #include <array>
+#include <filesystem>
+#include <fstream>
 #include <gmock/gmock.h>
 
 namespace ace::layers {
@@ -68,6 +70,21 @@ TEST(Layers, OnlyTheEngineIsConfinedToTheStandardLibrary) {
     EXPECT_EQ(Fault("src/ace/core/text.h", "vector", true), "");
     EXPECT_NE(Fault("src/ace/core/text.h", "CLI/CLI.hpp", true), "");
     EXPECT_EQ(Fault("workbench/cli/main.cpp", "CLI/CLI.hpp", true), "");
+}
+
+/// A host that includes `<ace/host.h>` has every interface.
+TEST(Layers, TheHeaderOfAHostIncludesAllOfItsFolder) {
+    std::ifstream file(ACE_SOURCE_DIR "/src/ace/host.h");
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    std::size_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(ACE_SOURCE_DIR "/src/ace/host")) {
+        if (entry.path().extension() == ".h") {
+            const std::string name = entry.path().filename().string();
+            EXPECT_NE(text.find("#include <ace/host/" + name + ">\n"), std::string::npos) << name;
+            ++count;
+        }
+    }
+    EXPECT_GT(count, 30U);
 }
 
 }  // namespace

@@ -6,9 +6,10 @@
 #include <filesystem>
 #include <thread>
 
+#include <ace/host/english_language.h>
+
 #include "sim/sim_dialogs.h"
 #include "sim/sim_services.h"
-#include "workbench/files/english_texts.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/session/operator_screen.h"
 
@@ -189,7 +190,7 @@ std::shared_ptr<ITraceLog> SessionHost::MakeTraceLog() {
     return std::make_shared<CountingTraceLog>(*this);
 }
 std::shared_ptr<ILanguage> SessionHost::MakeLanguage() {
-    return std::make_shared<EnglishTexts>();
+    return std::make_shared<EnglishLanguage>();
 }
 std::shared_ptr<IUtilities> SessionHost::MakeUtilities() {
     return std::make_shared<InterruptibleWaits>(*this);

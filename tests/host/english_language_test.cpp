@@ -1,16 +1,16 @@
-#include "workbench/files/english_texts.h"
-
 #include <gmock/gmock.h>
 #include <set>
 
-namespace ace::workbench {
+#include <ace/host/english_language.h>
+
+namespace ace::test {
 namespace {
 
 using ::testing::HasSubstr;
 using ::testing::Not;
 
 String T(std::int32_t number) {
-    return EnglishTexts().Text(number);
+    return EnglishLanguage().Text(number);
 }
 
 // Written down from what asks for a text, not from the table.
@@ -37,13 +37,13 @@ constexpr std::int32_t Asked[] = {
     // input that is refused
     9200, 9201, 9202, 9203, 9204, 9205, 9206, 9207, 9208, 9209, 21093, 21094};
 
-TEST(EnglishTexts, EveryNumberThatIsAskedForHasAText) {
+TEST(EnglishLanguage, EveryNumberThatIsAskedForHasAText) {
     for (const std::int32_t number : Asked) {
         EXPECT_FALSE(T(number).empty()) << number;
     }
 }
 
-TEST(EnglishTexts, TheTableHoldsNoTextThatNobodyAsksFor) {
+TEST(EnglishLanguage, TheTableHoldsNoTextThatNobodyAsksFor) {
     const std::set<std::int32_t> asked(std::begin(Asked), std::end(Asked));
     EXPECT_EQ(asked.size(), std::size(Asked));
     for (const NumberedText& row : EnglishTextTable()) {
@@ -51,13 +51,13 @@ TEST(EnglishTexts, TheTableHoldsNoTextThatNobodyAsksFor) {
     }
 }
 
-TEST(EnglishTexts, ANumberWithoutATextReadsAsEmpty) {
+TEST(EnglishLanguage, ANumberWithoutATextReadsAsEmpty) {
     for (const std::int32_t number : {-1, 0, 5, 7, 9036, 9043, 9100, 24598, 2147483647}) {
         EXPECT_EQ(T(number), L"") << number;
     }
 }
 
-TEST(EnglishTexts, TextsHaveThePlaceholdersThatAreReplacedInThem) {
+TEST(EnglishLanguage, TextsHaveThePlaceholdersThatAreReplacedInThem) {
     EXPECT_THAT(T(9201), HasSubstr(L"yyy"));
     EXPECT_THAT(T(9201), HasSubstr(L"xxx"));
     EXPECT_LT(T(9201).find(L"yyy"), T(9201).find(L"xxx")) << "the lower limit is named first";
@@ -65,7 +65,7 @@ TEST(EnglishTexts, TextsHaveThePlaceholdersThatAreReplacedInThem) {
     EXPECT_THAT(T(24597), HasSubstr(L"#Name"));
 }
 
-TEST(EnglishTexts, NoOtherTextHasAPlaceholder) {
+TEST(EnglishLanguage, NoOtherTextHasAPlaceholder) {
     for (const NumberedText& row : EnglishTextTable()) {
         const String text(row.text);
         if (row.number != 9201 && row.number != 9420 && row.number != 24597) {
@@ -76,7 +76,7 @@ TEST(EnglishTexts, NoOtherTextHasAPlaceholder) {
     }
 }
 
-TEST(EnglishTexts, StatusLinesReadWell) {
+TEST(EnglishLanguage, StatusLinesReadWell) {
     EXPECT_EQ(T(9410) + L" 1.500 s", L"Wait 1.500 s");
     EXPECT_EQ(T(9411) + L"12:5", L"GPIB 12:5");
     EXPECT_EQ(T(9412) + L"3", L"RS232 COM3");
@@ -84,14 +84,14 @@ TEST(EnglishTexts, StatusLinesReadWell) {
     EXPECT_EQ(T(9414), L"Starting a program");
 }
 
-TEST(EnglishTexts, DetailsOfAFailureReadWell) {
+TEST(EnglishLanguage, DetailsOfAFailureReadWell) {
     EXPECT_EQ(T(9322) + L":\tAmp 1\r\n" + T(9320) + L"\t4010", L"Device:\tAmp 1\r\nError:\t4010");
     EXPECT_EQ(T(9329) + L":\trun.exe\r\n" + T(9330) + L"\tC:\\EMC",
               L"Program:\trun.exe\r\nFolder:\tC:\\EMC");
     EXPECT_EQ(T(9324) + L":\t1205", L"GPIB address:\t1205");
 }
 
-TEST(EnglishTexts, NumberedCaptionsReadWell) {
+TEST(EnglishLanguage, NumberedCaptionsReadWell) {
     EXPECT_EQ(T(9053) + L" 1", L"Subrange 1");
     EXPECT_EQ(T(21000) + L" 2", L"Channel 2");
     EXPECT_EQ(T(9101) + L"3", L"Test 3");
@@ -100,7 +100,7 @@ TEST(EnglishTexts, NumberedCaptionsReadWell) {
 }
 
 /// The editor tells moments of one tree apart by their captions.
-TEST(EnglishTexts, CaptionsOfAModulesMomentsDiffer) {
+TEST(EnglishLanguage, CaptionsOfAModulesMomentsDiffer) {
     const std::vector<std::vector<std::int32_t>> modules = {
         {9051, 9052, 9054, 9055, 9056},
         {9051, 9052, 9104, 9098, 9099, 9075, 9057, 9076, 9087, 9056},
@@ -116,9 +116,9 @@ TEST(EnglishTexts, CaptionsOfAModulesMomentsDiffer) {
 }
 
 /// The action dialog tells by these words whether something was chosen.
-TEST(EnglishTexts, WordsForNothingChosenDiffer) {
+TEST(EnglishLanguage, WordsForNothingChosenDiffer) {
     EXPECT_EQ((std::set<String>{T(9113), T(9147), T(9148), T(12041)}.size()), 4U);
 }
 
 }  // namespace
-}  // namespace ace::workbench
+}  // namespace ace::test

@@ -1,11 +1,11 @@
-/// The English texts of the workbench.
+/// The texts of the engine in English, for a host without language data of its own.
 #pragma once
 
 #include <span>
 
 #include <ace/host/language.h>
 
-namespace ace::workbench {
+namespace ace {
 
 /// A text and its number.
 struct NumberedText {
@@ -17,9 +17,9 @@ struct NumberedText {
 std::span<const NumberedText> EnglishTextTable();
 
 /// Texts in English; a number without a text reads as empty.
-class EnglishTexts : public ILanguage {
+class EnglishLanguage : public ILanguage {
   public:
     String Text(std::int32_t number) override;
 };
 
-}  // namespace ace::workbench
+}  // namespace ace

@@ -1,8 +1,8 @@
-#include "workbench/files/english_texts.h"
-
 #include <algorithm>
 
-namespace ace::workbench {
+#include <ace/host/english_language.h>
+
+namespace ace {
 
 namespace {
 
@@ -178,9 +178,9 @@ std::span<const NumberedText> EnglishTextTable() {
     return Texts;
 }
 
-String EnglishTexts::Text(std::int32_t number) {
+String EnglishLanguage::Text(std::int32_t number) {
     const auto* row = std::ranges::lower_bound(Texts, number, {}, &NumberedText::number);
     return row != std::end(Texts) && row->number == number ? String(row->text) : String();
 }
 
-}  // namespace ace::workbench
+}  // namespace ace
