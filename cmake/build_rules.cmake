@@ -58,12 +58,24 @@ function(ace_headers_first out)
   set(${out} ${first} PARENT_SCOPE)
 endfunction()
 
-# ace_sources(TARGET BASE folder HEADERS ... SOURCES ...): adds files of the current folder. BASE is
-# the folder from which the headers are included. A header that its source includes first is compiled
-# alone by that; the others by the target all_verify_interface_header_sets.
+# The headers that are no interface: not installed, and compiled alone like the others.
+add_library(ace_own_headers INTERFACE)
+target_compile_features(ace_own_headers INTERFACE cxx_std_20)
+set_target_properties(ace_own_headers PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+
+# ace_sources(TARGET BASE folder HEADERS ... OWN ... SOURCES ...): adds files of the current folder. BASE
+# is the folder from which the headers are included; those of OWN are no part of the package. A header
+# that its source includes first is compiled alone by that; the others by the target
+# all_verify_interface_header_sets.
 function(ace_sources target)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE" "HEADERS;SOURCES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "BASE" "HEADERS;OWN;SOURCES")
   ace_headers_first(first HEADERS ${arg_HEADERS} SOURCES ${arg_SOURCES})
+  ace_headers_first(own_first HEADERS ${arg_OWN} SOURCES ${arg_SOURCES})
+  if(arg_OWN)
+    list(REMOVE_ITEM arg_OWN ${own_first})
+    list(TRANSFORM arg_OWN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
+    target_sources(ace_own_headers INTERFACE FILE_SET HEADERS BASE_DIRS ${arg_BASE} FILES ${arg_OWN})
+  endif()
   set(others ${arg_HEADERS})
   list(REMOVE_ITEM others ${first})
   list(TRANSFORM first PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
