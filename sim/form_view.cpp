@@ -159,7 +159,6 @@ String ControlLine(const Control& control, std::size_t depth) {
     return line + L"\n";
 }
 
-// NOLINTNEXTLINE(misc-no-recursion): as deep as its frames stand in each other.
 void AppendControls(String& text, const Form& form, const Container* parent, std::size_t depth) {
     for (const Control* control : form.Controls()) {
         if (control->Parent() != parent) {
