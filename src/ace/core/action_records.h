@@ -133,6 +133,9 @@ struct p_Subrange {
     DynArray<p_Action> Util;     ///< stays unallocated, but takes part in copies of the record
     bool operator==(const p_Subrange&) const = default;
 };
+/// Sets move whenever one before them comes or goes.
+template <>
+inline constexpr bool IsLargeElement<p_Subrange> = true;
 
 /// The record of type `Record` in `action`; error 13 when something else stands there.
 template <class Record>

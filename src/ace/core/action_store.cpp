@@ -47,14 +47,16 @@ void CopyEntry(const p_Subrange& source, p_Subrange& target) {
     }
 }
 
-/// Fills element `index` with the one above. The source is given up where the next step fills it.
-void TakeFromAbove(DynArray<p_Subrange>& list, std::int32_t index, std::int32_t count) {
-    p_Subrange& target = list[index];
-    p_Subrange& source = list[index + 1];
-    if (index + 1 < std::min(count, list.UpperBound())) {
-        target = std::move(source);
-    } else {
-        CopyEntry(source, target);
+/// Fills every element from `index` on with the one above, and leaves a copy of the last one in its
+/// place, `count`. Error 9 when the array ends before that, with those moved that are there.
+void ShiftDown(DynArray<p_Subrange>& list, std::int32_t index, std::int32_t count) {
+    const std::int32_t last = std::min(count, list.UpperBound());
+    if (index < last) {
+        list.MoveElement(index, last);
+        CopyEntry(list[last - 1], list[last]);
+    }
+    if (last < count) {
+        Raise(Errors::SubscriptOutOfRange);
     }
 }
 
@@ -273,11 +275,9 @@ void modActions::AddEntry(ThreadContext& context, DynArray<p_Subrange>& List, st
         stmt([&] { List.RedimPreserve(count); });
         Count = count;
         const std::int32_t first = std::max(Index, 0);
-        for (std::int32_t i = Count - 1; i > first; --i) {
-            List[i + 1] = std::move(List[i]);
-        }
         if (first < Count) {
-            stmt([&] { CopyEntry(List[first], List[first + 1]); });
+            stmt([&] { List.MoveElement(Count, first); });
+            stmt([&] { CopyEntry(List[first + 1], List[first]); });
         }
         if (Index >= Count) {
             Index = Count;
@@ -297,8 +297,8 @@ void modActions::DeleteEntry(ThreadContext& context, DynArray<p_Subrange>& List,
         stmt([&] { RequireFree(List); });
         stmt([&] { Index = CheckedDifference(Index, 1); });
         stmt([&] { Count = CheckedDifference(Count, 1); });
-        for (std::int32_t i = Index; i < Count; ++i) {
-            stmt([&] { TakeFromAbove(List, i, Count); });
+        if (Index < Count) {
+            stmt([&] { ShiftDown(List, Index, Count); });
         }
         if (Count >= 0) {
             stmt([&] { List.RedimPreserve(Count); });
