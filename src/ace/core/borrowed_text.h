@@ -15,7 +15,9 @@ class BorrowedText {
     explicit BorrowedText(ThreadContext& context) : x_spare(context.SpareTexts) {
         if (x_spare.count > 0) {
             x_text = std::move(x_spare.texts[--x_spare.count]);
-            x_text.clear();
+            x_text->clear();
+        } else {
+            x_text = std::make_unique<String>();
         }
     }
     BorrowedText(const BorrowedText&) = delete;
@@ -26,13 +28,13 @@ class BorrowedText {
         }
     }
 
-    String& operator*() { return x_text; }
-    const String& operator*() const { return x_text; }
-    String* operator->() { return &x_text; }
+    String& operator*() { return *x_text; }
+    const String& operator*() const { return *x_text; }
+    String* operator->() { return x_text.get(); }
 
   private:
     SpareTexts& x_spare;
-    String x_text;
+    std::unique_ptr<String> x_text;
 };
 
 }  // namespace ace

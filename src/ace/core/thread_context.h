@@ -24,7 +24,7 @@ struct WorkingRecords {
 
 /// Texts whose memory is free for the next one, see `BorrowedText`.
 struct SpareTexts {
-    std::array<String, 8> texts;
+    std::array<std::unique_ptr<String>, 8> texts;
     std::size_t count = 0;  ///< of those that are there, from index 0
 };
 
@@ -86,6 +86,10 @@ class ThreadContext : public std::enable_shared_from_this<ThreadContext> {
     std::int32_t EutCheckRequest = 0;                  ///< bits of `acEutCheck`
     String EutCheckComment;
     WorkingRecords DispatcherRecords;
+    /// Rises whenever an action takes one of the dispatcher's records that go back into the list,
+    /// or a walk writes into the record of an action that may be running. It says whether a record
+    /// is still what a run made of it.
+    std::uint32_t RecordUses = 0;
     WorkingRecords ReaderRecords;
     /// Told of every line that a load reads, so that the place of an error can be named; the
     /// host's, which sets it, keeps it alive and takes it away. None for nobody.

@@ -12,6 +12,37 @@ namespace ace {
 
 namespace {
 
+/// Writes back what a run can change in a record, and nothing else. Names of objects and settings
+/// stay what they were; the amplifier's state and the path go to the host by reference.
+template <class Object>
+void Take(std::shared_ptr<Object>& kept, const std::shared_ptr<Object>& working) {
+    if (kept != working) {
+        kept = working;
+    }
+}
+void TakeRunFields(aceRemote& kept, const aceRemote& working) {
+    kept.DrvHdl = working.DrvHdl;
+    kept.ProgID = working.ProgID;
+}
+void TakeRunFields(aceSetDevice& kept, const aceSetDevice& working) {
+    Take(kept.Device, working.Device);
+    Take(kept.MoniDev, working.MoniDev);
+    Take(kept.BcGen, working.BcGen);
+    kept.LastCheck = working.LastCheck;
+    Take(kept.AmplDev, working.AmplDev);
+    kept.AmpState = working.AmpState;
+    Take(kept.SwitchDev, working.SwitchDev);
+    kept.Path = working.Path;
+    Take(kept.SigPath, working.SigPath);
+}
+void TakeRunFields(aceTrackFreq& kept, const aceTrackFreq& working) {
+    Take(kept.MoniDev, working.MoniDev);
+    kept.Freq = working.Freq;
+    Take(kept.GenDev, working.GenDev);
+    Take(kept.SigPath, working.SigPath);
+    Take(kept.CalTable, working.CalTable);
+}
+
 /// One run of an action. The working records are those of the thread: an action that runs inside
 /// this one overwrites them, and the routine in progress goes on with the new content. Only the
 /// latch is a copy of its own.
@@ -21,18 +52,31 @@ struct Run {
     p_Action& action;
     std::int32_t modul;
     Boolean ignoreErr = action.IgnoreErr;
+    std::uint32_t use = 0;  ///< of the working records that are written back, by this run
 
     template <class Record>
-    void CopyOut(Record& working) const {
+    void CopyOut(Record& working) {
+        if constexpr (requires { TakeRunFields(working, working); }) {
+            use = ++context.RecordUses;
+        }
         stmt([&] { working = RecordOf<Record>(action); });
     }
+    /// Where another action may have taken the record meanwhile, the whole record goes back, with
+    /// what that one left in it; where none has, only the fields that a run changes differ.
     template <class Record>
     void WriteBack(const Record& working) const {
-        stmt([&] { action.Parameter = working; });
+        stmt([&] {
+            Record* const kept = std::get_if<Record>(&action.Parameter);
+            if (kept != nullptr && use == context.RecordUses) {
+                TakeRunFields(*kept, working);
+            } else {
+                action.Parameter = working;
+            }
+        });
     }
 };
 
-Boolean RunWait(const Run& run) {
+Boolean RunWait(Run& run) {
     aceWait& record = run.context.DispatcherRecords.Wait;
     run.CopyOut(record);
     modActions::Wait(run.context, record);
@@ -88,7 +132,7 @@ Boolean RunTrack(Run& run) {
 }
 
 /// The host hears of the wanted state also when the switching failed.
-Boolean RunSwitchAmp(const Run& run) {
+Boolean RunSwitchAmp(Run& run) {
     aceSetDevice& record = run.context.DispatcherRecords.SetDevice;
     run.CopyOut(record);
     const Boolean result =
@@ -102,7 +146,7 @@ Boolean RunSwitchAmp(const Run& run) {
     return result;
 }
 
-Boolean RunSwitchUnit(const Run& run) {
+Boolean RunSwitchUnit(Run& run) {
     aceSetDevice& record = run.context.DispatcherRecords.SetDevice;
     run.CopyOut(record);
     const Boolean result =
@@ -111,7 +155,7 @@ Boolean RunSwitchUnit(const Run& run) {
     return result;
 }
 
-Boolean RunApi(const Run& run) {
+Boolean RunApi(Run& run) {
     aceAPI& record = run.context.DispatcherRecords.Api;
     run.CopyOut(record);
     const Boolean succeeded =
@@ -119,13 +163,13 @@ Boolean RunApi(const Run& run) {
     return !succeeded;
 }
 
-Boolean RunNotify(const Run& run) {
+Boolean RunNotify(Run& run) {
     aceNotify& record = run.context.DispatcherRecords.Notify;
     run.CopyOut(record);
     return modActions::Notify(run.context, run.stmt, record, run.modul);
 }
 
-Boolean RunQuestion(const Run& run) {
+Boolean RunQuestion(Run& run) {
     aceNotify& record = run.context.DispatcherRecords.Notify;
     run.CopyOut(record);
     return modActions::Question(run.context, run.stmt, record);

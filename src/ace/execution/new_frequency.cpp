@@ -47,8 +47,11 @@ bool CountsForResult(std::int32_t kind, aceModul modul) {
 [[gnu::noinline]] void RunAtFrequency(EngineState& state, const Statements& stmt,
                                       const FixedActions& actions, std::int32_t index,
                                       double frequency, Boolean& result) {
-    const std::int32_t kind = actions[index].ActionType;
-    stmt([&] { PassFrequency(actions[index], state.Modul, frequency); });
+    const std::int32_t kind = stmt([&] {
+        p_Action& action = actions[index];
+        PassFrequency(action, state.Modul, frequency);
+        return action.ActionType;
+    });
     const Boolean answer = stmt([&] { return actions.Run(index, state.Modul); });
     if (CountsForResult(kind, state.Modul)) {
         result = answer;

@@ -3,6 +3,7 @@
 namespace ace {
 
 void TakeReplaceVariables(EngineState& state, p_Action& action) {
+    ++state.Context.RecordUses;
     switch (action.ActionType) {
         case atNotify:
         case atQuestion:
