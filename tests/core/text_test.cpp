@@ -37,6 +37,15 @@ TEST(ReadNumber, TakesWhatLooksLikeANumberAndIgnoresTheRest) {
     }
 }
 
+TEST(ReadNumber, TakesTheNearestDoubleOfManyDigits) {
+    EXPECT_EQ(ReadNumber(L"20.00"), 20.0);
+    EXPECT_EQ(ReadNumber(L"0.00001"), 1e-5);
+    EXPECT_EQ(ReadNumber(L"123456789.012345"), 123456789.012345);
+    EXPECT_EQ(ReadNumber(L"0.123456789012345"), 0.123456789012345);
+    EXPECT_EQ(ReadNumber(L"12345678901.234567"), 12345678901.234567);
+    EXPECT_EQ(ReadNumber(L"0.00000000000000000001"), 1e-20);
+}
+
 TEST(ReadNumber, BeyondTheRangeOfADoubleIsError6) {
     for (const StringView text : {L"1e309", L"-1e309", L"1e99999999999", L"12345e400"}) {
         EXPECT_EQ(ErrorOf([&] { ReadNumber(text); }), Overflow);
@@ -149,6 +158,15 @@ TEST(FormatFixed, ShowsExactlyTheDecimalsAndAtLeastOneDigitBefore) {
         {3600000, 3, L'.', L"3600000.000"},
         {7.5, 0, L'.', L"8"},
         {1e15, 3, L'.', L"1000000000000000.000"},
+        {0.1, 3, L'.', L"0.100"},
+        {0.001, 3, L'.', L"0.001"},
+        {-0.0, 3, L'.', L"0.000"},
+        {-0.007, 3, L',', L"-0,007"},
+        {999999999999.999, 3, L'.', L"999999999999.999"},
+        {12345678901234.5, 1, L'.', L"12345678901234.5"},
+        {1.0000000000000002, 3, L'.', L"1.000"},
+        {42, 0, L'.', L"42"},
+        {1.25, 4, L'.', L"1.2500"},
     };
     for (const auto& [number, decimals, separator, text] : table) {
         EXPECT_EQ(FormatFixed(number, decimals, separator), text) << number;

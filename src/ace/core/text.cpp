@@ -5,107 +5,10 @@
 #include <limits>
 
 #include <ace/core/text.h>
-#include <ace/host/rounding.h>
 
 namespace ace {
 
 namespace {
-
-constexpr bool IsDigit(wchar_t c) {
-    return c >= L'0' && c <= L'9';
-}
-constexpr bool IsBlank(wchar_t c) {
-    return c == L' ' || c == L'\t';
-}
-
-/// How far the number at the start of a text reaches.
-struct NumberExtent {
-    std::size_t begin = 0;  ///< behind blanks, at the sign if there is one
-    std::size_t end = 0;
-    bool hasDigits = false;
-};
-
-NumberExtent FindNumber(StringView text) {
-    NumberExtent extent;
-    std::size_t at = 0;
-    while (at < text.size() && IsBlank(text[at])) {
-        ++at;
-    }
-    extent.begin = at;
-    if (at < text.size() && (text[at] == L'+' || text[at] == L'-')) {
-        ++at;
-    }
-    for (bool pointSeen = false; at < text.size(); ++at) {
-        if (IsDigit(text[at])) {
-            extent.hasDigits = true;
-        } else if (text[at] == L'.' && !pointSeen) {
-            pointSeen = true;
-        } else {
-            break;
-        }
-    }
-    extent.end = at;
-    if (extent.hasDigits && at < text.size() && (text[at] == L'E' || text[at] == L'e')) {
-        ++at;
-        if (at < text.size() && (text[at] == L'+' || text[at] == L'-')) {
-            ++at;
-        }
-        if (at < text.size() && IsDigit(text[at])) {
-            while (at < text.size() && IsDigit(text[at])) {
-                ++at;
-            }
-            extent.end = at;
-        }
-    }
-    return extent;
-}
-
-/// True when a number that no double can hold is too small rather than too large: its first
-/// significant digit stands behind the decimal point once the exponent is applied.
-bool IsTiny(const std::string& number) {
-    const std::size_t significant = number.find_first_of("123456789");
-    const std::size_t exponentAt = number.find_first_of("eE");
-    const std::size_t point = std::min(number.find_first_of(".eE"), number.size());
-    const double exponent =
-        exponentAt == std::string::npos ? 0.0 : std::atof(number.c_str() + exponentAt + 1);
-    return static_cast<double>(point) - static_cast<double>(significant) + exponent < 0.0;
-}
-
-double ConvertNumber(StringView number) {
-    std::string digits(number.size(), '\0');
-    std::transform(number.begin(), number.end(), digits.begin(),
-                   [](wchar_t c) { return static_cast<char>(c); });
-    const char* first = digits.data();
-    const char* last = first + digits.size();
-    if (*first == '+') {
-        ++first;
-    }
-    double value = 0.0;
-    const auto [end, error] = std::from_chars(first, last, value);
-    if (error == std::errc::result_out_of_range) {
-        if (IsTiny(digits)) {
-            return 0.0;
-        }
-        Raise(Errors::Overflow);
-    }
-    return value;
-}
-
-/// Most numbers of a settings file are a few plain digits; they need no conversion.
-bool TryShortInteger(StringView text, std::int32_t& value) {
-    if (text.empty() || text.size() > 9) {
-        return false;
-    }
-    std::int32_t sum = 0;
-    for (const wchar_t c : text) {
-        if (!IsDigit(c)) {
-            return false;
-        }
-        sum = sum * 10 + (c - L'0');
-    }
-    value = sum;
-    return true;
-}
 
 /// A number as digits d1 d2 d3 ... with the meaning 0.d1d2d3... times ten to the `point`.
 struct Decimal {
@@ -204,7 +107,59 @@ void AppendPlain(String& text, const Decimal& decimal, int decimals, wchar_t sep
     }
 }
 
+/// Appends a whole number in plain decimal, with so many of its last digits behind `separator`.
+void AppendDigits(String& text, std::uint64_t number, int decimals, wchar_t separator) {
+    wchar_t digits[24];
+    wchar_t* const end = std::end(digits);
+    wchar_t* at = end;
+    const auto put = [&] {
+        *--at = static_cast<wchar_t>(L'0' + number % 10);
+        number /= 10;
+    };
+    if (decimals > 0) {
+        for (int place = 0; place < decimals; ++place) {
+            put();
+        }
+        *--at = separator;
+    }
+    do {
+        put();
+    } while (number != 0);
+    text.append(at, static_cast<std::size_t>(end - at));
+}
+
+/// The number of thousandths, or of less, that `value` is made of, when it is a whole one that the
+/// significant digits can tell. Then no digit of it is lost or rounded: a double comes that near to
+/// such a number for no other text of so many digits.
+bool TryScaled(double value, int decimals, int significant, std::int64_t& scaled) {
+    constexpr double Powers[] = {1.0, 10.0, 100.0, 1000.0};
+    if (decimals >= static_cast<int>(std::size(Powers))) {
+        return false;
+    }
+    const double product = value * Powers[decimals];
+    const double limit = significant == std::numeric_limits<double>::digits10 ? 1e15 : 1e7;
+    if (!(product > -limit && product < limit)) {
+        return false;
+    }
+    scaled = static_cast<std::int64_t>(product);
+    return static_cast<double>(scaled) == product;
+}
+
+/// Appends a number of the scale that `TryScaled` found.
+void AppendScaled(String& text, std::int64_t scaled, int decimals, wchar_t separator) {
+    if (scaled < 0) {
+        text += L'-';
+    }
+    AppendDigits(text, static_cast<std::uint64_t>(scaled < 0 ? -scaled : scaled), decimals,
+                 separator);
+}
+
 void AppendFixedText(String& text, double value, int significant, int decimals, wchar_t separator) {
+    std::int64_t scaled = 0;
+    if (TryScaled(value, decimals, significant, scaled)) {
+        AppendScaled(text, scaled, decimals, separator);
+        return;
+    }
     if (!std::isfinite(value)) {
         Raise(Errors::Overflow);
     }
@@ -227,83 +182,61 @@ String ExponentText(const Decimal& decimal, wchar_t separator) {
     return text + size;
 }
 
-String GeneralText(double value, int significant, wchar_t separator) {
+/// Most numbers have three decimals at most.
+bool TryShortGeneral(String& text, double value, int significant, wchar_t separator) {
+    int decimals = 3;
+    std::int64_t scaled = 0;
+    if (!TryScaled(value, decimals, significant, scaled)) {
+        return false;
+    }
+    while (decimals > 0 && scaled % 10 == 0) {
+        scaled /= 10;
+        --decimals;
+    }
+    AppendScaled(text, scaled, decimals, separator);
+    return true;
+}
+
+void AppendGeneralText(String& text, double value, int significant, wchar_t separator) {
     if (std::isnan(value)) {
-        return L"NAN";
+        text += L"NAN";
+    } else if (std::isinf(value)) {
+        text += value < 0.0 ? L"-INF" : L"INF";
+    } else if (!TryShortGeneral(text, value, significant, separator)) {
+        constexpr int SmallestPlainPoint = -4;  // 0.00001 is 0.1 times ten to the -4
+        const Decimal decimal = DecimalOf(value, significant);
+        if (decimal.digits.empty()) {
+            text += L'0';
+        } else if (decimal.point > significant || decimal.point < SmallestPlainPoint) {
+            text += ExponentText(decimal, separator);
+        } else {
+            const int behind = std::max(0, static_cast<int>(decimal.digits.size()) - decimal.point);
+            AppendPlain(text, decimal, behind, separator);
+        }
     }
-    if (std::isinf(value)) {
-        return value < 0.0 ? L"-INF" : L"INF";
-    }
-    const Decimal decimal = DecimalOf(value, significant);
-    if (decimal.digits.empty()) {
-        return L"0";
-    }
-    constexpr int SmallestPlainPoint = -4;  // 0.00001 is 0.1 times ten to the -4
-    if (decimal.point > significant || decimal.point < SmallestPlainPoint) {
-        return ExponentText(decimal, separator);
-    }
-    const int behind = std::max(0, static_cast<int>(decimal.digits.size()) - decimal.point);
-    String text;
-    AppendPlain(text, decimal, behind, separator);
-    return text;
 }
 
 constexpr int DoubleDigits = 15;
 constexpr int SingleDigits = 7;
 
-struct GeneralFormatter {
+struct GeneralAppender {
+    String& text;
     wchar_t separator;
-    String operator()(std::monostate) const { return {}; }
-    String operator()(Boolean truth) const { return truth ? L"True" : L"False"; }
-    String operator()(std::int16_t number) const { return std::to_wstring(number); }
-    String operator()(std::int32_t number) const { return std::to_wstring(number); }
-    String operator()(float number) const {
-        return GeneralText(static_cast<double>(number), SingleDigits, separator);
+    void operator()(std::monostate) const {}
+    void operator()(Boolean truth) const { text += truth ? L"True" : L"False"; }
+    void operator()(std::int16_t number) const { AppendInteger(text, number); }
+    void operator()(std::int32_t number) const { AppendInteger(text, number); }
+    void operator()(float number) const {
+        AppendGeneralText(text, static_cast<double>(number), SingleDigits, separator);
     }
-    String operator()(double number) const { return GeneralText(number, DoubleDigits, separator); }
-    String operator()(const String& text) const { return text; }
-    String operator()(const DynArray<String>&) const { Raise(Errors::TypeMismatch); }
+    void operator()(double number) const {
+        AppendGeneralText(text, number, DoubleDigits, separator);
+    }
+    void operator()(const String& other) const { text += other; }
+    void operator()(const DynArray<String>&) const { Raise(Errors::TypeMismatch); }
 };
 
 }  // namespace
-
-double ReadNumber(StringView text) {
-    std::int32_t value = 0;
-    if (TryShortInteger(text, value)) {
-        return static_cast<double>(value);
-    }
-    const NumberExtent extent = FindNumber(text);
-    return extent.hasDigits ? ConvertNumber(text.substr(extent.begin, extent.end - extent.begin))
-                            : 0.0;
-}
-
-double ReadStrictNumber(StringView text) {
-    while (!text.empty() && IsBlank(text.back())) {
-        text.remove_suffix(1);
-    }
-    const NumberExtent extent = FindNumber(text);
-    if (!extent.hasDigits || extent.end != text.size()) {
-        Raise(Errors::TypeMismatch);
-    }
-    return ConvertNumber(text.substr(extent.begin, extent.end - extent.begin));
-}
-
-std::int32_t ReadRoundedNumber(StringView text) {
-    std::int32_t value = 0;
-    return TryShortInteger(text, value) ? value : RoundToLong(ReadNumber(text));
-}
-
-std::int32_t ReadStrictInteger(StringView text) {
-    std::int32_t value = 0;
-    return TryShortInteger(text, value) ? value : RoundToLong(ReadStrictNumber(text));
-}
-
-bool ReadBooleanText(StringView text) {
-    if (EqualNoCase(text, L"true")) {
-        return true;
-    }
-    return !EqualNoCase(text, L"false") && ReadStrictNumber(text) != 0.0;
-}
 
 String FormatFixed(double value, int decimals, wchar_t separator) {
     String text;
@@ -322,9 +255,7 @@ void AppendFixed(String& text, double value, int decimals, wchar_t separator) {
 }
 
 void AppendInteger(String& text, std::int32_t number) {
-    char digits[16];
-    const std::to_chars_result end = std::to_chars(std::begin(digits), std::end(digits), number);
-    text.append(std::begin(digits), end.ptr);
+    AppendScaled(text, number, 0, L'\0');
 }
 
 String IntegerText(std::int32_t number) {
@@ -339,16 +270,25 @@ String WithPoint(String number) {
 }
 
 String FormatGeneral(const Value& value, wchar_t separator) {
-    return std::visit(GeneralFormatter{separator}, value);
+    String text;
+    AppendGeneral(text, value, separator);
+    return text;
+}
+
+void AppendGeneral(String& text, const Value& value, wchar_t separator) {
+    std::visit(GeneralAppender{text, separator}, value);
 }
 
 void ReplaceAll(String& text, StringView search, StringView replacement) {
-    if (search.empty()) {
-        return;
+    if (!search.empty()) {
+        ReplaceAllFrom(text, text.find(search), search, replacement);
     }
-    for (std::size_t at = text.find(search); at != String::npos;
-         at = text.find(search, at + replacement.size())) {
+}
+
+void ReplaceAllFrom(String& text, std::size_t at, StringView search, StringView replacement) {
+    while (at != String::npos) {
         text.replace(at, search.size(), replacement);
+        at = text.find(search, at + replacement.size());
     }
 }
 

@@ -43,6 +43,8 @@ String WithPoint(String number);
 /// digits and no trailing zeros, as 1E+15 from that many digits on and as 1E-06 below 0.00001;
 /// truths as True and False; nothing as the empty text; a text as it stands. An array is error 13.
 String FormatGeneral(const Value& value, wchar_t separator);
+/// Appends what `FormatGeneral` gives.
+void AppendGeneral(String& text, const Value& value, wchar_t separator);
 
 // ---- texts -------------------------------------------------------------------------------------
 
@@ -65,5 +67,7 @@ constexpr bool EqualNoCase(StringView a, StringView b) {
 /// Replaces every occurrence of `search`, exactly and from left to right; an empty `search`
 /// replaces nothing. Allocates only when something is replaced.
 void ReplaceAll(String& text, StringView search, StringView replacement);
+/// The same from the place on at which `search` was found.
+void ReplaceAllFrom(String& text, std::size_t at, StringView search, StringView replacement);
 
 }  // namespace ace

@@ -8,6 +8,9 @@ namespace ace {
 
 namespace {
 
+constexpr StringView Frequency = L"#FREQ#";
+constexpr StringView StatusBegin = L"Execute API Macro: ";
+
 constexpr std::int32_t MacroTitle = 9430;
 constexpr std::int32_t MacroFailedText = 9183;
 
@@ -18,12 +21,13 @@ void FillParameters(ThreadContext& context, aceAPI& record) {
     const std::int32_t last = record.Parameters.UpperBound();
     for (std::int32_t i = 1; i <= last; ++i) {
         BorrowedText filled(context);
-        filled->assign(record.Parameters[i]);
+        filled->assign(std::as_const(record.Parameters)[i]);
         ReplaceVariables(context, record.vks, *filled);
-        if (filled->find(L"#FREQ#") != String::npos) {
+        const std::size_t at = filled->find(Frequency);
+        if (at != String::npos) {
             BorrowedText frequency(context);
             AppendFixed(*frequency, record.Freq, 1, context.Platform().DecimalSeparator());
-            ReplaceAll(*filled, L"#FREQ#", *frequency);
+            ReplaceAllFrom(*filled, at, Frequency, *frequency);
         }
         record.Parameters[i].swap(*filled);
     }
@@ -57,7 +61,7 @@ bool LoadMacro(ThreadContext& context, IApiMacro& macro, aceAPI& record) {
 /// True when the macro was started.
 bool StartMacro(ThreadContext& context, IApiMacro& macro, const aceAPI& record) {
     BorrowedText status(context);
-    status->append(L"Execute API Macro: ").append(record.Program);
+    status->append(StatusBegin).append(record.Program);
     Required(context.StatusDisplay)->ShowStatus(*status, false, false);
     String unreadText;
     String errorText;

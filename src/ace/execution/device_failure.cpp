@@ -63,7 +63,8 @@ void ShowStatus(ThreadContext& context, const String& text) {
 }
 
 void ClearStatus(ThreadContext& context) {
-    ShowStatus(context, {});
+    static const String nothing;
+    ShowStatus(context, nothing);
 }
 
 }  // namespace ace

@@ -10,6 +10,11 @@ namespace ace {
 
 namespace {
 
+/// Parts of the texts of a wait, whose lengths are known when this is compiled.
+constexpr StringView Blank = L" ";
+constexpr StringView Seconds = L" s";
+constexpr StringView LineEnd = L"\r\n";
+
 /// Index of the wait label among the status texts.
 constexpr std::size_t WaitLabel = 0;
 /// "Please wait" or the like, second line of the timed message.
@@ -31,10 +36,21 @@ Boolean ShowMessage(ThreadContext& context, const Statements& stmt, aceNotify& r
     });
 }
 
+/// What the host's device side is told around a notification; made once.
+struct RadiationTexts {
+    String standby = L"Standby On";
+    String radiation = L"Radiation on";
+};
+const RadiationTexts& Radiation() {
+    static const RadiationTexts texts;
+    return texts;
+}
+
 }  // namespace
 
 void modActions::PostEvent(ThreadContext& context, std::int32_t kind, const String& text) {
-    context.DeviceList().GetDeviceListHost().PostEvent(L"ActionEngine", kind, text);
+    static const String sender = L"ActionEngine";
+    context.DeviceList().GetDeviceListHost().PostEvent(sender, kind, text);
 }
 
 void modActions::Wait(ThreadContext& context, const aceWait& record) {
@@ -42,12 +58,12 @@ void modActions::Wait(ThreadContext& context, const aceWait& record) {
     quiet([&] {
         const wchar_t separator = context.Platform().DecimalSeparator();
         BorrowedText text(context);
-        text->append(context.ActionStatusTexts[WaitLabel]).append(L" ");
+        text->append(context.ActionStatusTexts[WaitLabel]).append(Blank);
         AppendFixed(*text, record.Time / 1000.0, 3, separator == L',' ? L'.' : separator);
-        text->append(L" s");
+        text->append(Seconds);
         Required(context.StatusDisplay)->ShowStatus(*text, true, true);
         std::int32_t style = InformationStyle;
-        text->append(L"\r\n").append(context.Language().Text(WaitHint));
+        text->append(LineEnd).append(context.Language().Text(WaitHint));
         context.SystemServices().ShowTimedMessage(
             *text, style, context.ActionStatusTexts[WaitLabel], RoundToLong(record.Time));
         Required(context.StatusDisplay)->ShowStatus({}, false, false);
@@ -77,13 +93,13 @@ Boolean modActions::Notify(ThreadContext& context, const Statements& stmt, aceNo
     if (!record.WaveFile.empty() || (record.Beep && !silent)) {
         PlaySound(context, record);
     }
-    stmt([&] { PostEvent(context, RadiationEvent, L"Standby On"); });
+    stmt([&] { PostEvent(context, RadiationEvent, Radiation().standby); });
     stmt([&] { context.Platform().Yield(); });
     Boolean result;
     if (!record.Message.empty() && !silent) {
         result = ShowMessage(context, stmt, record, false);
     }
-    stmt([&] { PostEvent(context, RadiationEvent, L"Radiation on"); });
+    stmt([&] { PostEvent(context, RadiationEvent, Radiation().radiation); });
     stmt([&] { context.Platform().Yield(); });
     return result;
 }

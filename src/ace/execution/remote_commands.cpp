@@ -49,11 +49,12 @@ void SendGpib(ThreadContext& context, aceRemote& record, const String& text) {
             RaiseDeviceFailed(context);
         }
     }
-    BorrowedText place(context);
-    AppendInteger(*place, board);
-    place->push_back(L':');
-    AppendInteger(*place, address);
-    ShowLabelled(context, GpibLabel, *place);
+    BorrowedText status(context);
+    status->append(context.ActionStatusTexts[GpibLabel]);
+    AppendInteger(*status, board);
+    status->push_back(L':');
+    AppendInteger(*status, address);
+    ShowStatus(context, *status);
     context.GpibDriver().WriteString(NarrowToShort(record.DrvHdl), text);
 }
 

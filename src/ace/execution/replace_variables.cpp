@@ -1,3 +1,6 @@
+#include <algorithm>
+
+#include <ace/core/borrowed_text.h>
 #include <ace/core/text.h>
 #include <ace/execution/replace_variables.h>
 

@@ -106,7 +106,7 @@ std::optional<std::size_t> FindCountKey(StringView key) {
 std::optional<std::size_t> FindEntryKey(StringView key) {
     const StringView name = key.substr(0, EntryKeyLength);
     for (std::size_t i = 0; i < std::size(ActionListKeys); ++i) {
-        if (EqualNoCase(name, ActionListKeys[i].entry)) {
+        if (IsWord(ActionListKeys[i].entry, name)) {
             return i;
         }
     }

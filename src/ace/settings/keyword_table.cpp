@@ -1,3 +1,5 @@
+#include <array>
+
 #include <ace/core/text.h>
 #include <ace/settings/keyword_table.h>
 #include <ace/settings/record_lines.h>
@@ -40,6 +42,29 @@ constexpr KeywordRow Rows[] = {
     {L"FREQTRACK:", atTrackFreq, Freq, ReadTrackFreq, WriteTrackFreq},
 };
 
+constexpr std::size_t LongestKeyword = 11;
+
+/// The rows by the length of their keyword, so that a keyword is compared with few others.
+struct RowsByLength {
+    std::array<std::uint8_t, std::size(Rows)> rows{};
+    std::array<std::uint8_t, LongestKeyword + 1> end{};  ///< behind the rows of that length
+};
+constexpr RowsByLength SortedByLength() {
+    RowsByLength sorted;
+    std::uint8_t next = 0;
+    for (std::size_t length = 0; length <= LongestKeyword; ++length) {
+        for (std::uint8_t row = 0; row < std::size(Rows); ++row) {
+            if (Rows[row].keyword.size() == length) {
+                sorted.rows[next++] = row;
+            }
+        }
+        sorted.end[length] = next;
+    }
+    return sorted;
+}
+constexpr RowsByLength ByLength = SortedByLength();
+static_assert(ByLength.end[LongestKeyword] == std::size(Rows), "a longer keyword");
+
 }  // namespace
 
 std::span<const KeywordRow> KeywordTable() {
@@ -47,8 +72,13 @@ std::span<const KeywordRow> KeywordTable() {
 }
 
 const KeywordRow* FindKeyword(StringView keyword) {
-    for (const KeywordRow& row : Rows) {
-        if (EqualNoCase(row.keyword, keyword)) {
+    if (keyword.size() > LongestKeyword) {
+        return nullptr;
+    }
+    const std::size_t end = ByLength.end[keyword.size()];
+    for (std::size_t i = keyword.empty() ? 0 : ByLength.end[keyword.size() - 1]; i < end; ++i) {
+        const KeywordRow& row = Rows[ByLength.rows[i]];
+        if (IsWord(row.keyword, keyword)) {
             return &row;
         }
     }
