@@ -4,6 +4,7 @@
 #include <array>
 
 #include <ace/core/module_lists.h>
+#include <ace/core/place_index.h>
 
 namespace ace {
 
@@ -40,6 +41,11 @@ struct EngineState : ModuleLists {
     double LastFrequency = 0.0;  ///< hertz; -1.0 from `StartTest` to the first `NewFrequency`
     aceVKSVar VKSReplaceVars;    ///< replace variables of the matrix
     Boolean VKSResult;           ///< verdict of the last `VKSStep`
+
+    /// Where each key of `VKSDUTIds`, and each pair of `VKSStepKeys` and `VKSStepUKeys`, stands
+    /// first. Only the look-ups use them, and they look after themselves.
+    mutable PlaceIndex RowPlaces;
+    mutable PlaceIndex StepPlaces;
 
     __aceActionsEngine* EventSink = nullptr;  ///< the host's; none for no events
 };

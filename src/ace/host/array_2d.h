@@ -38,6 +38,9 @@ class Array2D {
     }
     void Erase() { x_cells.Erase(); }
 
+    /// How often the array may have been changed, see `DynArray`.
+    std::uint32_t Changes() const { return x_cells.Changes(); }
+
     std::int32_t RowLowerBound() const { return RequireAllocated(), x_rowLower; }
     std::int32_t RowUpperBound() const { return RequireAllocated(), x_rowUpper; }
     std::int32_t ColumnLowerBound() const { return RequireAllocated(), x_columnLower; }

@@ -6,6 +6,7 @@
 #include <ace/matrix/dut_matrix.h>
 #include <ace/matrix/matrix_rows.h>
 #include <ace/matrix/refused_change.h>
+#include <ace/matrix/row_removal.h>
 
 namespace ace {
 
@@ -51,31 +52,19 @@ std::int32_t FindFrequency(const EngineState& state, double frequency) {
 
 // ---- rebuilding ----------------------------------------------------------------------------
 
-/// Deletes every row with `value` in a column, from the last to the first.
-void DeleteRowsUpward(EngineState& state, const Statements& stmt, const Dimension& dimension,
-                      double value) {
-    for (std::int32_t row = state.VKSStepCount - 1; row >= 0; --row) {
-        const RowKey key = stmt([&] { return KeyOf(state, row); });
-        if (key[dimension.column] == value) {
-            stmt([&] { DeleteVKSDUTStep(state, key); });
-        }
-    }
-}
-
 /// Rows of values that are not in the table stay: a file may hold some that the host never tells.
 void DeleteStaleRows(EngineState& state, const Statements& stmt, const Dimension& dimension) {
     if (state.*dimension.influences) {
-        DeleteRowsUpward(state, stmt, dimension, All);
+        DeleteRowsOfEach(state, stmt, dimension.column, 1, [](std::int32_t) { return All; });
         return;
     }
     const bool keepsTestMode =
         dimension.column == Frequencies.column && state.VKSDUTTemplate == TestModeTemplate;
-    for (std::int32_t entry = 0; entry < state.*dimension.count; ++entry) {
+    const auto staleValue = [&](std::int32_t entry) -> std::optional<double> {
         const double value = stmt([&] { return ValueOf(state, dimension, entry); });
-        if (value != TestMode || !keepsTestMode) {
-            DeleteRowsUpward(state, stmt, dimension, value);
-        }
-    }
+        return value == TestMode && keepsTestMode ? std::nullopt : std::optional(value);
+    };
+    DeleteRowsOfEach(state, stmt, dimension.column, state.*dimension.count, staleValue);
 }
 
 /// The entries of a dimension that rows are made for: those of its table, or -1 alone.
@@ -121,20 +110,6 @@ void CreateMissingRows(EngineState& state, const Statements& stmt) {
 
 // ---- the tables ----------------------------------------------------------------------------
 
-/// Deletes every row with `value` in a column, from the first to the last. A row that can't be
-/// found by its own key, because its frequency is no number, is passed over.
-void DeleteRows(EngineState& state, const Statements& stmt, const Dimension& dimension,
-                double value) {
-    for (std::int32_t row = 0; row < state.VKSStepCount;) {
-        const std::int32_t before = state.VKSStepCount;
-        const RowKey key = stmt([&] { return KeyOf(state, row); });
-        if (key[dimension.column] == value) {
-            stmt([&] { DeleteVKSDUTStep(state, key); });
-        }
-        row += state.VKSStepCount == before ? 1 : 0;
-    }
-}
-
 template <class T>
 void CloseTableGap(const Statements& stmt, DynArray<T>& table, std::int32_t index,
                    std::int32_t count) {
@@ -165,7 +140,7 @@ void AddName(EngineState& state, const Statements& stmt, const NamedDimension& t
 void RemoveName(EngineState& state, const Statements& stmt, const NamedDimension& table,
                 std::int32_t id) {
     const Dimension& dimension = table.dimension;
-    DeleteRows(state, stmt, dimension, id);
+    DeleteRows(state, stmt, dimension.column, id);
     std::int32_t& count = state.*dimension.count;
     if (count < 1) {
         return;
@@ -201,7 +176,7 @@ void AddFrequency(EngineState& state, const Statements& stmt, const String& name
 }
 
 void RemoveFrequency(EngineState& state, const Statements& stmt, double frequency) {
-    DeleteRows(state, stmt, Frequencies, frequency);
+    DeleteRows(state, stmt, Frequencies.column, frequency);
     const std::int32_t found = stmt([&] { return FindFrequency(state, frequency); });
     if (found < 0) {
         return;

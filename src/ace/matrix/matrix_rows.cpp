@@ -1,5 +1,5 @@
 #include <algorithm>
-#include <functional>
+#include <bit>
 
 #include <ace/core/action_store.h>
 #include <ace/core/held_lists.h>
@@ -11,19 +11,11 @@ namespace ace {
 
 namespace {
 
-constexpr std::int32_t Columns = 3;
-
-void PutKey(EngineState& state, std::int32_t row, const RowKey& key) {
-    for (std::int32_t column = 0; column < Columns; ++column) {
-        state.VKSDUTIds(row, column) = key[static_cast<std::size_t>(column)];
-    }
-}
-
 void EnlargeIds(EngineState& state) {
     if (state.VKSDUTIds.IsAllocated()) {
         state.VKSDUTIds.RedimPreserveRows(state.VKSStepCount);
     } else {
-        state.VKSDUTIds.Redim(0, state.VKSStepCount, 0, Columns - 1);
+        state.VKSDUTIds.Redim(0, state.VKSStepCount, 0, LastKeyColumn);
     }
 }
 
@@ -36,24 +28,83 @@ void ReserveIds(EngineState& state, std::int32_t count) {
     }
 }
 
-String KeyMessage(ThreadContext& context, const RowKey& key) {
-    return L"Freq = " + FormatGeneral(key[0], context.Platform().DecimalSeparator());
+/// Both zeros are one value, and hash alike; what is no number equals nothing.
+std::size_t HashOf(const RowKey& key) {
+    constexpr std::size_t Spread = 0x9E3779B97F4A7C15U;
+    std::size_t hash = 0;
+    for (const double value : key) {
+        hash = (hash ^ std::bit_cast<std::uint64_t>(value + 0.0)) * Spread;
+        hash ^= hash >> 32;
+    }
+    return hash;
+}
+
+bool IsAt(const EngineState& state, std::int32_t row, const RowKey& key) {
+    return std::equal(key.begin(), key.end(), state.VKSDUTIds.Row(row));
+}
+
+/// The walk over the rows, which says what the answer is.
+std::int32_t WalkToRow(const EngineState& state, const RowKey& key) {
+    for (std::int32_t row = 0; row < state.VKSStepCount; ++row) {
+        if (IsAt(state, row, key)) {
+            return row;
+        }
+    }
+    return -1;
+}
+
+/// False when the array has not a row for each, so that a walk ends in an error, or when there is
+/// no memory for the index.
+bool UpdateIndex(const EngineState& state) {
+    const Array2D<double>& ids = state.VKSDUTIds;
+    const bool hasAll = ids.IsAllocated() && ids.RowLowerBound() == 0 &&
+                        ids.RowUpperBound() >= state.VKSStepCount - 1;
+    if (!hasAll) {
+        return false;
+    }
+    try {
+        state.RowPlaces.Update(
+            {ids.Changes(), 0}, state.VKSStepCount,
+            [&](std::int32_t row) { return HashOf(KeyOf(state, row)); },
+            [&](std::int32_t a, std::int32_t b) { return IsAt(state, a, KeyOf(state, b)); });
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 }  // namespace
+
+String KeyMessage(ThreadContext& context, const RowKey& key) {
+    return L"Freq = " + FormatGeneral(key[0], context.Platform().DecimalSeparator());
+}
 
 RowKey KeyOf(const EngineState& state, std::int32_t row) {
     const double* const cells = state.VKSDUTIds.Row(row);
     return {cells[0], cells[1], cells[2]};
 }
 
-std::int32_t FindRow(const EngineState& state, const RowKey& key) {
-    for (std::int32_t row = 0; row < state.VKSStepCount; ++row) {
-        if (std::equal(key.begin(), key.end(), state.VKSDUTIds.Row(row))) {
-            return row;
-        }
+void PutKey(EngineState& state, std::int32_t row, const RowKey& key) {
+    for (std::int32_t column = 0; column <= LastKeyColumn; ++column) {
+        state.VKSDUTIds(row, column) = key[static_cast<std::size_t>(column)];
     }
-    return -1;
+}
+
+void CutKeys(EngineState& state, const Statements& stmt) {
+    if (state.VKSStepCount >= 0) {
+        stmt([&] { state.VKSDUTIds.RedimPreserveRows(state.VKSStepCount); });
+    } else {
+        stmt([&] { state.VKSDUTIds.Redim(0, 0, 0, LastKeyColumn); });
+    }
+}
+
+std::int32_t FindRow(const EngineState& state, const RowKey& key) {
+    if (!UpdateIndex(state)) {
+        return WalkToRow(state, key);
+    }
+    const std::int32_t row = state.RowPlaces.Find(
+        HashOf(key), [&](std::int32_t place) { return IsAt(state, place, key); });
+    return row < state.VKSStepCount ? row : -1;
 }
 
 RowKeys::RowKeys(const EngineState& state) {
@@ -62,11 +113,8 @@ RowKeys::RowKeys(const EngineState& state) {
     }
 }
 
-/// Both zeros are one value, and hash alike.
 std::size_t RowKeys::Hash::operator()(const RowKey& key) const {
-    constexpr std::size_t Spread = 1000003;
-    const std::hash<double> hash;
-    return (hash(key[0]) * Spread + hash(key[1])) * Spread + hash(key[2]);
+    return HashOf(key);
 }
 
 void AddVKSDUTStep(EngineState& state, RowKeys& keys, const RowKey& key) {
@@ -99,11 +147,7 @@ void DeleteVKSDUTStep(EngineState& state, const RowKey& key) {
         stmt([&] {
             modActions::DeleteEntry(state.Context, state.VKSSteps, state.VKSStepCount, index);
         });
-        if (state.VKSStepCount >= 0) {
-            stmt([&] { state.VKSDUTIds.RedimPreserveRows(state.VKSStepCount); });
-        } else {
-            stmt([&] { state.VKSDUTIds.Redim(0, 0, 0, Columns - 1); });
-        }
+        CutKeys(state, stmt);
     });
 }
 

@@ -15,10 +15,20 @@ using RowKey = std::array<double, 3>;
 /// The key of all frequencies, bandwidths and powers.
 inline constexpr RowKey AllRow{-1.0, -1.0, -1.0};
 
+/// The columns of a key go from 0 to this one.
+inline constexpr std::int32_t LastKeyColumn = 2;
+
 /// The key of row `row`; error 9 outside the rows.
 RowKey KeyOf(const EngineState& state, std::int32_t row);
+void PutKey(EngineState& state, std::int32_t row, const RowKey& key);
+/// Gives the array of the keys one row more than there are rows.
+void CutKeys(EngineState& state, const Statements& stmt);
 
-/// The first row of a key; -1 for none.
+/// The message of a trace line about a row.
+String KeyMessage(ThreadContext& context, const RowKey& key);
+
+/// The first row of a key, to the bit of each value but for the sign of a zero; -1 for none. Error
+/// 9 where the keys are fewer than the rows.
 std::int32_t FindRow(const EngineState& state, const RowKey& key);
 
 /// The keys of all rows at once, so that a rebuild needs no walk over the rows for each of them.

@@ -8,21 +8,86 @@ namespace ace {
 
 namespace {
 
+PlaceIndex::Changes ChangesOfSteps(const EngineState& state) {
+    return {state.VKSStepKeys.Changes(), state.VKSStepUKeys.Changes()};
+}
+
+/// The index need not begin anew for a step that came behind the others, when nobody has changed
+/// the keys but the append, which enlarges each array and fills one element.
+void FollowAppend(const EngineState& state, const PlaceIndex::Changes& before) {
+    constexpr std::uint32_t OfAnAppend = 2;
+    const PlaceIndex::Changes expected{before[0] + OfAnAppend, before[1] + OfAnAppend};
+    if (state.StepPlaces.IsCurrent(before) && ChangesOfSteps(state) == expected) {
+        state.StepPlaces.Follow(expected);
+    }
+}
+
+std::size_t HashOf(const String& testKey, const String& stepKey) {
+    constexpr std::size_t Spread = 0x9E3779B97F4A7C15U;
+    const std::hash<String> hash;
+    return hash(testKey) * Spread + hash(stepKey);
+}
+
+bool IsAt(const EngineState& state, std::int32_t step, const String& testKey,
+          const String& stepKey) {
+    return state.VKSStepKeys[step] == stepKey && state.VKSStepUKeys[step] == testKey;
+}
+
+/// The walk over the steps, which says what the answer is.
+std::int32_t WalkToStep(const EngineState& state, const String& testKey, const String& stepKey) {
+    for (std::int32_t i = 0; i < state.VKSStepCount; ++i) {
+        if (IsAt(state, i, testKey, stepKey)) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+bool HasFirst(const DynArray<String>& texts, std::int32_t count) {
+    return texts.IsAllocated() && texts.LowerBound() == 0 && texts.UpperBound() >= count - 1;
+}
+
+/// False when the arrays have not a key for each step, so that a walk may end in an error, or when
+/// there is no memory for the index.
+bool UpdateIndex(const EngineState& state) {
+    const DynArray<String>& keys = state.VKSStepKeys;
+    const DynArray<String>& testKeys = state.VKSStepUKeys;
+    const std::int32_t count = state.VKSStepCount;
+    if (!HasFirst(keys, count) || !HasFirst(testKeys, count)) {
+        return false;
+    }
+    try {
+        state.StepPlaces.Update(
+            ChangesOfSteps(state), count,
+            [&](std::int32_t step) { return HashOf(testKeys[step], keys[step]); },
+            [&](std::int32_t a, std::int32_t b) { return IsAt(state, a, testKeys[b], keys[b]); });
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
 /// Behind the last step, as an insertion, so that its lists are empty whatever the spare place has.
 void AppendStep(EngineState& state, const Statements& stmt, const String& key,
                 const String& testKey, const String& name) {
     std::int32_t index = stmt([&] { return CheckedDifference(state.VKSStepCount, -1); });
     const std::int32_t count = index;
+    const bool isCurrent = state.StepPlaces.IsCurrent(ChangesOfSteps(state));
     for (DynArray<String>* texts : {&state.VKSStepUKeys, &state.VKSStepNames, &state.VKSStepKeys}) {
         stmt([&] { ReserveUpTo(*texts, count); });
     }
+    if (isCurrent) {
+        state.StepPlaces.Follow(ChangesOfSteps(state));  // memory alone has changed
+    }
     stmt([&] { modActions::AddEntry(state.Context, state.VKSSteps, state.VKSStepCount, index); });
+    const PlaceIndex::Changes before = ChangesOfSteps(state);
     stmt([&] { state.VKSStepUKeys.RedimPreserve(count); });
     stmt([&] { state.VKSStepNames.RedimPreserve(count); });
     stmt([&] { state.VKSStepKeys.RedimPreserve(count); });
     stmt([&] { state.VKSStepUKeys[count - 1] = testKey; });
     stmt([&] { state.VKSStepNames[count - 1] = name; });
     stmt([&] { state.VKSStepKeys[count - 1] = key; });
+    FollowAppend(state, before);
 }
 
 /// The names are taken only where both arrays of the host end alike; else the old ones stay.
@@ -37,12 +102,13 @@ void TakeTest(EngineState& state, const DynArray<String>& keys, const DynArray<S
 }  // namespace
 
 std::int32_t FindStep(const EngineState& state, const String& testKey, const String& stepKey) {
-    for (std::int32_t i = 0; i < state.VKSStepCount; ++i) {
-        if (state.VKSStepKeys[i] == stepKey && state.VKSStepUKeys[i] == testKey) {
-            return i;
-        }
+    if (!UpdateIndex(state)) {
+        return WalkToStep(state, testKey, stepKey);
     }
-    return -1;
+    const std::int32_t step = state.StepPlaces.Find(
+        HashOf(testKey, stepKey),
+        [&](std::int32_t place) { return IsAt(state, place, testKey, stepKey); });
+    return step < state.VKSStepCount ? step : -1;
 }
 
 void aceActionsEngine::AddVKSStep(const String& Key, const String& ForUKey, const String& Name) {
