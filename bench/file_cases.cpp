@@ -7,7 +7,7 @@
 #include "bench/cases.h"
 #include "bench/quiet_host.h"
 #include "bench/quiet_services.h"
-#include "workbench/settings_document.h"
+#include "workbench/files/settings_document.h"
 
 namespace ace::bench {
 
