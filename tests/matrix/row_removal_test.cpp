@@ -73,8 +73,8 @@ struct Outcome {
     bool operator==(const Outcome&) const = default;
 };
 
-Outcome Run(const Operation& operation, Way way, std::size_t k, bool tracing,
-            const std::vector<std::int32_t>& answers) {
+Outcome RunOf(const Operation& operation, Way way, std::size_t k, bool tracing,
+              const std::vector<std::int32_t>& answers) {
     Rig rig(way);
     rig.host->tracing = tracing;
     rig.host->reportAnswers = {answers.begin(), answers.end()};
@@ -111,11 +111,11 @@ class RowRemovalTest : public ::testing::TestWithParam<Operation> {
   protected:
     /// Lets each call of the host fail in turn, once, with these answers to the reports.
     static void CompareAll(bool tracing, const std::vector<std::int32_t>& answers) {
-        const std::size_t calls = Run(GetParam(), Way::AtOnce, 0, tracing, {}).calls.size();
+        const std::size_t calls = RunOf(GetParam(), Way::AtOnce, 0, tracing, {}).calls.size();
         for (std::size_t k = 0; k <= calls; ++k) {
             SCOPED_TRACE(k);
-            Outcome atOnce = Run(GetParam(), Way::AtOnce, k, tracing, answers);
-            Outcome oneByOne = Run(GetParam(), Way::OneByOne, k, tracing, answers);
+            Outcome atOnce = RunOf(GetParam(), Way::AtOnce, k, tracing, answers);
+            Outcome oneByOne = RunOf(GetParam(), Way::OneByOne, k, tracing, answers);
             atOnce.calls = WithoutLineNumbers(atOnce.calls);
             oneByOne.calls = WithoutLineNumbers(oneByOne.calls);
             EXPECT_EQ(atOnce.error, oneByOne.error);
