@@ -1,6 +1,8 @@
 #include "sim/sim_host.h"
 
 #include <cmath>
+#include <deque>
+#include <vector>
 
 #include <ace/core/text.h>
 
@@ -13,16 +15,47 @@ namespace {
 
 constexpr bool Question = true;
 
+/// Arguments with texts and lists of their own: an engine that is called from inside may overwrite
+/// those of the caller.
+class OwnArguments {
+  public:
+    explicit OwnArguments(CallArguments arguments)
+        : x_arguments(arguments.begin(), arguments.end()) {
+        for (CallArgument& argument : x_arguments) {
+            if (const auto* text = std::get_if<StringView>(&argument)) {
+                argument = StringView(x_texts.emplace_back(*text));
+            } else if (const auto* words = std::get_if<Words>(&argument)) {
+                argument = Words{x_texts.emplace_back(words->text)};
+            } else if (const auto* values = std::get_if<std::span<const Value>>(&argument)) {
+                argument =
+                    std::span<const Value>(x_lists.emplace_back(values->begin(), values->end()));
+            }
+        }
+    }
+    CallArguments All() const { return x_arguments; }
+
+  private:
+    std::deque<String> x_texts;
+    std::deque<std::vector<Value>> x_lists;
+    std::vector<CallArgument> x_arguments;
+};
+
 }  // namespace
 
 void SimHost::Call(StringView operation, CallArguments arguments, bool isQuestion) {
+    const auto note = [&](CallArguments shown) {
+        const std::int32_t error = faults.Next(operation);
+        journal.Add({operation, shown, error, isQuestion});
+        if (error != 0) {
+            throw RunTimeError(error, L"scripted failure", L"SimHost");
+        }
+    };
     if (beforeCall) {
-        beforeCall(operation, arguments);
-    }
-    const std::int32_t error = faults.Next(operation);
-    journal.Add({operation, arguments, error, isQuestion});
-    if (error != 0) {
-        throw RunTimeError(error, L"scripted failure", L"SimHost");
+        const OwnArguments own(arguments);
+        beforeCall(operation, own.All());
+        note(own.All());
+    } else {
+        note(arguments);
     }
 }
 

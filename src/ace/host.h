@@ -6,6 +6,7 @@
 #include <ace/host/array_2d.h>
 #include <ace/host/basic_types.h>
 #include <ace/host/bc_generator.h>
+#include <ace/host/boxed.h>
 #include <ace/host/cal_table.h>
 #include <ace/host/controls.h>
 #include <ace/host/device.h>
