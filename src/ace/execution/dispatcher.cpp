@@ -76,103 +76,109 @@ struct Run {
     }
 };
 
-Boolean RunWait(Run& run) {
-    aceWait& record = run.context.DispatcherRecords.Wait;
+/// The copy of the action's record on which its routine works.
+template <auto Member>
+auto& CopiedRecord(Run& run) {
+    auto& record = run.context.DispatcherRecords.*Member;
     run.CopyOut(record);
-    modActions::Wait(run.context, record);
+    return record;
+}
+
+/// Runs `act` on the copy and writes back what the run changed.
+template <auto Member, class Act>
+Boolean RunAndWriteBack(Run& run, Act&& act) {
+    auto& record = CopiedRecord<Member>(run);
+    const Boolean result = act(record);
+    run.WriteBack(record);
+    return result;
+}
+
+/// The same for the kinds whose failures the operator can silence: the latch goes back too.
+template <auto Member, class Act>
+Boolean RunWithLatch(Run& run, Act&& act) {
+    const Boolean result = RunAndWriteBack<Member>(run, act);
+    run.action.IgnoreErr = run.ignoreErr;
+    return result;
+}
+
+Boolean RunWait(Run& run) {
+    modActions::Wait(run.context, CopiedRecord<&WorkingRecords::Wait>(run));
     return false;
 }
 
 /// With both texts set both run, and the program's answer replaces that of the command.
 Boolean RunRemote(Run& run) {
-    aceRemote& record = run.context.DispatcherRecords.Remote;
-    run.CopyOut(record);
-    Boolean result;
-    if (!record.Command.empty()) {
-        result = run.stmt(
-            [&] { return modActions::SendRemoteCommand(run.context, record, run.ignoreErr); });
-    }
-    if (!record.Program.empty()) {
-        result = run.stmt(
-            [&] { return modActions::StartRemoteProgram(run.context, record, run.ignoreErr); });
-    }
-    run.WriteBack(record);
-    run.action.IgnoreErr = run.ignoreErr;
-    return result;
+    return RunWithLatch<&WorkingRecords::Remote>(run, [&](aceRemote& record) {
+        Boolean result;
+        if (!record.Command.empty()) {
+            result = run.stmt(
+                [&] { return modActions::SendRemoteCommand(run.context, record, run.ignoreErr); });
+        }
+        if (!record.Program.empty()) {
+            result = run.stmt(
+                [&] { return modActions::StartRemoteProgram(run.context, record, run.ignoreErr); });
+        }
+        return result;
+    });
 }
 
 Boolean RunSetCheck(Run& run) {
-    aceSetDevice& record = run.context.DispatcherRecords.SetDevice;
-    run.CopyOut(record);
-    const Boolean isSet = run.action.ActionType == atSetDevice;
-    const Boolean result = run.stmt([&] {
-        return modActions::SetCheckDevice(run.context, record, isSet, run.ignoreErr, run.modul);
+    return RunWithLatch<&WorkingRecords::SetDevice>(run, [&](aceSetDevice& record) {
+        const Boolean isSet = run.action.ActionType == atSetDevice;
+        return run.stmt([&] {
+            return modActions::SetCheckDevice(run.context, record, isSet, run.ignoreErr, run.modul);
+        });
     });
-    run.WriteBack(record);
-    run.action.IgnoreErr = run.ignoreErr;
-    return result;
 }
 
 /// With both names set both run, and the answer of the tracking replaces that of the generator.
 Boolean RunTrack(Run& run) {
-    aceTrackFreq& record = run.context.DispatcherRecords.TrackFreq;
-    run.CopyOut(record);
-    Boolean result;
-    if (!record.GenName.empty()) {
-        result =
-            run.stmt([&] { return modActions::SyncGenerator(run.context, record, run.ignoreErr); });
-    }
-    if (!record.MoniName.empty()) {
-        result =
-            run.stmt([&] { return modActions::TrackMonitor(run.context, record, run.ignoreErr); });
-    }
-    run.WriteBack(record);
-    run.action.IgnoreErr = run.ignoreErr;
-    return result;
+    return RunWithLatch<&WorkingRecords::TrackFreq>(run, [&](aceTrackFreq& record) {
+        Boolean result;
+        if (!record.GenName.empty()) {
+            result = run.stmt(
+                [&] { return modActions::SyncGenerator(run.context, record, run.ignoreErr); });
+        }
+        if (!record.MoniName.empty()) {
+            result = run.stmt(
+                [&] { return modActions::TrackMonitor(run.context, record, run.ignoreErr); });
+        }
+        return result;
+    });
 }
 
 /// The host hears of the wanted state also when the switching failed.
 Boolean RunSwitchAmp(Run& run) {
-    aceSetDevice& record = run.context.DispatcherRecords.SetDevice;
-    run.CopyOut(record);
     const Boolean result =
-        run.stmt([&] { return modActions::SwitchAmplifier(run.context, record); });
-    run.WriteBack(record);
+        RunAndWriteBack<&WorkingRecords::SetDevice>(run, [&](aceSetDevice& record) {
+            return run.stmt([&] { return modActions::SwitchAmplifier(run.context, record); });
+        });
     run.stmt([&] {
         modActions::PostEvent(run.context, modActions::AmplifierEvent,
-                              IntegerText(record.AmpState));
+                              IntegerText(run.context.DispatcherRecords.SetDevice.AmpState));
     });
     run.stmt([&] { run.context.Platform().Yield(); });
     return result;
 }
 
 Boolean RunSwitchUnit(Run& run) {
-    aceSetDevice& record = run.context.DispatcherRecords.SetDevice;
-    run.CopyOut(record);
-    const Boolean result =
-        run.stmt([&] { return modActions::SwitchUnitPath(run.context, record); });
-    run.WriteBack(record);
-    return result;
+    return RunAndWriteBack<&WorkingRecords::SetDevice>(run, [&](aceSetDevice& record) {
+        return run.stmt([&] { return modActions::SwitchUnitPath(run.context, record); });
+    });
 }
 
 Boolean RunApi(Run& run) {
-    aceAPI& record = run.context.DispatcherRecords.Api;
-    run.CopyOut(record);
-    const Boolean succeeded =
-        run.stmt([&] { return modActions::RunApiMacro(run.context, record); });
-    return !succeeded;
+    aceAPI& record = CopiedRecord<&WorkingRecords::Api>(run);
+    return !run.stmt([&] { return modActions::RunApiMacro(run.context, record); });
 }
 
 Boolean RunNotify(Run& run) {
-    aceNotify& record = run.context.DispatcherRecords.Notify;
-    run.CopyOut(record);
-    return modActions::Notify(run.context, run.stmt, record, run.modul);
+    return modActions::Notify(run.context, run.stmt, CopiedRecord<&WorkingRecords::Notify>(run),
+                              run.modul);
 }
 
 Boolean RunQuestion(Run& run) {
-    aceNotify& record = run.context.DispatcherRecords.Notify;
-    run.CopyOut(record);
-    return modActions::Question(run.context, run.stmt, record);
+    return modActions::Question(run.context, run.stmt, CopiedRecord<&WorkingRecords::Notify>(run));
 }
 
 Boolean Dispatch(Run run) {
