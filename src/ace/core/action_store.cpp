@@ -163,8 +163,8 @@ void SelectInEditor(const SharedState& state, const Statements& stmt, std::int32
     }
 }
 
-/// The editor selects the subrange before the new one, and that of the count after an append: what
-/// `AddEntry` left in the index counts. A new wireless test doesn't reach the editor. Both wanted.
+/// Intentional: the editor selects the subrange before the new one, and that of the count after an
+/// append, because what `AddEntry` left in the index counts; a new wireless test doesn't reach it.
 void AddToStore(const SharedState& state, std::int32_t Index, const String& hostKey) {
     const auto message = [&] { return IndexMessage(Index); };
     Logged(state->Context, EngineLines(L"AddSubrange"), message, [&](const Statements& stmt) {
@@ -324,8 +324,8 @@ void aceActionsEngine::DeleteSubrange(std::int32_t Index, const String& VKSUkey)
     DeleteFromStore(state, Index, VKSUkey);
 }
 
-/// Both steps run without a key, so that a wireless test is not found by its own: the last one goes
-/// and the one at the destination is overwritten. That is wanted.
+/// Intentional: both steps run without a key, so that a wireless test is not found by its own: the
+/// last one goes and the one at the destination is overwritten.
 void aceActionsEngine::MoveSubrange(std::int32_t Source, std::int32_t Destination) {
     const SharedState state = x_state;
     const auto message = [&] { return MoveMessage(Source, Destination); };

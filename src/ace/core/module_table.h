@@ -43,8 +43,7 @@ struct ModuleRow {
     }
 };
 
-/// Every module is written as this file kind, whatever it was read as; that is how files of all
-/// installations came to be.
+/// Intentional: every module is written as this file kind, whatever it was read as.
 inline constexpr std::int32_t WriteKind = 20;
 /// Constant second argument of opening a settings file.
 inline constexpr std::int32_t OpenMode = 10;

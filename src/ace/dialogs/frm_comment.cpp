@@ -22,7 +22,7 @@ class QuestionWords {
         x_form.cmdStopTest.caption = L"No";
         x_form.cmdStopTest.toolTip.clear();
     }
-    /// The tool tip does not come back: it is wanted that the stop button has none for the rest of
+    /// Intentional: the tool tip does not come back; the stop button has none for the rest of
     /// the form's life once a question has been shown.
     ~QuestionWords() {
         x_form.imgStop.visible = true;
@@ -54,8 +54,8 @@ void frmComment::Loaded() {
     cboComment.listIndex = 0;
 }
 
-/// The height follows the distance that the buttons move, from whatever the last call left. The old
-/// place counts in whole twips, so labels of fractional height let the form drift; that is wanted.
+/// The height follows the distance that the buttons move, from whatever the last call left.
+/// Intentional: the old place counts in whole twips, so fractional heights let the form drift.
 void frmComment::FitToMessage(const String& message) {
     lblComment.caption = message;
     lblComment.height = x_context.FormHost().TextHeight(message, lblComment.width);

@@ -37,7 +37,7 @@ String DeviceDetails(const Failure& failure) {
     return details;
 }
 
-/// The folder's label stands without a colon, unlike the file's; that is wanted.
+/// Intentional: the folder's label stands without a colon, unlike the file's.
 String ProgramDetails(const Failure& failure) {
     const StringView program = std::get<aceRemote>(failure.subject).Program;
     const std::size_t backslash = program.rfind(L'\\');
@@ -48,7 +48,7 @@ String ProgramDetails(const Failure& failure) {
     return details;
 }
 
-/// Endpoint and command as the record holds them. It is wanted that a failed command shows neither
+/// Endpoint and command as the record holds them. Intentional: a failed command shows neither
 /// number nor description of the error.
 String CommandDetails(const Failure& failure, std::int32_t label, StringView endpoint) {
     String details = Line(failure, label, L":", endpoint);

@@ -62,8 +62,8 @@ void AppendFollowingTitle(ThreadContext& context, String& title);
 
 /// Runs an action that follows the frequency: `act` answers whether it found all its objects. When
 /// it did not, or fails, the operator is asked unless `ignoreAll` is set; true when he stops the
-/// test. The dialog names the record's generator for both kinds, which is empty for a mere tracking
-/// of a monitoring device: that is wanted. Errors of the dialog come out.
+/// test. Intentional: the dialog names the record's generator for both kinds, which is empty for a
+/// mere tracking of a monitoring device. Errors of the dialog come out.
 template <class Act>
 Boolean RunFollowing(ThreadContext& context, const aceTrackFreq& record, Boolean& ignoreAll,
                      Act&& act) {

@@ -17,8 +17,8 @@ constexpr p_Subrange ModuleLists::*FrequencySets[ModulCount] = {&ModuleLists::Ma
                                                                 nullptr,
                                                                 nullptr};
 
-/// What a tracking action outside `aceTemplate` is left with instead of its record. The dispatcher
-/// then fails on it, and the record is lost for the life of the list: that is wanted.
+/// Intentional: what a tracking action outside `aceTemplate` is left with instead of its record.
+/// The dispatcher then fails on it, and the record is lost for the life of the list.
 constexpr std::int32_t TrackingLost = 5;
 
 /// Writes the frequency into the record of the kinds that follow it.

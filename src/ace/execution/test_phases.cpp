@@ -24,8 +24,8 @@ struct TestRow {
     bool stopParks = false;  ///< the stop turns parking into a request to the host
 };
 
-/// Indexed by `aceModul`. The wireless tests go by the count of the sequence's tests, which is 0 in
-/// a wireless object, so that their latches stay: that is wanted.
+/// Indexed by `aceModul`. Intentional: the wireless tests go by the count of the sequence's tests,
+/// which is 0 in a wireless object, so that their latches stay.
 constexpr TestRow TestTable[ModulCount] = {
     {&ModuleLists::MainTest, WalkKind::Plain, EnterLeaveFreq, &ModuleLists::MainSubranges,
      &ModuleLists::MainSubrangeCount, EnterLeave},

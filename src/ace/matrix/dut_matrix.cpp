@@ -135,8 +135,8 @@ void AddName(EngineState& state, const Statements& stmt, const NamedDimension& t
     stmt([&] { VKSCreateDUTSteps(state); });
 }
 
-/// The ids of the rows follow the table, because they are its indexes. No range is asked: an id
-/// behind the table costs the last name, and installations have that.
+/// The ids of the rows follow the table, because they are its indexes. Intentional: no range
+/// is asked, so an id behind the table costs the last name.
 void RemoveName(EngineState& state, const Statements& stmt, const NamedDimension& table,
                 std::int32_t id) {
     const Dimension& dimension = table.dimension;
@@ -193,8 +193,8 @@ void RemoveFrequency(EngineState& state, const Statements& stmt, double frequenc
 
 constexpr StringView EngineModule = L"aceActionsEngine (Code)";
 
-/// Two operations name themselves after another one, and one of them stands in the place of the
-/// component. Readers of traces know them so.
+/// Intentional: two operations name themselves after another one, and one of them stands in the
+/// place of the component. Readers of traces know them so.
 constexpr TraceLines AddFrequencyLines = EngineLines(L"AddVKSDUTPowerID");
 constexpr TraceLines InfluenceLines{L"AddVKSDUTPowerID", EngineModule, L"SetVKSDUTInfluence",
                                     L"SetVKSDUTInfluence"};

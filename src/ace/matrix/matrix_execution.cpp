@@ -88,7 +88,7 @@ std::int32_t TakeRow(EngineState& state, double& frequency, std::int32_t& bandwi
 
 }  // namespace
 
-/// Its lines carry another name; readers of traces know it so.
+/// Intentional: its lines carry another name; readers of traces know it so.
 void aceActionsEngine::SetVKSReplaceVar(const DynArray<String>& strSearch,
                                         const DynArray<Value>& valReplace, Boolean blnDelete) {
     const std::shared_ptr<EngineState> state = x_state;
@@ -148,7 +148,7 @@ Boolean aceActionsEngine::VKSStepHaveActions(const String& UKey, const String& S
     return IsInRange(*state, state->VKSSteps, index) && state->VKSSteps[index].EnterCount > 0;
 }
 
-/// The actions are told the kind of the wireless template, not that of the matrix: that is wanted.
+/// Intentional: the actions are told the kind of the wireless template, not that of the matrix.
 Boolean aceActionsEngine::VKSDUTStepGlobBefore() {
     const std::shared_ptr<EngineState> state = x_state;
     return WirelessWalk(*state, FixedPlace{&ModuleLists::VKSDUTGlob, EnterList}, aceVKSTemplate);

@@ -20,7 +20,7 @@ float SingleOf(double number) {
 
 }  // namespace
 
-/// Without a third field the signal path of the device line before stays; that is wanted.
+/// Intentional: without a third field the signal path of the device line before stays.
 void ReadSetDevice(EntryLine& line) {
     aceSetDevice& record = line.Records().SetDevice;
     line.Set(LineField::DevName, record.DevName, line.Field(0));

@@ -8,7 +8,7 @@ namespace {
 constexpr StringView ParameterSeparator = L"||";
 
 /// Line ends and commas of a message would end its line or its field, so they stand in the file as
-/// these characters. No other text field is escaped; that is wanted.
+/// these characters. Intentional: no other text field is escaped.
 constexpr StringView LineEnd = L"\r\n";
 constexpr StringView LineEndInFile = L"\x7f";
 constexpr StringView Comma = L",";
@@ -107,7 +107,7 @@ void ReadMessage(EntryLine& line) {
     line.Set(LineField::Message, line.Records().Notify.Message, line.Text());
 }
 
-/// The old form of a sound. A file that can't be used turns into a beep; that is wanted.
+/// The old form of a sound. Intentional: a file that can't be used turns into a beep.
 void ReadSound(EntryLine& line) {
     aceNotify& record = line.Records().Notify;
     line.Set(LineField::WaveFile, record.WaveFile, line.Text());

@@ -19,7 +19,7 @@ void ReadTcpIp(EntryLine& line, aceRemote& record) {
     line.Set(LineField::TcpHost, record.TcpHost, line.Field(2));
     const StringView field = line.Field(3);
     if (!line.IsInEnterList()) {
-        // Only the first list reads a terminator; the others lose theirs, and that is wanted.
+        // Intentional: only the first list reads a terminator; the others lose theirs.
         line.Set(LineField::TcpPort, record.TcpPort, line.RoundedNumber(field));
         return;
     }
@@ -64,7 +64,7 @@ void WriteTransport(LineText& text, const aceRemote& record) {
             text.Add(record.Terminator).Add(Comma);
             break;
         default:
-            // Puts the program where no reader looks for it; installations have such files.
+            // Intentional: puts the program where no reader looks for it.
             text.Add(L",,,,");
             break;
     }

@@ -32,7 +32,7 @@ void ReadNumbered(const FileWork& file, const NumberedSets& numbered, std::int32
     }
 }
 
-/// Deletes one section more than there can be; that is how installations do it.
+/// Intentional: deletes one section more than there can be.
 void WriteNumbered(const FileWork& file, const NumberedSets& numbered) {
     EngineState& state = file.State();
     const std::int32_t count = state.*numbered.count;

@@ -6,8 +6,8 @@ namespace {
 
 constexpr StringView Comma = L",";
 
-/// Leaves the monitoring device of a line before standing, as the monitor form leaves the
-/// generator: both are then tuned, and that is wanted.
+/// Intentional: leaves the monitoring device of a line before standing, as the monitor form leaves
+/// the generator; both are then tuned.
 void ReadGenerator(EntryLine& line) {
     aceTrackFreq& record = line.Records().TrackFreq;
     line.Set(LineField::GenName, record.GenName, line.Field(0));
@@ -46,8 +46,8 @@ void WriteTrackFreq(LineText& text, const p_Action& action) {
     }
 }
 
-/// The old form. For a monitoring device it never worked: it addresses the device object, which no
-/// section has yet, and the load fails. That is wanted.
+/// The old form. Intentional: for a monitoring device it fails the load, as it always did, because
+/// it addresses the device object, which no section has yet.
 void ReadSyncGen(EntryLine& line) {
     if (line.FieldCount() < 3) {
         line.Next({LineStep::UseMoniDev, 0, {}});

@@ -247,7 +247,7 @@ void ReadMatrix(const FileWork& file, std::int32_t& subRanges) {
     }
 }
 
-/// Deletes one section more than there can be; that is how installations do it.
+/// Intentional: deletes one section more than there can be.
 void WriteMatrix(const FileWork& file) {
     EngineState& state = file.State();
     file.SetLong(MatrixSection(state), CountKey, state.VKSStepCount);
