@@ -4,9 +4,9 @@
 
 #include <ace/core/actions_engine.h>
 #include <ace/core/text.h>
+#include <ace/host/checked_numbers.h>
 #include <ace/host/monitor_device.h>
 #include <ace/host/rf_generator.h>
-#include <ace/host/rounding.h>
 #include <ace/host/switch_unit.h>
 
 #include "bench/cases.h"

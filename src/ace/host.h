@@ -8,6 +8,7 @@
 #include <ace/host/bc_generator.h>
 #include <ace/host/boxed.h>
 #include <ace/host/cal_table.h>
+#include <ace/host/checked_numbers.h>
 #include <ace/host/controls.h>
 #include <ace/host/device.h>
 #include <ace/host/device_list.h>
@@ -28,7 +29,6 @@
 #include <ace/host/platform.h>
 #include <ace/host/receiver.h>
 #include <ace/host/rf_generator.h>
-#include <ace/host/rounding.h>
 #include <ace/host/run_time_error.h>
 #include <ace/host/serial_port.h>
 #include <ace/host/settings_file.h>

@@ -36,8 +36,8 @@ TEST_F(Property, ChangeReadBeforeALoadReadsTheEntryOfKind0) {
 
 TEST_F(Property, ChangeIsKeptForEachModuleKind) {
     OpenEditor();
-    for (std::int32_t modul = 0; modul < 9; ++modul) {
-        state.Modul = static_cast<aceModul>(modul);
+    for (std::int32_t moduleKind = 0; moduleKind < 9; ++moduleKind) {
+        state.Modul = static_cast<aceModul>(moduleKind);
         EXPECT_FALSE(engine.Change());
         engine.Change(true);
         EXPECT_TRUE(engine.Change());
@@ -50,8 +50,8 @@ TEST_F(Property, ChangeIsKeptForEachModuleKind) {
 }
 
 TEST_F(Property, ChangeWrittenTrueWithoutAnEditorIsError91WithTheFlagAlreadySet) {
-    for (std::int32_t modul = 0; modul < 9; ++modul) {
-        state.Modul = static_cast<aceModul>(modul);
+    for (std::int32_t moduleKind = 0; moduleKind < 9; ++moduleKind) {
+        state.Modul = static_cast<aceModul>(moduleKind);
         EXPECT_EQ(ErrorOf([&] { engine.Change(true); }), 91);
         EXPECT_TRUE(engine.Change());
     }
@@ -69,8 +69,8 @@ TEST_F(Property, ChangeWrittenFalseNeverTouchesTheEditor) {
 
 TEST_F(Property, ChangeOfAModuleKindOutsideTheMembersIsError9) {
     OpenEditor();
-    for (const std::int32_t modul : {9, -1, 2147483647}) {
-        state.Modul = static_cast<aceModul>(modul);
+    for (const std::int32_t moduleKind : {9, -1, 2147483647}) {
+        state.Modul = static_cast<aceModul>(moduleKind);
         EXPECT_EQ(ErrorOf([&] { engine.Change(); }), 9);
         EXPECT_EQ(ErrorOf([&] { engine.Change(true); }), 9);
         EXPECT_EQ(ErrorOf([&] { engine.Change(false); }), 9);
@@ -111,7 +111,7 @@ DynArray<p_Subrange> MarkedLists(double first, std::int32_t size) {
 /// Which fields take what: `first` and `other` of the editor's fixed lists, `numbered` and `second`
 /// of its numbered ones.
 struct TakeOverRow {
-    aceModul modul;
+    aceModul moduleKind;
     std::vector<String> calls;
     p_Subrange ModuleLists::*first = nullptr;
     p_Subrange ModuleLists::*other = nullptr;
@@ -203,7 +203,7 @@ TEST_P(TakeOver, ChangeWrittenTrueReplacesTheListsOfTheModuleAndNoOthers) {
     editor->numbered = MarkedLists(10.0, 3);
     editor->secondCount = 2;
     editor->second = MarkedLists(20.0, 2);
-    state.Modul = GetParam().modul;
+    state.Modul = GetParam().moduleKind;
     host->journal.Clear();
     engine.Change(true);
     EXPECT_EQ(TakeEffects(), GetParam().calls);

@@ -294,7 +294,7 @@ void OpenEverything(EngineState& state) {
 }
 
 struct ModuleLists {
-    std::int32_t modul;
+    std::int32_t moduleKind;
     std::vector<std::int32_t> bases;  ///< of the sets that are cleaned, in order
 };
 
@@ -317,7 +317,7 @@ class CleanedModule : public Cleaning, public ::testing::WithParamInterface<Modu
 TEST_P(CleanedModule, HasItsOwnListsCleanedInOrder) {
     EngineState state(context);
     OpenEverything(state);
-    state.Modul = static_cast<aceModul>(GetParam().modul);
+    state.Modul = static_cast<aceModul>(GetParam().moduleKind);
     CleanLists(state);
     std::vector<String> expected;
     for (const std::int32_t base : GetParam().bases) {
@@ -330,9 +330,9 @@ TEST_P(CleanedModule, HasItsOwnListsCleanedInOrder) {
 INSTANTIATE_TEST_SUITE_P(Modules, CleanedModule, ::testing::ValuesIn(CleanedModules));
 
 TEST_F(Cleaning, OfAFreshObjectDoesNothing) {
-    for (std::int32_t modul = 0; modul < 9; ++modul) {
+    for (std::int32_t moduleKind = 0; moduleKind < 9; ++moduleKind) {
         EngineState state(context);
-        state.Modul = static_cast<aceModul>(modul);
+        state.Modul = static_cast<aceModul>(moduleKind);
         CleanLists(state);
     }
     EXPECT_THAT(host->journal.Lines(), IsEmpty());

@@ -14,9 +14,9 @@ using ::testing::IsEmpty;
 
 class EngineRules : public HostTest {
   protected:
-    void Load(const String& text, std::int32_t subranges, aceModul modul) {
+    void Load(const String& text, std::int32_t subranges, aceModul moduleKind) {
         host->files[L"test.ini"] = sim::ParseSections(text);
-        engine.LoadActions(L"test.ini", subranges, modul);
+        engine.LoadActions(L"test.ini", subranges, moduleKind);
     }
     aceActionsEngine engine{context};
     EngineState& state = engine.State();
@@ -165,8 +165,8 @@ TEST_F(EngineRules, OperationsWithoutTraceLinesPassErrorsOnAsTheyCame) {
 }
 
 TEST_F(EngineRules, StepNumberAndTestNumberAnswer0OnAnErrorAndReportNothing) {
-    for (std::int32_t modul = -1; modul <= 9; ++modul) {
-        state.Modul = static_cast<aceModul>(modul);
+    for (std::int32_t moduleKind = -1; moduleKind <= 9; ++moduleKind) {
+        state.Modul = static_cast<aceModul>(moduleKind);
         EXPECT_EQ(engine.StepNumber(), 0);
         EXPECT_EQ(engine.TestNumber(), 0);
     }

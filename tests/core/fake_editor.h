@@ -79,8 +79,8 @@ class FakeEditor : public IEditor {
         lists.VKSDUTGlob = first;
     }
     void TakeLists(const ModuleLists&) override { Enter(L"TakeLists"); }
-    void LoadEditor(aceModul modul, const std::shared_ptr<EngineState>& engine) override {
-        Enter(L"LoadEditor", std::to_wstring(modul));
+    void LoadEditor(aceModul moduleKind, const std::shared_ptr<EngineState>& engine) override {
+        Enter(L"LoadEditor", std::to_wstring(moduleKind));
         loaded = engine.get();
     }
     void SetSubrange(std::int32_t number) override {

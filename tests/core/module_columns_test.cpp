@@ -107,11 +107,11 @@ L Filled() {
 }
 
 /// The fields that a copy brings from `Filled` to fresh lists, in the order of `Fields`.
-Names Copied(aceModul modul, CopyFor purpose) {
+Names Copied(aceModul moduleKind, CopyFor purpose) {
     const L from = Filled();
     const L fresh;
     L to;
-    CopyModule(modul, purpose, from, to);
+    CopyModule(moduleKind, purpose, from, to);
     Names names;
     for (const Field& field : Fields) {
         EXPECT_FALSE(field.same(from, fresh)) << field.name;
@@ -125,7 +125,7 @@ Names Copied(aceModul modul, CopyFor purpose) {
 }
 
 struct PlainRow {
-    aceModul modul;
+    aceModul moduleKind;
     Names copied;
 };
 const PlainRow PlainRows[] = {
@@ -141,7 +141,7 @@ const PlainRow PlainRows[] = {
 TEST(CopyModuleTest, TheListsAndCountsOfAPlainModuleAreTheSameForEveryPurpose) {
     for (const PlainRow& row : PlainRows) {
         for (const CopyFor purpose : {CopyFor::Editor, CopyFor::Store, CopyFor::Print}) {
-            EXPECT_EQ(Copied(row.modul, purpose), row.copied) << row.modul;
+            EXPECT_EQ(Copied(row.moduleKind, purpose), row.copied) << row.moduleKind;
         }
     }
 }
@@ -189,9 +189,9 @@ TEST(CopyModuleTest, TheMatrixAloneLeavesItsGlobalListsOut) {
 
 TEST(CopyModuleTest, AKindOutsideTheMembersCopiesNothing) {
     const L from = Filled();
-    for (const std::int32_t modul : {-1, 9, 2147483647}) {
+    for (const std::int32_t moduleKind : {-1, 9, 2147483647}) {
         L to;
-        CopyModule(modul, CopyFor::Store, from, to);
+        CopyModule(moduleKind, CopyFor::Store, from, to);
         EXPECT_EQ(to, L());
     }
 }

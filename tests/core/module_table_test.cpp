@@ -20,7 +20,7 @@ struct NumberedRow {
 };
 struct ExpectedModule {
     std::string name;
-    std::int32_t modul;
+    std::int32_t moduleKind;
     std::int32_t nameRow;
     std::int32_t readKind;
     std::int32_t settFileKind;
@@ -97,11 +97,11 @@ const ExpectedModule Expected[] = {
 
 class ModuleTableRow : public ::testing::TestWithParam<ExpectedModule> {
   protected:
-    const ModuleRow& Row() const { return *FindModule(GetParam().modul); }
+    const ModuleRow& Row() const { return *FindModule(GetParam().moduleKind); }
 };
 
 TEST_P(ModuleTableRow, StandsAtItsKindWithTheHostsFileKinds) {
-    EXPECT_EQ(Row().modul, GetParam().modul);
+    EXPECT_EQ(Row().moduleKind, GetParam().moduleKind);
     EXPECT_EQ(Row().nameRow, GetParam().nameRow);
     EXPECT_EQ(Row().readKind, GetParam().readKind);
     EXPECT_EQ(Row().settFileKind, GetParam().settFileKind);

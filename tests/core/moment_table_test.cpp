@@ -84,9 +84,9 @@ String Described(const MomentRow* row) {
 
 TEST(MomentTableTest, EachModuleHasTheListsOfItsMomentsAndNoOthers) {
     for (std::int32_t time = 0; time < 13; ++time) {
-        for (std::int32_t modul = 0; modul < ModulCount; ++modul) {
-            EXPECT_EQ(Described(FindMoment(modul, time)), Expected[time][modul])
-                << "moment " << time << ", module " << modul;
+        for (std::int32_t moduleKind = 0; moduleKind < ModulCount; ++moduleKind) {
+            EXPECT_EQ(Described(FindMoment(moduleKind, time)), Expected[time][moduleKind])
+                << "moment " << time << ", module " << moduleKind;
         }
     }
 }
@@ -94,7 +94,7 @@ TEST(MomentTableTest, EachModuleHasTheListsOfItsMomentsAndNoOthers) {
 TEST(MomentTableTest, HasThirtySevenRowsEachOnce) {
     EXPECT_EQ(MomentTable().size(), 37U);
     for (const MomentRow& row : MomentTable()) {
-        EXPECT_EQ(FindMoment(row.modul, row.time), &row);
+        EXPECT_EQ(FindMoment(row.moduleKind, row.time), &row);
     }
 }
 
@@ -109,15 +109,15 @@ TEST(MomentTableTest, AMomentOrModuleOutsideTheMembersHasNoRow) {
 StringView KeyOf(const MomentRow& row) {
     constexpr StringView Keys[] = {L"ETE", L"LTE", L"ESR", L"LSR", L"EFR", L"TRI", L"NGO",
                                    L"GOE", L"STE", L"BEF", L"AFT", L"BFT", L"ATT"};
-    if (row.modul == aceVKSDUT && row.time != ptStep) {
+    if (row.moduleKind == aceVKSDUT && row.time != ptStep) {
         return row.time == ptBefore ? L"BSA" : L"ASA";
     }
-    return row.modul == aceMonitoring && row.time == ptAfter ? L"MLC" : Keys[row.time];
+    return row.moduleKind == aceMonitoring && row.time == ptAfter ? L"MLC" : Keys[row.time];
 }
 
 TEST(MomentTableTest, TheKeyIsThatOfThePerformTimeButForTheMatrixAndTheMonitoringStep) {
     for (const MomentRow& row : MomentTable()) {
-        EXPECT_EQ(row.key, KeyOf(row)) << row.modul << ", " << row.time;
+        EXPECT_EQ(row.key, KeyOf(row)) << row.moduleKind << ", " << row.time;
     }
 }
 

@@ -23,8 +23,8 @@ class DefaultHost : public ::testing::Test {
 };
 
 TEST_F(DefaultHost, LoadsAndSavesNothingWithoutAnError) {
-    for (std::int32_t modul = 0; modul < ModulCount; ++modul) {
-        engine.LoadActions(L"any.ini", 2, static_cast<aceModul>(modul));
+    for (std::int32_t moduleKind = 0; moduleKind < ModulCount; ++moduleKind) {
+        engine.LoadActions(L"any.ini", 2, static_cast<aceModul>(moduleKind));
         engine.SaveActions(L"any.ini");
     }
     EXPECT_EQ(engine.State().MainSubrangeCount, -1);

@@ -9,8 +9,8 @@ using sim::Press;
 
 class DispatchDevice : public DeviceTest {
   protected:
-    Boolean Do(p_Action& action, std::int32_t modul = aceTemplate) {
-        return modActions::DoAction(context, action, modul);
+    Boolean Do(p_Action& action, std::int32_t moduleKind = aceTemplate) {
+        return modActions::DoAction(context, action, moduleKind);
     }
     static aceSetDevice Record(const String& name) {
         aceSetDevice record;

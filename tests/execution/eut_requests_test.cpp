@@ -85,9 +85,10 @@ TEST_F(EutRequestsTest, OnlyChecksWantTheLoadingPosition) {
 TEST_F(EutRequestsTest, OtherModulesHaveNoLoadingPosition) {
     Fill(State().EMIAutoTest, FreqList, {Check(true)});
     Fill(State().MainTest, FreqList, {Check(true)});
-    for (std::int32_t modul = -1; modul <= ModulCount; ++modul) {
-        State().Modul = static_cast<aceModul>(modul);
-        EXPECT_EQ(engine->NewFrqCheckForAccLoading(), modul == aceEMIAutoTemplate) << modul;
+    for (std::int32_t moduleKind = -1; moduleKind <= ModulCount; ++moduleKind) {
+        State().Modul = static_cast<aceModul>(moduleKind);
+        EXPECT_EQ(engine->NewFrqCheckForAccLoading(), moduleKind == aceEMIAutoTemplate)
+            << moduleKind;
     }
 }
 

@@ -6,7 +6,7 @@ namespace {
 /// Moments of lists that a module has once, and the questions about lists.
 class FixedMomentsTest : public EngineTest {
   protected:
-    void Serve(std::int32_t modul) { State().Modul = static_cast<aceModul>(modul); }
+    void Serve(std::int32_t moduleKind) { State().Modul = static_cast<aceModul>(moduleKind); }
 };
 
 // ---- after a monitoring step -------------------------------------------------------------------
@@ -31,12 +31,12 @@ TEST_F(FixedMomentsTest, AfterStepOfMonitoringAnswersTheWalk) {
 
 TEST_F(FixedMomentsTest, AfterStepOnAnyOtherModuleDoesNothingAndAnswersFalse) {
     Fill(State().MoniEut, MlcList, {Action(atTestStop)});
-    for (std::int32_t modul = -1; modul <= ModulCount; ++modul) {
-        if (modul == aceMonitoring || modul == aceEMIAutoTemplate) {
+    for (std::int32_t moduleKind = -1; moduleKind <= ModulCount; ++moduleKind) {
+        if (moduleKind == aceMonitoring || moduleKind == aceEMIAutoTemplate) {
             continue;
         }
-        Serve(modul);
-        EXPECT_FALSE(engine->AfterStep(1)) << modul;
+        Serve(moduleKind);
+        EXPECT_FALSE(engine->AfterStep(1)) << moduleKind;
     }
     EXPECT_EQ(TakeEffects(), Lines{});
 }
@@ -46,12 +46,12 @@ TEST_F(FixedMomentsTest, AfterStepOnAnyOtherModuleDoesNothingAndAnswersFalse) {
 TEST_F(FixedMomentsTest, TestLoopRunsItsListsOnAnyModule) {
     Fill(State().MoniLoop, EnterList, {WaitFor(1)});
     Fill(State().MoniLoop, LeaveList, {WaitFor(2)});
-    for (std::int32_t modul = -1; modul <= ModulCount; ++modul) {
-        Serve(modul);
-        EXPECT_FALSE(engine->BeforeTestLoop()) << modul;
-        EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(1))) << modul;
-        EXPECT_FALSE(engine->AfterTestLoop()) << modul;
-        EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(2))) << modul;
+    for (std::int32_t moduleKind = -1; moduleKind <= ModulCount; ++moduleKind) {
+        Serve(moduleKind);
+        EXPECT_FALSE(engine->BeforeTestLoop()) << moduleKind;
+        EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(1))) << moduleKind;
+        EXPECT_FALSE(engine->AfterTestLoop()) << moduleKind;
+        EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(2))) << moduleKind;
     }
 }
 
@@ -118,18 +118,20 @@ TEST_F(FixedMomentsTest, TestNumberGoesByTheArrayOfTheModule) {
     State().TSTestCount = 1;
     State().VKSTests.Redim(0, 4);
     State().VKSTestCount = 1;
-    for (std::int32_t modul = -1; modul <= ModulCount; ++modul) {
-        Serve(modul);
-        const std::int32_t expected = modul == aceTSTemplate ? 3 : modul == aceVKSTemplate ? 5 : 0;
-        EXPECT_EQ(engine->TestNumber(), expected) << modul;
+    for (std::int32_t moduleKind = -1; moduleKind <= ModulCount; ++moduleKind) {
+        Serve(moduleKind);
+        const std::int32_t expected = moduleKind == aceTSTemplate    ? 3
+                                      : moduleKind == aceVKSTemplate ? 5
+                                                                     : 0;
+        EXPECT_EQ(engine->TestNumber(), expected) << moduleKind;
     }
     EXPECT_EQ(host->journal.Lines(), Lines{});
 }
 
 TEST_F(FixedMomentsTest, TestNumberIsZeroWithoutAnArray) {
-    for (const aceModul modul : {aceTSTemplate, aceVKSTemplate}) {
-        Serve(modul);
-        EXPECT_EQ(engine->TestNumber(), 0) << modul;
+    for (const aceModul moduleKind : {aceTSTemplate, aceVKSTemplate}) {
+        Serve(moduleKind);
+        EXPECT_EQ(engine->TestNumber(), 0) << moduleKind;
     }
 }
 
@@ -144,9 +146,9 @@ TEST_F(FixedMomentsTest, UseOfADeviceIsLookedForInTheStartListOfMonitoringAlone)
     EXPECT_FALSE(engine->EUT_UseSetDevice());
 
     Fill(State().MoniEut, EnterList, {WaitFor(1), setDevice});
-    for (std::int32_t modul = -1; modul <= ModulCount; ++modul) {
-        Serve(modul);
-        EXPECT_TRUE(engine->EUT_UseSetDevice()) << modul;
+    for (std::int32_t moduleKind = -1; moduleKind <= ModulCount; ++moduleKind) {
+        Serve(moduleKind);
+        EXPECT_TRUE(engine->EUT_UseSetDevice()) << moduleKind;
     }
     State().MoniEut.EnterCount = 1;
     EXPECT_FALSE(engine->EUT_UseSetDevice());

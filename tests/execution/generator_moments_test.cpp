@@ -91,15 +91,15 @@ TEST_F(GeneratorMoments, AStopOfTheOperatorEndsTheTrackingAtTheStart) {
 }
 
 TEST_F(GeneratorMoments, OtherModulesTrackNothingAtTheStart) {
-    for (const aceModul modul :
+    for (const aceModul moduleKind :
          {aceMonitoring, aceEMSAutoTemplateGeneral, aceEMIAutoTemplate, aceAziChart}) {
-        Serve(modul);
+        Serve(moduleKind);
         for (p_Subrange* set :
              {&State().MoniEut, &State().EMSAutoGeneral, &State().EMIAutoTest, &State().AziChart}) {
             Fill(*set, FreqList, {Follow(L"Gen")});
         }
         EXPECT_FALSE(engine->StartTest());
-        EXPECT_EQ(TakeCalls(), Lines{}) << modul;
+        EXPECT_EQ(TakeCalls(), Lines{}) << moduleKind;
     }
 }
 

@@ -51,20 +51,20 @@ class KindsHost : public sim::SimHost {
 /// numbered ones are two. An editor is open.
 class ListsOfEveryKind {
   public:
-    explicit ListsOfEveryKind(aceModul modul) {
+    explicit ListsOfEveryKind(aceModul moduleKind) {
         host->journal.Bound(10);
         host->bench.Add<sim::SimMonitor>(*host, L"EUT")->readings[7] = std::deque<double>(100, 0.0);
         host->bench.Add<sim::SimAmplifier>(*host, L"Amplifier");
         host->bench.Add<sim::SimSwitchUnit>(*host, L"Unit");
         host->bench.Add<sim::SimRfGenerator>(*host, L"Generator");
-        host->files[L"lists.ini"] = FileOf(modul);
+        host->files[L"lists.ini"] = FileOf(moduleKind);
         host->files[L"damaged.ini"] = {};
         for (const auto& [section, lines] : host->files[L"lists.ini"]) {
             host->files[L"damaged.ini"][section] = {L"NumOfEnterActions=2", L"EnterAction1=WAIT:1",
                                                     L"remark"};
         }
         host->files[L"empty.ini"] = {};
-        engine->LoadActions(L"lists.ini", NumberFor(modul), modul);
+        engine->LoadActions(L"lists.ini", NumberFor(moduleKind), moduleKind);
         FillEditor();
         context.Editor = editor;
     }
@@ -76,12 +76,12 @@ class ListsOfEveryKind {
 
   private:
     /// The matrix counts its rows itself; its number is that of a template, 3 with global lists.
-    static std::int32_t NumberFor(aceModul modul) { return modul == aceVKSDUT ? 3 : 2; }
+    static std::int32_t NumberFor(aceModul moduleKind) { return moduleKind == aceVKSDUT ? 3 : 2; }
 
     /// The file that the engine writes of such lists, so that a load is told nothing by hand.
-    sim::SimSections FileOf(aceModul modul) {
+    sim::SimSections FileOf(aceModul moduleKind) {
         EngineState& state = engine->State();
-        FillModule(state, modul);
+        FillModule(state, moduleKind);
         engine->SaveActions(L"made.ini");
         engine = nullptr;
         engine = std::make_unique<aceActionsEngine>(context);

@@ -12,7 +12,7 @@ const String StepKey = L"Step";
 
 /// How the host reaches a moment of a module.
 struct Reached {
-    aceModul modul;
+    aceModul moduleKind;
     p_PerformTimes time;
     void (*run)(aceActionsEngine& engine);
 };
@@ -94,10 +94,10 @@ const Reached Moments[] = {
 class MomentAgreement : public EngineTest {
   protected:
     /// A module with one empty set of each kind; the step and the row can be found by their keys.
-    void Serve(aceModul modul) {
+    void Serve(aceModul moduleKind) {
         EngineState& state = State();
-        state.Modul = modul;
-        for (const NumberedSets& numbered : FindModule(modul)->AllNumbered()) {
+        state.Modul = moduleKind;
+        for (const NumberedSets& numbered : FindModule(moduleKind)->AllNumbered()) {
             (state.*numbered.sets).Redim(0, 0);
             state.*numbered.count = 1;
         }
@@ -126,13 +126,14 @@ class MomentAgreement : public EngineTest {
 
 TEST_F(MomentAgreement, EachMomentRunsTheListThatTheTableNamesAndNoOtherOfItsModule) {
     for (const Reached& own : Moments) {
-        Serve(own.modul);
-        ASSERT_NE(FindMoment(own.modul, own.time), nullptr) << own.modul << ", " << own.time;
-        Put(ListOf(State(), *FindMoment(own.modul, own.time), 0));
+        Serve(own.moduleKind);
+        ASSERT_NE(FindMoment(own.moduleKind, own.time), nullptr)
+            << own.moduleKind << ", " << own.time;
+        Put(ListOf(State(), *FindMoment(own.moduleKind, own.time), 0));
         for (const Reached& moment : Moments) {
-            if (moment.modul == own.modul) {
+            if (moment.moduleKind == own.moduleKind) {
                 EXPECT_EQ(Runs(moment), moment.time == own.time)
-                    << own.modul << ": list of moment " << own.time << " at " << moment.time;
+                    << own.moduleKind << ": list of moment " << own.time << " at " << moment.time;
             }
         }
         static_cast<ModuleLists&>(State()) = ModuleLists();
@@ -143,9 +144,9 @@ TEST_F(MomentAgreement, EveryRowOfTheTableIsReached) {
     for (const MomentRow& row : MomentTable()) {
         const bool isReached =
             std::any_of(std::begin(Moments), std::end(Moments), [&](const Reached& moment) {
-                return moment.modul == row.modul && moment.time == row.time;
+                return moment.moduleKind == row.moduleKind && moment.time == row.time;
             });
-        EXPECT_TRUE(isReached) << row.modul << ", " << row.time;
+        EXPECT_TRUE(isReached) << row.moduleKind << ", " << row.time;
     }
 }
 

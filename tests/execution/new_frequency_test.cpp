@@ -12,7 +12,7 @@ String Compared(const String& frequency, const String& last) {
 
 /// The modules with an every-frequency list.
 struct ListRow {
-    aceModul modul;
+    aceModul moduleKind;
     p_Subrange ModuleLists::*set;
 };
 const ListRow Lists[] = {
@@ -27,7 +27,7 @@ constexpr std::int32_t WithoutList[] = {
 
 class NewFrequencyTest : public EngineTest {
   protected:
-    void Serve(std::int32_t modul) { State().Modul = static_cast<aceModul>(modul); }
+    void Serve(std::int32_t moduleKind) { State().Modul = static_cast<aceModul>(moduleKind); }
     /// The list of a template.
     void FillFreq(const std::vector<p_Action>& actions) {
         Fill(State().MainTest, FreqList, actions);
@@ -45,22 +45,22 @@ TEST_F(NewFrequencyTest, ModuleRunsItsEveryFrequencyListAndNoOther) {
     }
     milliseconds = 0;
     for (const ListRow& row : Lists) {
-        Serve(row.modul);
+        Serve(row.moduleKind);
         State().LastFrequency = -1.0;
-        EXPECT_FALSE(engine->NewFrequency(30e6, false)) << row.modul;
+        EXPECT_FALSE(engine->NewFrequency(30e6, false)) << row.moduleKind;
         EXPECT_EQ(TakeEffects(),
                   Journal(Compared(L"30000000", L"-1"), Yielded, Waited(++milliseconds)))
-            << row.modul;
+            << row.moduleKind;
     }
 }
 
 TEST_F(NewFrequencyTest, OtherModulesHaveNoListButKeepTheFrequency) {
-    for (const std::int32_t modul : WithoutList) {
-        Serve(modul);
+    for (const std::int32_t moduleKind : WithoutList) {
+        Serve(moduleKind);
         State().LastFrequency = -1.0;
-        EXPECT_FALSE(engine->NewFrequency(30e6, true)) << modul;
-        EXPECT_EQ(TakeEffects(), Journal(Compared(L"30000000", L"-1"))) << modul;
-        EXPECT_EQ(State().LastFrequency, 30e6) << modul;
+        EXPECT_FALSE(engine->NewFrequency(30e6, true)) << moduleKind;
+        EXPECT_EQ(TakeEffects(), Journal(Compared(L"30000000", L"-1"))) << moduleKind;
+        EXPECT_EQ(State().LastFrequency, 30e6) << moduleKind;
     }
 }
 
@@ -141,7 +141,7 @@ constexpr KindRow Kinds[] = {
 
 TEST_F(NewFrequencyTest, OnlySevenKindsRunAtAFrequencyInEveryModule) {
     for (const ListRow& list : Lists) {
-        Serve(list.modul);
+        Serve(list.moduleKind);
         for (const KindRow& row : Kinds) {
             Fill(State().*list.set, FreqList, {Action(static_cast<p_ActionTypes>(row.kind))});
             const auto run = [&] { return engine->NewFrequency(30e6, true); };
@@ -191,39 +191,39 @@ TEST_F(NewFrequencyTest, TrackingOfATemplateGetsTheFrequencyAndKeepsItsRecord) {
 
 TEST_F(NewFrequencyTest, TrackingOutsideATemplateLosesItsRecordAndFailsTwiceReported) {
     for (const ListRow& row : Lists) {
-        if (row.modul == aceTemplate) {
+        if (row.moduleKind == aceTemplate) {
             continue;
         }
-        Serve(row.modul);
+        Serve(row.moduleKind);
         State().LastFrequency = -1.0;
         Fill(State().*row.set, FreqList, {Action(atTrackFreq, aceTrackFreq{}), WaitFor(1)});
 
-        EXPECT_EQ(ErrorOf([&] { engine->NewFrequency(30e6, false); }), 13) << row.modul;
+        EXPECT_EQ(ErrorOf([&] { engine->NewFrequency(30e6, false); }), 13) << row.moduleKind;
 
         EXPECT_EQ(TakeEffects(), Journal(Compared(L"30000000", L"-1"), Yielded, MismatchReported,
                                          MismatchReported))
-            << row.modul;
-        EXPECT_EQ(Element(row).Parameter, ActionParameter(std::int32_t{5})) << row.modul;
+            << row.moduleKind;
+        EXPECT_EQ(Element(row).Parameter, ActionParameter(std::int32_t{5})) << row.moduleKind;
     }
 }
 
 TEST_F(NewFrequencyTest, LostRecordFailsAtEveryLaterFrequencyBeforeItsActionRuns) {
     for (const ListRow& row : Lists) {
-        Serve(row.modul);
+        Serve(row.moduleKind);
         State().LastFrequency = -1.0;
         Fill(State().*row.set, FreqList, {Action(atTrackFreq, std::int32_t{5})});
 
-        EXPECT_EQ(ErrorOf([&] { engine->NewFrequency(31e6, false); }), 13) << row.modul;
+        EXPECT_EQ(ErrorOf([&] { engine->NewFrequency(31e6, false); }), 13) << row.moduleKind;
 
         EXPECT_EQ(TakeEffects(), Journal(Compared(L"31000000", L"-1"), Yielded, MismatchReported))
-            << row.modul;
-        EXPECT_EQ(Element(row).Parameter, ActionParameter(std::int32_t{5})) << row.modul;
+            << row.moduleKind;
+        EXPECT_EQ(Element(row).Parameter, ActionParameter(std::int32_t{5})) << row.moduleKind;
     }
 }
 
 TEST_F(NewFrequencyTest, MacroGetsTheFrequencyIntoItsRecordInEveryModule) {
     for (const ListRow& row : Lists) {
-        Serve(row.modul);
+        Serve(row.moduleKind);
         State().LastFrequency = -1.0;
         aceAPI record;
         record.Program = L"macro";
@@ -232,8 +232,8 @@ TEST_F(NewFrequencyTest, MacroGetsTheFrequencyIntoItsRecordInEveryModule) {
         ErrorOf([&] { engine->NewFrequency(30e6, false); });
 
         record.Freq = 30e6;
-        EXPECT_EQ(Element(row).Parameter, ActionParameter(record)) << row.modul;
-        EXPECT_EQ(context.DispatcherRecords.Api, record) << row.modul;
+        EXPECT_EQ(Element(row).Parameter, ActionParameter(record)) << row.moduleKind;
+        EXPECT_EQ(context.DispatcherRecords.Api, record) << row.moduleKind;
     }
 }
 

@@ -10,10 +10,10 @@ struct MomentRow {
     const char* name;
     Boolean (aceActionsEngine::*run)(std::int32_t);
     DynArray<p_Subrange> ModuleLists::*sets;
-    std::int32_t wait;  ///< milliseconds in the list that runs; see `FillSet`
-    aceModul modul;     ///< told to the actions
-    bool asksModul;     ///< runs only on an object of that module
-    bool handled;       ///< errors are reported
+    std::int32_t wait;    ///< milliseconds in the list that runs; see `FillSet`
+    aceModul moduleKind;  ///< told to the actions
+    bool asksModul;       ///< runs only on an object of that module
+    bool handled;         ///< errors are reported
 };
 void PrintTo(const MomentRow& row, std::ostream* out) {
     *out << row.name;
@@ -38,7 +38,7 @@ const MomentRow Moments[] = {
 
 class NumberedMomentsTest : public EngineTest, public ::testing::WithParamInterface<MomentRow> {
   protected:
-    NumberedMomentsTest() { State().Modul = Row().modul; }
+    NumberedMomentsTest() { State().Modul = Row().moduleKind; }
 
     static const MomentRow& Row() { return GetParam(); }
     DynArray<p_Subrange>& Sets() { return State().*Row().sets; }
@@ -128,15 +128,15 @@ TEST_P(NumberedMomentsTest, HostDecidesWhatIsInRange) {
 
 TEST_P(NumberedMomentsTest, ModuleOfTheObjectIsAskedOnlyWhereItIsTold) {
     MakeTwoSetsAndASpare();
-    for (std::int32_t modul = -1; modul <= ModulCount; ++modul) {
-        if (modul == Row().modul ||
-            (modul == aceMonitoring && std::string(Row().name) == "AfterStep")) {
+    for (std::int32_t moduleKind = -1; moduleKind <= ModulCount; ++moduleKind) {
+        if (moduleKind == Row().moduleKind ||
+            (moduleKind == aceMonitoring && std::string(Row().name) == "AfterStep")) {
             continue;
         }
-        State().Modul = static_cast<aceModul>(modul);
-        EXPECT_FALSE(Run(2)) << modul;
+        State().Modul = static_cast<aceModul>(moduleKind);
+        EXPECT_FALSE(Run(2)) << moduleKind;
         const Lines ran = Journal(InRange(0, 1, 2), Yielded, Waited(Row().wait));
-        EXPECT_EQ(TakeEffects(), Row().asksModul ? Lines{} : ran) << modul;
+        EXPECT_EQ(TakeEffects(), Row().asksModul ? Lines{} : ran) << moduleKind;
     }
 }
 
@@ -153,9 +153,9 @@ TEST_P(NumberedMomentsTest, ActionsAreToldTheModuleOfTheMomentAndNotThatOfTheObj
     Fill(Sets()[0], LeaveList, {Tell(L"Hello")});
     context.SystemCheck = true;
     if (!Row().asksModul) {
-        State().Modul = Row().modul == aceTemplate ? aceAziChart : aceTemplate;
+        State().Modul = Row().moduleKind == aceTemplate ? aceAziChart : aceTemplate;
     }
-    const bool silent = Row().modul == aceTemplate;
+    const bool silent = Row().moduleKind == aceTemplate;
     if (!silent) {
         comments->answers = {false};
     }

@@ -36,9 +36,9 @@ const String Name = L"a name that needs memory of its own";
 
 /// One object of one module kind on full lists.
 struct Bench {
-    Bench(const std::shared_ptr<FileHost>& files, aceModul modul) : context(files) {
+    Bench(const std::shared_ptr<FileHost>& files, aceModul moduleKind) : context(files) {
         engine = std::make_unique<aceActionsEngine>(context);
-        engine->LoadActions(File, modul == aceVKSDUT ? 3 : 2, modul);
+        engine->LoadActions(File, moduleKind == aceVKSDUT ? 3 : 2, moduleKind);
     }
 
     ThreadContext context;
@@ -47,7 +47,7 @@ struct Bench {
 
 struct OperationRow {
     const char* name;
-    aceModul modul;
+    aceModul moduleKind;
     void (*call)(aceActionsEngine& engine);
 };
 void PrintTo(const OperationRow& row, std::ostream* out) {
@@ -120,13 +120,13 @@ class OutOfMemoryTest : public ::testing::TestWithParam<OperationRow> {
         host->store.journal.Bound(10);
         ThreadContext context(host);
         aceActionsEngine maker(context);
-        FillModule(maker.State(), GetParam().modul);
+        FillModule(maker.State(), GetParam().moduleKind);
         maker.SaveActions(File);
         file = host->store.files[File];
     }
     /// Fails each allocation of the operation in turn; a sample of them by default.
     void Sweep(bool forEver) {
-        Bench whole(host, GetParam().modul);
+        Bench whole(host, GetParam().moduleKind);
         const std::size_t count = AllocationsOf([&] { EXPECT_EQ(Run(*whole.engine), 0); });
         Sample sample(30);
         for (std::size_t n = 1; n <= count; ++n) {
@@ -139,7 +139,7 @@ class OutOfMemoryTest : public ::testing::TestWithParam<OperationRow> {
   private:
     void FailAt(std::size_t n, bool forEver) {
         host->store.files[File] = file;
-        Bench bench(host, GetParam().modul);
+        Bench bench(host, GetParam().moduleKind);
         std::int32_t error = 0;
         {
             const FailingAllocations failing(n, forEver);

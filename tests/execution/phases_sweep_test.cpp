@@ -57,27 +57,27 @@ Steps WaitSteps(std::int32_t reports) {
 // ---- rows
 // ----------------------------------------------------------------------------------------
 
-void Prepare(SweepRig& rig, aceModul modul) {
-    rig.MakeEngine().State().Modul = modul;
+void Prepare(SweepRig& rig, aceModul moduleKind) {
+    rig.MakeEngine().State().Modul = moduleKind;
     const auto form = std::make_shared<FakeCommentForm>(*rig.host);
     form->answers.assign(100, false);
     rig.context.CommentForm = form;
 }
 /// A numbered set with `actions` in one of its lists.
-std::function<void(SweepRig&)> WithSet(aceModul modul, DynArray<p_Subrange> ModuleLists::*sets,
+std::function<void(SweepRig&)> WithSet(aceModul moduleKind, DynArray<p_Subrange> ModuleLists::*sets,
                                        const ListFields& list,
                                        const std::vector<p_Action>& actions) {
     return [=](SweepRig& rig) {
-        Prepare(rig, modul);
+        Prepare(rig, moduleKind);
         (rig.engine->State().*sets).Redim(0, 0);
         Fill((rig.engine->State().*sets)[0], list, actions);
     };
 }
-std::function<void(SweepRig&)> WithFixed(aceModul modul, p_Subrange ModuleLists::*set,
+std::function<void(SweepRig&)> WithFixed(aceModul moduleKind, p_Subrange ModuleLists::*set,
                                          const ListFields& list,
                                          const std::vector<p_Action>& actions) {
     return [=](SweepRig& rig) {
-        Prepare(rig, modul);
+        Prepare(rig, moduleKind);
         Fill(rig.engine->State().*set, list, actions);
     };
 }

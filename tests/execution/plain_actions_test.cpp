@@ -7,8 +7,8 @@ namespace {
 
 class PlainActionsTest : public EngineTest {
   protected:
-    Boolean Do(p_Action action, std::int32_t modul = aceMonitoring) {
-        return modActions::DoAction(context, action, modul);
+    Boolean Do(p_Action action, std::int32_t moduleKind = aceMonitoring) {
+        return modActions::DoAction(context, action, moduleKind);
     }
 };
 
@@ -172,10 +172,10 @@ TEST_F(PlainActionsTest, SystemCheckMutesTheNotifyOfATemplateButForItsWaveFile) 
 
 TEST_F(PlainActionsTest, SystemCheckLeavesTheNotifyOfOtherModulesAlone) {
     context.SystemCheck = true;
-    for (std::int32_t modul = aceMonitoring; modul <= aceVKSDUT + 1; ++modul) {
+    for (std::int32_t moduleKind = aceMonitoring; moduleKind <= aceVKSDUT + 1; ++moduleKind) {
         comments->answers = {true};
-        EXPECT_TRUE(Do(Notification(atNotify, L"", true, L"Hello"), modul)) << modul;
-        EXPECT_EQ(TakeEffects(), Journal(Beeped, Told(L"Hello"))) << modul;
+        EXPECT_TRUE(Do(Notification(atNotify, L"", true, L"Hello"), moduleKind)) << moduleKind;
+        EXPECT_EQ(TakeEffects(), Journal(Beeped, Told(L"Hello"))) << moduleKind;
     }
 }
 

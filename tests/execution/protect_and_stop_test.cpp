@@ -13,18 +13,18 @@ const String StateAsked = L"TestInfo.GetTestState(\"\")";
 
 class ReceiverProtectionTest : public EngineTest {
   protected:
-    /// Runs the action as a list of `modul` does; the bench has no receiver.
-    void Protect(std::int32_t modul) {
+    /// Runs the action as a list of `moduleKind` does; the bench has no receiver.
+    void Protect(std::int32_t moduleKind) {
         p_Action action = Action(atProtRec);
-        EXPECT_FALSE(modActions::DoAction(context, action, modul));
+        EXPECT_FALSE(modActions::DoAction(context, action, moduleKind));
     }
 };
 
 TEST_F(ReceiverProtectionTest, WithoutACurrentTestTheReceiversAreProtectedInEveryModule) {
-    for (std::int32_t modul = aceTemplate; modul < ModulCount; ++modul) {
-        Protect(modul);
-        EXPECT_EQ(TakeEffects().front(), CurrentTestAsked) << modul;
-        EXPECT_TRUE(engine->InitReceiver()) << modul;
+    for (std::int32_t moduleKind = aceTemplate; moduleKind < ModulCount; ++moduleKind) {
+        Protect(moduleKind);
+        EXPECT_EQ(TakeEffects().front(), CurrentTestAsked) << moduleKind;
+        EXPECT_TRUE(engine->InitReceiver()) << moduleKind;
     }
 }
 
@@ -48,9 +48,9 @@ TEST_F(ReceiverProtectionTest, TemplateInAnyOtherStateProtectsItsReceivers) {
 
 TEST_F(ReceiverProtectionTest, OtherModulesProtectTheirReceiversAlsoInStateFourteen) {
     host->testState = 14;
-    for (std::int32_t modul = aceMonitoring; modul < ModulCount; ++modul) {
-        Protect(modul);
-        EXPECT_TRUE(engine->InitReceiver()) << modul;
+    for (std::int32_t moduleKind = aceMonitoring; moduleKind < ModulCount; ++moduleKind) {
+        Protect(moduleKind);
+        EXPECT_TRUE(engine->InitReceiver()) << moduleKind;
     }
 }
 

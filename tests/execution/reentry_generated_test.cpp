@@ -13,7 +13,7 @@ namespace {
 
 struct MomentRow {
     const char* name;
-    aceModul modul;
+    aceModul moduleKind;
     void (*call)(aceActionsEngine& engine);
 };
 
@@ -182,7 +182,7 @@ class ReentryRun {
         };
         const std::int32_t error = ErrorOf([&] { x_moment.call(*x_lists.engine); });
         host.beforeCall = nullptr;
-        EXPECT_NE(error, TooManyCalls) << x_moment.name << x_moment.modul << ", " << act.name;
+        EXPECT_NE(error, TooManyCalls) << x_moment.name << x_moment.moduleKind << ", " << act.name;
         Judge(act, place);
         return reached;
     }
@@ -201,19 +201,19 @@ class ReentryRun {
         if (error == Errors::ArrayInUse) {
             x_wasRefused = true;
             EXPECT_TRUE(Unchanged(state) == before)
-                << act.name << " in " << x_moment.name << x_moment.modul << ", " << x_places;
+                << act.name << " in " << x_moment.name << x_moment.moduleKind << ", " << x_places;
         }
     }
     void Judge(const ActRow& act, std::size_t place) {
         EXPECT_THAT(ListAgreement::Breaches(x_lists.engine->State()), ::testing::IsEmpty())
-            << act.name << " in " << x_moment.name << x_moment.modul << ", " << place;
+            << act.name << " in " << x_moment.name << x_moment.moduleKind << ", " << place;
     }
 
     const MomentRow& x_moment;
     bool x_everyCall;
     std::size_t x_places = 0;
     bool x_wasRefused = false;
-    ListsOfEveryKind x_lists{x_moment.modul};
+    ListsOfEveryKind x_lists{x_moment.moduleKind};
 };
 
 // ---- the sample --------------------------------------------------------------------------------
@@ -230,7 +230,7 @@ void RunSample(std::span<const MomentRow> moments, bool everyCall, std::uint64_t
     std::size_t refused = 0;
     for (const MomentRow& moment : moments) {
         const std::size_t places = PlacesOf(moment, everyCall);
-        EXPECT_GE(places, 10U) << moment.name << moment.modul;
+        EXPECT_GE(places, 10U) << moment.name << moment.moduleKind;
         for (std::size_t i = 0; i < places * std::size(Acts); ++i) {
             if (sample.Takes()) {
                 ReentryRun run(moment, everyCall);

@@ -6,7 +6,7 @@ namespace {
 /// One operation that runs actions: the object that it needs, the list that it runs, the call.
 struct OperationRow {
     const char* name;
-    aceModul modul;
+    aceModul moduleKind;
     p_Subrange& (*set)(EngineState& state);
     ListFields list;
     void (*call)(aceActionsEngine& engine);
@@ -108,7 +108,7 @@ class ReentryOperationsTest : public EngineTest,
                               public ::testing::WithParamInterface<OperationRow> {
   protected:
     ReentryOperationsTest() {
-        State().Modul = GetParam().modul;
+        State().Modul = GetParam().moduleKind;
         Fill(List(), GetParam().list, {WaitFor(1), WaitFor(2)});
     }
     p_Subrange& List() { return GetParam().set(State()); }

@@ -66,8 +66,8 @@ TEST_F(RefusedCall, AStartListThatLoadsItsModuleAgainStillSwitchesOffAndIsSavedW
 
 TEST_F(RefusedCall, ALoadOfAnyModuleAsksForAllListsThatItReplaces) {
     for (const ModuleRow& module : ModuleTable) {
-        const std::int32_t number = module.modul == aceVKSDUT ? 3 : 1;
-        const auto load = [&] { engine->LoadActions(L"other.ini", number, module.modul); };
+        const std::int32_t number = module.moduleKind == aceVKSDUT ? 3 : 1;
+        const auto load = [&] { engine->LoadActions(L"other.ini", number, module.moduleKind); };
         for (const FixedSet& fixed : module.AllFixed()) {
             State().*fixed.set = Waits();
             ExpectRefused(State().*fixed.set, load);
@@ -115,7 +115,7 @@ TEST_F(RefusedCall, ChangeSetsTheFlagAndTakesNoList) {
     editor->count = 3;
     context.Editor = editor;
     for (const ModuleRow& module : ModuleTable) {
-        State().Modul = module.modul;
+        State().Modul = module.moduleKind;
         for (const FixedSet& fixed : module.AllFixed()) {
             State().*fixed.set = Waits();
             ExpectRefused(State().*fixed.set, [&] { engine->Change(true); });

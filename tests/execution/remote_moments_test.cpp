@@ -63,7 +63,7 @@ class RemoteMoments : public EngineTest {
         }
     }
     void Answer(const wchar_t* button) { host->user.Expect(L"frmGpibError", Press(button)); }
-    void Serve(aceModul modul) { State().Modul = modul; }
+    void Serve(aceModul moduleKind) { State().Modul = moduleKind; }
 
     /// The effects in order; a shown form by a word.
     Lines TakeCalls() {
@@ -123,13 +123,14 @@ TEST_F(RemoteMoments, ACommandThatAnswersTrueFollowedByOneThatAnswersFalseGivesF
 }
 
 TEST_F(RemoteMoments, InTheGeneralListsOfSusceptibilityTheResultOfACommandIsDropped) {
-    for (const aceModul modul : {aceEMSAutoTemplateGeneral, aceMonitoring, aceAziChart}) {
-        Serve(modul);
+    for (const aceModul moduleKind : {aceEMSAutoTemplateGeneral, aceMonitoring, aceAziChart}) {
+        Serve(moduleKind);
         Fill(State().EMSAutoGeneral, FreqList, {Bus(20)});
         Fill(State().MoniEut, FreqList, {Bus(20)});
         Fill(State().AziChart, FreqList, {Bus(20)});
         Answer(L"cmdStopTest");
-        EXPECT_EQ(engine->NewFrequency(1.0, true), modul != aceEMSAutoTemplateGeneral) << modul;
+        EXPECT_EQ(engine->NewFrequency(1.0, true), moduleKind != aceEMSAutoTemplateGeneral)
+            << moduleKind;
     }
 }
 

@@ -16,8 +16,8 @@ class SetDevice : public DeviceTest {
         record.ChanNo = 250;
         host->files[L"setup.ini"][Section] = {L"Gain=3"};
     }
-    Boolean Set(std::int32_t modul = aceTemplate) {
-        return modActions::SetCheckDevice(context, record, true, ignoreAll, modul);
+    Boolean Set(std::int32_t moduleKind = aceTemplate) {
+        return modActions::SetCheckDevice(context, record, true, ignoreAll, moduleKind);
     }
     /// The calls of a set monitoring device that is on.
     static Lines MonitorSet(bool isFirst) {
@@ -147,7 +147,7 @@ TEST_F(SetDevice, ABroadcastGeneratorThatStaysInactiveIsSetWithoutFurtherTest) {
 // ---- the settings file -------------------------------------------------------------------------
 
 struct FileRow {
-    std::int32_t modul;
+    std::int32_t moduleKind;
     std::int32_t kind;
 };
 /// The file kinds differ from those of a load: monitoring opens the kind of a template.
@@ -159,8 +159,8 @@ constexpr FileRow FileKinds[] = {
 TEST_F(SetDevice, TheFileOfTheToldModuleIsOpenedEachTime) {
     Add<sim::SimMonitor>(L"EUT");
     for (const FileRow& row : FileKinds) {
-        EXPECT_FALSE(Set(row.modul));
-        EXPECT_EQ(TakeCalls().front(), Opened(row.kind)) << row.modul;
+        EXPECT_FALSE(Set(row.moduleKind));
+        EXPECT_EQ(TakeCalls().front(), Opened(row.kind)) << row.moduleKind;
     }
 }
 

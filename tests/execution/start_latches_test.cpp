@@ -75,8 +75,8 @@ class StartLatchesTest : public EngineTest {
             }
         }
     }
-    Lines ClearedByStart(std::int32_t modul) {
-        State().Modul = static_cast<aceModul>(modul);
+    Lines ClearedByStart(std::int32_t moduleKind) {
+        State().Modul = static_cast<aceModul>(moduleKind);
         EXPECT_FALSE(engine->StartTest());
         return Cleared();
     }
@@ -135,9 +135,9 @@ TEST_F(StartLatchesTest, WirelessTestsAreClearedByTheCountOfTheSequence) {
 }
 
 TEST_F(StartLatchesTest, SusceptibilityStepsMatrixAndUnknownModulesClearNothing) {
-    for (const std::int32_t modul :
+    for (const std::int32_t moduleKind :
          {std::int32_t{aceEMSAutoTemplate}, std::int32_t{aceVKSDUT}, 9, -1}) {
-        EXPECT_EQ(ClearedByStart(modul), Lines{}) << modul;
+        EXPECT_EQ(ClearedByStart(moduleKind), Lines{}) << moduleKind;
     }
 }
 
@@ -172,8 +172,8 @@ TEST_F(StartLatchesTest, LatchesAreClearedBeforeTheFirstActionRuns) {
 }
 
 TEST_F(StartLatchesTest, NoOtherMomentClearsALatch) {
-    for (std::int32_t modul = aceTemplate; modul < ModulCount; ++modul) {
-        State().Modul = static_cast<aceModul>(modul);
+    for (std::int32_t moduleKind = aceTemplate; moduleKind < ModulCount; ++moduleKind) {
+        State().Modul = static_cast<aceModul>(moduleKind);
         engine->StopTest();
         engine->EnterSubrange(1);
         engine->LeaveSubrange(1);
@@ -189,7 +189,7 @@ TEST_F(StartLatchesTest, NoOtherMomentClearsALatch) {
         engine->Go(1, L"");
         engine->GetNoGo(1);
         engine->NewFrequency(1e6, true);
-        EXPECT_EQ(Cleared(), Lines{}) << modul;
+        EXPECT_EQ(Cleared(), Lines{}) << moduleKind;
     }
 }
 

@@ -29,7 +29,7 @@ Lines Ran(std::int32_t milliseconds) {
 
 /// What the start and the stop of a test run, by module kind.
 struct ModuleRow {
-    std::int32_t modul;
+    std::int32_t moduleKind;
     Lines start;
     Lines stop;
     bool stopParks = false;
@@ -51,7 +51,7 @@ const ModuleRow Modules[] = {
 
 class TestPhasesTest : public EngineTest {
   protected:
-    void Serve(std::int32_t modul) { State().Modul = static_cast<aceModul>(modul); }
+    void Serve(std::int32_t moduleKind) { State().Modul = static_cast<aceModul>(moduleKind); }
 };
 
 // ---- start and stop of every module ------------------------------------------------------------
@@ -59,18 +59,18 @@ class TestPhasesTest : public EngineTest {
 TEST_F(TestPhasesTest, StartRunsTheEnterListOfTheModule) {
     FillFixedSets(State());
     for (const ModuleRow& row : Modules) {
-        Serve(row.modul);
-        EXPECT_FALSE(engine->StartTest()) << row.modul;
-        EXPECT_EQ(TakeEffects(), row.start) << row.modul;
+        Serve(row.moduleKind);
+        EXPECT_FALSE(engine->StartTest()) << row.moduleKind;
+        EXPECT_EQ(TakeEffects(), row.start) << row.moduleKind;
     }
 }
 
 TEST_F(TestPhasesTest, StopRunsTheLeaveListOfTheModule) {
     FillFixedSets(State());
     for (const ModuleRow& row : Modules) {
-        Serve(row.modul);
-        EXPECT_FALSE(engine->StopTest()) << row.modul;
-        EXPECT_EQ(TakeEffects(), row.stop) << row.modul;
+        Serve(row.moduleKind);
+        EXPECT_FALSE(engine->StopTest()) << row.moduleKind;
+        EXPECT_EQ(TakeEffects(), row.stop) << row.moduleKind;
     }
 }
 
@@ -79,23 +79,23 @@ TEST_F(TestPhasesTest, FirstTrueResultEndsTheStartAndTheStop) {
         if (row.set == nullptr) {
             continue;
         }
-        Serve(row.modul);
+        Serve(row.moduleKind);
         Fill(State().*row.set, EnterList, {WaitFor(1), Action(atGotoSingle), WaitFor(2)});
         Fill(State().*row.set, LeaveList, {WaitFor(3), Action(atComment), WaitFor(4)});
 
-        EXPECT_TRUE(engine->StartTest()) << row.modul;
-        EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(1), Yielded)) << row.modul;
-        EXPECT_TRUE(engine->StopTest()) << row.modul;
-        EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(3), Yielded)) << row.modul;
+        EXPECT_TRUE(engine->StartTest()) << row.moduleKind;
+        EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(1), Yielded)) << row.moduleKind;
+        EXPECT_TRUE(engine->StopTest()) << row.moduleKind;
+        EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(3), Yielded)) << row.moduleKind;
     }
 }
 
 TEST_F(TestPhasesTest, StartWithAnEmptyTestAnswersFalseAndMarksItAsRunning) {
     for (const ModuleRow& row : Modules) {
-        Serve(row.modul);
+        Serve(row.moduleKind);
         context.TestRunning = false;
-        EXPECT_FALSE(engine->StartTest()) << row.modul;
-        EXPECT_TRUE(context.TestRunning) << row.modul;
+        EXPECT_FALSE(engine->StartTest()) << row.moduleKind;
+        EXPECT_TRUE(context.TestRunning) << row.moduleKind;
     }
     EXPECT_EQ(TakeEffects(), Lines{});
 }
@@ -113,13 +113,13 @@ TEST_F(TestPhasesTest, TestIsMarkedAsRunningOnlyBehindTheStartList) {
 
 TEST_F(TestPhasesTest, StopAlwaysClearsTestRunningAlsoWhenTheListAnsweredTrue) {
     for (const ModuleRow& row : Modules) {
-        Serve(row.modul);
+        Serve(row.moduleKind);
         if (row.set != nullptr) {
             Fill(State().*row.set, LeaveList, {Action(atTestStop)});
         }
         context.TestRunning = true;
-        EXPECT_EQ(engine->StopTest(), row.set != nullptr) << row.modul;
-        EXPECT_FALSE(context.TestRunning) << row.modul;
+        EXPECT_EQ(engine->StopTest(), row.set != nullptr) << row.moduleKind;
+        EXPECT_FALSE(context.TestRunning) << row.moduleKind;
     }
 }
 
@@ -136,26 +136,26 @@ TEST_F(TestPhasesTest, FailureReachesTheHostAndLeavesTestRunningAsItWas) {
         if (row.set == nullptr) {
             continue;
         }
-        Serve(row.modul);
+        Serve(row.moduleKind);
         Fill(State().*row.set, EnterList, {Broken()});
         Fill(State().*row.set, LeaveList, {Broken()});
 
         context.TestRunning = false;
-        EXPECT_EQ(ErrorOf([&] { engine->StartTest(); }), 13) << row.modul;
-        EXPECT_FALSE(context.TestRunning) << row.modul;
+        EXPECT_EQ(ErrorOf([&] { engine->StartTest(); }), 13) << row.moduleKind;
+        EXPECT_FALSE(context.TestRunning) << row.moduleKind;
         context.TestRunning = true;
-        EXPECT_EQ(ErrorOf([&] { engine->StopTest(); }), 13) << row.modul;
-        EXPECT_TRUE(context.TestRunning) << row.modul;
+        EXPECT_EQ(ErrorOf([&] { engine->StopTest(); }), 13) << row.moduleKind;
+        EXPECT_TRUE(context.TestRunning) << row.moduleKind;
         EXPECT_EQ(TakeEffects(), Journal(Yielded, MismatchReported, Yielded, MismatchReported));
     }
 }
 
 TEST_F(TestPhasesTest, StartSetsTheLastFrequencyInEveryModule) {
     for (const ModuleRow& row : Modules) {
-        Serve(row.modul);
+        Serve(row.moduleKind);
         State().LastFrequency = 1e6;
         engine->StartTest();
-        EXPECT_EQ(State().LastFrequency, -1.0) << row.modul;
+        EXPECT_EQ(State().LastFrequency, -1.0) << row.moduleKind;
     }
 }
 
@@ -239,12 +239,12 @@ TEST_F(TestPhasesTest, FailedTrackingLeavesTestRunningAsItWas) {
 
 TEST_F(TestPhasesTest, OnlyATemplateTracksAtTheStart) {
     for (const ModuleRow& row : Modules) {
-        if (row.set == nullptr || row.modul == aceTemplate) {
+        if (row.set == nullptr || row.moduleKind == aceTemplate) {
             continue;
         }
-        Serve(row.modul);
+        Serve(row.moduleKind);
         Fill(State().*row.set, FreqList, {Action(atTrackFreq)});
-        EXPECT_FALSE(engine->StartTest()) << row.modul;
+        EXPECT_FALSE(engine->StartTest()) << row.moduleKind;
     }
     EXPECT_EQ(TakeEffects(), Lines{});
 }
@@ -257,16 +257,16 @@ TEST_F(TestPhasesTest, ParkingAtTheStopIsLeftToTheHostInThreeModules) {
         if (row.set == nullptr) {
             continue;
         }
-        Serve(row.modul);
+        Serve(row.moduleKind);
         Fill(State().*row.set, LeaveList, {Action(atParkAcc), Action(atStopLevSweep)});
         context.EutCheckRequest = acEutStoreComment | acEutStopTest;
 
-        EXPECT_TRUE(engine->StopTest()) << row.modul;
+        EXPECT_TRUE(engine->StopTest()) << row.moduleKind;
 
         const Lines parked = Journal(Yielded, Yielded, ActionTraced);
         const Lines ran = Journal(Yielded, ActionTraced, Yielded, ActionTraced);
-        EXPECT_EQ(TakeEffects(), row.stopParks ? parked : ran) << row.modul;
-        EXPECT_EQ(context.EutCheckRequest, row.stopParks ? 4 : 129) << row.modul;
+        EXPECT_EQ(TakeEffects(), row.stopParks ? parked : ran) << row.moduleKind;
+        EXPECT_EQ(context.EutCheckRequest, row.stopParks ? 4 : 129) << row.moduleKind;
     }
 }
 
@@ -281,10 +281,11 @@ TEST_F(TestPhasesTest, ParkingBehindATrueResultIsNotReached) {
 
 TEST_F(TestPhasesTest, OnlyTheStopOfAnEmissionTestForgetsTheRequests) {
     for (const ModuleRow& row : Modules) {
-        Serve(row.modul);
+        Serve(row.moduleKind);
         context.EutCheckRequest = 7;
         engine->StopTest();
-        EXPECT_EQ(context.EutCheckRequest, row.modul == aceEMIAutoTemplate ? 0 : 7) << row.modul;
+        EXPECT_EQ(context.EutCheckRequest, row.moduleKind == aceEMIAutoTemplate ? 0 : 7)
+            << row.moduleKind;
     }
 }
 

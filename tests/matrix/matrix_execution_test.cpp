@@ -66,8 +66,8 @@ TEST_F(MatrixExecutionTest, ArgumentsComeBackAsTheKeyThatWasLookedFor) {
 
 TEST_F(MatrixExecutionTest, OtherModulesLeaveTheArgumentsAndDoNothing) {
     HaveWaitingRows({{-1, -1, -1}});
-    for (const aceModul modul : {aceVKSTemplate, aceTemplate}) {
-        State().Modul = modul;
+    for (const aceModul moduleKind : {aceVKSTemplate, aceTemplate}) {
+        State().Modul = moduleKind;
         StepKey key{2.4e9, 1, 2};
         EXPECT_FALSE(engine->VKSDUTStep(key.frequency, key.bandwidth, key.power));
         EXPECT_EQ(engine->VKSDUTStepActionCount(key.frequency, key.bandwidth, key.power), 0);
@@ -212,8 +212,8 @@ TEST_F(MatrixExecutionTest, MatrixCanNotBeRebuiltWhileARowRuns) {
 TEST_F(MatrixExecutionTest, GlobalListsRunWhateverTheModuleIs) {
     Fill(State().VKSDUTGlob, EnterList, {WaitFor(1)});
     Fill(State().VKSDUTGlob, LeaveList, {WaitFor(2), Action(atTestStop), WaitFor(3)});
-    for (const aceModul modul : {aceVKSDUT, aceAziChart}) {
-        State().Modul = modul;
+    for (const aceModul moduleKind : {aceVKSDUT, aceAziChart}) {
+        State().Modul = moduleKind;
         EXPECT_FALSE(engine->VKSDUTStepGlobBefore());
         EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(1)));
         EXPECT_TRUE(engine->VKSDUTStepGlobAfter());
@@ -327,11 +327,11 @@ TEST_F(MatrixExecutionTest, SetVKSReplaceVarTracesUnderAnotherName) {
 }
 
 TEST_F(MatrixExecutionTest, LoadEndsTheUseOfThePairs) {
-    for (const aceModul modul : {aceVKSTemplate, aceVKSDUT}) {
+    for (const aceModul moduleKind : {aceVKSTemplate, aceVKSDUT}) {
         engine->SetVKSReplaceVar(ArrayOf<String>({L"a"}), ArrayOf<Value>({1}));
         host->files[L"file.ini"] = {};
 
-        engine->LoadActions(L"file.ini", 1, modul);
+        engine->LoadActions(L"file.ini", 1, moduleKind);
 
         EXPECT_EQ(State().VKSReplaceVars.count, 0);
     }

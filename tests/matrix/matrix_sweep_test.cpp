@@ -50,7 +50,7 @@ void PrepareTracedMatrix(SweepRig& rig) {
     rig.host->tracing = true;
 }
 /// A wireless test and its step, a matrix row and the global lists, each with one question.
-void PrepareQuestions(SweepRig& rig, aceModul modul) {
+void PrepareQuestions(SweepRig& rig, aceModul moduleKind) {
     rig.MakeEngine().State().Modul = aceVKSTemplate;
     rig.engine->AddSubrange(1, L"T");
     rig.engine->AddVKSStep(L"s", L"T", L"name");
@@ -63,7 +63,7 @@ void PrepareQuestions(SweepRig& rig, aceModul modul) {
         Fill(*set, EnterList, {Action(atQuestion, aceNotify{})});
         Fill(*set, LeaveList, {Action(atQuestion, aceNotify{})});
     }
-    state.Modul = modul;
+    state.Modul = moduleKind;
 }
 void PrepareTest(SweepRig& rig) {
     PrepareQuestions(rig, aceVKSTemplate);

@@ -43,7 +43,7 @@ class PlainChainTest : public StoreModelTest, public ::testing::WithParamInterfa
     /// Now and then the host tells another number than was saved.
     void Load() {
         const int number = std::max(0, model.count + Draw(-1, 1));
-        engine->LoadActions(File, number, modul);
+        engine->LoadActions(File, number, moduleKind);
         file.Load(model, number);
     }
     PlainFileModel file;
@@ -64,7 +64,7 @@ TEST_P(PlainChainTest, ListsThatAreLoadedChangedAndSavedFollowTheModel) {
             Load();
             Compare();
         }
-        EXPECT_FALSE(State().ChangeFlags[static_cast<std::size_t>(modul)]);
+        EXPECT_FALSE(State().ChangeFlags[static_cast<std::size_t>(moduleKind)]);
     }
 }
 
@@ -95,7 +95,7 @@ class WirelessChainTest : public StoreModelTest {
     }
     void Load() {
         const int number = std::max(0, model.count + Draw(-1, 1));
-        engine->LoadActions(File, number, modul);
+        engine->LoadActions(File, number, moduleKind);
         file.Load(model, number);
     }
     WirelessFileModel file;

@@ -11,14 +11,14 @@ namespace ace::test {
 /// An engine of one module and the model side by side: random operations are made on both.
 class StoreModelTest : public EngineTest {
   protected:
-    explicit StoreModelTest(aceModul served) : modul(served) {
-        State().Modul = modul;
+    explicit StoreModelTest(aceModul served) : moduleKind(served) {
+        State().Modul = moduleKind;
         context.Editor = std::make_shared<FakeEditor>(*host);
-        model.loading = L"Editor.LoadEditor(" + std::to_wstring(modul) + L")";
-        model.wireless = modul == aceVKSTemplate;
+        model.loading = L"Editor.LoadEditor(" + std::to_wstring(moduleKind) + L")";
+        model.wireless = moduleKind == aceVKSTemplate;
         model.count = State().*Numbered().count;
     }
-    const NumberedSets& Numbered() const { return ModuleTable[modul].numbered[0]; }
+    const NumberedSets& Numbered() const { return ModuleTable[moduleKind].numbered[0]; }
 
     int Draw(int from, int to) { return std::uniform_int_distribution(from, to)(random); }
     String DrawKey() {
@@ -132,7 +132,7 @@ class StoreModelTest : public EngineTest {
         }
     }
 
-    const aceModul modul;
+    const aceModul moduleKind;
     std::mt19937 random{20111};
     StoreModel model;
     int content = 0;

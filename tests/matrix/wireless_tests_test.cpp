@@ -102,8 +102,8 @@ TEST_P(AroundTest, FirstTrueResultEndsTheWalk) {
 
 TEST_P(AroundTest, OtherModulesDoNothing) {
     Have(0, {Action(atTestStop)});
-    for (const aceModul modul : {aceVKSDUT, aceTSTemplate}) {
-        State().Modul = modul;
+    for (const aceModul moduleKind : {aceVKSDUT, aceTSTemplate}) {
+        State().Modul = moduleKind;
         EXPECT_FALSE(Run(L"T1"));
         EXPECT_EQ(TakeEffects(), Lines{});
     }

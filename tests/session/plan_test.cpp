@@ -15,7 +15,7 @@ using ::testing::ElementsAre;
 std::vector<std::string> CallsOf(const TestSetUp& setUp) {
     std::vector<std::string> calls;
     for (const Moment& moment : PlanOf(setUp)) {
-        String call(RowOf(moment.call).operation);
+        String call(MomentCallRowOf(moment.call).operation);
         call += moment.number != 0 ? L" " + std::to_wstring(moment.number) : String();
         call += moment.hertz != 0.0 ? L" " + FrequencyText(moment.hertz) : String();
         call += moment.name.empty() ? String() : L" " + moment.name;
@@ -25,10 +25,10 @@ std::vector<std::string> CallsOf(const TestSetUp& setUp) {
     return calls;
 }
 
-TestSetUp Of(aceModul modul, std::int32_t subRanges,
+TestSetUp Of(aceModul moduleKind, std::int32_t subRanges,
              std::vector<std::optional<Sweep>> sweeps = {}) {
     TestSetUp setUp;
-    setUp.modul = modul;
+    setUp.moduleKind = moduleKind;
     setUp.subRanges = subRanges;
     setUp.sweeps = std::move(sweeps);
     return setUp;

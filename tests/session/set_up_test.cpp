@@ -18,7 +18,7 @@ constexpr const char* Template =
 
 TEST(SetUpKeys, ModuleSubrangesTitleAndSweepsComeFromTheFile) {
     const TestSetUp setUp = SetUpOf(Template);
-    EXPECT_EQ(setUp.modul, aceTemplate);
+    EXPECT_EQ(setUp.moduleKind, aceTemplate);
     EXPECT_EQ(setUp.subRanges, 2);
     EXPECT_EQ(setUp.title, L"RI side A");
     EXPECT_THAT(setUp.sweeps, ElementsAre(Optional(Sweep{80e6, 1e9, 1.0, 2000.0}),
@@ -27,8 +27,8 @@ TEST(SetUpKeys, ModuleSubrangesTitleAndSweepsComeFromTheFile) {
 }
 
 TEST(SetUpKeys, OptionsWinOverTheFile) {
-    const TestSetUp setUp = SetUpOf(Template, {.modul = aceEMIAutoTemplate, .subRanges = 1});
-    EXPECT_EQ(setUp.modul, aceEMIAutoTemplate);
+    const TestSetUp setUp = SetUpOf(Template, {.moduleKind = aceEMIAutoTemplate, .subRanges = 1});
+    EXPECT_EQ(setUp.moduleKind, aceEMIAutoTemplate);
     EXPECT_EQ(setUp.subRanges, 1);
     EXPECT_THAT(setUp.sweeps, ElementsAre(Optional(Sweep{80e6, 1e9, 1.0, 2000.0})));
 }
@@ -36,14 +36,15 @@ TEST(SetUpKeys, OptionsWinOverTheFile) {
 TEST(SetUpKeys, TheLastSweepOptionServesAllSubrangesThatFollowAndTheFilesDwellStays) {
     const TestSetUp setUp = SetUpOf(
         Template,
-        {.modul = std::nullopt, .subRanges = 3, .sweeps = {{1e6, 2e6, 1.0}, {3e6, 4e6, 5.0}}});
+        {.moduleKind = std::nullopt, .subRanges = 3, .sweeps = {{1e6, 2e6, 1.0}, {3e6, 4e6, 5.0}}});
     EXPECT_THAT(setUp.sweeps, ElementsAre(Optional(Sweep{1e6, 2e6, 1.0, 2000.0}),
                                           Optional(Sweep{3e6, 4e6, 5.0, 0.0}),
                                           Optional(Sweep{3e6, 4e6, 5.0, 0.0})));
 }
 
 TEST(SetUpKeys, AModuleMayBeNamed) {
-    EXPECT_EQ(SetUpOf("[Workbench]\nModule=acetstemplate\nSubRanges=4\n").modul, aceTSTemplate);
+    EXPECT_EQ(SetUpOf("[Workbench]\nModule=acetstemplate\nSubRanges=4\n").moduleKind,
+              aceTSTemplate);
 }
 
 TEST(SetUpKeys, ASubrangeWithoutSweepIsNotedAndHasNoFrequency) {
@@ -123,7 +124,7 @@ TEST(SetUpKeys, WhatInfluencesTheMatrixStandsInItsListsUnlessAKeySaysOtherwise) 
 }
 
 TEST(SetUpKeys, ATemplateOptionWinsAndATemplateThatTheFileLacksIsNoted) {
-    const SetUpOptions one{.modul = {}, .subRanges = 3, .sweeps = {}, .matrixTemplate = 1};
+    const SetUpOptions one{.moduleKind = {}, .subRanges = 3, .sweeps = {}, .matrixTemplate = 1};
     const TestSetUp setUp = SetUpOf(MatrixHead + Tables, one);
     EXPECT_EQ(setUp.subRanges, 1);
     EXPECT_THAT(setUp.notes, ElementsAre(L"the file has no template 1 ([ActionsOnVKSTemplate_1]), "
@@ -151,7 +152,7 @@ TEST(SetUpKeys, WhatNeitherFileNorOptionSaysIsWrongUse) {
     EXPECT_EQ(RefusalOf([] { SetUpOf("[Workbench]\nModule=6\n"); }), "");
     EXPECT_EQ(RefusalOf([] {
                   SetUpOf("[Workbench]\nModule=5\nSubRanges=1\n",
-                          {.modul = {}, .subRanges = {}, .sweeps = {{1.0, 2.0, 1.0}}});
+                          {.moduleKind = {}, .subRanges = {}, .sweeps = {{1.0, 2.0, 1.0}}});
               }),
               "5 --sweep: a test of module aceTSTemplate has no frequencies");
 }
@@ -201,7 +202,7 @@ TEST(SetUpKeys, AKeyThatMakesNoSenseIsRefusedWithItsPlace) {
 }
 
 TEST(SetUpKeys, SweepsThatWouldFillTheMemoryAreRefused) {
-    const SetUpOptions options{.modul = {}, .subRanges = 2, .sweeps = {{1.0, 1e6, 0.02}}};
+    const SetUpOptions options{.moduleKind = {}, .subRanges = 2, .sweeps = {{1.0, 1e6, 0.02}}};
     // ln 1e6 / ln 1.0002 = 13.8155 / 0.00019998 = 69,084: one is allowed, two are too many
     EXPECT_EQ(RefusalOf([&] { SetUpOf("[Workbench]\nModule=0\n", options); }),
               "5 the sweeps of the test have more than 100000 frequencies");

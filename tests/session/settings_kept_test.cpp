@@ -9,13 +9,13 @@ class SettingsKeptTest : public FolderTest {
   protected:
     /// Copies an example, loads it into an engine and saves it back; answers whether it is as it
     /// was.
-    bool IsKept(const std::string& name, std::int32_t subRanges, aceModul modul) {
+    bool IsKept(const std::string& name, std::int32_t subRanges, aceModul moduleKind) {
         std::ostringstream bytes;
         bytes << std::ifstream(std::string(ACE_EXAMPLES) + "/" + name, std::ios::binary).rdbuf();
         Write(name, bytes.str());
         ThreadContext context(std::make_shared<SessionHost>());
         aceActionsEngine engine(context);
-        engine.LoadActions(WidePath(name), subRanges, modul);
+        engine.LoadActions(WidePath(name), subRanges, moduleKind);
         engine.SaveActions(WidePath(name));
         return !bytes.str().empty() && Read(name) == bytes.str();
     }

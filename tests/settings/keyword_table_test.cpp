@@ -90,7 +90,7 @@ TEST_F(KeywordTableTest, TheTableHoldsTheseKeywordsInThisOrder) {
 TEST(LineFieldTableTest, RowsStandAtTheirFieldAndEveryRecordHasItsOwn) {
     std::size_t total = 0;
     for (const LineFieldRow& row : LineFieldTable) {
-        EXPECT_EQ(&RowOf(row.field), &row);
+        EXPECT_EQ(&LineFieldRowOf(row.field), &row);
         EXPECT_NE(row.record, RecordType::None);
         EXPECT_TRUE(FieldsOf(row.record).Contains(row.field));
         total += row.isReset ? 0 : 1;

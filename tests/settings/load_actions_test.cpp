@@ -23,11 +23,11 @@ TEST_F(LoadActions, KeepsFileAndModuleAlsoWhenThereIsNoFile) {
 }
 
 TEST_F(LoadActions, TellsTheModulesOfAutomaticTestsWithSteps) {
-    for (std::int32_t modul = 0; modul <= ModulCount; ++modul) {
-        engine.LoadActions(L"f", 0, static_cast<aceModul>(modul));
+    for (std::int32_t moduleKind = 0; moduleKind <= ModulCount; ++moduleKind) {
+        engine.LoadActions(L"f", 0, static_cast<aceModul>(moduleKind));
         EXPECT_EQ(engine.State().IsAutoModule,
-                  modul == aceEMSAutoTemplate || modul == aceEMIAutoTemplate);
-        EXPECT_EQ(engine.State().Modul, modul);
+                  moduleKind == aceEMSAutoTemplate || moduleKind == aceEMIAutoTemplate);
+        EXPECT_EQ(engine.State().Modul, moduleKind);
     }
 }
 

@@ -22,12 +22,12 @@ class SectionsTest : public HostTest {
         Fill(set, EnterList, {Action(atWait, aceWait{static_cast<double>(milliseconds)})});
         return set;
     }
-    std::int32_t Load(aceModul modul, std::int32_t subRanges) {
-        state.Modul = modul;
-        ReadActionLists(state, L"f", subRanges, modul);
+    std::int32_t Load(aceModul moduleKind, std::int32_t subRanges) {
+        state.Modul = moduleKind;
+        ReadActionLists(state, L"f", subRanges, moduleKind);
         return subRanges;
     }
-    void Save(aceModul modul) { WriteActionLists(state, L"f", modul); }
+    void Save(aceModul moduleKind) { WriteActionLists(state, L"f", moduleKind); }
 
     /// The effects since the last call, without the names of the two interfaces of files.
     Lines TakeFileCalls() {

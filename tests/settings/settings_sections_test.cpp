@@ -12,14 +12,14 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 
 struct SettingsSections : test::SectionsTest {
-    std::int32_t CountOf(aceModul modul) {
-        return state.*FindModule(modul)->AllNumbered().front().count;
+    std::int32_t CountOf(aceModul moduleKind) {
+        return state.*FindModule(moduleKind)->AllNumbered().front().count;
     }
 };
 
 /// A plain module: how it is opened, and what it reads and writes with two numbered lists.
 struct PlainModule {
-    aceModul modul;
+    aceModul moduleKind;
     StringView kind;
     StringView settFileKind;
     std::vector<StringView> sections;
@@ -67,34 +67,34 @@ String Opening(StringView kind) {
 
 TEST_F(SettingsSections, LoadingReadsTheSectionsOfTheModuleInOrderAndReleasesTheFileLast) {
     for (const PlainModule& module : PlainModules) {
-        Load(module.modul, 2);
+        Load(module.moduleKind, 2);
         Lines expected{Opening(module.kind)};
         for (const StringView section : module.sections) {
             expected.push_back(L"GetSection(\"" + String(section) + L"\")");
         }
         expected.insert(expected.end(), module.keys.begin(), module.keys.end());
         expected.push_back(L"Release()");
-        EXPECT_THAT(TakeFileCalls(), ElementsAreArray(expected)) << module.modul;
+        EXPECT_THAT(TakeFileCalls(), ElementsAreArray(expected)) << module.moduleKind;
     }
 }
 
 TEST_F(SettingsSections, SavingWritesTheSectionsInTheOrderOfLoadingAndReleasesTheFileLast) {
     for (const PlainModule& module : PlainModules) {
-        Load(module.modul, 2);
+        Load(module.moduleKind, 2);
         TakeEffects();
-        Save(module.modul);
+        Save(module.moduleKind);
         Lines expected{Opening(L"20")};
         for (const StringView section : module.sections) {
             expected.push_back(L"Write " + String(section));
         }
         expected.push_back(L"Release()");
-        EXPECT_THAT(TakeSaveCalls(), ElementsAreArray(expected)) << module.modul;
+        EXPECT_THAT(TakeSaveCalls(), ElementsAreArray(expected)) << module.moduleKind;
     }
 }
 
 TEST_F(SettingsSections, WithoutNumberedListsTheFixedOnesAndTheKeysAreStillRead) {
     for (const PlainModule& module : PlainModules) {
-        Load(module.modul, 0);
+        Load(module.moduleKind, 0);
         Lines expected{Opening(module.kind)};
         for (const StringView section : module.sections) {
             if (module.numberedWord.empty() || !section.starts_with(module.numberedWord) ||
@@ -104,7 +104,7 @@ TEST_F(SettingsSections, WithoutNumberedListsTheFixedOnesAndTheKeysAreStillRead)
         }
         expected.insert(expected.end(), module.keys.begin(), module.keys.end());
         expected.push_back(L"Release()");
-        EXPECT_THAT(TakeFileCalls(), ElementsAreArray(expected)) << module.modul;
+        EXPECT_THAT(TakeFileCalls(), ElementsAreArray(expected)) << module.moduleKind;
     }
 }
 
@@ -113,11 +113,11 @@ TEST_F(SettingsSections, SuperfluousNumberedSectionsAndOneMoreAreDeletedOnSaving
         if (module.numberedWord.empty()) {
             continue;
         }
-        Load(module.modul, 4);
-        const NumberedSets& numbered = FindModule(module.modul)->AllNumbered()[0];
+        Load(module.moduleKind, 4);
+        const NumberedSets& numbered = FindModule(module.moduleKind)->AllNumbered()[0];
         state.*numbered.count = 2;
         TakeEffects();
-        Save(module.modul);
+        Save(module.moduleKind);
         Lines expected{Opening(L"20")};
         for (const StringView section : module.sections) {
             expected.push_back(L"Write " + String(section));
@@ -126,7 +126,7 @@ TEST_F(SettingsSections, SuperfluousNumberedSectionsAndOneMoreAreDeletedOnSaving
             expected.push_back(L"Delete " + String(module.numberedWord) + String(number));
         }
         expected.push_back(L"Release()");
-        EXPECT_THAT(TakeSaveCalls(), ElementsAreArray(expected)) << module.modul;
+        EXPECT_THAT(TakeSaveCalls(), ElementsAreArray(expected)) << module.moduleKind;
         EXPECT_EQ(state.SavedCount.*numbered.saved, 2);
     }
 }
@@ -192,12 +192,12 @@ TEST_F(SettingsSections, ALoadEmptiesThreeListsOfAFixedSetAndAllFourOfMonitoring
             for (const ListFields& list : ActionLists) {
                 test::Fill(state.*fixed.set, list, {test::Action(atTestStop)});
             }
-            Load(module.modul, module.modul == aceVKSDUT ? 3 : 0);
+            Load(module.moduleKind, module.moduleKind == aceVKSDUT ? 3 : 0);
             p_Subrange expected;
-            if (module.modul != aceMonitoring) {
+            if (module.moduleKind != aceMonitoring) {
                 test::Fill(expected, MlcList, {test::Action(atTestStop)});
             }
-            EXPECT_EQ(state.*fixed.set, expected) << module.modul;
+            EXPECT_EQ(state.*fixed.set, expected) << module.moduleKind;
         }
     }
 }
@@ -205,7 +205,7 @@ TEST_F(SettingsSections, ALoadEmptiesThreeListsOfAFixedSetAndAllFourOfMonitoring
 TEST_F(SettingsSections, TheFilesNameIsKeptInTheRowOfItsModule) {
     for (const ModuleRow& module : ModuleTable) {
         std::int32_t subRanges = 0;
-        ReadActionLists(state, std::to_wstring(module.modul), subRanges, module.modul);
+        ReadActionLists(state, std::to_wstring(module.moduleKind), subRanges, module.moduleKind);
     }
     EXPECT_THAT(context.ModuleFileNames,
                 ElementsAre(L"0", L"1", L"3", L"4", L"5", L"6", L"7", L"8"));
@@ -214,18 +214,18 @@ TEST_F(SettingsSections, TheFilesNameIsKeptInTheRowOfItsModule) {
 TEST_F(SettingsSections, GetSettFileOpensTheFileOfTheModuleByItsOwnKind) {
     const StringView kinds[] = {L"20", L"20", L"26", L"26", L"24", L"29", L"37", L"301", L"302"};
     context.ModuleFileNames.fill(L"f");
-    for (std::int32_t modul = 0; modul < ModulCount; ++modul) {
-        state.Modul = static_cast<aceModul>(modul);
+    for (std::int32_t moduleKind = 0; moduleKind < ModulCount; ++moduleKind) {
+        state.Modul = static_cast<aceModul>(moduleKind);
         EXPECT_NE(GetSettFile(state), nullptr);
         EXPECT_NE(OpenModuleSettings(context, state.Modul), nullptr);
-        const String opening = Opening(kinds[modul]);
+        const String opening = Opening(kinds[moduleKind]);
         EXPECT_THAT(TakeFileCalls(), ElementsAre(opening, opening));
     }
 }
 
 TEST_F(SettingsSections, GetSettFileGivesNoObjectOutsideTheModules) {
-    for (const std::int32_t modul : {-1, 9}) {
-        state.Modul = static_cast<aceModul>(modul);
+    for (const std::int32_t moduleKind : {-1, 9}) {
+        state.Modul = static_cast<aceModul>(moduleKind);
         EXPECT_EQ(GetSettFile(state), nullptr);
     }
     state.Modul = aceTemplate;
@@ -269,9 +269,9 @@ TEST_F(SettingsSections, SavingClearsTheChangeFlagOfItsModuleBeforeTheRelease) {
 TEST_F(SettingsSections, EverySaveClearsTheFlagOfItsModuleAlone) {
     for (const ModuleRow& module : ModuleTable) {
         state.ChangeFlags.fill(true);
-        Save(module.modul);
+        Save(module.moduleKind);
         for (std::size_t i = 0; i < state.ChangeFlags.size(); ++i) {
-            EXPECT_EQ(state.ChangeFlags[i], i != static_cast<std::size_t>(module.modul));
+            EXPECT_EQ(state.ChangeFlags[i], i != static_cast<std::size_t>(module.moduleKind));
         }
     }
 }
@@ -285,14 +285,15 @@ TEST_F(SettingsSections, LoadingLeavesTheChangeFlagsAlone) {
 TEST_F(SettingsSections, MoreThanAHundredThousandListsAreOutOfMemoryAndReplaceNothing) {
     for (const PlainModule& module : PlainModules) {
         if (module.numberedWord.empty()) {
-            Load(module.modul, 2147483647);
+            Load(module.moduleKind, 2147483647);
             continue;
         }
-        Load(module.modul, 2);
+        Load(module.moduleKind, 2);
         TakeEffects();
-        EXPECT_EQ(ErrorOf([&] { Load(module.modul, 100001); }), 7) << module.modul;
-        EXPECT_EQ(CountOf(module.modul), 2) << module.modul;
-        EXPECT_THAT(host->journal.LinesOf(L"SettingsFile"), testing::IsEmpty()) << module.modul;
+        EXPECT_EQ(ErrorOf([&] { Load(module.moduleKind, 100001); }), 7) << module.moduleKind;
+        EXPECT_EQ(CountOf(module.moduleKind), 2) << module.moduleKind;
+        EXPECT_THAT(host->journal.LinesOf(L"SettingsFile"), testing::IsEmpty())
+            << module.moduleKind;
     }
     host->faults.FailOperation(L"SettingsFile.GetSection", 2, 70);
     EXPECT_EQ(ErrorOf([&] { Load(aceTemplate, 100000); }), 70) << "at the first of them";
@@ -341,8 +342,8 @@ TEST_F(SettingsSections, AHostCallThatFailsOnceIsRunAgainWhenTheLogSaysSo) {
     for (const ModuleRow& module : ModuleTable) {
         const auto loadAndSave = [&] {
             host->files[L"f"] = wireless;
-            Load(module.modul, module.modul == aceVKSDUT ? 3 : 1);
-            Save(module.modul);
+            Load(module.moduleKind, module.moduleKind == aceVKSDUT ? 3 : 1);
+            Save(module.moduleKind);
             return TakeEffects();
         };
         host->faults.Clear();
@@ -353,7 +354,7 @@ TEST_F(SettingsSections, AHostCallThatFailsOnceIsRunAgainWhenTheLogSaysSo) {
             host->faults.Clear();
             host->faults.FailOperation(operation, OccurrenceOf(undisturbed, k, operation), 70);
             EXPECT_THAT(loadAndSave(), ElementsAreArray(WithOneFailure(undisturbed, k)))
-                << module.modul << " call " << k;
+                << module.moduleKind << " call " << k;
         }
     }
 }
@@ -361,8 +362,8 @@ TEST_F(SettingsSections, AHostCallThatFailsOnceIsRunAgainWhenTheLogSaysSo) {
 TEST_F(SettingsSections, AHostCallThatFailsIsRaisedAndNothingFollowsIt) {
     for (const ModuleRow& module : ModuleTable) {
         host->faults.Clear();
-        Load(module.modul, 1);
-        Save(module.modul);
+        Load(module.moduleKind, 1);
+        Save(module.moduleKind);
         const Lines undisturbed = TakeEffects();
         for (std::size_t k = 1; k <= undisturbed.size(); ++k) {
             if (undisturbed[k - 1].starts_with(L"SettingsFile.GetLong(\"General\"")) {
@@ -371,15 +372,16 @@ TEST_F(SettingsSections, AHostCallThatFailsIsRaisedAndNothingFollowsIt) {
             host->faults.Clear();
             host->faults.FailOperation(L"S", k, 70);  // system services and settings files
             EXPECT_EQ(ErrorOf([&] {
-                          Load(module.modul, 1);
-                          Save(module.modul);
+                          Load(module.moduleKind, 1);
+                          Save(module.moduleKind);
                       }),
                       70);
             const Lines effects = TakeEffects();
             ASSERT_GT(effects.size(), k);
             EXPECT_TRUE(effects[k - 1].ends_with(L" -> error 70"));
             for (std::size_t i = k; i < effects.size(); ++i) {
-                EXPECT_TRUE(effects[i].starts_with(L"TraceLog.ReportError(70")) << module.modul;
+                EXPECT_TRUE(effects[i].starts_with(L"TraceLog.ReportError(70"))
+                    << module.moduleKind;
             }
         }
     }

@@ -182,9 +182,9 @@ TEST_F(WirelessTemplate, MoreThanAHundredThousandStepsAreError7) {
 }
 
 TEST_F(WirelessTemplate, LoadingEndsTheUseOfReplaceVariables) {
-    for (const aceModul modul : {aceVKSTemplate, aceVKSDUT}) {
+    for (const aceModul moduleKind : {aceVKSTemplate, aceVKSDUT}) {
         state.VKSReplaceVars.count = 2;
-        Load(modul, 0);
+        Load(moduleKind, 0);
         EXPECT_EQ(state.VKSReplaceVars.count, 0);
     }
     state.VKSReplaceVars.count = 2;

@@ -40,7 +40,7 @@ class DeviceMoments : public EngineTest {
     std::shared_ptr<Kind> Add(const String& name) {
         return host->bench.Add<Kind>(*host, name);
     }
-    void Serve(aceModul modul) { State().Modul = modul; }
+    void Serve(aceModul moduleKind) { State().Modul = moduleKind; }
     void Answer(const String& button) { host->user.Expect(L"frmGpibError", sim::Press(button)); }
     /// What the host is asked for at present; the request is taken by that.
     std::int32_t TakeRequest() {

@@ -83,10 +83,10 @@ inline void FillRows(EngineState& state) {
     }
     state.VKSDUTIds(1, 0) = 2.4e9;
 }
-/// Makes `state` serve `modul` with full lists: two numbered sets, and every set has all four
+/// Makes `state` serve `moduleKind` with full lists: two numbered sets, and every set has all four
 /// lists.
-inline void FillModule(EngineState& state, aceModul modul) {
-    const ModuleRow& module = ModuleTable[modul];
+inline void FillModule(EngineState& state, aceModul moduleKind) {
+    const ModuleRow& module = ModuleTable[moduleKind];
     for (const FixedSet& fixed : module.AllFixed()) {
         state.*fixed.set = FullSet();
     }
@@ -95,7 +95,7 @@ inline void FillModule(EngineState& state, aceModul modul) {
     }
     FillKeys(state);
     FillRows(state);
-    state.Modul = modul;
+    state.Modul = moduleKind;
 }
 
 }  // namespace ace::test

@@ -19,10 +19,10 @@ class ListAgreement {
         ListAgreement asked;
         for (const ModuleRow& module : ModuleTable) {
             for (const FixedSet& fixed : module.AllFixed()) {
-                asked.AskSet("module " + std::to_string(module.modul), lists.*fixed.set);
+                asked.AskSet("module " + std::to_string(module.moduleKind), lists.*fixed.set);
             }
             for (const NumberedSets& numbered : module.AllNumbered()) {
-                asked.AskNumbered("module " + std::to_string(module.modul), lists, numbered);
+                asked.AskNumbered("module " + std::to_string(module.moduleKind), lists, numbered);
             }
         }
         asked.AskTable("frequencies", lists.VKSDUTFreqCount, lists.VKSDUTFreqs.Size());
@@ -82,7 +82,7 @@ struct Unchanged {
                 state.SavedCount.TSTests,       state.SavedCount.VKSTests,
                 state.SavedCount.VKSSteps},
           fileName(state.FileName),
-          modul(state.Modul),
+          moduleKind(state.Modul),
           isAuto(state.IsAutoModule),
           isMoving(state.InternalSubrangeOp),
           variables(state.VKSReplaceVars),
@@ -92,7 +92,7 @@ struct Unchanged {
     ModuleLists lists;
     std::array<std::int32_t, 7> saved;
     String fileName;
-    aceModul modul;
+    aceModul moduleKind;
     Boolean isAuto;
     Boolean isMoving;
     aceVKSVar variables;

@@ -16,10 +16,10 @@ class WholeTest : public HostTest {
     void TearDown() override { EXPECT_EQ(host->user.TakeComplaints(), Lines{}); }
 
     /// The module's lists come from `settings`, a file whose lines end with line feeds.
-    void Load(aceModul modul, std::int32_t subRanges, StringView settings) {
+    void Load(aceModul moduleKind, std::int32_t subRanges, StringView settings) {
         engine = std::make_unique<aceActionsEngine>(context);
         host->files[L"setup.ini"] = sim::ParseSections(settings);
-        engine->LoadActions(L"setup.ini", subRanges, modul);
+        engine->LoadActions(L"setup.ini", subRanges, moduleKind);
         host->journal.Clear();
     }
     /// The operator goes on at the next message, or asks to stop: "Yes" and "No" of a question.

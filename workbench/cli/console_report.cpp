@@ -31,8 +31,8 @@ constexpr StringView Results[] = {
 };
 
 String SubrangesText(const TestSetUp& setUp) {
-    const ModuleWords& words = WordsOf(setUp.modul);
-    if (setUp.modul == aceVKSDUT) {
+    const ModuleWords& words = WordsOf(setUp.moduleKind);
+    if (setUp.moduleKind == aceVKSDUT) {
         return L", template " + std::to_wstring(setUp.subRanges);
     }
     return words.one.empty()
@@ -119,14 +119,14 @@ String ErrorsText(const Summary& summary) {
 
 void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock,
                                bool isReal) {
-    const ModuleWords& words = WordsOf(setUp.modul);
+    const ModuleWords& words = WordsOf(setUp.moduleKind);
     PrintPair(L"File", file);
     if (!setUp.title.empty()) {
         PrintPair(L"Title", setUp.title);
     }
-    PrintPair(L"Module", std::to_wstring(setUp.modul) + L" " + String(words.name) + L": " +
+    PrintPair(L"Module", std::to_wstring(setUp.moduleKind) + L" " + String(words.name) + L": " +
                              String(words.words) + SubrangesText(setUp));
-    if (setUp.modul == aceVKSDUT) {
+    if (setUp.moduleKind == aceVKSDUT) {
         PrintPair(L"Matrix", MatrixText(setUp.matrix));
     }
     for (std::size_t i = 0; i < setUp.sweeps.size(); ++i) {

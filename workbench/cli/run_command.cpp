@@ -26,7 +26,7 @@ SetUpOptions ReadOptions(const RunArguments& arguments) {
             RefuseUse(L"--module: \"" + text + L"\" is no module: 0 to 8, or a name such as " +
                       L"aceTemplate");
         }
-        options.modul = module->modul;
+        options.moduleKind = module->moduleKind;
     }
     if (arguments.subRanges) {
         const String text = FromUtf8(*arguments.subRanges);

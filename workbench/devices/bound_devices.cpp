@@ -66,7 +66,7 @@ constexpr ClassRow Classes[] = {
     {SimClass::SignalPaths, {}, MakeSimulated<sim::SimSignalPath>, RefuseBinding},
 };
 
-const ClassRow& RowOf(SimClass deviceClass) {
+const ClassRow& ClassRowOf(SimClass deviceClass) {
     for (const ClassRow& row : Classes) {
         if (row.deviceClass == deviceClass) {
             return row;
@@ -85,17 +85,17 @@ void Instrument::Say(const String& key, const String& value) {
 }
 
 std::span<const StringView> CommandKeys(SimClass deviceClass) {
-    return RowOf(deviceClass).commandKeys;
+    return ClassRowOf(deviceClass).commandKeys;
 }
 
 std::shared_ptr<sim::SimDevice> AddSimulated(sim::SimHost& host, SimClass deviceClass,
                                              const String& name) {
-    return RowOf(deviceClass).addSimulated(host, name);
+    return ClassRowOf(deviceClass).addSimulated(host, name);
 }
 
 std::shared_ptr<sim::SimDevice> AddBound(sim::SimHost& host, SimClass deviceClass,
                                          const String& name, Instrument instrument) {
-    return RowOf(deviceClass).addBound(host, name, std::move(instrument));
+    return ClassRowOf(deviceClass).addBound(host, name, std::move(instrument));
 }
 
 void BoundMonitor::SetFrequency(double& hertz) {

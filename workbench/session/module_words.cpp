@@ -29,14 +29,14 @@ std::span<const ModuleWords> AllModules() {
     return Modules;
 }
 
-const ModuleWords& WordsOf(aceModul modul) {
-    return Modules[modul];
+const ModuleWords& WordsOf(aceModul moduleKind) {
+    return Modules[moduleKind];
 }
 
 const ModuleWords* FindModuleWords(StringView numberOrName) {
     const std::optional<std::int32_t> number = WholeInteger(numberOrName);
     for (const ModuleWords& module : Modules) {
-        if (number == module.modul || EqualNoCase(Trimmed(numberOrName), module.name)) {
+        if (number == module.moduleKind || EqualNoCase(Trimmed(numberOrName), module.name)) {
             return &module;
         }
     }

@@ -10,7 +10,7 @@ namespace ace::workbench {
 
 /// One module kind.
 struct ModuleWords {
-    aceModul modul;
+    aceModul moduleKind;
     StringView name;   ///< as on the command line, beside the number
     StringView words;  ///< what it is
     StringView one;    ///< what "SubRanges" counts; empty when nothing
@@ -21,7 +21,7 @@ struct ModuleWords {
 
 /// In the order of their numbers.
 std::span<const ModuleWords> AllModules();
-const ModuleWords& WordsOf(aceModul modul);
+const ModuleWords& WordsOf(aceModul moduleKind);
 /// By number or name, in any case of the letters; none when there is no such kind.
 const ModuleWords* FindModuleWords(StringView numberOrName);
 

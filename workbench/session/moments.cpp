@@ -39,7 +39,7 @@ std::int32_t OfWirelessTest(Engine& engine, const Moment& moment) {
 }
 
 /// Indexed by `MomentCall`.
-constexpr MomentRow Moments[] = {
+constexpr MomentCallRow Moments[] = {
     {MomentCall::StartTest, L"StartTest", L"start of test", TrueStops, Plain<&Engine::StartTest>},
     {MomentCall::StopTest, L"StopTest", L"end of test", TrueStops, Plain<&Engine::StopTest>},
     {MomentCall::EnterSubrange, L"EnterSubrange", L"enter subrange %1", TrueStops,
@@ -101,12 +101,12 @@ constexpr ChannelCode Codes[] = {
 
 }  // namespace
 
-const MomentRow& RowOf(MomentCall call) {
+const MomentCallRow& MomentCallRowOf(MomentCall call) {
     return Moments[static_cast<std::size_t>(call)];
 }
 
 String WordsOf(const Moment& moment) {
-    return Filled(RowOf(moment.call).words,
+    return Filled(MomentCallRowOf(moment.call).words,
                   std::array{IntegerText(moment.number), moment.name, moment.stepKey});
 }
 

@@ -56,7 +56,7 @@ enum class AnswerMeaning {
 };
 
 /// One operation that is a moment.
-struct MomentRow {
+struct MomentCallRow {
     MomentCall call;
     StringView operation;  ///< its name
     StringView words;      ///< what the user reads; %1 is the number, %2 name or key, %3 a step
@@ -64,7 +64,7 @@ struct MomentRow {
     std::int32_t (*run)(_aceActionsEngine& engine, const Moment& moment);
 };
 
-const MomentRow& RowOf(MomentCall call);
+const MomentCallRow& MomentCallRowOf(MomentCall call);
 /// "enter subrange 2"
 String WordsOf(const Moment& moment);
 

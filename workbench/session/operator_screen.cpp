@@ -48,7 +48,7 @@ constexpr FormRow FormRows[] = {
 constexpr wchar_t YesKey = L'y';
 constexpr wchar_t NoKey = L'n';
 
-const FormRow* RowOf(const Form& form) {
+const FormRow* FormRowOf(const Form& form) {
     const auto* const row = std::ranges::find(FormRows, form.Name(), &FormRow::name);
     return row != std::end(FormRows) ? row : nullptr;
 }
@@ -114,7 +114,7 @@ void Press(const FormRow& row, Form& form, Reply reply) {
 
 void OperatorScreen::ShowModal(Form& form) {
     x_host.Call(L"FormHost.ShowModal", sim::CallText(form.Name()));
-    const FormRow* const row = RowOf(form);
+    const FormRow* const row = FormRowOf(form);
     if (row == nullptr) {
         x_tell(L"the dialog " + form.Name() + L" is closed without an answer");
         form.CloseByFrame();

@@ -166,7 +166,7 @@ constexpr void (*Planners[ModulCount])(const TestSetUp&, Plan&) = {
 std::vector<Moment> PlanOf(const TestSetUp& setUp) {
     Plan plan;
     Add(plan, MomentCall::StartTest);
-    Planners[setUp.modul](setUp, plan);
+    Planners[setUp.moduleKind](setUp, plan);
     Add(plan, MomentCall::StopTest);
     return plan;
 }

@@ -63,8 +63,8 @@ Session::~Session() {
 }
 
 void Session::Load(const String& fileName) {
-    LoadInto(x_engine, fileName, x_setUp.modul);
-    if (x_setUp.modul == aceEMSAutoTemplateGeneral && x_setUp.subRanges > 0) {
+    LoadInto(x_engine, fileName, x_setUp.moduleKind);
+    if (x_setUp.moduleKind == aceEMSAutoTemplateGeneral && x_setUp.subRanges > 0) {
         LoadInto(x_steps, fileName, aceEMSAutoTemplate);
     }
     AnnounceWireless(*x_engine, x_setUp);
@@ -73,11 +73,11 @@ void Session::Load(const String& fileName) {
 }
 
 void Session::LoadInto(std::unique_ptr<_aceActionsEngine>& engine, const String& fileName,
-                       aceModul modul) {
+                       aceModul moduleKind) {
     LoadPlace place(x_context);
     try {
         engine = std::make_unique<aceActionsEngine>(x_context);
-        engine->LoadActions(fileName, x_setUp.subRanges, modul);
+        engine->LoadActions(fileName, x_setUp.subRanges, moduleKind);
     } catch (...) {
         RefuseFile(place.Describe(fileName, CurrentRunTimeError()));
     }
@@ -149,7 +149,7 @@ void Session::OnInterrupt() {
 
 void Session::CallEngine(const Moment& moment) {
     _aceActionsEngine& engine = moment.ofSteps ? *x_steps : *x_engine;
-    const MomentRow& row = RowOf(moment.call);
+    const MomentCallRow& row = MomentCallRowOf(moment.call);
     if (moment.hertz > 0.0) {
         x_host->bench.frequency = moment.hertz;
     }
@@ -171,7 +171,7 @@ void Session::TakeVerdict(const Moment& step, Verdict verdict) {
     Tell(VerdictWords(step, verdict));
 }
 
-void Session::ActOnAnswer(const MomentRow& row, std::int32_t answer) {
+void Session::ActOnAnswer(const MomentCallRow& row, std::int32_t answer) {
     bool stops = row.meaning == AnswerMeaning::TrueStops && answer != 0;
     if (row.meaning == AnswerMeaning::CodeCounts) {
         if (const ChannelCode* code = FindChannelCode(answer)) {
@@ -272,8 +272,8 @@ void Session::StayOnFrequency(const Moment& moment) {
 Reply Session::Decide(const Dialog& dialog) {
     const Moment& moment = x_current;
     const String shown = String(WordOf(dialog.kind)) + L" " + QuotedLine(dialog.message);
-    std::optional<Reply> reply = x_answers.Take(
-        {dialog.kind, dialog.message, WordsOf(moment), String(RowOf(moment.call).operation)});
+    std::optional<Reply> reply = x_answers.Take({dialog.kind, dialog.message, WordsOf(moment),
+                                                 String(MomentCallRowOf(moment.call).operation)});
     if (!reply) {
         reply = AskOperator(dialog);
     }

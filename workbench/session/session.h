@@ -73,11 +73,11 @@ class Session {
 
   private:
     void LoadInto(std::unique_ptr<_aceActionsEngine>& engine, const String& fileName,
-                  aceModul modul);
+                  aceModul moduleKind);
     void RunMoment(const Moment& moment);
     void CallEngine(const Moment& moment);
     void TakeVerdict(const Moment& step, Verdict verdict);
-    void ActOnAnswer(const MomentRow& row, std::int32_t answer);
+    void ActOnAnswer(const MomentCallRow& row, std::int32_t answer);
     void TakeRequests(_aceActionsEngine& engine);
     void StoreComment(const Value& comment);
     void RepeatFrequencies();

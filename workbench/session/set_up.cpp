@@ -134,7 +134,7 @@ void ReadEntrySweeps(const Reader& reader, const SetUpOptions& options, TestSetU
         }
     }
     if (!missing.empty()) {
-        setUp.notes.push_back(String(WordsOf(setUp.modul).one) + L" " + missing +
+        setUp.notes.push_back(String(WordsOf(setUp.moduleKind).one) + L" " + missing +
                               L": no sweep in [Workbench.Subrange<n>] and no --sweep, so no "
                               L"frequency is run there");
     }
@@ -143,14 +143,14 @@ void ReadEntrySweeps(const Reader& reader, const SetUpOptions& options, TestSetU
 void ReadSweeps(const Reader& reader, const SetUpOptions& options, TestSetUp& setUp) {
     static constexpr aceModul WithFrequencies[] = {
         aceTemplate, aceMonitoring, aceEMSAutoTemplateGeneral, aceEMIAutoTemplate, aceAziChart};
-    if (std::ranges::find(WithFrequencies, setUp.modul) == std::end(WithFrequencies)) {
+    if (std::ranges::find(WithFrequencies, setUp.moduleKind) == std::end(WithFrequencies)) {
         if (!options.sweeps.empty()) {
-            RefuseUse(L"--sweep: a test of module " + String(WordsOf(setUp.modul).name) +
+            RefuseUse(L"--sweep: a test of module " + String(WordsOf(setUp.moduleKind).name) +
                       L" has no frequencies");
         }
         return;
     }
-    if (WordsOf(setUp.modul).sweepPerEntry && setUp.subRanges > 0) {
+    if (WordsOf(setUp.moduleKind).sweepPerEntry && setUp.subRanges > 0) {
         ReadEntrySweeps(reader, options, setUp);
         return;
     }
@@ -289,8 +289,8 @@ void ReadMatrix(const Reader& reader, TestSetUp& setUp) {
 }
 
 aceModul ReadModul(const Reader& reader, const SetUpOptions& options) {
-    if (options.modul) {
-        return *options.modul;
+    if (options.moduleKind) {
+        return *options.moduleKind;
     }
     const std::optional<String> text = reader.Text(MainSection, L"Module");
     if (!text) {
@@ -303,12 +303,12 @@ aceModul ReadModul(const Reader& reader, const SetUpOptions& options) {
         reader.Refuse(MainSection, L"Module",
                       L"\"" + *text + L"\" is no module: 0 to 8, or a name such as aceTemplate");
     }
-    return module->modul;
+    return module->moduleKind;
 }
 
-std::int32_t ReadSubRanges(const Reader& reader, const SetUpOptions& options, aceModul modul) {
-    if (options.matrixTemplate && modul != aceVKSDUT) {
-        RefuseUse(L"--template: a test of module " + String(WordsOf(modul).name) +
+std::int32_t ReadSubRanges(const Reader& reader, const SetUpOptions& options, aceModul moduleKind) {
+    if (options.matrixTemplate && moduleKind != aceVKSDUT) {
+        RefuseUse(L"--template: a test of module " + String(WordsOf(moduleKind).name) +
                   L" has no template number");
     }
     if (options.matrixTemplate || options.subRanges) {
@@ -316,12 +316,12 @@ std::int32_t ReadSubRanges(const Reader& reader, const SetUpOptions& options, ac
     }
     const std::optional<std::int32_t> number =
         reader.Integer(MainSection, L"SubRanges", 0, MostSubranges);
-    if (!number && WordsOf(modul).needsSubranges) {
-        const StringView many = WordsOf(modul).many;
+    if (!number && WordsOf(moduleKind).needsSubranges) {
+        const StringView many = WordsOf(moduleKind).many;
         RefuseUse(L"the file does not say " +
                   (many.empty() ? String(L"which template") : L"how many " + String(many)) +
                   L" the test has ([Workbench] SubRanges=): say it with " +
-                  (modul == aceVKSDUT ? L"--template" : L"--subranges"));
+                  (moduleKind == aceVKSDUT ? L"--template" : L"--subranges"));
     }
     return number.value_or(0);
 }
@@ -348,17 +348,17 @@ TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
                     const SetUpOptions& options) {
     const Reader reader(document, path);
     TestSetUp setUp;
-    setUp.modul = ReadModul(reader, options);
-    setUp.subRanges = ReadSubRanges(reader, options, setUp.modul);
+    setUp.moduleKind = ReadModul(reader, options);
+    setUp.subRanges = ReadSubRanges(reader, options, setUp.moduleKind);
     setUp.title = reader.Text(MainSection, L"Title").value_or(String());
     setUp.testKind = reader.Integer(MainSection, L"TestKind", 0, MostSubranges);
     ReadSweeps(reader, options, setUp);
     RequireBounded(setUp);
-    if (setUp.modul == aceMonitoring) {
+    if (setUp.moduleKind == aceMonitoring) {
         ReadChannels(reader, setUp);
-    } else if (setUp.modul == aceVKSTemplate) {
+    } else if (setUp.moduleKind == aceVKSTemplate) {
         ReadWirelessTests(reader, setUp);
-    } else if (setUp.modul == aceVKSDUT) {
+    } else if (setUp.moduleKind == aceVKSDUT) {
         ReadMatrix(reader, setUp);
     }
     ReadPlaceholders(document, setUp);

@@ -13,7 +13,7 @@ namespace ace::workbench {
 
 /// What the user may say instead of the file.
 struct SetUpOptions {
-    std::optional<aceModul> modul{};
+    std::optional<aceModul> moduleKind{};
     std::optional<std::int32_t> subRanges{};
     /// The first for subrange 1 and so on; the last one serves all that follow.
     std::vector<Sweep> sweeps{};
@@ -81,7 +81,7 @@ struct Placeholder {
 
 /// One test that a session can run.
 struct TestSetUp {
-    aceModul modul = aceTemplate;
+    aceModul moduleKind = aceTemplate;
     /// Number of subranges, channels, steps or tests; of the matrix its template number.
     std::int32_t subRanges = 0;
     String title;

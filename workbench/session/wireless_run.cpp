@@ -83,9 +83,9 @@ constexpr StringView Verdicts[VerdictCount] = {L"passed", L"failed",
 }  // namespace
 
 void AnnounceWireless(Engine& engine, const TestSetUp& setUp) {
-    if (setUp.modul == aceVKSDUT) {
+    if (setUp.moduleKind == aceVKSDUT) {
         AnnounceMatrix(engine, setUp.matrix);
-    } else if (setUp.modul == aceVKSTemplate) {
+    } else if (setUp.moduleKind == aceVKSTemplate) {
         SetPairs(engine, PairsOf(setUp));
     }
 }

@@ -5,7 +5,7 @@
 #include <ace/core/actions_engine.h>
 #include <ace/core/held_lists.h>
 #include <ace/core/operation.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 
 namespace ace {
 
@@ -22,9 +22,9 @@ constexpr DynArray<String> ModuleLists::*StepTexts[] = {
 
 /// The lists that the host keeps in step with its own; none for the kinds without. The rows of the
 /// matrix are not among them: they follow its tables.
-const NumberedSets* HostSets(std::int32_t modul) {
-    const ModuleRow* module = FindModule(modul);
-    const bool has = module != nullptr && modul != aceVKSDUT && !module->AllNumbered().empty();
+const NumberedSets* HostSets(std::int32_t moduleKind) {
+    const ModuleRow* module = FindModule(moduleKind);
+    const bool has = module != nullptr && moduleKind != aceVKSDUT && !module->AllNumbered().empty();
     return has ? &module->AllNumbered().front() : nullptr;
 }
 

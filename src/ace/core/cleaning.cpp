@@ -4,7 +4,7 @@
 #include <ace/core/action_lists.h>
 #include <ace/core/cleaning.h>
 #include <ace/core/operation.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 
 namespace ace {
 

@@ -24,8 +24,8 @@ void RequireFree(const DynArray<p_Subrange>& sets) {
     RequireUnheld(sets);
 }
 
-void RequireFreeModule(const ModuleLists& lists, std::int32_t modul) {
-    const ModuleRow* module = FindModule(modul);
+void RequireFreeModule(const ModuleLists& lists, std::int32_t moduleKind) {
+    const ModuleRow* module = FindModule(moduleKind);
     if (module == nullptr) {
         return;
     }

@@ -11,6 +11,6 @@ void RequireFree(const p_Subrange& set);
 /// Error 10 while a list of one of the sets runs: their elements must stay where they are.
 void RequireFree(const DynArray<p_Subrange>& sets);
 /// Error 10 while any list of the module kind runs. Nothing for a kind outside the members.
-void RequireFreeModule(const ModuleLists& lists, std::int32_t modul);
+void RequireFreeModule(const ModuleLists& lists, std::int32_t moduleKind);
 
 }  // namespace ace

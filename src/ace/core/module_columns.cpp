@@ -89,9 +89,10 @@ void CopyAll(Columns columns, const ModuleLists& from, ModuleLists& to) {
 
 }  // namespace
 
-void CopyModule(std::int32_t modul, CopyFor purpose, const ModuleLists& from, ModuleLists& to) {
-    if (modul >= 0 && modul < ModulCount) {
-        CopyAll(Table[modul].sets[static_cast<std::size_t>(purpose)], from, to);
+void CopyModule(std::int32_t moduleKind, CopyFor purpose, const ModuleLists& from,
+                ModuleLists& to) {
+    if (moduleKind >= 0 && moduleKind < ModulCount) {
+        CopyAll(Table[moduleKind].sets[static_cast<std::size_t>(purpose)], from, to);
     }
 }
 

@@ -17,7 +17,7 @@ enum class CopyFor {
 /// of numbered sets before their array; all others stay. A kind outside the members copies nothing.
 /// An array of `to` that is held is error 10, and what stands before it in the order has been
 /// copied. No messages run.
-void CopyModule(std::int32_t modul, CopyFor purpose, const ModuleLists& from, ModuleLists& to);
+void CopyModule(std::int32_t moduleKind, CopyFor purpose, const ModuleLists& from, ModuleLists& to);
 
 /// The part of `CopyModule` of the matrix without its global lists: rows, tables, template number
 /// and influence flags.

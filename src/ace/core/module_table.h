@@ -25,7 +25,7 @@ struct NumberedSets {
 
 /// One module kind.
 struct ModuleRow {
-    aceModul modul = aceTemplate;
+    aceModul moduleKind = aceTemplate;
     std::int32_t nameRow = 0;       ///< its row among the file names of the thread
     std::int32_t readKind = 0;      ///< host's file kind for loading
     std::int32_t settFileKind = 0;  ///< host's file kind for device settings; differs on purpose
@@ -114,8 +114,8 @@ inline constexpr ModuleRow ModuleTable[ModulCount] = {
 };
 
 /// The row of a module kind; none for a value outside the members.
-constexpr const ModuleRow* FindModule(std::int32_t modul) {
-    return modul >= 0 && modul < ModulCount ? &ModuleTable[modul] : nullptr;
+constexpr const ModuleRow* FindModule(std::int32_t moduleKind) {
+    return moduleKind >= 0 && moduleKind < ModulCount ? &ModuleTable[moduleKind] : nullptr;
 }
 
 }  // namespace ace

@@ -6,13 +6,13 @@ namespace {
 
 using L = ModuleLists;
 
-constexpr MomentRow Fixed(aceModul modul, p_PerformTimes time, StringView key, p_Subrange L::*set,
-                          const ListFields& list) {
-    return {modul, time, key, set, nullptr, list};
+constexpr MomentRow Fixed(aceModul moduleKind, p_PerformTimes time, StringView key,
+                          p_Subrange L::*set, const ListFields& list) {
+    return {moduleKind, time, key, set, nullptr, list};
 }
-constexpr MomentRow Numbered(aceModul modul, p_PerformTimes time, StringView key,
+constexpr MomentRow Numbered(aceModul moduleKind, p_PerformTimes time, StringView key,
                              const NumberedSets& sets, const ListFields& list) {
-    return {modul, time, key, nullptr, &sets, list};
+    return {moduleKind, time, key, nullptr, &sets, list};
 }
 
 constexpr MomentRow Moments[] = {
@@ -69,9 +69,9 @@ std::span<const MomentRow> MomentTable() {
     return Moments;
 }
 
-const MomentRow* FindMoment(std::int32_t modul, std::int32_t time) {
+const MomentRow* FindMoment(std::int32_t moduleKind, std::int32_t time) {
     for (const MomentRow& row : Moments) {
-        if (row.modul == modul && row.time == time) {
+        if (row.moduleKind == moduleKind && row.time == time) {
             return &row;
         }
     }

@@ -11,7 +11,7 @@ namespace ace {
 
 /// One moment of one module, and its list.
 struct MomentRow {
-    aceModul modul;
+    aceModul moduleKind;
     p_PerformTimes time;
     StringView key;  ///< three letters; the number of the set follows where there are numbered sets
     p_Subrange ModuleLists::*fixed;  ///< the set that the module has once, or none
@@ -28,7 +28,7 @@ struct ActionList {
 /// All moments, by module and perform time.
 std::span<const MomentRow> MomentTable();
 /// The row of a module's moment; none where the module has no such, or for values outside.
-const MomentRow* FindMoment(std::int32_t modul, std::int32_t time);
+const MomentRow* FindMoment(std::int32_t moduleKind, std::int32_t time);
 /// The list of a moment in `lists`. `number` is that of the numbered set, from 0, and means nothing
 /// where the module has the set once; error 9 outside the array.
 ActionList ListOf(ModuleLists& lists, const MomentRow& moment, std::int32_t number);

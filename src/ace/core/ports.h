@@ -28,9 +28,9 @@ class IEditor {
     /// Takes the lists of its module out of `lists`, as after an edit: shows them and hands them on
     /// to the engine's store. A step back to earlier lists is made so.
     virtual void TakeLists(const ModuleLists& lists) = 0;
-    /// Copies the lists of `modul` out of `engine`, which the editor keeps, and builds tree and
-    /// list again. After an error the editor shows nothing.
-    virtual void LoadEditor(aceModul modul, const std::shared_ptr<EngineState>& engine) = 0;
+    /// Copies the lists of `moduleKind` out of `engine`, which the editor keeps, and builds tree
+    /// and list again. After an error the editor shows nothing.
+    virtual void LoadEditor(aceModul moduleKind, const std::shared_ptr<EngineState>& engine) = 0;
     /// Selects subrange `number`, from 0; a negative number selects none.
     virtual void SetSubrange(std::int32_t number) = 0;
     /// Ends the form and drops all that it refers to.

@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include <ace/core/text.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 
 namespace ace {
 

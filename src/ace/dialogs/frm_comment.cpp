@@ -1,7 +1,7 @@
 #include <optional>
 
 #include <ace/dialogs/frm_comment.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 
 namespace ace {
 

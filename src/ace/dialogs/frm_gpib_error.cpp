@@ -111,7 +111,7 @@ constexpr ErrorRow ErrorRows[] = {
     {atRemote, IsCommandOver<2>, 9323, SocketDetails, true},
 };
 
-const ErrorRow* RowOf(p_ActionTypes actionType, const DeviceErrorSubject& subject) {
+const ErrorRow* FindErrorRow(p_ActionTypes actionType, const DeviceErrorSubject& subject) {
     for (const ErrorRow& row : ErrorRows) {
         if (row.actionType == actionType && row.fits(subject)) {
             return &row;
@@ -142,7 +142,7 @@ Boolean frmGpibError::ShowError(p_ActionTypes actionType, Boolean& ignoreAll,
     language.TranslateForm(*this);
     x_stopTest = false;
     x_ignoreAll = ignoreAll;
-    if (const ErrorRow* row = RowOf(actionType, parameter)) {
+    if (const ErrorRow* row = FindErrorRow(actionType, parameter)) {
         lblMessage.caption = language.Text(row->heading);
         txtError.text = row->details({parameter, errorNumber, errorText, language});
         cmdIgnoreAll.visible = row->offersIgnoreAll;

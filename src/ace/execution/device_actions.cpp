@@ -27,7 +27,7 @@ constexpr std::int32_t ApplySettings = 1;
 
 /// One run of the routine. What an operation of a device lets run inside may overwrite the record,
 /// so each device is held for its call, and the record is read anew for each statement.
-struct Run {
+struct DeviceRun {
     ThreadContext& context;
     aceSetDevice& record;
     String& section;  ///< of the device's settings
@@ -35,16 +35,16 @@ struct Run {
     Boolean result = {};
 };
 
-void Request(const Run& run, std::int32_t bits) {
+void Request(const DeviceRun& run, std::int32_t bits) {
     run.context.EutCheckRequest |= bits;
 }
 
-float Now(const Run& run) {
+float Now(const DeviceRun& run) {
     return run.context.Platform().SecondsSinceMidnight();
 }
 
 /// The state of a device that was found off is asked twice before it counts.
-void RequireState(const Run& run) {
+void RequireState(const DeviceRun& run) {
     if (Required(run.record.Device)->State() == IDevice::NotActive &&
         Required(run.record.Device)->State() == IDevice::NotActive) {
         RaiseDeviceFailed(run.context);
@@ -57,7 +57,7 @@ enum class DeviceKind { NotFound, Broadcast, Monitor };
 
 /// Makes the record's objects. A device that stays off fails a check here; before a set that is no
 /// error yet.
-DeviceKind FindRecordsDevice(const Run& run, bool isSet) {
+DeviceKind FindRecordsDevice(const DeviceRun& run, bool isSet) {
     aceSetDevice& record = run.record;
     if (!record.Device) {
         record.Device = run.context.DeviceList().GetDevice(record.DevName);
@@ -80,16 +80,16 @@ DeviceKind FindRecordsDevice(const Run& run, bool isSet) {
 
 // ---- setting -----------------------------------------------------------------------------------
 
-void LoadDeviceSettings(const Run& run) {
+void LoadDeviceSettings(const DeviceRun& run) {
     Required(run.record.Device)->LoadSettings(run.settings, run.section);
 }
 
-void UseMonitor(const Run& run, std::int32_t mode) {
+void UseMonitor(const DeviceRun& run, std::int32_t mode) {
     Required(run.record.MoniDev)->SetUseMode(mode);
 }
 
 /// A signal path that can't be found is no failure: the generator is set without one.
-void SetBroadcastGenerator(const Run& run) {
+void SetBroadcastGenerator(const DeviceRun& run) {
     aceSetDevice& record = run.record;
     if (!record.SigPathName.empty() && !record.SigPath) {
         record.SigPath = FindDevice<ISignalPath>(run.context, record.SigPathName);
@@ -103,7 +103,7 @@ void SetBroadcastGenerator(const Run& run) {
     Required(record.BcGen)->Apply();
 }
 
-void SetMonitor(const Run& run) {
+void SetMonitor(const DeviceRun& run) {
     UseMonitor(run, IMonitorDevice::UseToSet);
     LoadDeviceSettings(run);
     Required(run.record.MoniDev)->SetChannel(run.record.ChanNo, ApplySettings);
@@ -113,20 +113,20 @@ void SetMonitor(const Run& run) {
 // ---- checking ----------------------------------------------------------------------------------
 
 /// A clock that reads less than at the last check has passed midnight: the check is due.
-bool IsDue(const Run& run) {
+bool IsDue(const DeviceRun& run) {
     const float now = Now(run);
     const float last = run.record.LastCheck;
     const bool recent = static_cast<double>(now - last) <= run.record.CycleTime && !(now < last);
     return !run.record.UseTimeCyc || !recent;
 }
 
-String FailedText(const Run& run) {
+String FailedText(const DeviceRun& run) {
     String text = run.context.Language().Text(EutFailedText);
     ReplaceAll(text, L"%1", Required(run.record.Device)->Name());
     return text;
 }
 
-void ShowSecondsLeft(const Run& run, float seconds) {
+void ShowSecondsLeft(const DeviceRun& run, float seconds) {
     const String text = FailedText(run);
     const wchar_t separator = run.context.Platform().DecimalSeparator();
     run.context.SystemServices().SetProgressText(text + L" - " +
@@ -134,13 +134,13 @@ void ShowSecondsLeft(const Run& run, float seconds) {
 }
 
 /// Seconds from `start` to now; a wait over midnight goes on counting.
-float SecondsSince(const Run& run, float start) {
+float SecondsSince(const DeviceRun& run, float start) {
     const float elapsed = Now(run) - start;
     return elapsed < 0.0F ? elapsed + SecondsOfDay : elapsed;
 }
 
 /// Gives the equipment time to recover. What it reads in the end changes nothing about this check.
-void WaitForRecovery(const Run& run) {
+void WaitForRecovery(const DeviceRun& run) {
     ShowSecondsLeft(run, run.record.WaitTime);
     const float start = Now(run);
     for (;;) {
@@ -155,7 +155,7 @@ void WaitForRecovery(const Run& run) {
 }
 
 /// Tells the operator, and notes what the host is to do.
-void ReportFailedEut(Run& run) {
+void ReportFailedEut(DeviceRun& run) {
     ThreadContext& context = run.context;
     if (run.record.Notify) {
         if (!context.CommentForm) {
@@ -185,7 +185,7 @@ void ReportFailedEut(Run& run) {
 
 /// The reading of the checked channel. A failed read of the device counts as well, and asks the
 /// host to measure the subrange again.
-double ReadEut(const Run& run) {
+double ReadEut(const DeviceRun& run) {
     const double reading = Required(run.record.MoniDev)->ReadChannel(run.record.ChanNo);
     if (!run.context.Utilities().IsSameValue(reading, IMonitorDevice::FailedRead)) {
         return reading;
@@ -197,7 +197,7 @@ double ReadEut(const Run& run) {
     return 0.0;
 }
 
-void CheckEut(Run& run) {
+void CheckEut(DeviceRun& run) {
     if (!IsDue(run)) {
         return;
     }
@@ -217,12 +217,12 @@ void CheckEut(Run& run) {
 // ---- the routine -------------------------------------------------------------------------------
 
 /// False when there is no device to work with.
-bool SetOrCheck(Run& run, Boolean isSet, std::int32_t modul) {
+bool SetOrCheck(DeviceRun& run, Boolean isSet, std::int32_t moduleKind) {
     ThreadContext& context = run.context;
     if (context.TraceLog().IsEnabled()) {
         WriteStartLine(context, SetCheckLines, {});
     }
-    run.settings = OpenModuleSettings(context, static_cast<aceModul>(modul));
+    run.settings = OpenModuleSettings(context, static_cast<aceModul>(moduleKind));
     run.section = L"Actions";
     AppendInteger(run.section, run.record.ChanNo);
     run.section += L"-Device";
@@ -243,12 +243,12 @@ bool SetOrCheck(Run& run, Boolean isSet, std::int32_t modul) {
 }  // namespace
 
 Boolean modActions::SetCheckDevice(ThreadContext& context, aceSetDevice& record, Boolean isSet,
-                                   Boolean& ignoreAll, std::int32_t modul) {
+                                   Boolean& ignoreAll, std::int32_t moduleKind) {
     BorrowedText section(context);
-    Run run{context, record, *section};
+    DeviceRun run{context, record, *section};
     DeviceFailure failure;
     try {
-        if (SetOrCheck(run, isSet, modul)) {
+        if (SetOrCheck(run, isSet, moduleKind)) {
             return run.result;
         }
     } catch (...) {

@@ -46,11 +46,11 @@ void TakeRunFields(aceTrackFreq& kept, const aceTrackFreq& working) {
 /// One run of an action. The working records are those of the thread: an action that runs inside
 /// this one overwrites them, and the routine in progress goes on with the new content. Only the
 /// latch is a copy of its own.
-struct Run {
+struct ActionRun {
     ThreadContext& context;
     const Statements& stmt;
     p_Action& action;
-    std::int32_t modul;
+    std::int32_t moduleKind;
     Boolean ignoreErr = action.IgnoreErr;
     std::uint32_t use = 0;  ///< of the working records that are written back, by this run
 
@@ -78,7 +78,7 @@ struct Run {
 
 /// The copy of the action's record on which its routine works.
 template <auto Member>
-auto& CopiedRecord(Run& run) {
+auto& CopiedRecord(ActionRun& run) {
     auto& record = run.context.DispatcherRecords.*Member;
     run.CopyOut(record);
     return record;
@@ -86,7 +86,7 @@ auto& CopiedRecord(Run& run) {
 
 /// Runs `act` on the copy and writes back what the run changed.
 template <auto Member, class Act>
-Boolean RunAndWriteBack(Run& run, Act&& act) {
+Boolean RunAndWriteBack(ActionRun& run, Act&& act) {
     auto& record = CopiedRecord<Member>(run);
     const Boolean result = act(record);
     run.WriteBack(record);
@@ -95,19 +95,19 @@ Boolean RunAndWriteBack(Run& run, Act&& act) {
 
 /// The same for the kinds whose failures the operator can silence: the latch goes back too.
 template <auto Member, class Act>
-Boolean RunWithLatch(Run& run, Act&& act) {
+Boolean RunWithLatch(ActionRun& run, Act&& act) {
     const Boolean result = RunAndWriteBack<Member>(run, act);
     run.action.IgnoreErr = run.ignoreErr;
     return result;
 }
 
-Boolean RunWait(Run& run) {
+Boolean RunWait(ActionRun& run) {
     modActions::Wait(run.context, CopiedRecord<&WorkingRecords::Wait>(run));
     return false;
 }
 
 /// With both texts set both run, and the program's answer replaces that of the command.
-Boolean RunRemote(Run& run) {
+Boolean RunRemote(ActionRun& run) {
     return RunWithLatch<&WorkingRecords::Remote>(run, [&](aceRemote& record) {
         Boolean result;
         if (!record.Command.empty()) {
@@ -122,17 +122,17 @@ Boolean RunRemote(Run& run) {
     });
 }
 
-Boolean RunSetCheck(Run& run) {
+Boolean RunSetCheck(ActionRun& run) {
     return RunWithLatch<&WorkingRecords::SetDevice>(run, [&](aceSetDevice& record) {
         const Boolean isSet = run.action.ActionType == atSetDevice;
         return run.stmt([&] {
-            return modActions::SetCheckDevice(run.context, record, isSet, run.ignoreErr, run.modul);
+            return modActions::SetCheckDevice(run.context, record, isSet, run.ignoreErr, run.moduleKind);
         });
     });
 }
 
 /// With both names set both run, and the answer of the tracking replaces that of the generator.
-Boolean RunTrack(Run& run) {
+Boolean RunTrack(ActionRun& run) {
     return RunWithLatch<&WorkingRecords::TrackFreq>(run, [&](aceTrackFreq& record) {
         Boolean result;
         if (!record.GenName.empty()) {
@@ -148,7 +148,7 @@ Boolean RunTrack(Run& run) {
 }
 
 /// The host hears of the wanted state also when the switching failed.
-Boolean RunSwitchAmp(Run& run) {
+Boolean RunSwitchAmp(ActionRun& run) {
     const Boolean result =
         RunAndWriteBack<&WorkingRecords::SetDevice>(run, [&](aceSetDevice& record) {
             return run.stmt([&] { return modActions::SwitchAmplifier(run.context, record); });
@@ -161,27 +161,27 @@ Boolean RunSwitchAmp(Run& run) {
     return result;
 }
 
-Boolean RunSwitchUnit(Run& run) {
+Boolean RunSwitchUnit(ActionRun& run) {
     return RunAndWriteBack<&WorkingRecords::SetDevice>(run, [&](aceSetDevice& record) {
         return run.stmt([&] { return modActions::SwitchUnitPath(run.context, record); });
     });
 }
 
-Boolean RunApi(Run& run) {
+Boolean RunApi(ActionRun& run) {
     aceAPI& record = CopiedRecord<&WorkingRecords::Api>(run);
     return !run.stmt([&] { return modActions::RunApiMacro(run.context, record); });
 }
 
-Boolean RunNotify(Run& run) {
+Boolean RunNotify(ActionRun& run) {
     return modActions::Notify(run.context, run.stmt, CopiedRecord<&WorkingRecords::Notify>(run),
-                              run.modul);
+                              run.moduleKind);
 }
 
-Boolean RunQuestion(Run& run) {
+Boolean RunQuestion(ActionRun& run) {
     return modActions::Question(run.context, run.stmt, CopiedRecord<&WorkingRecords::Notify>(run));
 }
 
-Boolean Dispatch(Run run) {
+Boolean Dispatch(ActionRun run) {
     switch (run.action.ActionType) {
         case atComment:
         case atTestStop:
@@ -204,7 +204,7 @@ Boolean Dispatch(Run run) {
         case atTrackFreq:
             return RunTrack(run);
         case atProtRec:
-            modActions::ProtectIfAllowed(run.context, run.stmt, run.modul);
+            modActions::ProtectIfAllowed(run.context, run.stmt, run.moduleKind);
             return false;
         case atSwitchAmp:
             return RunSwitchAmp(run);
@@ -219,9 +219,9 @@ Boolean Dispatch(Run run) {
 
 }  // namespace
 
-Boolean modActions::RunActing(ThreadContext& context, p_Action& action, std::int32_t modul) {
+Boolean modActions::RunActing(ThreadContext& context, p_Action& action, std::int32_t moduleKind) {
     return Logged(context, DoActionLines, NoMessage, [&](const Statements& stmt) {
-        return Dispatch({context, stmt, action, modul});
+        return Dispatch({context, stmt, action, moduleKind});
     });
 }
 

@@ -1,6 +1,6 @@
 #include <ace/core/actions_engine.h>
 #include <ace/execution/walks.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 
 namespace ace {
 

@@ -22,10 +22,10 @@ constexpr p_Subrange ModuleLists::*FrequencySets[ModulCount] = {&ModuleLists::Ma
 constexpr std::int32_t TrackingLost = 5;
 
 /// Writes the frequency into the record of the kinds that follow it.
-void PassFrequency(p_Action& action, aceModul modul, double frequency) {
+void PassFrequency(p_Action& action, aceModul moduleKind, double frequency) {
     if (action.ActionType == atTrackFreq) {
         RecordOf<aceTrackFreq>(action).Freq = frequency;
-        if (modul != aceTemplate) {
+        if (moduleKind != aceTemplate) {
             action.Parameter = TrackingLost;
         }
     } else if (action.ActionType == atAPI) {
@@ -38,8 +38,8 @@ constexpr KindSet FrequencyKinds(atWait, atRemote, atSetDevice, atCheckEut, atSw
                                  atTrackFreq, atAPI);
 
 /// In the general lists of a susceptibility test, waits and commands have no say in the result.
-bool CountsForResult(std::int32_t kind, aceModul modul) {
-    return modul != aceEMSAutoTemplateGeneral || (kind != atWait && kind != atRemote);
+bool CountsForResult(std::int32_t kind, aceModul moduleKind) {
+    return moduleKind != aceEMSAutoTemplateGeneral || (kind != atWait && kind != atRemote);
 }
 
 /// Runs one element; `result` takes its answer unless that does not count. Apart from the loop,

@@ -4,7 +4,7 @@
 #include <ace/execution/plain_actions.h>
 #include <ace/execution/replace_variables.h>
 #include <ace/execution/signal_path.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 
 namespace ace {
 
@@ -88,8 +88,8 @@ void modActions::PlaySound(ThreadContext& context, const aceNotify& record) {
 }
 
 Boolean modActions::Notify(ThreadContext& context, const Statements& stmt, aceNotify& record,
-                           std::int32_t modul) {
-    const bool silent = modul == aceTemplate && context.SystemCheck;
+                           std::int32_t moduleKind) {
+    const bool silent = moduleKind == aceTemplate && context.SystemCheck;
     if (!record.WaveFile.empty() || (record.Beep && !silent)) {
         PlaySound(context, record);
     }
@@ -118,14 +118,14 @@ Boolean modActions::Question(ThreadContext& context, const Statements& stmt, ace
 }
 
 void modActions::ProtectIfAllowed(ThreadContext& context, const Statements& stmt,
-                                  std::int32_t modul) {
+                                  std::int32_t moduleKind) {
     const std::shared_ptr<ITestInfo> test =
         stmt([&] { return context.SystemServices().GetCurrentTest(); });
     bool forbidden = false;
     if (test) {
         String name;
         const std::int32_t state = stmt([&] { return test->TestStatus(name); });
-        forbidden = state == UnprotectedState && modul == aceTemplate;
+        forbidden = state == UnprotectedState && moduleKind == aceTemplate;
     }
     if (!forbidden) {
         context.InitReceiverPending = true;

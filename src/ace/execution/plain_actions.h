@@ -24,7 +24,7 @@ void PlaySound(ThreadContext& context, const aceNotify& record);
 /// Tells the operator. True when he asks to stop the test. The host's device side sees a pause in
 /// radiation around it, also when nothing is shown. Messages may run.
 Boolean Notify(ThreadContext& context, const Statements& stmt, aceNotify& record,
-               std::int32_t modul);
+               std::int32_t moduleKind);
 
 /// Asks the operator. True is "No". Messages may run.
 Boolean Question(ThreadContext& context, const Statements& stmt, aceNotify& record);
@@ -32,6 +32,6 @@ Boolean Question(ThreadContext& context, const Statements& stmt, aceNotify& reco
 /// Protects the receivers unless the host's test is in the state that forbids it for a template.
 /// Errors of asking for the test come out through `stmt`, those of the receivers never. Messages
 /// may run inside their operations.
-void ProtectIfAllowed(ThreadContext& context, const Statements& stmt, std::int32_t modul);
+void ProtectIfAllowed(ThreadContext& context, const Statements& stmt, std::int32_t moduleKind);
 
 }  // namespace ace::modActions

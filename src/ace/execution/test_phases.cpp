@@ -1,6 +1,6 @@
 #include <ace/core/actions_engine.h>
 #include <ace/execution/walks.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 
 namespace ace {
 
@@ -93,7 +93,7 @@ Boolean ParkingWalk(EngineState& state, const FixedPlace& place) {
 struct NumberedMoment {
     DynArray<p_Subrange> ModuleLists::*sets;
     ListFields list;
-    aceModul modul;  ///< told to the actions, and asked for when `asksModul`
+    aceModul moduleKind;  ///< told to the actions, and asked for when `asksModul`
     bool asksModul = false;
 };
 constexpr NumberedMoment EnterSubrangeMoment{&ModuleLists::MainSubranges, EnterList, aceTemplate};
@@ -111,7 +111,7 @@ constexpr NumberedMoment AfterTestMoment{&ModuleLists::TSTests, LeaveList, aceTS
 template <class Stmt = BareStatements>
 Boolean RunNumbered(EngineState& state, const NumberedMoment& moment, std::int32_t number,
                     const Stmt& stmt = {}) {
-    if (moment.asksModul && state.Modul != moment.modul) {
+    if (moment.asksModul && state.Modul != moment.moduleKind) {
         return false;
     }
     const std::int32_t index = stmt([&] { return CheckedDifference(number, 1); });
@@ -119,8 +119,8 @@ Boolean RunNumbered(EngineState& state, const NumberedMoment& moment, std::int32
         const DynArray<p_Subrange>& sets = state.*moment.sets;
         return state.Context.Utilities().InRange(sets.LowerBound(), index, sets.UpperBound());
     });
-    return inRange ? PlainWalk(state, NumberedPlace{moment.sets, index, moment.list}, moment.modul,
-                               stmt)
+    return inRange ? PlainWalk(state, NumberedPlace{moment.sets, index, moment.list},
+                               moment.moduleKind, stmt)
                    : Boolean(false);
 }
 

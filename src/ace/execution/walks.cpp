@@ -23,8 +23,8 @@ void TakeReplaceVariables(EngineState& state, p_Action& action) {
 namespace {
 
 template <class Place>
-Boolean WalkWithVariables(EngineState& state, const Place& place, const aceModul& modul) {
-    return Walk(state, place, modul, BareStatements{}, [&](p_Action& action) {
+Boolean WalkWithVariables(EngineState& state, const Place& place, const aceModul& moduleKind) {
+    return Walk(state, place, moduleKind, BareStatements{}, [&](p_Action& action) {
         TakeReplaceVariables(state, action);
         return true;
     });
@@ -32,12 +32,12 @@ Boolean WalkWithVariables(EngineState& state, const Place& place, const aceModul
 
 }  // namespace
 
-Boolean WirelessWalk(EngineState& state, const FixedPlace& place, const aceModul& modul) {
-    return WalkWithVariables(state, place, modul);
+Boolean WirelessWalk(EngineState& state, const FixedPlace& place, const aceModul& moduleKind) {
+    return WalkWithVariables(state, place, moduleKind);
 }
 
-Boolean WirelessWalk(EngineState& state, const NumberedPlace& place, const aceModul& modul) {
-    return WalkWithVariables(state, place, modul);
+Boolean WirelessWalk(EngineState& state, const NumberedPlace& place, const aceModul& moduleKind) {
+    return WalkWithVariables(state, place, moduleKind);
 }
 
 }  // namespace ace

@@ -19,10 +19,10 @@ class FixedActions {
     /// Element `index` from 0; error 9 when it is gone.
     p_Action& operator[](std::int32_t index) const { return x_actions[index]; }
     /// Runs an element. For that time the list can't be resized, erased or assigned.
-    Boolean Run(std::int32_t index, std::int32_t modul) const {
+    Boolean Run(std::int32_t index, std::int32_t moduleKind) const {
         p_Action& action = x_actions[index];
         const DynArray<p_Action>::Hold hold(x_actions);
-        return modActions::DoAction(x_context, action, modul);
+        return modActions::DoAction(x_context, action, moduleKind);
     }
 
   private:
@@ -46,12 +46,12 @@ class NumberedActions {
     }
     /// Runs an element. For that time the list and the numbered sets can't be resized, erased or
     /// assigned.
-    Boolean Run(std::int32_t index, std::int32_t modul) const {
+    Boolean Run(std::int32_t index, std::int32_t moduleKind) const {
         DynArray<p_Action>& actions = x_sets[x_index].*x_list.actions;
         p_Action& action = actions[index];
         const DynArray<p_Subrange>::Hold outer(x_sets);
         const DynArray<p_Action>::Hold inner(actions);
-        return modActions::DoAction(x_context, action, modul);
+        return modActions::DoAction(x_context, action, moduleKind);
     }
 
   private:
@@ -101,26 +101,26 @@ template <class Actions, class Stmt, class Body>
     return false;
 }
 
-/// The elements for which `wanted` is true run, and the first true result ends the walk. `modul` is
-/// read anew for each element: where it is that of the object, a load from inside a yield changes
-/// it.
+/// The elements for which `wanted` is true run, and the first true result ends the walk.
+/// `moduleKind` is read anew for each element: where it is that of the object, a load from inside a
+/// yield changes it.
 template <class Place, class Stmt, class Wanted>
-Boolean Walk(EngineState& state, const Place& place, const aceModul& modul, const Stmt& stmt,
+Boolean Walk(EngineState& state, const Place& place, const aceModul& moduleKind, const Stmt& stmt,
              Wanted&& wanted) {
     const auto actions = place.In(state);
     return ForEachAction(state.Context, actions, stmt, [&](std::int32_t i) -> bool {
         const bool run = stmt([&] { return wanted(actions[i]); });
-        return run && stmt([&] { return actions.Run(i, modul); });
+        return run && stmt([&] { return actions.Run(i, moduleKind); });
     });
 }
 
-/// The plain walk: every element runs. `modul` is the module kind that the actions are told.
+/// The plain walk: every element runs. `moduleKind` is the module kind that the actions are told.
 template <class Place, class Stmt = BareStatements>
-Boolean PlainWalk(EngineState& state, const Place& place, const aceModul& modul,
+Boolean PlainWalk(EngineState& state, const Place& place, const aceModul& moduleKind,
                   const Stmt& stmt = {}) {
     const auto actions = place.In(state);
     return ForEachAction(state.Context, actions, stmt, [&](std::int32_t i) -> bool {
-        return stmt([&] { return actions.Run(i, modul); });
+        return stmt([&] { return actions.Run(i, moduleKind); });
     });
 }
 
@@ -129,7 +129,7 @@ Boolean PlainWalk(EngineState& state, const Place& place, const aceModul& modul,
 void TakeReplaceVariables(EngineState& state, p_Action& action);
 
 /// The wireless walk: the plain walk with the replace variables copied in before each action.
-Boolean WirelessWalk(EngineState& state, const FixedPlace& place, const aceModul& modul);
-Boolean WirelessWalk(EngineState& state, const NumberedPlace& place, const aceModul& modul);
+Boolean WirelessWalk(EngineState& state, const FixedPlace& place, const aceModul& moduleKind);
+Boolean WirelessWalk(EngineState& state, const NumberedPlace& place, const aceModul& moduleKind);
 
 }  // namespace ace

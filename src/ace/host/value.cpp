@@ -1,6 +1,6 @@
 #include <type_traits>
 
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 #include <ace/host/value.h>
 
 namespace ace {

@@ -2,7 +2,7 @@
 #include <ace/core/actions_engine.h>
 #include <ace/core/operation.h>
 #include <ace/core/text.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 #include <ace/matrix/dut_matrix.h>
 #include <ace/matrix/matrix_rows.h>
 #include <ace/matrix/refused_change.h>

@@ -4,7 +4,7 @@
 #include <ace/core/action_store.h>
 #include <ace/core/held_lists.h>
 #include <ace/core/text.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 #include <ace/matrix/matrix_rows.h>
 
 namespace ace {

@@ -1,7 +1,7 @@
 #include <ace/core/action_store.h>
 #include <ace/core/actions_engine.h>
 #include <ace/core/operation.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 #include <ace/matrix/step_tree.h>
 
 namespace ace {

@@ -3,9 +3,9 @@
 
 #include <ace/core/action_kinds.h>
 #include <ace/core/text.h>
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 #include <ace/settings/action_line.h>
-#include <ace/settings/line_teller.h>
+#include <ace/settings/line_reporter.h>
 
 namespace ace {
 
@@ -128,10 +128,10 @@ std::int32_t EntryIndex(StringView number) {
 class SectionReader {
   public:
     SectionReader(ThreadContext& context, const Statements& stmt, p_Subrange& target,
-                  LineTeller* teller)
+                  LineReporter* reporter)
         : x_records(context.ReaderRecords),
           x_target(target),
-          x_teller(teller),
+          x_reporter(reporter),
           x_entryLine(context, stmt) {}
 
     void Read(const std::vector<String>& lines);
@@ -151,11 +151,11 @@ class SectionReader {
 
     void FillEntry(const KeywordRow& row, std::size_t listIndex, const SplitLine& split);
     template <class Step>
-    void Telling(const std::vector<String>& lines, std::size_t lineIndex, Step&& step);
+    void Reporting(const std::vector<String>& lines, std::size_t lineIndex, Step&& step);
 
     WorkingRecords& x_records;
     p_Subrange& x_target;
-    LineTeller* x_teller;
+    LineReporter* x_reporter;
     EntryLine x_entryLine;
     LineReport x_report;
 };
@@ -164,20 +164,21 @@ class SectionReader {
 void SectionReader::Read(const std::vector<String>& lines) {
     std::vector<SplitLine> splits(lines.size());
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        Telling(lines, i, [&] { return Split(lines[i], splits[i]); });
+        Reporting(lines, i, [&] { return Split(lines[i], splits[i]); });
     }
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (!splits[i].keyword.empty()) {
-            Telling(lines, i, [&] { return ReadEntry(splits[i]); });
+            Reporting(lines, i, [&] { return ReadEntry(splits[i]); });
         }
     }
 }
 
 /// Takes a step on a line; with an observer, fills a report and tells it, also of a failure.
 template <class Step>
-void SectionReader::Telling(const std::vector<String>& lines, std::size_t lineIndex, Step&& step) {
+void SectionReader::Reporting(const std::vector<String>& lines, std::size_t lineIndex,
+                              Step&& step) {
     x_entryLine.Clear();
-    if (x_teller == nullptr) {
+    if (x_reporter == nullptr) {
         step();
         return;
     }
@@ -189,12 +190,12 @@ void SectionReader::Telling(const std::vector<String>& lines, std::size_t lineIn
         isDone = step();
     } catch (...) {
         x_report.set = x_entryLine.SetFields();
-        x_teller->Stopped(x_report, x_entryLine.Step());
+        x_reporter->Stopped(x_report, x_entryLine.Step());
         throw;
     }
     if (isDone) {
         x_report.set = x_entryLine.SetFields();
-        x_teller->Read(x_report);
+        x_reporter->Read(x_report);
     }
 }
 
@@ -292,16 +293,16 @@ void modActions::ReadSection(ThreadContext& context, ISettingsFile& settings, co
                              p_Subrange& target, ILineObserver* observer) {
     Logged(context, ModuleLines(L"ReadSection"), NoMessage, [&](const Statements& stmt) {
         ResetRecords(context.ReaderRecords);
-        std::optional<LineTeller> teller;
+        std::optional<LineReporter> reporter;
         if (observer != nullptr) {
-            teller.emplace(*observer, section);
+            reporter.emplace(*observer, section);
         }
         const std::vector<String> lines = stmt([&] { return settings.GetSection(section); });
         if (lines.empty()) {
             EmptyAllLists(target);
             return;
         }
-        SectionReader(context, stmt, target, teller ? &*teller : nullptr).Read(lines);
+        SectionReader(context, stmt, target, reporter ? &*reporter : nullptr).Read(lines);
     });
 }
 

@@ -98,7 +98,7 @@ inline constexpr LineFieldRow LineFieldTable[LineFieldCount] = {
 };
 
 /// The row of a field.
-constexpr const LineFieldRow& RowOf(LineField field) {
+constexpr const LineFieldRow& LineFieldRowOf(LineField field) {
     return LineFieldTable[static_cast<std::size_t>(field)];
 }
 

@@ -17,7 +17,8 @@ String SectionOf(const NumberedSets& numbered, std::int64_t number) {
 }
 
 /// The host's number of lists decides, not what the file holds.
-void ReadNumbered(const FileWork& file, const NumberedSets& numbered, std::int32_t subRanges) {
+void ReadNumbered(const SettingsStatements& file, const NumberedSets& numbered,
+                  std::int32_t subRanges) {
     EngineState& state = file.State();
     DynArray<p_Subrange>& lists = state.*numbered.sets;
     if (subRanges < 1) {
@@ -33,7 +34,7 @@ void ReadNumbered(const FileWork& file, const NumberedSets& numbered, std::int32
 }
 
 /// Intentional: deletes one section more than there can be.
-void WriteNumbered(const FileWork& file, const NumberedSets& numbered) {
+void WriteNumbered(const SettingsStatements& file, const NumberedSets& numbered) {
     EngineState& state = file.State();
     const std::int32_t count = state.*numbered.count;
     for (std::int32_t i = 0; i < count; ++i) {
@@ -48,7 +49,8 @@ void WriteNumbered(const FileWork& file, const NumberedSets& numbered) {
     state.SavedCount.*numbered.saved = count;
 }
 
-void ReadPlainModule(const FileWork& file, const ModuleRow& module, std::int32_t& subRanges) {
+void ReadPlainModule(const SettingsStatements& file, const ModuleRow& module,
+                     std::int32_t& subRanges) {
     for (const FixedSet& fixed : module.AllFixed()) {
         file.ReadFixed(fixed);
     }
@@ -57,7 +59,7 @@ void ReadPlainModule(const FileWork& file, const ModuleRow& module, std::int32_t
     }
 }
 
-void WritePlainModule(const FileWork& file, const ModuleRow& module) {
+void WritePlainModule(const SettingsStatements& file, const ModuleRow& module) {
     EngineState& state = file.State();
     for (const FixedSet& fixed : module.AllFixed()) {
         file.WriteLists(String(fixed.section), state.*fixed.set);
@@ -65,11 +67,11 @@ void WritePlainModule(const FileWork& file, const ModuleRow& module) {
     for (const NumberedSets& numbered : module.AllNumbered()) {
         WriteNumbered(file, numbered);
     }
-    state.ChangeFlags[static_cast<std::size_t>(module.modul)] = false;
+    state.ChangeFlags[static_cast<std::size_t>(module.moduleKind)] = false;
 }
 
 /// A key of the host's that never fails a load: one that can't be read is reported and counts as 0.
-std::int32_t HostLong(const FileWork& file, StringView key) {
+std::int32_t HostLong(const SettingsStatements& file, StringView key) {
     std::int32_t value = 0;
     ResumeNext next;
     next([&] { value = file.GetLong(String(HostKeys::Section), key, 0); });
@@ -77,12 +79,12 @@ std::int32_t HostLong(const FileWork& file, StringView key) {
 }
 
 /// What the host's own keys tell about the module.
-void ReadHostKeys(const FileWork& file, aceModul modul) {
+void ReadHostKeys(const SettingsStatements& file, aceModul moduleKind) {
     EngineState& state = file.State();
-    if (modul == aceEMIAutoTemplate) {
+    if (moduleKind == aceEMIAutoTemplate) {
         state.Context.SystemCheck =
             file.GetBoolean(String(HostKeys::Section), HostKeys::SystemCheck);
-    } else if (modul == aceTemplate) {
+    } else if (moduleKind == aceTemplate) {
         const std::int32_t type = HostLong(file, HostKeys::TemplateType);
         const std::int32_t measurement = HostLong(file, HostKeys::MeasurementType);
         state.EmiTemplate =
@@ -93,7 +95,7 @@ void ReadHostKeys(const FileWork& file, aceModul modul) {
 /// Where the number counts lists, one that no set-up needs is refused before memory is asked for
 /// and before anything is replaced. For the matrix it is a template's number, which may be any.
 void RequirePossibleNumber(const ModuleRow& module, std::int32_t subRanges) {
-    const bool countsLists = !module.AllNumbered().empty() && module.modul != aceVKSDUT;
+    const bool countsLists = !module.AllNumbered().empty() && module.moduleKind != aceVKSDUT;
     if (countsLists && subRanges > MostEntries) {
         Raise(Errors::OutOfMemory);
     }
@@ -101,16 +103,16 @@ void RequirePossibleNumber(const ModuleRow& module, std::int32_t subRanges) {
 
 /// Before a load replaces anything: all that it will replace is free. A matrix has its global lists
 /// read for one template alone.
-void RequireFreeForLoad(const EngineState& state, std::int32_t modul, std::int32_t subRanges) {
-    if (modul == aceVKSDUT && subRanges != GlobalTemplate) {
+void RequireFreeForLoad(const EngineState& state, std::int32_t moduleKind, std::int32_t subRanges) {
+    if (moduleKind == aceVKSDUT && subRanges != GlobalTemplate) {
         RequireFree(state.VKSSteps);
     } else {
-        RequireFreeModule(state, modul);
+        RequireFreeModule(state, moduleKind);
     }
 }
 
-void ReadModule(const FileWork& file, const ModuleRow& module, std::int32_t& subRanges) {
-    switch (module.modul) {
+void ReadModule(const SettingsStatements& file, const ModuleRow& module, std::int32_t& subRanges) {
+    switch (module.moduleKind) {
         case aceVKSTemplate:
             ReadWirelessTemplate(file, subRanges);
             break;
@@ -119,13 +121,13 @@ void ReadModule(const FileWork& file, const ModuleRow& module, std::int32_t& sub
             break;
         default:
             ReadPlainModule(file, module, subRanges);
-            ReadHostKeys(file, module.modul);
+            ReadHostKeys(file, module.moduleKind);
             break;
     }
 }
 
-void WriteModule(const FileWork& file, const ModuleRow& module) {
-    switch (module.modul) {
+void WriteModule(const SettingsStatements& file, const ModuleRow& module) {
+    switch (module.moduleKind) {
         case aceVKSTemplate:
             WriteWirelessTemplate(file);
             break;
@@ -141,9 +143,9 @@ void WriteModule(const FileWork& file, const ModuleRow& module) {
 }  // namespace
 
 void ReadActionLists(EngineState& state, const String& fileName, std::int32_t& subRanges,
-                     aceModul modul) {
+                     aceModul moduleKind) {
     Guarded(state.Context, [&](const Statements& stmt) {
-        const ModuleRow* module = FindModule(modul);
+        const ModuleRow* module = FindModule(moduleKind);
         if (module == nullptr) {
             return;
         }
@@ -154,27 +156,27 @@ void ReadActionLists(EngineState& state, const String& fileName, std::int32_t& s
             return;
         }
         stmt([&] { RequirePossibleNumber(*module, subRanges); });
-        ReadModule(FileWork(state, *settings, stmt), *module, subRanges);
+        ReadModule(SettingsStatements(state, *settings, stmt), *module, subRanges);
         stmt([&] { settings->Release(); });
     });
 }
 
-void WriteActionLists(EngineState& state, const String& fileName, aceModul modul) {
+void WriteActionLists(EngineState& state, const String& fileName, aceModul moduleKind) {
     Guarded(state.Context, [&](const Statements& stmt) {
         const std::shared_ptr<ISettingsFile> settings =
             stmt([&] { return Open(state.Context, WriteKind, fileName); });
         if (!settings) {
             return;
         }
-        if (const ModuleRow* module = FindModule(modul)) {
-            WriteModule(FileWork(state, *settings, stmt), *module);
+        if (const ModuleRow* module = FindModule(moduleKind)) {
+            WriteModule(SettingsStatements(state, *settings, stmt), *module);
         }
         stmt([&] { settings->Release(); });
     });
 }
 
-std::shared_ptr<ISettingsFile> OpenModuleSettings(ThreadContext& context, aceModul modul) {
-    const ModuleRow* module = FindModule(modul);
+std::shared_ptr<ISettingsFile> OpenModuleSettings(ThreadContext& context, aceModul moduleKind) {
+    const ModuleRow* module = FindModule(moduleKind);
     if (module == nullptr) {
         return nullptr;
     }

@@ -24,15 +24,15 @@ struct HostKeys {
 /// kind outside the members, nothing is read. An error ends the load at its line; what was read
 /// before it stays. `ThreadContext::LineObserver` is told of each line. Handled.
 void ReadActionLists(EngineState& state, const String& fileName, std::int32_t& subRanges,
-                     aceModul modul);
+                     aceModul moduleKind);
 
 /// Writes a module's lists, deletes the sections that have become superfluous, clears the module's
 /// `Change` flag and releases the file. Without settings object nothing happens. Handled.
-void WriteActionLists(EngineState& state, const String& fileName, aceModul modul);
+void WriteActionLists(EngineState& state, const String& fileName, aceModul moduleKind);
 
-/// Opens the file that `modul` was read from last; no object for a kind outside the members or
+/// Opens the file that `moduleKind` was read from last; no object for a kind outside the members or
 /// when the host gives none. The caller releases it. Errors come as the host raised them.
-std::shared_ptr<ISettingsFile> OpenModuleSettings(ThreadContext& context, aceModul modul);
+std::shared_ptr<ISettingsFile> OpenModuleSettings(ThreadContext& context, aceModul moduleKind);
 
 /// The same for the kind that the object serves. Handled.
 std::shared_ptr<ISettingsFile> GetSettFile(EngineState& state);

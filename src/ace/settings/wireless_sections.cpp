@@ -1,4 +1,4 @@
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 #include <ace/settings/action_line.h>
 #include <ace/settings/wireless_sections.h>
 
@@ -46,7 +46,7 @@ String KeysOf(const String& section) {
 }
 
 /// A number of sections that the file asks for.
-std::int32_t ReadCount(const FileWork& file, const String& section, StringView key) {
+std::int32_t ReadCount(const SettingsStatements& file, const String& section, StringView key) {
     const std::int32_t count = file.GetLong(section, key, 0);
     file.Do([&] {
         if (count > MostEntries) {
@@ -56,7 +56,7 @@ std::int32_t ReadCount(const FileWork& file, const String& section, StringView k
     return count;
 }
 
-void ReadStep(const FileWork& file, const String& testKey, std::int32_t step) {
+void ReadStep(const SettingsStatements& file, const String& testKey, std::int32_t step) {
     EngineState& state = file.State();
     const String section = StepSection(testKey, step);
     const String key = file.GetString(KeysOf(section), StepKeyKey);
@@ -76,7 +76,7 @@ void ReadStep(const FileWork& file, const String& testKey, std::int32_t step) {
     state.VKSStepCount = index + 1;
 }
 
-void ReadTest(const FileWork& file, std::int32_t test) {
+void ReadTest(const SettingsStatements& file, std::int32_t test) {
     EngineState& state = file.State();
     const String section = TestSection(test);
     const std::int32_t index = state.VKSTestCount;
@@ -95,7 +95,7 @@ void ReadTest(const FileWork& file, std::int32_t test) {
 
 /// The arrays of the tests get a spare element; those of the steps grow as steps are found. Nothing
 /// is counted until all of them are there.
-void MakeTestArrays(const FileWork& file, std::int32_t subRanges) {
+void MakeTestArrays(const SettingsStatements& file, std::int32_t subRanges) {
     EngineState& state = file.State();
     file.Do([&] { state.VKSSteps.Erase(); });
     state.VKSTestCount = 0;
@@ -110,7 +110,7 @@ void MakeTestArrays(const FileWork& file, std::int32_t subRanges) {
 }
 
 /// Writes the steps of a test under numbers from 1 and answers how many it has.
-std::int32_t WriteSteps(const FileWork& file, const String& testKey) {
+std::int32_t WriteSteps(const SettingsStatements& file, const String& testKey) {
     const EngineState& state = file.State();
     std::int32_t number = 0;
     for (std::int32_t i = 0; i < state.VKSStepCount; ++i) {
@@ -126,7 +126,7 @@ std::int32_t WriteSteps(const FileWork& file, const String& testKey) {
     return number;
 }
 
-void WriteTest(const FileWork& file, std::int32_t test) {
+void WriteTest(const SettingsStatements& file, std::int32_t test) {
     const EngineState& state = file.State();
     const String key = file.Do([&] { return state.VKSTestUKeys[test - 1]; });
     const std::int32_t steps = WriteSteps(file, key);
@@ -136,12 +136,12 @@ void WriteTest(const FileWork& file, std::int32_t test) {
     file.SetLong(KeysOf(section), StepCountKey, steps);
 }
 
-void DeleteWithKeys(const FileWork& file, const String& section) {
+void DeleteWithKeys(const SettingsStatements& file, const String& section) {
     file.DeleteSection(section);
     file.DeleteSection(KeysOf(section));
 }
 
-void DeleteTest(const FileWork& file, std::int32_t test) {
+void DeleteTest(const SettingsStatements& file, std::int32_t test) {
     const String section = TestSection(test);
     const String key = file.GetString(KeysOf(section), TestKey);
     const std::int32_t steps = ReadCount(file, KeysOf(section), StepCountKey);
@@ -151,7 +151,7 @@ void DeleteTest(const FileWork& file, std::int32_t test) {
     DeleteWithKeys(file, section);
 }
 
-void ReadRow(const FileWork& file, std::int32_t row) {
+void ReadRow(const SettingsStatements& file, std::int32_t row) {
     EngineState& state = file.State();
     const String section = RowSection(state, row);
     const auto readId = [&](std::int32_t column, double id) {
@@ -163,7 +163,7 @@ void ReadRow(const FileWork& file, std::int32_t row) {
     file.ReadElement(state.VKSSteps, row - 1, section);
 }
 
-void WriteRow(const FileWork& file, std::int32_t row) {
+void WriteRow(const SettingsStatements& file, std::int32_t row) {
     const EngineState& state = file.State();
     const String section = RowSection(state, row);
     const auto idOf = [&](std::int32_t column) { return state.VKSDUTIds(row - 1, column); };
@@ -178,7 +178,7 @@ void CountRows(EngineState& state, std::int32_t count) {
     state.SavedCount.VKSSteps = count;
 }
 
-void ReadRows(const FileWork& file, std::int32_t count) {
+void ReadRows(const SettingsStatements& file, std::int32_t count) {
     EngineState& state = file.State();
     if (count < 1) {
         file.Do([&] { state.VKSSteps.Erase(); });
@@ -197,7 +197,7 @@ void ReadRows(const FileWork& file, std::int32_t count) {
 
 }  // namespace
 
-void ReadWirelessTemplate(const FileWork& file, std::int32_t subRanges) {
+void ReadWirelessTemplate(const SettingsStatements& file, std::int32_t subRanges) {
     EngineState& state = file.State();
     state.VKSReplaceVars.count = 0;
     file.ReadFixed(TemplateRow.fixed[0]);
@@ -217,7 +217,7 @@ void ReadWirelessTemplate(const FileWork& file, std::int32_t subRanges) {
     state.SavedCount.VKSTests = subRanges;
 }
 
-void WriteWirelessTemplate(const FileWork& file) {
+void WriteWirelessTemplate(const SettingsStatements& file) {
     EngineState& state = file.State();
     file.WriteLists(String(TemplateRow.fixed[0].section), state.VKSTemplate);
     for (std::int32_t test = 1; test <= state.VKSTestCount; ++test) {
@@ -233,7 +233,7 @@ void WriteWirelessTemplate(const FileWork& file) {
     state.ChangeFlags[aceVKSTemplate] = false;
 }
 
-void ReadMatrix(const FileWork& file, std::int32_t& subRanges) {
+void ReadMatrix(const SettingsStatements& file, std::int32_t& subRanges) {
     EngineState& state = file.State();
     state.VKSReplaceVars.count = 0;
     state.VKSDUTTemplate = subRanges;
@@ -248,7 +248,7 @@ void ReadMatrix(const FileWork& file, std::int32_t& subRanges) {
 }
 
 /// Intentional: deletes one section more than there can be.
-void WriteMatrix(const FileWork& file) {
+void WriteMatrix(const SettingsStatements& file) {
     EngineState& state = file.State();
     file.SetLong(MatrixSection(state), CountKey, state.VKSStepCount);
     for (const InfluenceKey& influence : InfluenceKeys) {

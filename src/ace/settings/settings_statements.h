@@ -7,9 +7,9 @@ namespace ace {
 
 /// The steps of loading and saving. Each is one statement of the operation: reported when it fails,
 /// and run again when the host says so.
-class FileWork {
+class SettingsStatements {
   public:
-    FileWork(EngineState& state, ISettingsFile& settings, const Statements& stmt)
+    SettingsStatements(EngineState& state, ISettingsFile& settings, const Statements& stmt)
         : x_state(state), x_settings(settings), x_stmt(stmt) {}
 
     EngineState& State() const { return x_state; }

@@ -1,9 +1,9 @@
 #include <ace/settings/action_line.h>
-#include <ace/settings/file_work.h>
+#include <ace/settings/settings_statements.h>
 
 namespace ace {
 
-void FileWork::ReadFixed(const FixedSet& fixed) const {
+void SettingsStatements::ReadFixed(const FixedSet& fixed) const {
     p_Subrange& set = x_state.*fixed.set;
     for (const ListFields& list : ActionLists) {
         if (list != MlcList || fixed.emptyMlc) {
@@ -16,8 +16,8 @@ void FileWork::ReadFixed(const FixedSet& fixed) const {
     });
 }
 
-void FileWork::ReadElement(DynArray<p_Subrange>& lists, std::int32_t index,
-                           const String& section) const {
+void SettingsStatements::ReadElement(DynArray<p_Subrange>& lists, std::int32_t index,
+                                     const String& section) const {
     const DynArray<p_Subrange>::Hold hold(lists);
     Do([&] {
         modActions::ReadSection(x_state.Context, x_settings, section, lists[index],
@@ -25,44 +25,46 @@ void FileWork::ReadElement(DynArray<p_Subrange>& lists, std::int32_t index,
     });
 }
 
-void FileWork::WriteLists(const String& section, const p_Subrange& lists) const {
+void SettingsStatements::WriteLists(const String& section, const p_Subrange& lists) const {
     Do([&] { modActions::WriteActionList(x_state.Context, x_settings, section, lists); });
 }
 
-void FileWork::DeleteSection(const String& section) const {
+void SettingsStatements::DeleteSection(const String& section) const {
     Do([&] { x_settings.SetSection(section, {}); });
 }
 
-String FileWork::GetString(const String& section, StringView key) const {
+String SettingsStatements::GetString(const String& section, StringView key) const {
     return Do([&] { return x_settings.GetString(section, String(key), {}); });
 }
 
-std::int32_t FileWork::GetLong(const String& section, StringView key,
-                               std::int32_t byDefault) const {
+std::int32_t SettingsStatements::GetLong(const String& section, StringView key,
+                                         std::int32_t byDefault) const {
     return Do([&] { return x_settings.GetLong(section, String(key), byDefault); });
 }
 
-double FileWork::GetDouble(const String& section, StringView key, double byDefault) const {
+double SettingsStatements::GetDouble(const String& section, StringView key,
+                                     double byDefault) const {
     return Do([&] { return x_settings.GetDouble(section, String(key), byDefault); });
 }
 
-Boolean FileWork::GetBoolean(const String& section, StringView key) const {
+Boolean SettingsStatements::GetBoolean(const String& section, StringView key) const {
     return Do([&] { return x_settings.GetBoolean(section, String(key), {}); });
 }
 
-void FileWork::SetString(const String& section, StringView key, const String& value) const {
+void SettingsStatements::SetString(const String& section, StringView key,
+                                   const String& value) const {
     Do([&] { x_settings.SetString(section, String(key), value); });
 }
 
-void FileWork::SetLong(const String& section, StringView key, std::int32_t value) const {
+void SettingsStatements::SetLong(const String& section, StringView key, std::int32_t value) const {
     Do([&] { x_settings.SetLong(section, String(key), value); });
 }
 
-void FileWork::SetDouble(const String& section, StringView key, double value) const {
+void SettingsStatements::SetDouble(const String& section, StringView key, double value) const {
     Do([&] { x_settings.SetDouble(section, String(key), value); });
 }
 
-void FileWork::SetBoolean(const String& section, StringView key, Boolean value) const {
+void SettingsStatements::SetBoolean(const String& section, StringView key, Boolean value) const {
     Do([&] { x_settings.SetBoolean(section, String(key), value); });
 }
 

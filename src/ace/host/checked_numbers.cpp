@@ -1,7 +1,7 @@
 #include <cmath>
 #include <limits>
 
-#include <ace/host/rounding.h>
+#include <ace/host/checked_numbers.h>
 
 namespace ace {
 

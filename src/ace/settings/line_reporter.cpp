@@ -1,5 +1,5 @@
 #include <ace/settings/action_line.h>
-#include <ace/settings/line_teller.h>
+#include <ace/settings/line_reporter.h>
 
 namespace ace {
 
@@ -55,7 +55,7 @@ String Reason(const LineStep& step, const RunTimeError& error) {
 
 }  // namespace
 
-LineTeller::LineTeller(ILineObserver& observer, StringView section)
+LineReporter::LineReporter(ILineObserver& observer, StringView section)
     : x_observer(observer), x_section(section) {
     for (const LineFieldRow& row : LineFieldTable) {
         x_origins[static_cast<std::size_t>(row.field)] =
@@ -64,12 +64,12 @@ LineTeller::LineTeller(ILineObserver& observer, StringView section)
     x_observer.SectionStarts(section);
 }
 
-void LineTeller::Read(LineReport& report) {
+void LineReporter::Read(LineReport& report) {
     Complete(report);
     x_observer.LineIsRead(report);
 }
 
-void LineTeller::Stopped(LineReport& report, const LineStep& step) {
+void LineReporter::Stopped(LineReport& report, const LineStep& step) {
     const RunTimeError error = CurrentRunTimeError();
     report.error = error.Number();
     report.reason = Reason(step, error);
@@ -77,7 +77,7 @@ void LineTeller::Stopped(LineReport& report, const LineStep& step) {
     x_observer.LineIsRead(report);
 }
 
-void LineTeller::Complete(LineReport& report) {
+void LineReporter::Complete(LineReport& report) {
     report.section = x_section;
     report.origins = &x_origins;
     if (report.meaning == LineMeaning::Entry) {

@@ -7,9 +7,9 @@
 namespace ace {
 
 /// Tells an observer of the lines of one section. Made only when there is one.
-class LineTeller {
+class LineReporter {
   public:
-    LineTeller(ILineObserver& observer, StringView section);
+    LineReporter(ILineObserver& observer, StringView section);
     /// A line that was read.
     void Read(LineReport& report);
     /// A line at which the reading ends. To be called while the error is in flight.
