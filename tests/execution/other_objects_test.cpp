@@ -3,6 +3,7 @@
 #include <ace/execution/device_actions.h>
 #include <ace/execution/dispatcher.h>
 #include <ace/execution/signal_path.h>
+#include <ace/execution/sync_generator.h>
 #include <ace/execution/track_frequency.h>
 
 #include "support/device_fixture.h"

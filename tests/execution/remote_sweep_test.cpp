@@ -3,6 +3,7 @@
 #include <ace/execution/api_macro.h>
 #include <ace/execution/dispatcher.h>
 #include <ace/execution/remote_commands.h>
+#include <ace/execution/start_program.h>
 
 #include "support/sweep.h"
 

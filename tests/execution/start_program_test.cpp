@@ -1,4 +1,4 @@
-#include <ace/execution/remote_commands.h>
+#include <ace/execution/start_program.h>
 
 #include "support/remote_fixture.h"
 

@@ -1,4 +1,4 @@
-#include <ace/execution/signal_path.h>
+#include <ace/execution/sync_generator.h>
 
 #include "support/device_fixture.h"
 

@@ -1,8 +1,9 @@
 #include <ace/core/borrowed_text.h>
+#include <ace/core/operation.h>
 #include <ace/core/text.h>
 #include <ace/execution/api_macro.h>
-#include <ace/execution/device_failure.h>
 #include <ace/execution/replace_variables.h>
+#include <ace/execution/status_line.h>
 
 namespace ace {
 

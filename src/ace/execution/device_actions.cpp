@@ -1,7 +1,9 @@
 #include <ace/core/borrowed_text.h>
 #include <ace/core/text.h>
+#include <ace/execution/device_access.h>
 #include <ace/execution/device_actions.h>
 #include <ace/execution/device_failure.h>
+#include <ace/execution/status_line.h>
 #include <ace/host/bc_generator.h>
 #include <ace/host/monitor_device.h>
 #include <ace/settings/settings_sections.h>

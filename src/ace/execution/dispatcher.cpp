@@ -6,6 +6,8 @@
 #include <ace/execution/plain_actions.h>
 #include <ace/execution/remote_commands.h>
 #include <ace/execution/signal_path.h>
+#include <ace/execution/start_program.h>
+#include <ace/execution/sync_generator.h>
 #include <ace/execution/track_frequency.h>
 
 namespace ace {
@@ -126,7 +128,8 @@ Boolean RunSetCheck(ActionRun& run) {
     return RunWithLatch<&WorkingRecords::SetDevice>(run, [&](aceSetDevice& record) {
         const Boolean isSet = run.action.ActionType == atSetDevice;
         return run.stmt([&] {
-            return modActions::SetCheckDevice(run.context, record, isSet, run.ignoreErr, run.moduleKind);
+            return modActions::SetCheckDevice(run.context, record, isSet, run.ignoreErr,
+                                              run.moduleKind);
         });
     });
 }

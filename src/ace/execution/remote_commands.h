@@ -1,4 +1,4 @@
-/// Commands to instruments and the start of programs.
+/// Commands to instruments.
 #pragma once
 
 #include <ace/core/thread_context.h>
@@ -9,9 +9,5 @@ namespace ace::modActions {
 /// failure; `ignoreAll` keeps his wish to hear no more of this action. What was opened stays in the
 /// record or with the thread. Errors of the dialog and of the status line come out. Messages run.
 Boolean SendRemoteCommand(ThreadContext& context, aceRemote& record, Boolean& ignoreAll);
-
-/// Starts the record's program, or brings it to the front when it still runs. The answer is as
-/// above.
-Boolean StartRemoteProgram(ThreadContext& context, aceRemote& record, Boolean& ignoreAll);
 
 }  // namespace ace::modActions

@@ -1,3 +1,4 @@
+#include <ace/execution/device_access.h>
 #include <ace/execution/device_failure.h>
 #include <ace/execution/signal_path.h>
 #include <ace/host/amplifier.h>

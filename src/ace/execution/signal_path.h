@@ -14,10 +14,5 @@ void ProtectReceivers(ThreadContext& context);
 Boolean SwitchAmplifier(ThreadContext& context, aceSetDevice& record);
 /// Sets the record's path in its switch unit; the rest is as above.
 Boolean SwitchUnitPath(ThreadContext& context, aceSetDevice& record);
-/// Makes the record's generator follow the frequency at a level of its calibration table. The
-/// answer and the errors are as above; `ignoreAll` keeps the operator's wish to hear no more of
-/// this action. Whether its output is on is decided while no test runs, and the operator is asked
-/// then if the record says so. Messages may run.
-Boolean SyncGenerator(ThreadContext& context, aceTrackFreq& record, Boolean& ignoreAll);
 
 }  // namespace ace::modActions

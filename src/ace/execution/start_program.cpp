@@ -1,6 +1,7 @@
-#include <ace/execution/device_failure.h>
-#include <ace/execution/remote_commands.h>
+#include <ace/core/operation.h>
 #include <ace/execution/replace_variables.h>
+#include <ace/execution/start_program.h>
+#include <ace/execution/status_line.h>
 #include <ace/host/checked_numbers.h>
 
 namespace ace {

@@ -1,5 +1,6 @@
-#include <ace/execution/device_failure.h>
-#include <ace/execution/signal_path.h>
+#include <ace/execution/device_access.h>
+#include <ace/execution/frequency_followers.h>
+#include <ace/execution/sync_generator.h>
 #include <ace/host/rf_generator.h>
 #include <ace/host/signal_path.h>
 
@@ -25,7 +26,7 @@ void DecideOutput(ThreadContext& context, const aceTrackFreq& record) {
     }
     const String question = context.Language().Text(EnableQuestion);
     String title;
-    AppendFollowingTitle(context, title);
+    AppendFollowerTitle(context, title);
     if (context.UserDialogs().ShowMessageBox(question, IUserDialogs::YesNo, title) ==
         IUserDialogs::AnswerNo) {
         context.GeneratorEnabled = false;
@@ -113,8 +114,8 @@ Outcome Synchronise(ThreadContext& context, aceTrackFreq& record) {
 
 Boolean modActions::SyncGenerator(ThreadContext& context, aceTrackFreq& record,
                                   Boolean& ignoreAll) {
-    return RunFollowing(context, record, ignoreAll,
-                        [&] { return Synchronise(context, record) == Outcome::Done; });
+    return RunFollower(context, record, ignoreAll,
+                       [&] { return Synchronise(context, record) == Outcome::Done; });
 }
 
 }  // namespace ace

@@ -1,6 +1,7 @@
 #include <ace/core/borrowed_text.h>
 #include <ace/core/text.h>
-#include <ace/execution/device_failure.h>
+#include <ace/execution/device_access.h>
+#include <ace/execution/frequency_followers.h>
 #include <ace/execution/track_frequency.h>
 #include <ace/host/monitor_device.h>
 
@@ -19,7 +20,7 @@ void LetSettle(ThreadContext& context, const aceTrackFreq& record) {
     AppendInteger(*text, delay);
     text->append(L" ms\r\n").append(context.Language().Text(WaitHint));
     BorrowedText title(context);
-    AppendFollowingTitle(context, *title);
+    AppendFollowerTitle(context, *title);
     std::int32_t style = InformationStyle;
     context.SystemServices().ShowTimedMessage(*text, style, *title, delay);
 }
@@ -56,7 +57,7 @@ bool Track(ThreadContext& context, aceTrackFreq& record) {
 }  // namespace
 
 Boolean modActions::TrackMonitor(ThreadContext& context, aceTrackFreq& record, Boolean& ignoreAll) {
-    return RunFollowing(context, record, ignoreAll, [&] { return Track(context, record); });
+    return RunFollower(context, record, ignoreAll, [&] { return Track(context, record); });
 }
 
 }  // namespace ace

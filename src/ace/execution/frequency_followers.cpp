@@ -1,0 +1,27 @@
+#include <ace/execution/frequency_followers.h>
+
+namespace ace {
+
+namespace {
+
+constexpr std::int32_t FollowerTitleBegin = 9430;
+constexpr std::int32_t FollowerTitleEnd = 9431;
+
+}  // namespace
+
+bool TestFollowsNoFrequency(ThreadContext& context) {
+    const std::shared_ptr<ITestInfo> test = context.SystemServices().CurrentTest();
+    if (!test) {
+        return false;
+    }
+    String name;
+    const std::int32_t kind = test->TestKind(name);
+    return kind == 1 || kind == 2;
+}
+
+void AppendFollowerTitle(ThreadContext& context, String& title) {
+    title.append(context.Language().Text(FollowerTitleBegin)).append(L": ");
+    title.append(context.Language().Text(FollowerTitleEnd));
+}
+
+}  // namespace ace

@@ -1,0 +1,13 @@
+/// The status line of the host, which goes with the last engine object.
+#pragma once
+
+#include <ace/core/thread_context.h>
+
+namespace ace {
+
+/// Shows `text` on the status line, or clears it. Nothing without one: an action goes on when the
+/// last engine object of the thread has gone and taken the line along.
+void ShowStatus(ThreadContext& context, const String& text);
+void ClearStatus(ThreadContext& context);
+
+}  // namespace ace
