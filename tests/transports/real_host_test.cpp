@@ -5,6 +5,7 @@
 
 #include <ace/execution/api_macro.h>
 #include <ace/execution/remote_commands.h>
+#include <ace/execution/start_program.h>
 
 #include "sim/sim_host.h"
 #include "transports/fake_gpib.h"
