@@ -1,5 +1,6 @@
 /// Every allocation of every operation fails, once or from there on for good: what comes out is
 /// error 7, counts and elements agree afterwards, and the same call succeeds when there is memory.
+#include <ace/core/action_store.h>
 #include <ace/core/operation.h>
 
 #include "support/allocation_counter.h"
@@ -176,6 +177,50 @@ TEST_P(OutOfMemoryTest, AnAllocationThatFailsOnceIsError7OrPassedOver) {
 
 TEST_P(OutOfMemoryTest, OutOfMemoryForGoodIsError7OrPassedOver) {
     Sweep(true);
+}
+
+/// A host that has every failed statement run again.
+class AgainHost : public IHostFactory {
+  public:
+    std::shared_ptr<ITraceLog> MakeTraceLog() override { return std::make_shared<Again>(); }
+
+  private:
+    struct Again : DefaultTraceLog {
+        std::int32_t ReportError(const RunTimeError&, std::int32_t, std::int32_t) override {
+            return RetryStatement;
+        }
+    };
+};
+
+/// Four sets, each with its number of waits.
+DynArray<p_Subrange> FourSets() {
+    DynArray<p_Subrange> sets;
+    sets.Redim(0, 3);
+    for (std::int32_t i = 0; i < 4; ++i) {
+        Fill(sets[i], EnterList, std::vector<p_Action>(static_cast<std::size_t>(i) + 1));
+    }
+    return sets;
+}
+
+/// What is left has two, three and four waits, and the spare place a copy of the last.
+TEST(OutOfMemoryError, ADeletionThatIsTriedAgainMovesNothingTwice) {
+    ThreadContext context(std::make_shared<AgainHost>());
+    context.TraceLog();
+    context.Platform();
+    for (std::size_t n = 1; n <= 5; ++n) {
+        DynArray<p_Subrange> sets = FourSets();
+        std::int32_t count = 4;
+        std::int32_t index = 1;
+        {
+            const FailingAllocations failing(n, false);
+            modActions::DeleteEntry(context, sets, count, index);
+        }
+        ASSERT_EQ(count, 3);
+        for (std::int32_t i = 0; i < count; ++i) {
+            EXPECT_EQ(sets[i].EnterCount, i + 2) << "allocation " << n;
+        }
+        EXPECT_EQ(sets[count].EnterCount, 4) << "allocation " << n;
+    }
 }
 
 /// The error itself: raised, caught, reported and raised again without an allocation.

@@ -116,6 +116,25 @@ TEST_F(LookUpTest, AStepIsFoundByTestAndKeyTogetherAndTheFirstOneCounts) {
     EXPECT_EQ(Step(L"A1", L""), -1);
 }
 
+/// A load without tests, and an editor that hands its lists back, lower the count and leave the
+/// keys.
+TEST_F(LookUpTest, AStepThatComesAfterTheCountFellIsFoundOnce) {
+    State().Modul = aceVKSTemplate;
+    for (const wchar_t* key : {L"1", L"2", L"3", L"4", L"5"}) {
+        engine->AddVKSStep(key, L"A", L"name");
+    }
+    EXPECT_EQ(Step(L"A", L"5"), 4);
+    State().VKSStepCount = 0;
+    State().VKSSteps.Erase();
+    engine->AddVKSStep(L"new", L"A", L"name");
+    engine->AddVKSStep(L"new", L"A", L"name");
+    EXPECT_EQ(State().VKSStepCount, 1);
+    EXPECT_EQ(Step(L"A", L"new"), 0);
+    EXPECT_EQ(ErrorOf([&] { engine->AddVKSStep(L"5", L"A", L"name"); }), 0);
+    EXPECT_EQ(Step(L"A", L"5"), 1);
+    EXPECT_EQ(Step(L"A", L"1"), -1);
+}
+
 TEST_F(LookUpTest, AKeyThatIsWrittenMovesItsStep) {
     HaveSteps({{L"A", L"1"}, {L"A", L"2"}});
     EXPECT_EQ(Step(L"A", L"2"), 1);

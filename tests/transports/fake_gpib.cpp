@@ -59,7 +59,8 @@ int Finish() {
 
 void Note(std::string line, std::initializer_list<long> numbers) {
     for (const long number : numbers) {
-        line += " " + std::to_string(number);
+        line += ' ';
+        line += std::to_string(number);
     }
     std::strncat(fakeGpib.calls, (line + "\n").c_str(),
                  sizeof fakeGpib.calls - std::strlen(fakeGpib.calls) - 1);

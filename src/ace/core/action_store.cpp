@@ -48,16 +48,20 @@ void CopyEntry(const p_Subrange& source, p_Subrange& target) {
 }
 
 /// Fills every element from `index` on with the one above, and leaves a copy of the last one in its
-/// place, `count`. Error 9 when the array ends before that, with those moved that are there.
-void ShiftDown(DynArray<p_Subrange>& list, std::int32_t index, std::int32_t count) {
-    const std::int32_t last = std::min(count, list.UpperBound());
+/// place, `count`. Error 9 when the array ends before that, with those moved that are there. Moving
+/// and copying are statements of their own: a copy that is tried again must not move again.
+void ShiftDown(const Statements& stmt, DynArray<p_Subrange>& list, std::int32_t index,
+               std::int32_t count) {
+    const std::int32_t last = stmt([&] { return std::min(count, list.UpperBound()); });
     if (index < last) {
-        list.MoveElement(index, last);
-        CopyEntry(list[last - 1], list[last]);
+        stmt([&] { list.MoveElement(index, last); });
+        stmt([&] { CopyEntry(list[last - 1], list[last]); });
     }
-    if (last < count) {
-        Raise(Errors::SubscriptOutOfRange);
-    }
+    stmt([&] {
+        if (last < count) {
+            Raise(Errors::SubscriptOutOfRange);
+        }
+    });
 }
 
 // ---- wireless tests ------------------------------------------------------------------------
@@ -298,7 +302,7 @@ void modActions::DeleteEntry(ThreadContext& context, DynArray<p_Subrange>& List,
         stmt([&] { Index = CheckedDifference(Index, 1); });
         stmt([&] { Count = CheckedDifference(Count, 1); });
         if (Index < Count) {
-            stmt([&] { ShiftDown(List, Index, Count); });
+            ShiftDown(stmt, List, Index, Count);
         }
         if (Count >= 0) {
             stmt([&] { List.RedimPreserve(Count); });

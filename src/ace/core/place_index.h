@@ -19,8 +19,15 @@ class PlaceIndex {
 
     /// True when the index stands for the arrays as they are.
     bool IsCurrent(const Changes& changes) const { return x_changes == changes; }
-    /// The arrays have been changed behind the places that the index has, and nowhere else.
-    void Follow(const Changes& changes) { x_changes = changes; }
+    /// The arrays have been changed at `first` and behind, and nowhere else. An index that has such
+    /// a place begins anew: a count that fell without a change of the arrays leaves it with some.
+    void Follow(const Changes& changes, std::int32_t first) {
+        if (x_end > first) {
+            Clear();
+        } else {
+            x_changes = changes;
+        }
+    }
     /// Makes the index stand for places 0 to `end` - 1, or more. `hashOf(place)` is the hash of the
     /// key at a place, `areEqual(a, b)` compares those of two places. Asks for memory.
     template <class HashOf, class AreEqual>

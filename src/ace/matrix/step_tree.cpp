@@ -14,11 +14,11 @@ PlaceIndex::Changes ChangesOfSteps(const EngineState& state) {
 
 /// The index need not begin anew for a step that came behind the others, when nobody has changed
 /// the keys but the append, which enlarges each array and fills one element.
-void FollowAppend(const EngineState& state, const PlaceIndex::Changes& before) {
+void FollowAppend(const EngineState& state, const PlaceIndex::Changes& before, std::int32_t place) {
     constexpr std::uint32_t OfAnAppend = 2;
     const PlaceIndex::Changes expected{before[0] + OfAnAppend, before[1] + OfAnAppend};
     if (state.StepPlaces.IsCurrent(before) && ChangesOfSteps(state) == expected) {
-        state.StepPlaces.Follow(expected);
+        state.StepPlaces.Follow(expected, place);
     }
 }
 
@@ -77,7 +77,7 @@ void AppendStep(EngineState& state, const Statements& stmt, const String& key,
         stmt([&] { ReserveUpTo(*texts, count); });
     }
     if (isCurrent) {
-        state.StepPlaces.Follow(ChangesOfSteps(state));  // memory alone has changed
+        state.StepPlaces.Follow(ChangesOfSteps(state), count - 1);  // memory alone has changed
     }
     stmt([&] { modActions::AddEntry(state.Context, state.VKSSteps, state.VKSStepCount, index); });
     const PlaceIndex::Changes before = ChangesOfSteps(state);
@@ -87,7 +87,7 @@ void AppendStep(EngineState& state, const Statements& stmt, const String& key,
     stmt([&] { state.VKSStepUKeys[count - 1] = testKey; });
     stmt([&] { state.VKSStepNames[count - 1] = name; });
     stmt([&] { state.VKSStepKeys[count - 1] = key; });
-    FollowAppend(state, before);
+    FollowAppend(state, before, count - 1);
 }
 
 /// The names are taken only where both arrays of the host end alike; else the old ones stay.
