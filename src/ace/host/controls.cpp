@@ -21,11 +21,19 @@ void RequireItem(bool isThere) {
 ControlPlace::ControlPlace(Container& parent) : x_form(parent.OfForm()), x_parent(&parent) {}
 
 bool Control::IsShown() const {
-    return visible && (Parent() == nullptr || Parent()->IsShown());
+    const Control* control = this;
+    while (control != nullptr && control->visible) {
+        control = control->Parent();
+    }
+    return control == nullptr;
 }
 
 bool Control::IsUsable() const {
-    return visible && enabled && (Parent() == nullptr || Parent()->IsUsable());
+    const Control* control = this;
+    while (control != nullptr && control->visible && control->enabled) {
+        control = control->Parent();
+    }
+    return control == nullptr;
 }
 
 bool Control::TakesFocus() const {

@@ -137,7 +137,7 @@ using Frame = ControlOf<ControlKind::Frame, Container>;
 class Button : public ControlOf<ControlKind::Button> {
   public:
     using ControlOf::ControlOf;
-    void Click() { Run(onClick); }
+    void Click() const { Run(onClick); }
 
     ControlHandler onClick;
 };
@@ -149,7 +149,7 @@ class Picture : public ControlOf<ControlKind::Picture> {
     /// A button of the mouse goes down on it: one of `MouseButtons`. Unless that is all that it
     /// was meant for, the left button is a click too.
     void Press(std::int32_t button);
-    void Click() { Run(onClick); }
+    void Click() const { Run(onClick); }
 
     /// True when the press is done with, as one that has opened a menu: no click follows.
     std::function<bool(std::int32_t button)> onMouseDown;

@@ -56,7 +56,7 @@ void TextBox::SelectAll() {
     selectionLength = LengthOf(text);
 }
 
-void TextBox::Drop(const std::vector<String>& files) {
+void TextBox::Drop(const std::vector<String>& files) const {
     if (onDrop) {
         onDrop(files);
     }

@@ -22,7 +22,7 @@ class TextBox : public ControlOf<ControlKind::TextBox> {
     void Insert(StringView insertion);
     void SelectAll();
     /// Files are dropped on the box: their whole paths.
-    void Drop(const std::vector<String>& files);
+    void Drop(const std::vector<String>& files) const;
     void Leave() override { Run(onLeave); }
 
     String text;

@@ -17,7 +17,7 @@ void ILanguage::TranslateForm(Form& form) {
     for (Control* control : form.Controls()) {
         translate(control->caption, control->captionNumber);
         translate(control->toolTip, control->toolTipNumber);
-        if (OptionGroup* const group = ControlAs<OptionGroup>(control)) {
+        if (auto* const group = ControlAs<OptionGroup>(control)) {
             for (Option& option : group->options) {
                 translate(option.caption, option.captionNumber);
             }

@@ -53,9 +53,9 @@ constexpr RowsByLength SortedByLength() {
     RowsByLength sorted;
     std::uint8_t next = 0;
     for (std::size_t length = 0; length <= LongestKeyword; ++length) {
-        for (std::uint8_t row = 0; row < std::size(Rows); ++row) {
+        for (std::size_t row = 0; row < std::size(Rows); ++row) {
             if (Rows[row].keyword.size() == length) {
-                sorted.rows[next++] = row;
+                sorted.rows[next++] = static_cast<std::uint8_t>(row);
             }
         }
         sorted.end[length] = next;
