@@ -101,7 +101,7 @@ Dialog DialogOf(const FormRow& row, const Form& form) {
 /// What is not offered counts as the frame: the test goes on.
 void Press(const FormRow& row, Form& form, Reply reply) {
     for (const ButtonRow& button : row.buttons) {
-        Button* const control = form.Find<Button>(button.name);
+        auto* const control = form.Find<Button>(button.name);
         if (control != nullptr && control->IsUsable() && button.reply == reply) {
             control->Click();
             return;
