@@ -41,7 +41,7 @@ bool Control::TakesFocus() const {
            x_kind != ControlKind::Picture;
 }
 
-void Picture::Press(std::int32_t button) {
+void Picture::Press(std::int32_t button) const {
     const bool isDone = onMouseDown && onMouseDown(button);
     if (!isDone && button == MouseButtons::Left) {
         Click();

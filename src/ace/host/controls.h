@@ -148,7 +148,7 @@ class Picture : public ControlOf<ControlKind::Picture> {
     using ControlOf::ControlOf;
     /// A button of the mouse goes down on it: one of `MouseButtons`. Unless that is all that it
     /// was meant for, the left button is a click too.
-    void Press(std::int32_t button);
+    void Press(std::int32_t button) const;
     void Click() const { Run(onClick); }
 
     /// True when the press is done with, as one that has opened a menu: no click follows.
