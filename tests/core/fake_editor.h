@@ -20,8 +20,8 @@ class FakeEditor : public IEditor {
     DynArray<p_Subrange> second;
     p_Subrange first;
     p_Subrange other;
-    ModuleLists* store = nullptr;   ///< the lists that were filled last
-    EngineState* loaded = nullptr;  ///< the state that `LoadEditor` was given last
+    ModuleLists* store = nullptr;         ///< the lists that were filled last
+    std::shared_ptr<EngineState> loaded;  ///< the state that `LoadEditor` was given last
 
     void GetMainActions(ModuleLists& lists) override {
         Enter(lists, L"GetMainActions");
@@ -81,7 +81,7 @@ class FakeEditor : public IEditor {
     void TakeLists(const ModuleLists&) override { Enter(L"TakeLists"); }
     void LoadEditor(aceModul moduleKind, const std::shared_ptr<EngineState>& engine) override {
         Enter(L"LoadEditor", std::to_wstring(moduleKind));
-        loaded = engine.get();
+        loaded = engine;
     }
     void SetSubrange(std::int32_t number) override {
         Enter(L"SetSubrange", std::to_wstring(number));

@@ -79,7 +79,7 @@ TEST_P(PlainModuleTest, AddSubrangeSelectsTheSubrangeBeforeTheNewOne) {
 
     engine->AddSubrange(1);
     EXPECT_EQ(TakeEffects(), Journal(Loaded(), Selected(-1)));
-    EXPECT_EQ(editor->loaded, &State());
+    EXPECT_EQ(editor->loaded.get(), &State());
 }
 
 TEST_P(PlainModuleTest, AddSubrangeFarAboveTheCountSelectsTheNewLastOne) {
@@ -120,7 +120,7 @@ TEST_P(PlainModuleTest, DeleteSubrangeLeavesTheSelectionToTheEditor) {
     engine->DeleteSubrange(1);
 
     EXPECT_EQ(TakeEffects(), Loaded());
-    EXPECT_EQ(editor->loaded, &State());
+    EXPECT_EQ(editor->loaded.get(), &State());
 }
 
 TEST_P(PlainModuleTest, MoveSubrangeTakesTheDestinationAfterTheRemoval) {

@@ -4,6 +4,7 @@
 
 #include <ace/core/actions_engine.h>
 
+#include "core/fake_editor.h"
 #include "support/fixture.h"
 
 namespace ace::test {
@@ -237,6 +238,37 @@ TEST(ThreadContextTest, ServicesGoWithTheThreadWhenNoEngineIsLeft) {
         EXPECT_THAT(events, IsEmpty());
     }).join();
     EXPECT_THAT(events, ::testing::ElementsAre("the services go"));
+}
+
+/// Says when it goes.
+class MortalEditor : public FakeEditor {
+  public:
+    MortalEditor(sim::SimHost& host, std::vector<std::string>& events)
+        : FakeEditor(host), x_events(events) {}
+    MortalEditor(const MortalEditor&) = delete;
+    MortalEditor& operator=(const MortalEditor&) = delete;
+    ~MortalEditor() override { x_events.emplace_back("the editor goes"); }
+
+  private:
+    std::vector<std::string>& x_events;
+};
+
+/// The editor keeps the engine's state, and the thread's context keeps the editor.
+TEST(ThreadContextTest, AnEditorThatNobodyReleasedGoesWithTheThreadBeforeTheServices) {
+    sim::SimHost host;
+    std::vector<std::string> events;
+    std::thread([&] {
+        ThreadContext::InstallHost(std::make_shared<MortalHost>(events));
+        ThreadContext& context = ThreadContext::Current();
+        context.DeviceList();
+        const auto editor = std::make_shared<MortalEditor>(host, events);
+        context.Editor = editor;
+        aceActionsEngine engine;
+        engine.AddSubrange(1);
+        EXPECT_EQ(editor->loaded.get(), &engine.State());
+        EXPECT_THAT(events, IsEmpty());
+    }).join();
+    EXPECT_THAT(events, ::testing::ElementsAre("the editor goes", "the services go"));
 }
 
 /// A global of the thread: made first, so it goes behind the thread's context.

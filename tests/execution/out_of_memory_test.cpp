@@ -1,5 +1,7 @@
 /// Every allocation of every operation fails, once or from there on for good: what comes out is
 /// error 7, counts and elements agree afterwards, and the same call succeeds when there is memory.
+#include <thread>
+
 #include <ace/core/action_store.h>
 #include <ace/core/operation.h>
 
@@ -113,10 +115,22 @@ const OperationRow Operations[] = {
     {"AnotherEngine", aceTemplate, [](auto& engine) { aceActionsEngine(engine.State().Context); }},
 };
 
+/// The number of the error, -1 for a foreign one; nothing is written to the test's report in here,
+/// there is no memory for it.
+template <class Call>
+std::int32_t NumberOfError(Call&& call) {
+    try {
+        call();
+        return 0;
+    } catch (const RunTimeError& error) {
+        return error.Number();
+    } catch (...) {
+        return -1;
+    }
+}
+
 class OutOfMemoryTest : public ::testing::TestWithParam<OperationRow> {
   protected:
-    static constexpr std::int32_t Foreign = -1;
-
     OutOfMemoryTest() {
         host->store.journal.Bound(10);
         ThreadContext context(host);
@@ -147,21 +161,12 @@ class OutOfMemoryTest : public ::testing::TestWithParam<OperationRow> {
             error = Run(*bench.engine);
         }
         EXPECT_THAT(error, ::testing::AnyOf(0, Errors::OutOfMemory)) << "allocation " << n;
-        EXPECT_THAT(ListAgreement::Breaches(bench.engine->State()), ::testing::IsEmpty())
+        EXPECT_THAT(ListAgreement::BreachesWithKeys(bench.engine->State()), ::testing::IsEmpty())
             << "allocation " << n;
         EXPECT_EQ(Run(*bench.engine), 0) << "allocation " << n;
     }
-    /// The number of the error; nothing is written to the test's report in here, there is no memory
-    /// for it.
     static std::int32_t Run(aceActionsEngine& engine) {
-        try {
-            GetParam().call(engine);
-            return 0;
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        } catch (...) {
-            return Foreign;
-        }
+        return NumberOfError([&] { GetParam().call(engine); });
     }
 
     std::shared_ptr<FileHost> host = std::make_shared<FileHost>();
@@ -177,6 +182,39 @@ TEST_P(OutOfMemoryTest, AnAllocationThatFailsOnceIsError7OrPassedOver) {
 
 TEST_P(OutOfMemoryTest, OutOfMemoryForGoodIsError7OrPassedOver) {
     Sweep(true);
+}
+
+/// The first test, step and row of an engine that never loaded a file.
+class FirstOfAllTest : public ::testing::TestWithParam<OperationRow> {};
+
+const OperationRow FirstOperations[] = {
+    {"Subrange", aceTemplate, [](auto& engine) { engine.AddSubrange(1); }},
+    {"Test", aceVKSTemplate, [](auto& engine) { engine.AddSubrange(1, Name); }},
+    {"Step", aceVKSTemplate, [](auto& engine) { engine.AddVKSStep(Name, Name, Name); }},
+    {"Row", aceVKSDUT, [](auto& engine) { engine.AddVKSDUTBandwidthID(Name); }},
+};
+INSTANTIATE_TEST_SUITE_P(Operations, FirstOfAllTest, ::testing::ValuesIn(FirstOperations),
+                         [](const auto& row) { return row.param.name; });
+
+TEST_P(FirstOfAllTest, NoCountStandsBeforeAnArrayThatWasNeverMade) {
+    const auto host = std::make_shared<FileHost>();
+    std::int32_t error = Errors::OutOfMemory;
+    std::size_t n = 0;
+    for (; error != 0 && n < 100; ++n) {
+        ThreadContext context(host);
+        aceActionsEngine engine(context);
+        engine.State().Modul = GetParam().moduleKind;
+        {
+            const FailingAllocations failing(n + 1, true);
+            error = NumberOfError([&] { GetParam().call(engine); });
+        }
+        EXPECT_THAT(error, ::testing::AnyOf(0, Errors::OutOfMemory)) << "allocation " << n + 1;
+        EXPECT_THAT(ListAgreement::BreachesWithKeys(engine.State()), ::testing::IsEmpty())
+            << "allocation " << n + 1;
+        EXPECT_EQ(NumberOfError([&] { GetParam().call(engine); }), 0) << "allocation " << n + 1;
+    }
+    EXPECT_GT(n, 1U) << "no allocation has failed";
+    EXPECT_EQ(error, 0);
 }
 
 /// A host that has every failed statement run again.
@@ -221,6 +259,50 @@ TEST(OutOfMemoryError, ADeletionThatIsTriedAgainMovesNothingTwice) {
         }
         EXPECT_EQ(sets[count].EnterCount, 4) << "allocation " << n;
     }
+}
+
+/// A key that needs memory of its own, and more than that of the letter before.
+String LongKey(wchar_t letter) {
+    return String(40U * static_cast<std::size_t>(letter - L'a' + 1), letter);
+}
+
+std::vector<String> All(const DynArray<String>& texts) {
+    return {texts.begin(), texts.end()};
+}
+
+/// The second of four tests goes with its step; each array keeps an empty spare element.
+TEST(OutOfMemoryError, KeysOfADeletionThatIsTriedAgainAreNeitherLostNorDoubled) {
+    const std::vector<String> left{LongKey(L'a'), LongKey(L'c'), LongKey(L'd'), {}};
+    const String gone = LongKey(L'b');
+    for (std::size_t n = 1; n <= 20; ++n) {
+        ThreadContext context(std::make_shared<AgainHost>());
+        aceActionsEngine engine(context);
+        EngineState& state = engine.State();
+        state.Modul = aceVKSTemplate;
+        for (const wchar_t letter : {L'a', L'b', L'c', L'd'}) {
+            engine.AddSubrange(1, LongKey(letter));
+            engine.AddVKSStep(LongKey(letter), LongKey(letter), Name);
+        }
+        {
+            const FailingAllocations failing(n, false);
+            engine.DeleteSubrange(1, gone);
+        }
+        EXPECT_EQ(All(state.VKSTestUKeys), left) << "allocation " << n;
+        EXPECT_EQ(All(state.VKSStepUKeys), left) << "allocation " << n;
+        EXPECT_EQ(All(state.VKSStepKeys), left) << "allocation " << n;
+    }
+}
+
+TEST(OutOfMemoryError, AThreadWithoutMemoryForItsServicesGetsError7AndMayTryAgain) {
+    std::thread([] {
+        std::int32_t number = 0;
+        {
+            const FailingAllocations failing(1, true);
+            number = NumberOfError([] { ThreadContext::Current(); });
+        }
+        EXPECT_EQ(number, Errors::OutOfMemory);
+        EXPECT_EQ(ThreadContext::Current().InstanceCount, 0);
+    }).join();
 }
 
 /// The error itself: raised, caught, reported and raised again without an allocation.

@@ -1,4 +1,8 @@
 /// Rows that go at once leave what they would leave one by one, whatever fails on the way.
+#include <set>
+
+#include <ace/matrix/matrix_rows.h>
+
 #include "support/sweep.h"
 
 namespace ace::test {
@@ -61,6 +65,24 @@ struct Rig : SweepRig {
         }
     }
 };
+
+/// Milliseconds of the wait in the enter list of each set, the spare place included.
+std::vector<double> WaitsOf(const EngineState& state) {
+    std::vector<double> waits;
+    for (std::int32_t row = 0; row <= state.VKSSteps.UpperBound(); ++row) {
+        waits.push_back(std::get<aceWait>(state.VKSSteps[row].Enter[0].Parameter).Time);
+    }
+    return waits;
+}
+
+/// The keys of all rows, the spare place included.
+std::vector<RowKey> KeysOf(const EngineState& state) {
+    std::vector<RowKey> keys;
+    for (std::int32_t row = 0; row <= state.VKSDUTIds.RowUpperBound(); ++row) {
+        keys.push_back(KeyOf(state, row));
+    }
+    return keys;
+}
 
 /// All that can be seen behind an operation, spare places included.
 struct Outcome {
@@ -143,6 +165,33 @@ TEST_P(RowRemovalTest, LeavesTheSameWhereTheStatementThatFailedRunsAgain) {
 TEST_P(RowRemovalTest, LeavesTheSameWhereAnOuterStatementRunsAgain) {
     CompareAll(true, {0, 5});
     CompareAll(true, {0, 0, 5});
+}
+
+/// How many rows there are is seen by every call of the host: before all deletions and behind them.
+TEST(RowRemoval, RowsOfAUsualMatrixGoAllAtOnce) {
+    for (const Way way : {Way::AtOnce, Way::OneByOne}) {
+        Rig rig(way);
+        std::set<std::int32_t> counts;
+        rig.host->journal.Observe(
+            [&](const sim::HostCall&) { counts.insert(rig.engine->State().VKSStepCount); });
+        rig.engine->DeleteVKSDUTFreq(100);
+        EXPECT_EQ(counts, way == Way::AtOnce ? (std::set{5, 8}) : (std::set{5, 6, 7, 8}));
+    }
+}
+
+/// The first three rows go. The wait in the spare place is that of the last row, the key there what
+/// stood behind the last one before.
+TEST(RowRemoval, RowsThatStayMoveDownWithTheirKeysAndTheSparePlacesStay) {
+    for (const Way way : {Way::AtOnce, Way::OneByOne}) {
+        Rig rig(way);
+        rig.engine->DeleteVKSDUTFreq(100);
+        const EngineState& state = rig.engine->State();
+        EXPECT_EQ(state.VKSStepCount, 5);
+        EXPECT_EQ(WaitsOf(state), (std::vector<double>{4, 5, 6, 7, 8, 8}));
+        EXPECT_EQ(KeysOf(state),
+                  (std::vector<RowKey>{
+                      {777, 1, 1}, {200, 0, 0}, {200, 0, 1}, {200, 1, 0}, {200, 1, 1}, {0, 0, 0}}));
+    }
 }
 
 /// The table of a file may hold a frequency twice; the rows of it go once.

@@ -31,6 +31,15 @@ class ListAgreement {
         asked.AskTable("powers", lists.VKSDUTPowerCount, lists.VKSDUTPowerNames.Size());
         return asked.x_breaches;
     }
+    /// Also of the keys, which lists that a test has filled by hand may lack.
+    static std::vector<std::string> BreachesWithKeys(const ModuleLists& lists) {
+        ListAgreement asked;
+        asked.x_breaches = Breaches(lists);
+        asked.AskBeside("keys of tests", lists.VKSTestCount, lists.VKSTestUKeys.Size());
+        asked.AskBeside("keys of steps or rows", lists.VKSStepCount,
+                        std::max(lists.VKSStepKeys.Size(), RowsOf(lists.VKSDUTIds)));
+        return asked.x_breaches;
+    }
 
   private:
     void Tell(const std::string& place, std::int64_t count, std::size_t elements) {
@@ -62,6 +71,15 @@ class ListAgreement {
         }
         for (const p_Subrange& set : sets) {
             AskSet(place + ", numbered set", set);
+        }
+    }
+    static std::size_t RowsOf(const Array2D<double>& ids) {
+        return ids.IsAllocated() ? static_cast<std::size_t>(ids.RowUpperBound()) + 1 : 0;
+    }
+    /// What stands beside counted lists is there for each of them.
+    void AskBeside(const std::string& place, std::int32_t count, std::size_t elements) {
+        if (std::cmp_less(elements, count)) {
+            Tell(place, count, elements);
         }
     }
     void AskTable(const std::string& place, std::int32_t count, std::size_t elements) {

@@ -36,34 +36,6 @@ String MoveMessage(std::int32_t source, std::int32_t destination) {
            std::to_wstring(destination);
 }
 
-/// Without memory for the copy the target, which may have been given up before, is left empty and
-/// not half filled.
-void CopyEntry(const p_Subrange& source, p_Subrange& target) {
-    try {
-        target = source;
-    } catch (...) {
-        target = {};
-        throw;
-    }
-}
-
-/// Fills every element from `index` on with the one above, and leaves a copy of the last one in its
-/// place, `count`. Error 9 when the array ends before that, with those moved that are there. Moving
-/// and copying are statements of their own: a copy that is tried again must not move again.
-void ShiftDown(const Statements& stmt, DynArray<p_Subrange>& list, std::int32_t index,
-               std::int32_t count) {
-    const std::int32_t last = stmt([&] { return std::min(count, list.UpperBound()); });
-    if (index < last) {
-        stmt([&] { list.MoveElement(index, last); });
-        stmt([&] { CopyEntry(list[last - 1], list[last]); });
-    }
-    stmt([&] {
-        if (last < count) {
-            Raise(Errors::SubscriptOutOfRange);
-        }
-    });
-}
-
 // ---- wireless tests ------------------------------------------------------------------------
 
 /// Index of the first of the elements 0 to `last` that is `key`, to the letter; -1 for none.
@@ -79,12 +51,13 @@ std::int32_t FindKey(const DynArray<String>& keys, std::int32_t last, const Stri
 /// The key goes behind the last one wherever the test went: the keys are not shifted.
 void AddTest(EngineState& state, const Statements& stmt, const String& key, std::int32_t& index) {
     const std::int32_t count = stmt([&] { return CheckedDifference(state.VKSTestCount, -1); });
-    for (DynArray<String> ModuleLists::*texts : TestTexts) {
-        stmt([&] { ReserveUpTo(state.*texts, count); });
+    DynArray<String> fresh[std::size(TestTexts)];
+    for (std::size_t i = 0; i < std::size(TestTexts); ++i) {
+        fresh[i] = stmt([&] { return ReserveUpTo(state.*TestTexts[i], count); });
     }
     stmt([&] { modActions::AddEntry(state.Context, state.VKSTests, state.VKSTestCount, index); });
-    for (DynArray<String> ModuleLists::*texts : TestTexts) {
-        stmt([&] { (state.*texts).RedimPreserve(state.VKSTestCount); });
+    for (std::size_t i = 0; i < std::size(TestTexts); ++i) {
+        stmt([&] { EnlargeTo(state.*TestTexts[i], state.VKSTestCount, fresh[i]); });
     }
     stmt([&] { state.VKSTestUKeys[state.VKSTestCount - 1] = key; });
 }
@@ -115,7 +88,8 @@ void DeleteTest(EngineState& state, const Statements& stmt, const String& key) {
     std::int32_t index = found + 1;
     stmt(
         [&] { modActions::DeleteEntry(state.Context, state.VKSTests, state.VKSTestCount, index); });
-    CloseGap(state.VKSTestUKeys, found);
+    const std::int32_t last = stmt([&] { return state.VKSTestUKeys.UpperBound(); });
+    CloseGap(stmt, state.VKSTestUKeys, found, last);
     for (DynArray<String> ModuleLists::*texts : TestTexts) {
         if (state.VKSTestCount >= 0) {
             stmt([&] { (state.*texts).RedimPreserve(state.VKSTestCount); });
@@ -130,7 +104,8 @@ void DeleteStep(EngineState& state, const Statements& stmt, std::int32_t found) 
     stmt(
         [&] { modActions::DeleteEntry(state.Context, state.VKSSteps, state.VKSStepCount, index); });
     for (DynArray<String> ModuleLists::*texts : StepTexts) {
-        stmt([&] { CloseGap(state.*texts, found); });
+        const std::int32_t last = stmt([&] { return (state.*texts).UpperBound(); });
+        CloseGap(stmt, state.*texts, found, last);
     }
     for (DynArray<String> ModuleLists::*texts : StepTexts) {
         stmt([&] { (state.*texts).RedimPreserve(state.VKSStepCount); });
@@ -155,7 +130,7 @@ void DeleteStepsOf(EngineState& state, const Statements& stmt, const String& key
 void ReloadEditor(const SharedState& state, const Statements& stmt) {
     const std::shared_ptr<IEditor> editor = state->Context.Editor;
     if (editor) {
-        stmt([&] { editor->LoadEditor(state->Modul, state); });
+        stmt([&] { editor->LoadEditor(state->Modul, state->shared_from_this()); });
     }
 }
 
@@ -266,6 +241,15 @@ void RequireFreeForMove(const EngineState& state, const NumberedSets& numbered) 
 
 }  // namespace
 
+void CopyEntry(const p_Subrange& source, p_Subrange& target) {
+    try {
+        target = source;
+    } catch (...) {
+        target = {};
+        throw;
+    }
+}
+
 void modActions::AddEntry(ThreadContext& context, DynArray<p_Subrange>& List, std::int32_t& Count,
                           std::int32_t& Index) {
     const auto message = [&] { return IndexMessage(Index); };
@@ -301,9 +285,7 @@ void modActions::DeleteEntry(ThreadContext& context, DynArray<p_Subrange>& List,
         stmt([&] { RequireFree(List); });
         stmt([&] { Index = CheckedDifference(Index, 1); });
         stmt([&] { Count = CheckedDifference(Count, 1); });
-        if (Index < Count) {
-            ShiftDown(stmt, List, Index, Count);
-        }
+        CloseGap(stmt, List, Index, Count);
         if (Count >= 0) {
             stmt([&] { List.RedimPreserve(Count); });
         } else {

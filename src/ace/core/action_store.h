@@ -1,29 +1,65 @@
 /// The lists follow the host's: entries come, go, move and change places.
 #pragma once
 
-#include <ace/core/thread_context.h>
+#include <algorithm>
+#include <utility>
+
+#include <ace/core/operation.h>
 
 namespace ace {
 
-/// Gets the memory for an upper bound beforehand and leaves the bound alone, so that moving it
-/// there can't fail behind a count that has changed. An array that was never made is left so.
+/// Gets the memory for an upper bound beforehand and leaves the array as it is, so that moving the
+/// bound there can't fail behind a count that has changed. Answers the array that is to take the
+/// place of one that was never made. Error 7.
 template <class T>
-void ReserveUpTo(DynArray<T>& array, std::int32_t upper) {
-    if (array.IsAllocated() && upper > array.UpperBound()) {
+DynArray<T> ReserveUpTo(DynArray<T>& array, std::int32_t upper) {
+    DynArray<T> fresh;
+    if (!array.IsAllocated() && upper >= 0) {
+        fresh.Redim(0, upper);
+    } else if (array.IsAllocated() && upper > array.UpperBound()) {
         const std::int32_t before = array.UpperBound();
         array.RedimPreserve(upper);
         array.RedimPreserve(before);
     }
+    return fresh;
 }
 
-/// Moves the elements behind `index` one down, up to the upper bound; the last one stays as it is.
+/// Moves the upper bound, with what `ReserveUpTo` answered for it.
 template <class T>
-void CloseGap(DynArray<T>& array, std::int32_t index) {
-    const std::int32_t last = array.UpperBound();
-    for (std::int32_t i = index; i < last; ++i) {
-        array[i] = array[i + 1];
+void EnlargeTo(DynArray<T>& array, std::int32_t upper, DynArray<T>& fresh) {
+    if (fresh.IsAllocated()) {
+        array = std::move(fresh);
+    } else {
+        array.RedimPreserve(upper);
     }
 }
+
+/// Fills every element from `index` on with the one above, up to `last`, which stays as it is.
+/// Error 9 when the array ends before that, with those moved that are there. The one copy is made
+/// before anything moves, so that a statement which is tried again moves nothing twice.
+template <class T>
+void CloseGap(const Statements& stmt, DynArray<T>& array, std::int32_t index, std::int32_t last) {
+    if (index >= last) {
+        return;
+    }
+    const std::int32_t end = stmt([&] { return std::min(last, array.UpperBound()); });
+    stmt([&] {
+        if (index < end) {
+            T copy = std::as_const(array)[end];
+            array.MoveElement(index, end);
+            array[end] = std::move(copy);
+        }
+    });
+    stmt([&] {
+        if (end < last) {
+            Raise(Errors::SubscriptOutOfRange);
+        }
+    });
+}
+
+/// Without memory for the copy, error 7, the target, which may have been given up before, is left
+/// empty and not half filled.
+void CopyEntry(const p_Subrange& source, p_Subrange& target);
 
 namespace modActions {
 

@@ -32,16 +32,17 @@ void CloseConnections(ThreadContext& context, ResumeNext& next) {
 
 /// A state, and the context that it refers to as far as that one is shared: it goes last.
 struct KeptState {
-    explicit KeptState(ThreadContext& used) : context(used.weak_from_this().lock()), state(used) {}
+    explicit KeptState(ThreadContext& used)
+        : context(used.weak_from_this().lock()), state(std::make_shared<EngineState>(used)) {}
 
     std::shared_ptr<ThreadContext> context;
-    EngineState state;
+    std::shared_ptr<EngineState> state;
 };
 
 std::shared_ptr<EngineState> MakeState(ThreadContext& context) {
     return OrOutOfMemory([&] {
         const auto kept = std::make_shared<KeptState>(context);
-        return std::shared_ptr<EngineState>(kept, &kept->state);
+        return std::shared_ptr<EngineState>(kept, kept->state.get());
     });
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <memory>
 
 #include <ace/core/module_lists.h>
 #include <ace/core/place_index.h>
@@ -23,8 +24,9 @@ struct SavedCounts {
 };
 
 /// The fields of an engine object: the lists of all nine module kinds, of which it serves one, and
-/// what it knows of its file and of the test beside them.
-struct EngineState : ModuleLists {
+/// what it knows of its file and of the test beside them. What an engine and its operations hold of
+/// it keeps the context too; `shared_from_this` doesn't, and is what the context's own parts keep.
+struct EngineState : ModuleLists, std::enable_shared_from_this<EngineState> {
     explicit EngineState(ThreadContext& context) : Context(context) {}
 
     ThreadContext& Context;  ///< what all objects of the thread share; outlives the object

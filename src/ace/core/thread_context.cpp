@@ -1,13 +1,16 @@
 #include <utility>
 
-#include <ace/core/thread_context.h>
+#include <ace/core/operation.h>
 
 namespace ace {
 
 ThreadContext::ThreadContext(std::shared_ptr<IHostFactory> factory)
     : x_factory(factory ? std::move(factory) : std::make_shared<IHostFactory>()) {}
 
-ThreadContext::~ThreadContext() = default;
+/// An editor that nobody released ends while its services are still there.
+ThreadContext::~ThreadContext() {
+    Editor.reset();
+}
 
 namespace {
 
@@ -29,12 +32,15 @@ ThreadContext& ThreadContext::Current() {
     if (ownContextHasGone) {
         throw RunTimeError(Errors::Internal, L"the thread has ended, and its services with it");
     }
-    thread_local const OwnContext own;
-    return *own.context;
+    return OrOutOfMemory([]() -> ThreadContext& {
+        thread_local const OwnContext own;
+        return *own.context;
+    });
 }
 
 void ThreadContext::InstallHost(std::shared_ptr<IHostFactory> factory) {
-    Current().x_factory = factory ? std::move(factory) : std::make_shared<IHostFactory>();
+    Current().x_factory = factory ? std::move(factory)
+                                  : OrOutOfMemory([] { return std::make_shared<IHostFactory>(); });
 }
 
 void ThreadContext::RequireMade(bool made) {

@@ -41,8 +41,9 @@ class ThreadContext : public std::enable_shared_from_this<ThreadContext> {
     ThreadContext& operator=(const ThreadContext&) = delete;
     ~ThreadContext();
 
-    /// The context of the calling thread; made on first use and kept until the thread ends. Error
-    /// 51 from what runs behind that end, such as the destructor of a global object.
+    /// The context of the calling thread; made on first use and kept until the thread ends. Error 7
+    /// without memory for it. Error 51 from what runs behind that end, such as the destructor of a
+    /// global object.
     static ThreadContext& Current();
     /// Tells where the calling thread's context gets its services. To be called before the first
     /// engine of the thread; later, it serves only what has not been made yet.

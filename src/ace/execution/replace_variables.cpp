@@ -1,6 +1,3 @@
-#include <algorithm>
-
-#include <ace/core/borrowed_text.h>
 #include <ace/core/text.h>
 #include <ace/execution/replace_variables.h>
 

@@ -5,8 +5,9 @@
 
 namespace ace {
 
-/// Shows `text` on the status line, or clears it. Nothing without one: an action goes on when the
-/// last engine object of the thread has gone and taken the line along.
+/// Shows `text` on the status line, or clears it. Nothing without one: commands and program starts
+/// go on when the last engine object of the thread has gone and taken the line along. A wait is
+/// passed over then, and a macro fails with error 91: both ask for the line themselves.
 void ShowStatus(ThreadContext& context, const String& text);
 void ClearStatus(ThreadContext& context);
 

@@ -110,14 +110,6 @@ void CreateMissingRows(EngineState& state, const Statements& stmt) {
 
 // ---- the tables ----------------------------------------------------------------------------
 
-template <class T>
-void CloseTableGap(const Statements& stmt, DynArray<T>& table, std::int32_t index,
-                   std::int32_t count) {
-    for (std::int32_t i = index; i < count - 1; ++i) {
-        stmt([&] { table[i] = table[i + 1]; });
-    }
-}
-
 /// An id that is missing, or above the last, is not kept: the name goes to the next place.
 void AddName(EngineState& state, const Statements& stmt, const NamedDimension& table,
              const String& name, std::int32_t id) {
@@ -146,7 +138,7 @@ void RemoveName(EngineState& state, const Statements& stmt, const NamedDimension
         return;
     }
     DynArray<String>& names = state.*table.names;
-    CloseTableGap(stmt, names, id, count);
+    CloseGap(stmt, names, id, count - 1);
     const auto column = static_cast<std::int32_t>(dimension.column);
     for (std::int32_t row = 0; row < state.VKSStepCount; ++row) {
         stmt([&] {
@@ -182,8 +174,8 @@ void RemoveFrequency(EngineState& state, const Statements& stmt, double frequenc
         return;
     }
     std::int32_t& count = state.VKSDUTFreqCount;
-    CloseTableGap(stmt, state.VKSDUTFreqs, found, count);
-    CloseTableGap(stmt, state.VKSDUTFreqNames, found, count);
+    CloseGap(stmt, state.VKSDUTFreqs, found, count - 1);
+    CloseGap(stmt, state.VKSDUTFreqNames, found, count - 1);
     --count;
     stmt([&] { state.VKSDUTFreqs.RedimPreserve(count); });
     stmt([&] { state.VKSDUTFreqNames.RedimPreserve(count); });

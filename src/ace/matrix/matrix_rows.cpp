@@ -11,20 +11,25 @@ namespace ace {
 
 namespace {
 
-void EnlargeIds(EngineState& state) {
-    if (state.VKSDUTIds.IsAllocated()) {
-        state.VKSDUTIds.RedimPreserveRows(state.VKSStepCount);
-    } else {
-        state.VKSDUTIds.Redim(0, state.VKSStepCount, 0, LastKeyColumn);
+/// As `ReserveUpTo`.
+Array2D<double> ReserveIds(Array2D<double>& ids, std::int32_t count) {
+    Array2D<double> fresh;
+    if (!ids.IsAllocated() && count >= 0) {
+        fresh.Redim(0, count, 0, LastKeyColumn);
+    } else if (ids.IsAllocated() && count > ids.RowUpperBound()) {
+        const std::int32_t before = ids.RowUpperBound();
+        ids.RedimPreserveRows(count);
+        ids.RedimPreserveRows(before);
     }
+    return fresh;
 }
 
-/// As `ReserveUpTo`.
-void ReserveIds(EngineState& state, std::int32_t count) {
-    if (state.VKSDUTIds.IsAllocated() && count > state.VKSDUTIds.RowUpperBound()) {
-        const std::int32_t before = state.VKSDUTIds.RowUpperBound();
-        state.VKSDUTIds.RedimPreserveRows(count);
-        state.VKSDUTIds.RedimPreserveRows(before);
+/// As `EnlargeTo`.
+void EnlargeIds(Array2D<double>& ids, std::int32_t count, Array2D<double>& fresh) {
+    if (fresh.IsAllocated()) {
+        ids = std::move(fresh);
+    } else {
+        ids.RedimPreserveRows(count);
     }
 }
 
@@ -124,11 +129,11 @@ void AddVKSDUTStep(EngineState& state, RowKeys& keys, const RowKey& key) {
             return;
         }
         std::int32_t index = stmt([&] { return CheckedDifference(state.VKSStepCount, -1); });
-        stmt([&] { ReserveIds(state, index); });
+        Array2D<double> fresh = stmt([&] { return ReserveIds(state.VKSDUTIds, index); });
         stmt([&] {
             modActions::AddEntry(state.Context, state.VKSSteps, state.VKSStepCount, index);
         });
-        stmt([&] { EnlargeIds(state); });
+        stmt([&] { EnlargeIds(state.VKSDUTIds, state.VKSStepCount, fresh); });
         stmt([&] { PutKey(state, state.VKSStepCount - 1, key); });
         stmt([&] { keys.Insert(key); });
     });

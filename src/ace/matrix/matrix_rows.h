@@ -8,8 +8,7 @@
 
 namespace ace {
 
-/// Frequency in hertz, bandwidth id and power id; -1 stands for all of a dimension. Compared as
-/// doubles, to the bit of the value.
+/// Frequency in hertz, bandwidth id and power id; -1 stands for all of a dimension.
 using RowKey = std::array<double, 3>;
 
 /// The key of all frequencies, bandwidths and powers.
@@ -27,8 +26,8 @@ void CutKeys(EngineState& state, const Statements& stmt);
 /// The message of a trace line about a row.
 String KeyMessage(ThreadContext& context, const RowKey& key);
 
-/// The first row of a key, to the bit of each value but for the sign of a zero; -1 for none. Error
-/// 9 where the keys are fewer than the rows.
+/// The first row of a key, whose values are compared as numbers: both zeros are one, and what is no
+/// number equals nothing. -1 for none. Error 9 where the keys are fewer than the rows.
 std::int32_t FindRow(const EngineState& state, const RowKey& key);
 
 /// The keys of all rows at once, so that a rebuild needs no walk over the rows for each of them.

@@ -128,7 +128,8 @@ void RowRemoval::SettleSets() {
     if (x_setGone[static_cast<std::size_t>(x_spare)] != 0) {
         sets.SwapElements(target, x_spare);
     } else {
-        sets[target] = sets[target - 1];
+        const Statements stmt(x_state.Context);
+        stmt([&] { CopyEntry(sets[target - 1], sets[target]); });
     }
     sets.RedimPreserve(target);
 }

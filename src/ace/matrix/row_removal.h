@@ -10,9 +10,10 @@
 namespace ace {
 
 /// Deletes rows one after the other, as `DeleteVKSDUTStep` would with the same trace lines, and
-/// moves what stays only once: in `Settle`, until when the arrays are as they were. No message runs
-/// inside a deletion, so nobody looks at them meanwhile. Where a statement of a deletion fails, all
-/// is settled as the deletions one by one would have left it, and the rest has to go one by one.
+/// moves what stays only once: in `Settle`, until when the arrays are as they were. The trace log,
+/// all that a deletion asks of the host, lets no messages run, so nobody looks at them meanwhile.
+/// Where a statement of a deletion fails, all is settled as the deletions one by one would have
+/// left it, and the rest has to go one by one.
 class RowRemoval {
   public:
     explicit RowRemoval(EngineState& state) : x_state(state) {}
@@ -38,7 +39,8 @@ class RowRemoval {
     /// Rows that are left, before a failure.
     std::int32_t Count() const { return x_count - x_setsGone; }
     std::int32_t PlaceOfFailure() const { return x_placeOfFailure; }
-    /// Moves what stays to where it belongs. Does nothing when that is done.
+    /// Moves what stays to where it belongs. Does nothing when that is done. Error 7, handled, when
+    /// there is no memory for the copy in the spare place, which is then empty.
     void Settle();
 
   private:

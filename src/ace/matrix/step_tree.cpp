@@ -73,17 +73,17 @@ void AppendStep(EngineState& state, const Statements& stmt, const String& key,
     std::int32_t index = stmt([&] { return CheckedDifference(state.VKSStepCount, -1); });
     const std::int32_t count = index;
     const bool isCurrent = state.StepPlaces.IsCurrent(ChangesOfSteps(state));
-    for (DynArray<String>* texts : {&state.VKSStepUKeys, &state.VKSStepNames, &state.VKSStepKeys}) {
-        stmt([&] { ReserveUpTo(*texts, count); });
-    }
+    auto freshTestKeys = stmt([&] { return ReserveUpTo(state.VKSStepUKeys, count); });
+    auto freshNames = stmt([&] { return ReserveUpTo(state.VKSStepNames, count); });
+    auto freshKeys = stmt([&] { return ReserveUpTo(state.VKSStepKeys, count); });
     if (isCurrent) {
         state.StepPlaces.Follow(ChangesOfSteps(state), count - 1);  // memory alone has changed
     }
     stmt([&] { modActions::AddEntry(state.Context, state.VKSSteps, state.VKSStepCount, index); });
     const PlaceIndex::Changes before = ChangesOfSteps(state);
-    stmt([&] { state.VKSStepUKeys.RedimPreserve(count); });
-    stmt([&] { state.VKSStepNames.RedimPreserve(count); });
-    stmt([&] { state.VKSStepKeys.RedimPreserve(count); });
+    stmt([&] { EnlargeTo(state.VKSStepUKeys, count, freshTestKeys); });
+    stmt([&] { EnlargeTo(state.VKSStepNames, count, freshNames); });
+    stmt([&] { EnlargeTo(state.VKSStepKeys, count, freshKeys); });
     stmt([&] { state.VKSStepUKeys[count - 1] = testKey; });
     stmt([&] { state.VKSStepNames[count - 1] = name; });
     stmt([&] { state.VKSStepKeys[count - 1] = key; });
