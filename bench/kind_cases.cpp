@@ -190,7 +190,7 @@ Work Ours(const Kind& kind) {
 std::vector<CallCount> CallsOf(const Kind& kind) {
     const std::size_t outer = kind.atFrequency ? 2 : 0;
     std::vector<CallCount> calls{{Call::Yield, Elements},
-                                 {Call::TraceQuestion, 2 * Elements + outer}};
+                                 {Call::TraceQuestion, std::size_t{2} * Elements + outer}};
     for (const CallCount& one : kind.calls) {
         calls.push_back({one.call, one.times * Elements});
     }

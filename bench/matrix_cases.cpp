@@ -141,7 +141,7 @@ struct Operation {
 constexpr std::size_t Many = RowsOf(ManyFrequencies);
 /// Rows of a power, of a frequency, and of all frequencies together.
 constexpr std::size_t OfAPower = Many / Edge;
-constexpr std::size_t OfAFrequency = Edge * Edge;
+constexpr std::size_t OfAFrequency = std::size_t{Edge} * Edge;
 /// What a row asks when it is looked for and there, when it comes and when it goes.
 constexpr std::size_t Found = 2;
 constexpr std::size_t Comes = 4;

@@ -187,11 +187,12 @@ Work SameCallsWithFreshRecords() {
 /// end line, which a set that succeeds does not write.
 std::vector<CallCount> CallsOfTheMix() {
     constexpr std::size_t Each = MixElements / 6;
-    return {{Call::Yield, MixElements}, {Call::TraceQuestion, 2 * MixElements + Each + 2},
-            {Call::Status, 6 * Each},   {Call::BusWrite, Each},
-            {Call::Generator, Each},    {Call::Channel, Each},
-            {Call::MacroLoad, Each},    {Call::MacroResult, 2 * Each},
-            {Call::Path, Each},         {Call::TimedMessage, Each}};
+    return {
+        {Call::Yield, MixElements}, {Call::TraceQuestion, std::size_t{2} * MixElements + Each + 2},
+        {Call::Status, 6 * Each},   {Call::BusWrite, Each},
+        {Call::Generator, Each},    {Call::Channel, Each},
+        {Call::MacroLoad, Each},    {Call::MacroResult, 2 * Each},
+        {Call::Path, Each},         {Call::TimedMessage, Each}};
 }
 
 }  // namespace

@@ -14,8 +14,7 @@ namespace {
 /// A section as a radiated-immunity set-up has it.
 const std::vector<String> Lines = {
     L"NumOfEnterActions=11",
-    L"EnterAction1=NOTIFY:Radiated immunity\x01 side A.\x7F"
-    L"Door closed?,C:\\Sounds\\a.wav,0",
+    L"EnterAction1=NOTIFY:Radiated immunity\x01 side A.\177Door closed?,C:\\Sounds\\a.wav,0",
     L"EnterAction2=REMOTE:*RST;*CLS,2,192.168.17.21,5025:0,,0,",
     L"EnterAction3=REMOTE:MMEM:LOAD:STAT 1\x01\"RI_BASE.STA\",2,192.168.17.21,5025:0,,0,",
     L"EnterAction4=WAIT:3000.000",

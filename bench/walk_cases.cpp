@@ -75,7 +75,7 @@ Case KindWithoutRoutine() {
             [] { return [bench = WithParking()] { bench->engine->BeforeTestLoop(); }; },
             {.gate = 44},
             Elements,
-            {{Call::Yield, Elements}, {Call::TraceQuestion, 2 * Elements}}};
+            {{Call::Yield, Elements}, {Call::TraceQuestion, std::size_t{2} * Elements}}};
 }
 
 Case KindWithoutRoutineInANumberedList() {
@@ -86,7 +86,7 @@ Case KindWithoutRoutineInANumberedList() {
             [] { return [bench = WithParking()] { bench->engine->EnterSubrange(1); }; },
             {.gate = 56},
             Elements,
-            {{Call::Yield, Elements}, {Call::TraceQuestion, 2 * Elements}}};
+            {{Call::Yield, Elements}, {Call::TraceQuestion, std::size_t{2} * Elements}}};
 }
 
 Case SkippedKindAtAFrequency() {
