@@ -104,8 +104,37 @@ FormAct Tick(String control, bool ticked) {
 
 FormAct ChooseFile(String control, String file) {
     return OnControl(std::move(control), [file = std::move(file)](Control& c) {
-        return DoTo<FileBox>(c, [&](FileBox& box) { box.ChooseFile(file); });
+        const auto* const files = ControlAs<FileBox>(&c);
+        return files != nullptr && !files->ofTables &&
+               DoTo<FileBox>(c, [&](FileBox& box) { box.ChooseFile(file); });
     });
+}
+
+FormAct ChooseTable(String control, ITableType type, ITableMeasClass measClass, String table) {
+    return OnControl(std::move(control), [=, table = std::move(table)](Control& c) {
+        const auto* const tables = ControlAs<FileBox>(&c);
+        return tables != nullptr && tables->ofTables &&
+               DoTo<FileBox>(c, [&](FileBox& box) { box.ChooseTable(type, measClass, table); });
+    });
+}
+
+FormAct SelectText(String control, std::int32_t start, std::int32_t length) {
+    return OnControl(std::move(control), [start, length](Control& c) {
+        auto* const box = ControlAs<TextBox>(&c);
+        const bool isInside =
+            box != nullptr && start >= 0 && length >= 0 &&
+            static_cast<std::size_t>(start) <= box->text.size() &&
+            static_cast<std::size_t>(length) <= box->text.size() - static_cast<std::size_t>(start);
+        if (isInside) {
+            box->selectionStart = start;
+            box->selectionLength = length;
+        }
+        return isInside;
+    });
+}
+
+FormAct Focus(String control) {
+    return OnControl(std::move(control), [](Control& c) { return c.TakesFocus(); });
 }
 
 FormAct DropFiles(String control, std::vector<String> files) {

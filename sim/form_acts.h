@@ -27,8 +27,15 @@ FormAct Insert(String control, String text);
 FormAct EndInput(String control);
 /// Ticks a box that isn't, or the other way round.
 FormAct Tick(String control, bool ticked);
-/// Chooses a file in a file box.
+/// Chooses a file in a file box for files.
 FormAct ChooseFile(String control, String file);
+/// Chooses a table, with its type and measurement class, in a file box for tables.
+FormAct ChooseTable(String control, ITableType type, ITableMeasClass measClass, String table);
+/// Selects characters of a text box; a `length` of 0 puts the caret there. Beyond the text it can't
+/// be done.
+FormAct SelectText(String control, std::int32_t start, std::int32_t length = 0);
+/// Goes to a control and does nothing there.
+FormAct Focus(String control);
 /// Drops files on a text box; the focus stays where it is.
 FormAct DropFiles(String control, std::vector<String> files);
 /// A key, whatever has the focus.

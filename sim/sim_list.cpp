@@ -52,8 +52,8 @@ String SimList::Text() const {
 
 // ---- the operator's acts -----------------------------------------------------------------------
 
-bool SimList::Click(const String& key) {
-    if (std::ranges::find(x_items, key, &Item::key) == x_items.end()) {
+bool SimList::Click(const std::optional<String>& key) {
+    if (key && std::ranges::find(x_items, *key, &Item::key) == x_items.end()) {
         return false;
     }
     x_selected = key;
@@ -61,7 +61,7 @@ bool SimList::Click(const String& key) {
 }
 
 bool SimList::DoubleClick(const std::optional<String>& key) {
-    if (x_events == nullptr || (key && !Click(*key))) {
+    if (x_events == nullptr || !Click(key)) {
         return false;
     }
     x_events->DoubleClicked();

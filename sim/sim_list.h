@@ -27,9 +27,9 @@ class SimList : public IListControl {
 
     // ---- the operator's acts; false when there is no such item, or nobody listens --------------
 
-    /// Selects an item.
-    bool Click(const String& key);
-    /// Selects an item and double-clicks it; without a key it is done beside the items.
+    /// Selects an item, or none by a click beside them.
+    bool Click(const std::optional<String>& key);
+    /// Clicks so, and once more.
     bool DoubleClick(const std::optional<String>& key);
     /// Starts to drag an item: what the drag carries. None when it can't be started.
     std::optional<DragData> Drag(const String& key);

@@ -342,4 +342,15 @@ std::optional<float> SimTree::PlaceOf(const std::optional<String>& key) {
     return (static_cast<float>(row - rows.begin()) + 0.5F) * RowHeight;
 }
 
+bool SimTree::GoTo(const std::optional<String>& key) {
+    const std::vector<const Node*> rows = Rows();
+    const auto row =
+        key ? std::ranges::find(rows, *key, [](const Node* one) { return one->key; }) : rows.end();
+    if (key && row == rows.end()) {
+        return false;
+    }
+    x_selected = key ? (*row)->id : TreeNode{};
+    return true;
+}
+
 }  // namespace ace::sim

@@ -77,9 +77,20 @@ class SimTree : public ITreeControl {
                           std::int32_t shift = 0);
     /// Drags it over and drops it there, when something would come of it.
     bool Drop(const DragData& data, const std::optional<String>& key, std::int32_t shift = 0);
+    /// Drags it over and drops it there whatever would come of it, as some toolkits do.
+    bool DropAnyway(const DragData& data, const std::optional<String>& key, std::int32_t shift = 0);
     /// Presses one node, moves the mouse, drops on another one and ends the drag; false also when
     /// no drag starts or nothing would come of a drop.
     bool DragTo(const String& from, const std::optional<String>& to, std::int32_t shift = 0);
+    /// The same step by step: presses a node and moves the mouse far enough. False when no drag
+    /// starts.
+    bool BeginDrag(const String& from);
+    /// What the drag of this tree carries; none while there is no such drag.
+    const std::optional<DragData>& Dragged() const { return x_dragged; }
+    /// The drag of this tree is over, dropped or not. False when there is none.
+    bool EndDrag();
+    /// Selects a node as the keys do, of which nobody hears; without a key none is selected.
+    bool GoTo(const std::optional<String>& key);
 
   private:
     struct Node;
@@ -91,7 +102,8 @@ class SimTree : public ITreeControl {
     static void SortIfDue(Node& parent);
     TreeNode Put(Node& parent, const String& key, const String& caption, const String& image);
     void Discard(Node& node);
-    bool EndDrag();
+    bool DropWith(std::int32_t effect, const DragData& data, const std::optional<String>& key,
+                  std::int32_t shift);
     std::vector<const Node*> Rows();
     void AppendLines(String& text, Node& parent, std::size_t depth);
     std::optional<float> PlaceOf(const std::optional<String>& key);

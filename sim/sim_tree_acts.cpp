@@ -58,14 +58,27 @@ std::int32_t SimTree::DragOver(const DragData& data, const std::optional<String>
     return effect & allowed;
 }
 
-bool SimTree::Drop(const DragData& data, const std::optional<String>& key, std::int32_t shift) {
-    std::int32_t effect = DragOver(data, key, shift);
+bool SimTree::DropWith(std::int32_t effect, const DragData& data, const std::optional<String>& key,
+                       std::int32_t shift) {
     const std::optional<float> y = PlaceOf(key);
-    if (effect == DropEffects::None || !y) {
-        return false;
+    if (y) {
+        x_events->Dropped(data, effect, shift, PressedAt, *y);
     }
-    x_events->Dropped(data, effect, shift, PressedAt, *y);
-    return true;
+    return y.has_value();
+}
+
+bool SimTree::Drop(const DragData& data, const std::optional<String>& key, std::int32_t shift) {
+    const std::int32_t effect = DragOver(data, key, shift);
+    return effect != DropEffects::None && DropWith(effect, data, key, shift);
+}
+
+bool SimTree::DropAnyway(const DragData& data, const std::optional<String>& key,
+                         std::int32_t shift) {
+    return DropWith(DragOver(data, key, shift), data, key, shift);
+}
+
+bool SimTree::BeginDrag(const String& from) {
+    return Press(from) && MoveBy(FarEnough, 0.0F) && x_dragged.has_value();
 }
 
 bool SimTree::EndDrag() {
@@ -77,7 +90,7 @@ bool SimTree::EndDrag() {
 }
 
 bool SimTree::DragTo(const String& from, const std::optional<String>& to, std::int32_t shift) {
-    if (!Press(from) || !MoveBy(FarEnough, 0.0F) || !x_dragged) {
+    if (!BeginDrag(from)) {
         return false;
     }
     const DragData data = *x_dragged;

@@ -38,6 +38,13 @@ TEST_F(SimListTest, PrintsItsItemsInTheirOrderWithTheSelectedOne) {
     EXPECT_EQ(list->Text(), L"ACT:3 \"Set device\" DEV\nACT:2 \"Command\" REM selected\n");
 }
 
+TEST_F(SimListTest, AClickBesideTheItemsSelectsNone) {
+    list->Click(L"ACT:2");
+    EXPECT_TRUE(list->Click({}));
+    EXPECT_EQ(list->Selected(), std::nullopt);
+    EXPECT_FALSE(list->Click(L"ACT:9"));
+}
+
 TEST_F(SimListTest, AKeyThatIsThereAlreadyIsError457AndAddsNothing) {
     EXPECT_EQ(ErrorOf([&] { list->Add(L"ACT:3", L"again", L"DEV"); }), 457);
     EXPECT_EQ(list->Text(), L"ACT:3 \"Set device\" DEV\nACT:2 \"Command\" REM\n");

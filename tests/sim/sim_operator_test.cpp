@@ -115,15 +115,20 @@ TEST_F(SimOperatorTest, AFormThatIsLeftOpenIsAComplaintAndHidden) {
 
 TEST_F(SimOperatorTest, AnActOnAControlMovesTheFocusThere) {
     form.chkBeep.enabled = true;
-    host->user.Expect({L"Sample",
-                       {sim::Type(L"txtName", L"new"), sim::Tick(L"chkBeep", true),
-                        sim::Choose(L"cboPort", 1), Press(L"cmdOK")},
-                       {}});
+    const auto focusIsOn = [](String name) {
+        return sim::Do([name = std::move(name)](const Form& shown) {
+            EXPECT_EQ(shown.Focus(), shown.Find(name));
+        });
+    };
+    host->user.Expect(
+        {L"Sample",
+         {sim::Type(L"txtName", L"new"), focusIsOn(L"txtName"), sim::Tick(L"chkBeep", true),
+          sim::Choose(L"cboPort", 1), focusIsOn(L"cboPort"), Press(L"cmdOK")},
+         {}});
     Show(form);
     EXPECT_TRUE(form.left);
     EXPECT_TRUE(form.chkBeep.ticked);
     EXPECT_EQ(form.cboPort.listIndex, 1);
-    EXPECT_EQ(form.Focus(), &form.cmdOK);
 }
 
 TEST_F(SimOperatorTest, AScreenThatFailsKeepsTheAnswerForTheNextShow) {
@@ -151,7 +156,7 @@ class Panes : public Form {
         txtName.onChange = reach;
         txtTime.onChange = txtTime.onEndInput = reach;
         chkBeep.onClick = cboPort.onClick = optMode.onClick = imgDevice.onClick = reach;
-        filFile.onChange = reach;
+        filFile.onChange = filTable.onChange = reach;
         tabPages.onSelect = [this](std::int32_t) { ++reached; };
         txtName.onDrop = [this](const std::vector<String>&) { ++reached; };
     }
@@ -162,6 +167,7 @@ class Panes : public Form {
     DropDown cboPort{fraPane, L"cboPort", {}, {L"COM1", L"COM2"}};
     OptionGroup optMode{fraPane, L"optMode", {}, {{L"A"}, {L"B"}}};
     FileBox filFile{fraPane, L"filFile"};
+    FileBox filTable{fraPane, L"filTable", {}, {.ofTables = true}};
     TabStrip tabPages{fraPane, L"tabPages", {}, {{L"1"}, {L"2"}, {L"3", false}}};
     Picture imgDevice{fraPane, L"imgDevice"};
     Label lblText{fraPane, L"lblText"};
@@ -177,6 +183,9 @@ const std::vector<sim::FormAct> EveryAct = {sim::Type(L"txtName", L"a"),
                                             sim::Choose(L"cboPort", 1),
                                             sim::Choose(L"optMode", 1),
                                             sim::ChooseFile(L"filFile", L"d"),
+                                            sim::ChooseTable(L"filTable", 3, 2, L"e"),
+                                            sim::SelectText(L"txtName", 0),
+                                            sim::Focus(L"txtTime"),
                                             sim::Choose(L"tabPages", 1),
                                             Press(L"imgDevice"),
                                             sim::PressMouse(L"imgDevice", MouseButtons::Left)};
@@ -186,7 +195,7 @@ TEST_F(SimOperatorTest, EveryActReachesAControlThatShows) {
     for (const sim::FormAct& act : EveryAct) {
         EXPECT_TRUE(act(panes));
     }
-    EXPECT_EQ(panes.reached, 12);
+    EXPECT_EQ(panes.reached, 13);
 }
 
 TEST_F(SimOperatorTest, NoActReachesAControlInAHiddenOrDisabledFrame) {
@@ -210,7 +219,9 @@ TEST_F(SimOperatorTest, AnActOnAnotherKindOfControlCannotBeDone) {
          {sim::Type(L"lblText", L"a"), sim::Type(L"cboPort", L"COM9"), Press(L"lblText"),
           Press(L"txtName"), sim::Tick(L"optMode", true), sim::Choose(L"txtName", 0),
           sim::EndInput(L"txtName"), sim::Insert(L"txtTime", L"1"), sim::PressMouse(L"chkBeep", 1),
-          sim::DropFiles(L"txtTime", {L"a"}), sim::ChooseFile(L"txtName", L"a")}) {
+          sim::DropFiles(L"txtTime", {L"a"}), sim::ChooseFile(L"txtName", L"a"),
+          sim::ChooseFile(L"filTable", L"a"), sim::ChooseTable(L"filFile", 1, 1, L"a"),
+          sim::SelectText(L"txtTime", 0), sim::Focus(L"imgDevice"), sim::Focus(L"lblText")}) {
         EXPECT_FALSE(act(panes));
     }
     EXPECT_EQ(panes.reached, 0);
@@ -224,6 +235,39 @@ TEST_F(SimOperatorTest, WhatIsNotOfferedCannotBeChosen) {
         EXPECT_FALSE(act(panes));
     }
     EXPECT_EQ(panes.reached, 0);
+}
+
+TEST_F(SimOperatorTest, ATableIsChosenWithItsTypeAndMeasurementClass) {
+    Panes panes;
+    EXPECT_TRUE(sim::ChooseTable(L"filTable", 3, 2, L"Level")(panes));
+    EXPECT_EQ(panes.filTable.fileName, L"Level");
+    EXPECT_EQ(panes.filTable.tableType, 3);
+    EXPECT_EQ(panes.filTable.tableMeasClass, 2);
+}
+
+TEST_F(SimOperatorTest, WhatIsTypedGoesInPlaceOfTheSelectedTextWhichEndsWithTheText) {
+    Panes panes;
+    panes.txtName.text = L"abcd";
+    EXPECT_TRUE(sim::SelectText(L"txtName", 1, 2)(panes));
+    EXPECT_TRUE(sim::Insert(L"txtName", L"-")(panes));
+    EXPECT_EQ(panes.txtName.text, L"a-d");
+    EXPECT_TRUE(sim::SelectText(L"txtName", 3)(panes));
+    for (const sim::FormAct& act :
+         {sim::SelectText(L"txtName", 4), sim::SelectText(L"txtName", 2, 2),
+          sim::SelectText(L"txtName", -1), sim::SelectText(L"txtName", 0, -1)}) {
+        EXPECT_FALSE(act(panes));
+    }
+    EXPECT_EQ(panes.txtName.selectionStart, 3);
+}
+
+TEST_F(SimOperatorTest, GoingToAControlDoesNothingThereAndLeavesTheOneBefore) {
+    Panes panes;
+    panes.txtTime.Type(L"0");
+    panes.SetFocus(panes.txtTime);
+    panes.reached = 0;
+    EXPECT_TRUE(sim::Focus(L"chkBeep")(panes));
+    EXPECT_EQ(panes.Focus(), &panes.chkBeep);
+    EXPECT_EQ(panes.reached, 1) << "the end of the input";
 }
 
 TEST_F(SimOperatorTest, APressOnAPictureAndADropLeaveTheFocusWhereItIs) {

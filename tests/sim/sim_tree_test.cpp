@@ -295,6 +295,50 @@ TEST_F(SimTreeTest, WhatWouldHaveNoEffectIsNotDropped) {
     tree.SetEvents(nullptr);
 }
 
+TEST_F(SimTreeTest, ADropOfWhichNothingWouldComeIsHandedOnByATreeThatAsksForNoEffect) {
+    Listener editor(tree);
+    editor.answer = DropEffects::None;
+    Root(L"a");
+    EXPECT_FALSE(tree.Drop({L"x"}, L"a"));
+    EXPECT_TRUE(tree.DropAnyway({L"x"}, L"a", ShiftKeys::Shift));
+    EXPECT_FALSE(tree.DropAnyway({L"x"}, L"b"));
+    EXPECT_THAT(editor.heard, ElementsAre(L"over with x 7 0 at 120", L"over with x 7 1 at 120",
+                                          L"drop of x 0 1 at 120"));
+    tree.SetEvents(nullptr);
+}
+
+TEST_F(SimTreeTest, ADragCanBeTakenStepByStep) {
+    Listener editor(tree);
+    Root(L"a");
+    Root(L"b");
+    EXPECT_FALSE(tree.Dragged());
+    EXPECT_FALSE(tree.EndDrag());
+    EXPECT_FALSE(tree.BeginDrag(L"c"));
+    ASSERT_TRUE(tree.BeginDrag(L"a"));
+    EXPECT_EQ(tree.Dragged(), DragData{L"a"});
+    EXPECT_EQ(tree.DragOver(*tree.Dragged(), L"b"), DropEffects::Copy);
+    EXPECT_EQ(tree.DragOver(*tree.Dragged(), {}), DropEffects::Copy);
+    EXPECT_TRUE(tree.EndDrag());
+    EXPECT_FALSE(tree.Dragged());
+    EXPECT_THAT(editor.heard,
+                ElementsAre(L"down 1 0 at 120", L"move 1 0 at 120", L"over with a 7 0 at 360",
+                            L"over with a 7 0 at 600", L"end of drag"));
+    tree.SetEvents(nullptr);
+}
+
+TEST_F(SimTreeTest, TheKeysSelectWhatShowsAndNobodyHearsOfIt) {
+    Listener editor(tree);
+    Child(Root(L"a"), L"b");
+    EXPECT_TRUE(tree.GoTo(L"a"));
+    EXPECT_EQ(tree.Selected(), tree.Find(L"a"));
+    EXPECT_FALSE(tree.GoTo(L"b")) << "its parent is collapsed";
+    EXPECT_EQ(tree.Selected(), tree.Find(L"a"));
+    EXPECT_TRUE(tree.GoTo({}));
+    EXPECT_FALSE(tree.Selected());
+    EXPECT_THAT(editor.heard, IsEmpty());
+    tree.SetEvents(nullptr);
+}
+
 TEST_F(SimTreeTest, ATreeThatGoesTellsWhoListens) {
     auto other = std::make_unique<sim::SimTree>(*host);
     Listener editor(*other);

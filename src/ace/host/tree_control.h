@@ -34,7 +34,8 @@ class ITreeEvents {
     /// Something is dragged over the tree, from wherever: `effect` is what would come of a drop.
     virtual void DraggedOver(const DragData& data, std::int32_t& effect, std::int32_t shift,
                              float x, float y) = 0;
-    /// It is dropped there. The tree asks this of no drag whose last effect was none.
+    /// It is dropped there. A tree may hand on a drop whose last effect was none, as some toolkits
+    /// do: it is answered like any other, and nothing may come of it.
     virtual void Dropped(const DragData& data, std::int32_t& effect, std::int32_t shift, float x,
                          float y) = 0;
     /// A drag that was started in this tree has ended, dropped or not.
@@ -123,8 +124,14 @@ class ITreeControl {
     virtual TreeNode Selected() = 0;
     /// None selects nothing. What is selected may be scrolled to, and its parents expanded.
     virtual void Select(TreeNode node) = 0;
-    /// The node that shows as the target of a drag.
+
+    // ---- drag and drop -----------------------------------------------------------------------
+    // A tree that leaves these four as they are has none: it starts no drag, must hand on neither
+    // `DraggedOver` nor `Dropped`, and selects by itself what the mouse is pressed on.
+
+    /// The node that shows as the target of a drag; none when there is no such.
     virtual TreeNode DropHighlight() { return {}; }
+    /// None takes the highlight away.
     virtual void SetDropHighlight(TreeNode) {}
     /// The node at a place in twips from the left upper corner; none beside the nodes.
     virtual TreeNode HitTest(float, float) { return {}; }
