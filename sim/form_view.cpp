@@ -147,13 +147,31 @@ String ControlText(const Control& control) {
     return control.enabled ? text : text + L" disabled";
 }
 
+bool HasPlace(const ControlFields& control) {
+    return control.left != 0.0F || control.top != 0.0F || control.width != 0.0F ||
+           control.height != 0.0F;
+}
+
+/// As "3000 x 2000".
+String SizeText(float width, float height) {
+    return NumberText(static_cast<double>(width)) + L" x " +
+           NumberText(static_cast<double>(height));
+}
+
+String PlaceText(const Control& control) {
+    return !HasPlace(control) ? String()
+                              : L" at " + NumberText(static_cast<double>(control.left)) + L", " +
+                                    NumberText(static_cast<double>(control.top)) + L", " +
+                                    SizeText(control.width, control.height);
+}
+
 String ControlLine(const Control& control, std::size_t depth) {
     const KindRow& kind = KindOf(control);
     String line = String(2 * depth, L' ') + control.Name() + L" " + String(kind.name);
     if (kind.showsWords) {
         line += L" " + Quoted(WordsOf(control));
     }
-    line += kind.facts(control) + TipOf(control);
+    line += kind.facts(control) + TipOf(control) + PlaceText(control);
     line += control.visible ? L"" : L" hidden";
     line += control.enabled ? L"" : L" disabled";
     return line + L"\n";
@@ -188,7 +206,8 @@ String FormText(const Form& form) {
 }
 
 String FormView(const Form& form) {
-    String text = form.Name() + L" " + Quoted(form.title);
+    String text =
+        form.Name() + L" " + Quoted(form.title) + L", " + SizeText(form.width, form.height);
     if (form.Focus() != nullptr) {
         text += L", focus on " + form.Focus()->Name();
     }

@@ -15,7 +15,7 @@ String FormText(const Form& form);
 
 /// The form as it stands, for golden files: a line for the form and one for each control, hidden
 /// ones too, those of a frame indented below it. A line has name, kind, words, what else the kind
-/// holds, and "hidden" or "disabled".
+/// holds, its place and size in twips unless all is left to the view, and "hidden" or "disabled".
 String FormView(const Form& form);
 
 /// The items of a menu: `1 "Change", 2 "Delete" checked`.

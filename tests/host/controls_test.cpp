@@ -220,6 +220,24 @@ TEST(Controls, TheEndOfAnInputIsReportedOnceAndOnlyWhenSomethingWasTyped) {
     EXPECT_THAT(form.seen, ElementsAre(L"end 0", L"end 7"));
 }
 
+TEST(Controls, AnInputThatGoesOnWhenTheFormIsHiddenIsNeverReported) {
+    Panes form;
+    form.txtTime.onEndInput = [&] { form.seen.push_back(L"end " + form.txtTime.text); };
+    class Cancelled : public DefaultFormHost {
+        void ShowModal(Form& shown) override {
+            auto& box = *shown.Find<ValueBox>(L"txtTime");
+            shown.SetFocus(box);
+            box.Type(L"0");
+            shown.Hide();
+        }
+    } screen;
+    form.ShowModal(screen);
+    form.SetFocus(form.txtTime);
+    form.SetFocus(form.txtName);
+    EXPECT_THAT(form.seen, IsEmpty());
+    EXPECT_EQ(form.txtTime.text, L"0");
+}
+
 // ---- choices -----------------------------------------------------------------------------------
 
 TEST(Controls, ChoosingAnOptionRunsTheHandlerAlsoWhenItIsChosenAlready) {
@@ -231,6 +249,18 @@ TEST(Controls, ChoosingAnOptionRunsTheHandlerAlsoWhenItIsChosenAlready) {
     EXPECT_EQ(ErrorOf([&] { form.optMode.Choose(2); }), 5);
     EXPECT_EQ(ErrorOf([&] { form.optMode.Choose(-1); }), 5);
     EXPECT_EQ(form.optMode.index, 1);
+}
+
+TEST(Controls, AFilledListHasTheNewItemsAndNoneOfThemIsChosen) {
+    Panes form;
+    form.cboPath.onClick = [&] { form.seen.push_back(L"click"); };
+    form.cboPath.listIndex = 1;
+    form.cboPath.otherText = L"A9";
+    form.cboPath.Fill({L"B1", L"B2", L"B3"});
+    EXPECT_THAT(form.cboPath.list, ElementsAre(L"B1", L"B2", L"B3"));
+    EXPECT_EQ(form.cboPath.listIndex, -1);
+    EXPECT_EQ(form.cboPath.Text(), L"");
+    EXPECT_THAT(form.seen, IsEmpty());
 }
 
 TEST(Controls, ADropDownShowsTheOtherTextWhileNothingIsChosen) {

@@ -118,6 +118,44 @@ TEST(Forms, MovingTheFocusRunsTheLeaveHandlerOfTheControlThatHadIt) {
     EXPECT_EQ(form.Focus(), &form.cmdOK);
 }
 
+/// Shows the form to an operator who goes to the name, and looks at the focus afterwards.
+void ShowAndGoToTheName(SampleForm& form, const std::function<void(Form&)>& end) {
+    ScriptedScreen screen([&](Form& shown) {
+        shown.SetFocus(form.txtName);
+        end(shown);
+    });
+    form.ShowModal(screen);
+}
+
+TEST(Forms, HidingTakesTheFocusAwayWithoutALeaveHandler) {
+    SampleForm form;
+    ShowAndGoToTheName(form, [](Form& shown) { shown.Hide(); });
+    EXPECT_EQ(form.Focus(), nullptr);
+    form.SetFocus(form.cmdOK);
+    EXPECT_THAT(form.seen, ElementsAre(L"load"));
+    EXPECT_EQ(form.Focus(), &form.cmdOK) << "a hidden form can be told where its show begins";
+}
+
+TEST(Forms, AShowThatEndsWithoutHidingTakesTheFocusAwayToo) {
+    SampleForm form;
+    ShowAndGoToTheName(form, [](Form&) {});
+    EXPECT_EQ(form.Focus(), nullptr);
+    EXPECT_EQ(ErrorOf([&] { ShowAndGoToTheName(form, [](Form&) { Raise(Errors::Overflow); }); }),
+              6);
+    EXPECT_EQ(form.Focus(), nullptr);
+    EXPECT_THAT(form.seen, ElementsAre(L"load"));
+}
+
+TEST(Forms, AnInnerShowThatFailsLeavesTheFocusToTheOuterOne) {
+    SampleForm form;
+    ScriptedScreen broken([](Form&) { Raise(Errors::Overflow); });
+    ShowAndGoToTheName(form, [&](Form& shown) {
+        EXPECT_EQ(ErrorOf([&] { shown.ShowModal(broken); }), 6);
+        EXPECT_EQ(shown.Focus(), &form.txtName);
+        shown.Hide();
+    });
+}
+
 TEST(Forms, TheLoadHandlerRunsOnceHoweverOftenTheFormIsShown) {
     SampleForm form;
     ScriptedScreen screen([](Form& shown) { shown.Hide(); });

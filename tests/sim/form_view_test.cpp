@@ -8,7 +8,7 @@ namespace {
 /// A control of every kind.
 class Everything : public Form {
   public:
-    Everything() : Form(L"Everything", 0, 1000.0F, 1000.0F) { title = L"All kinds"; }
+    Everything() : Form(L"Everything", 0, 1000.0F, 800.0F) { title = L"All kinds"; }
 
     Label lblText{*this, L"lblText", {.caption = L"Hello"}};
     Frame fraPane{*this, L"fraPane", {.caption = L"Pane"}};
@@ -28,7 +28,7 @@ class Everything : public Form {
 TEST(FormView, HasALineForEachControlWithThoseOfAFrameBelowIt) {
     Everything form;
     EXPECT_EQ(sim::FormView(form),
-              L"Everything \"All kinds\"\n"
+              L"Everything \"All kinds\", 1000 x 800\n"
               L"  lblText label \"Hello\"\n"
               L"  fraPane frame \"Pane\"\n"
               L"    txtName text box \"a\\r\\nb\"\n"
@@ -52,10 +52,26 @@ TEST(FormView, ShowsFocusSelectionAndWhatIsNotChosen) {
     form.cboPort.otherText = L"COM9";
     form.optMode.index = -1;
     const String view = sim::FormView(form);
-    EXPECT_THAT(view, ::testing::StartsWith(L"Everything \"All kinds\", focus on txtName\n"));
+    EXPECT_THAT(view,
+                ::testing::StartsWith(L"Everything \"All kinds\", 1000 x 800, focus on txtName\n"));
     EXPECT_THAT(view, ::testing::HasSubstr(L"txtName text box \"a\\r\\nb\" selected 0+4\n"));
     EXPECT_THAT(view, ::testing::HasSubstr(L"cboPort drop-down \"COM9\" none of 2\n"));
     EXPECT_THAT(view, ::testing::HasSubstr(L"optMode options \"Generator\" \"Monitor\"\n"));
+}
+
+TEST(FormView, ShowsWhereAControlStandsInItsParentUnlessThatIsLeftToTheView) {
+    Everything form;
+    form.width = 1480.5F;
+    form.fraInner.top = 240.0F;
+    form.cmdOK.left = 60.0F;
+    form.cmdOK.width = 1215.0F;
+    form.cmdOK.height = 375.0F;
+    const String view = sim::FormView(form);
+    EXPECT_THAT(view, ::testing::StartsWith(L"Everything \"All kinds\", 1480.5 x 800\n"));
+    EXPECT_THAT(view, ::testing::HasSubstr(L"    fraInner frame \"\" at 0, 240, 0 x 0 hidden\n"));
+    EXPECT_THAT(
+        view, ::testing::HasSubstr(L"cmdOK button \"&OK\" tip \"Take it\" at 60, 0, 1215 x 375\n"));
+    EXPECT_THAT(view, ::testing::HasSubstr(L"imgStop picture\n"));
 }
 
 TEST(FormView, WhatAnOperatorReadsLeavesOutWhatAHiddenFrameHolds) {

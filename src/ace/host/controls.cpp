@@ -53,6 +53,12 @@ void CheckBox::Tick(Boolean newTicked) {
     Run(onClick);
 }
 
+void DropDown::Fill(std::vector<String> items) {
+    list = std::move(items);
+    listIndex = -1;
+    otherText.clear();
+}
+
 void DropDown::Choose(std::int32_t index) {
     RequireItem(index == -1 || IsIndexOf(list, index));
     listIndex = index;

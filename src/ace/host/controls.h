@@ -29,7 +29,8 @@ enum class ControlKind {
 };
 
 /// What every control has; setting a field runs no handler. Positions and sizes are in twips (1440
-/// to the inch) inside the form, and 0 where the form leaves them to the view.
+/// to the inch), and 0 where the form leaves them to the view. A control stands in its parent, or
+/// on the form without one, and goes along when that is moved.
 struct ControlFields {
     String caption = {};             ///< "&" stands before the letter of the shortcut
     std::int32_t captionNumber = 0;  ///< number of the caption's text; 0 for none
@@ -37,8 +38,8 @@ struct ControlFields {
     std::int32_t toolTipNumber = 0;  ///< number of the tool tip's text; 0 for none
     Boolean visible = true;          ///< a hidden control keeps its other fields
     Boolean enabled = true;          ///< the operator can act on it
-    float left = 0.0F;               ///< twips from the form's left edge
-    float top = 0.0F;                ///< twips from the form's top edge
+    float left = 0.0F;               ///< twips from the left edge of the parent
+    float top = 0.0F;                ///< twips from the top edge of the parent
     float width = 0.0F;              ///< twips
     float height = 0.0F;             ///< twips
 };
@@ -88,6 +89,9 @@ class Control : public ControlFields {
     bool TakesFocus() const;
     /// The focus goes elsewhere. Only the form calls it.
     virtual void Leave() {}
+    /// The focus goes because the form is hidden: no handler runs, now or later, for what was
+    /// typed. Only the form calls it.
+    virtual void Forget() {}
 
   protected:
     Control(ControlPlace place, ControlKind kind, String name, ControlFields design);
@@ -175,6 +179,8 @@ class DropDown : public ControlOf<ControlKind::DropDown> {
         : ControlOf(place, std::move(name), std::move(design)),
           list(std::move(items)),
           listIndex(chosen) {}
+    /// Takes other items, of which none is chosen; runs nothing.
+    void Fill(std::vector<String> items);
     /// Chooses an item of the list, -1 for none, and runs `onClick`; no such item: error 5.
     void Choose(std::int32_t index);
     /// What shows: the chosen item, or `otherText` while none is chosen.

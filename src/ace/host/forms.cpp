@@ -37,6 +37,9 @@ void Form::ShowModal(IFormHost& host) {
             if (form.x_host != nullptr) {
                 form.x_host = before;
             }
+            if (form.x_host == nullptr) {
+                form.GiveUpFocus();
+            }
         }
     };
     const Shown shown{*this, std::exchange(x_host, &host)};
@@ -45,7 +48,14 @@ void Form::ShowModal(IFormHost& host) {
 
 void Form::Hide() {
     if (IFormHost* host = std::exchange(x_host, nullptr)) {
+        GiveUpFocus();
         host->Hide(*this);
+    }
+}
+
+void Form::GiveUpFocus() {
+    if (Control* before = std::exchange(x_focus, nullptr)) {
+        before->Forget();
     }
 }
 

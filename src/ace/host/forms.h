@@ -40,7 +40,9 @@ class Form {
     /// meanwhile, and the owner keeps the form alive. Shown again from inside, the form answers
     /// both calls at once: hiding ends them all.
     void ShowModal(IFormHost& host);
-    /// Takes a shown form off the screen; its controls keep what they hold.
+    /// Takes a shown form off the screen; its controls keep what they hold. Nothing has the focus
+    /// then, and no leave handler runs, so that a dialog which is cancelled takes nothing over, not
+    /// even later.
     void Hide();
     bool IsShown() const { return x_host != nullptr; }
 
@@ -50,9 +52,10 @@ class Form {
     void CloseByFrame() { FrameClosed(); }
 
     /// Gives the focus to `control`, a control of this form. The one that had it runs its leave
-    /// handler, and sees the focus gone already; nothing runs when it stays where it is.
+    /// handler, and sees the focus gone already; nothing runs when it stays where it is. Before the
+    /// form is shown it tells the view where to begin.
     void SetFocus(Control& control);
-    /// The control that has the focus; null at first.
+    /// The control that has the focus; null at first, and whenever the form has been hidden.
     Control* Focus() const { return x_focus; }
 
     String title;
@@ -68,6 +71,8 @@ class Form {
 
   private:
     friend class Control;
+
+    void GiveUpFocus();
 
     String x_name;
     std::int32_t x_titleNumber;

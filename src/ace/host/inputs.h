@@ -39,7 +39,7 @@ struct ValueFields {
     double minimum = 0.0;
     double maximum = 0.0;
     std::optional<std::int32_t> decimals = {};  ///< digits behind the separator; none: as needed
-    String text = {};                           ///< what is typed, without the unit
+    String text = {};                           ///< what is typed, or `FieldText`; without the unit
 };
 
 /// A box for a number with a unit. The text stays as it was typed: its limits are for those who
@@ -59,6 +59,7 @@ class ValueBox : public ControlOf<ControlKind::ValueBox>, public ValueFields {
     /// for an input, and not at all when nothing was typed.
     void EndInput();
     void Leave() override { EndInput(); }
+    void Forget() override { x_isTyping = false; }
 
     ControlHandler onChange;
     ControlHandler onEndInput;
@@ -73,6 +74,7 @@ struct FileFields {
     bool ofTables = false;  ///< a calibration table of the host is chosen, not any file
     ITableType tableType = 0;
     ITableMeasClass tableMeasClass = 0;
+    String filter = {};  ///< of the view's file dialog, as in `FileQuestion`; empty for all files
 };
 
 /// A box that shows a file and lets the operator choose another one.
