@@ -22,6 +22,8 @@ class FakeEditor : public IEditor {
     p_Subrange other;
     ModuleLists* store = nullptr;         ///< the lists that were filled last
     std::shared_ptr<EngineState> loaded;  ///< the state that `LoadEditor` was given last
+    ITreeControl* tree = nullptr;
+    IListControl* list = nullptr;
 
     void GetMainActions(ModuleLists& lists) override {
         Enter(lists, L"GetMainActions");
@@ -78,6 +80,15 @@ class FakeEditor : public IEditor {
         Enter(lists, L"GetVKSDUTGlobActions");
         lists.VKSDUTGlob = first;
     }
+    void Load() override { Enter(L"Load"); }
+    void SetTreeControl(ITreeControl* control) override {
+        Enter(L"SetTreeControl");
+        tree = Linked(control);
+    }
+    void SetListControl(IListControl* control) override {
+        Enter(L"SetListControl");
+        list = Linked(control);
+    }
     void TakeLists(const ModuleLists&) override { Enter(L"TakeLists"); }
     void LoadEditor(aceModul moduleKind, const std::shared_ptr<EngineState>& engine) override {
         Enter(L"LoadEditor", std::to_wstring(moduleKind));
@@ -89,6 +100,10 @@ class FakeEditor : public IEditor {
     void Unload() override { Enter(L"Unload"); }
 
   private:
+    template <class ControlOfHost>
+    static ControlOfHost* Linked(ControlOfHost* control) {
+        return control != nullptr ? control : throw RunTimeError(Errors::ObjectNotSet);
+    }
     void Enter(ModuleLists& lists, StringView operation) {
         Enter(operation);
         store = &lists;

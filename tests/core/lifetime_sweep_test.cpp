@@ -1,6 +1,8 @@
 #include <ace/core/actions_engine.h>
 
 #include "core/fake_editor.h"
+#include "sim/sim_list.h"
+#include "sim/sim_tree.h"
 #include "support/sweep.h"
 
 namespace ace::test {
@@ -53,6 +55,14 @@ String MainSubrangeCount(const SweepRig& rig) {
     EngineState& state = rig.engine->State();
     return (state.ChangeFlags[aceTemplate] ? L"changed " : L"unchanged ") +
            Number(state.MainSubrangeCount);
+}
+
+/// What `LoadEditor` has reached in the editor.
+String Links(const SweepRig& rig) {
+    const auto& editor = static_cast<const FakeEditor&>(*rig.context.Editor);
+    return String(editor.tree != nullptr ? L"tree" : L"") +
+           (editor.loaded != nullptr ? L", lists" : L"") +
+           (editor.list != nullptr ? L", list" : L"");
 }
 
 const SweepRow Rows[] = {
@@ -109,6 +119,18 @@ const SweepRow Rows[] = {
          return String(rig.context.InitReceiverPending ? L"pending" : L"clear");
      },
      {}},
+    {"LoadEditor",
+     PrepareEditor,
+     [](SweepRig& rig) {
+         sim::SimTree tree(*rig.host);
+         sim::SimList list(*rig.host);
+         rig.engine->LoadEditor(&list, &tree);
+     },
+     Links,
+     {Reported(L"TraceLog.IsEnabled", L""), Reported(L"Editor.Load", L""),
+      Reported(L"Editor.SetTreeControl", L""), Reported(L"Editor.LoadEditor", L"tree"),
+      Reported(L"Editor.SetListControl", L"tree, lists"),
+      Reported(L"TraceLog.IsEnabled", L"tree, lists, list")}},
     {"Release",
      PrepareEditor,
      [](SweepRig& rig) { rig.engine->Release(); },

@@ -88,6 +88,7 @@ aceActionsEngine::aceActionsEngine(ThreadContext& context) : x_state(MakeState(c
 aceActionsEngine::~aceActionsEngine() {
     EngineState& state = x_state.OnAnyThread();
     ThreadContext& context = state.Context;
+    state.EventSink = nullptr;  // an editor may keep the state longer than the host its sink
     ResumeNext next;
     CloseConnections(context, next);
     CleanLists(state);
@@ -115,12 +116,32 @@ Boolean aceActionsEngine::InitReceiver() {
     return pending;
 }
 
+/// The tree is built before the list is filled.
+void aceActionsEngine::LoadEditor(IListControl* ActionsList, ITreeControl* ActionsTree) {
+    const std::shared_ptr<EngineState> state = x_state;
+    ThreadContext& context = state->Context;
+    Logged(context, EngineLines(L"LoadEditor"), NoMessage, [&](const Statements& stmt) {
+        if (!context.Editor) {
+            stmt([&] { context.Editor = MakeEditor(context); });
+        }
+        const std::shared_ptr<IEditor> editor = context.Editor;
+        stmt([&] { editor->Load(); });
+        stmt([&] { editor->SetTreeControl(ActionsTree); });
+        stmt([&] { editor->LoadEditor(state->Modul, state->shared_from_this()); });
+        stmt([&] { editor->SetListControl(ActionsList); });
+    });
+}
+
+/// Messages may run in the unloading: the host may drop this object there, or open another editor.
 void aceActionsEngine::Release() {
-    ThreadContext& context = x_state->Context;
+    const std::shared_ptr<EngineState> state = x_state;
+    ThreadContext& context = state->Context;
     const std::shared_ptr<IEditor> editor = context.Editor;
     if (editor) {
         editor->Unload();
-        context.Editor.reset();
+        if (context.Editor == editor) {
+            context.Editor.reset();
+        }
     }
 }
 

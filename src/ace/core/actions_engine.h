@@ -1,5 +1,6 @@
 /// The public class. Each operation is defined once, in the folder that owns it:
-///   core/actions_engine.cpp          construction, destruction, Change, InitReceiver, Release
+///   core/actions_engine.cpp          construction, destruction, Change, InitReceiver,
+///                                    LoadEditor, Release
 ///   core/action_store.cpp            AddSubrange and the other operations that follow the host
 ///   settings/settings_sections.cpp   LoadActions, SaveActions, WriteActionLists
 ///   execution/test_phases.cpp        the moments of a test
@@ -57,7 +58,8 @@ class aceActionsEngine final : public _aceActionsEngine {
     aceActionsEngine(const aceActionsEngine&) = delete;
     aceActionsEngine& operator=(const aceActionsEngine&) = delete;
 
-    /// Registers the sink of the events; none unregisters. The host keeps it alive.
+    /// Registers the sink of the events; none unregisters. The host keeps it alive as long as it is
+    /// registered, or until the object has gone.
     void SetEventSink(__aceActionsEngine* sink) { x_state->EventSink = sink; }
     /// The fields, for the component's own parts and for tests.
     EngineState& State() { return *x_state; }

@@ -14,7 +14,8 @@ namespace ace {
 class __aceActionsEngine {  // NOLINT(bugprone-reserved-identifier): the host knows this name
   public:
     virtual ~__aceActionsEngine() = default;
-    /// A drag in the editor's list has ended.
+    /// A drop on the editor's tree has been handled, also one that changed nothing: raised once, at
+    /// the end, on the object for which the editor was loaded last.
     virtual void DragComplete() {}
 };
 
@@ -45,7 +46,9 @@ class _aceActionsEngine {
     virtual Boolean VKSInfByBandwidth() = 0;
     virtual Boolean VKSInfByPower() = 0;
     /// Ends the editor, whichever object opened it. To be called before the object goes if
-    /// `LoadEditor` was called.
+    /// `LoadEditor` was called. While the dialog of an action is open, the operator is asked first
+    /// whether to close it, and messages run: "No" takes the entry over as OK does. There is no
+    /// editor afterwards, whatever the answer.
     virtual void Release() = 0;
 
     // ---- lists and files -------------------------------------------------------------------
@@ -59,9 +62,10 @@ class _aceActionsEngine {
     /// Writes the lists of the module loaded last. Raises what `WriteActionLists` raises.
     virtual void SaveActions(const String& FileName) = 0;
     /// Opens the editor on two controls of the host: `ActionsList` offers the kinds of actions,
-    /// `ActionsTree` shows the moments and their actions. They stay the host's. One that goes
-    /// before `Release` tells the editor, which then does without it. Either may be none: error 91
-    /// where it is first used, and the editor's form is there by then. Handled.
+    /// `ActionsTree` shows the moments and their actions, and is built first. They stay the host's.
+    /// One that goes before `Release` tells the editor; what needs it is error 91 from then on, in
+    /// the operations that load an open editor again too. Either may be none: error 91 where it is
+    /// first used, and the editor's form is there by then. No messages run. Handled.
     virtual void LoadEditor(IListControl* ActionsList, ITreeControl* ActionsTree) = 0;
     /// Selects subrange `Number` in an open editor. Handled.
     virtual void EditorSelectSubrange(std::int32_t Number) = 0;

@@ -49,7 +49,8 @@ struct EngineState : ModuleLists, std::enable_shared_from_this<EngineState> {
     mutable PlaceIndex RowPlaces;
     mutable PlaceIndex StepPlaces;
 
-    __aceActionsEngine* EventSink = nullptr;  ///< the host's; none for no events
+    __aceActionsEngine* EventSink =
+        nullptr;  ///< the host's; none for no events, and once the object has gone
 };
 
 }  // namespace ace

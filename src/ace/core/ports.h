@@ -9,12 +9,28 @@
 
 namespace ace {
 
-/// The one editor of a thread. Each Get operation copies the editor's working lists of one module
-/// back into `store`, in the order of `CopyModule` for the store; a failure leaves those before it
-/// replaced. `GetVKSDUTActions` hands out the matrix, and `GetVKSDUTGlobActions` its global lists.
+class IListControl;
+class ITreeControl;
+class ThreadContext;
+
+/// The one editor of a thread: a form that works on a copy of a module's lists and shows it in two
+/// controls of the host. The link to a control is none before it is set, after an error of
+/// `LoadEditor`, and once the control has gone: what needs it is error 91 then. Only `Unload` lets
+/// messages run.
+///
+/// Each Get operation copies the editor's working lists of one module back into `store`, in the
+/// order of `CopyModule` for the store; a failure leaves those before it replaced.
+/// `GetVKSDUTActions` hands out the matrix, and `GetVKSDUTGlobActions` its global lists.
 class IEditor {
   public:
     virtual ~IEditor() = default;
+    /// Runs the form's load handler, once in its life; a load that failed is tried again.
+    virtual void Load() = 0;
+    /// Links the tree, in the place of the one before, and sets it up. None: the link is none, and
+    /// error 91.
+    virtual void SetTreeControl(ITreeControl* tree) = 0;
+    /// The same for the list, which is also filled anew with the kinds that the module offers.
+    virtual void SetListControl(IListControl* list) = 0;
     virtual void GetMainActions(ModuleLists& store) = 0;
     virtual void GetMoniActions(ModuleLists& store) = 0;
     virtual void GetEMSAutoActionsGeneral(ModuleLists& store) = 0;
@@ -25,15 +41,26 @@ class IEditor {
     virtual void GetVKSActions(ModuleLists& store) = 0;
     virtual void GetVKSDUTActions(ModuleLists& store) = 0;
     virtual void GetVKSDUTGlobActions(ModuleLists& store) = 0;
-    /// Takes the lists of its module out of `lists`, as after an edit: shows them and hands them on
-    /// to the engine's store. A step back to earlier lists is made so.
+    /// Takes what `CopyFor::Store` names of its module out of `lists`, as after an edit: shows it
+    /// and hands it on to the engine's store, where `Change` is set. Keys and names stay as they
+    /// are. While a list of the module runs: error 10, and nothing is taken or shown. A step back
+    /// to earlier lists is made so.
     virtual void TakeLists(const ModuleLists& lists) = 0;
-    /// Copies the lists of `moduleKind` out of `engine`, which the editor keeps, and builds tree
-    /// and list again. After an error the editor shows nothing.
+    /// Remembers `moduleKind` and `engine`, copies the lists of the module out of it, and builds
+    /// the tree again; the list of kinds stays as it is. Without a tree the lists are copied, and
+    /// then it is error 91. After any error the tree is empty and the links to both controls are
+    /// none; module, engine and lists stay remembered, so that `Change` still finds them. Handled.
     virtual void LoadEditor(aceModul moduleKind, const std::shared_ptr<EngineState>& engine) = 0;
-    /// Selects subrange `number`, from 0; a negative number selects none.
+    /// Collapses the root "ETE" and those behind it; then selects and expands the node of subrange
+    /// `number`, from 0. A negative number, and a module without such nodes, leaves it at that. A
+    /// node that is missing is error 91: "ETE" of the matrix, with nothing done (the steps of an
+    /// automatic test have none and need none), or that of the number, when all is collapsed and
+    /// the selection stays. Handled.
     virtual void SetSubrange(std::int32_t number) = 0;
-    /// Ends the form and drops all that it refers to.
+    /// Ends the form and drops all that it refers to, the links with the rest. While its dialog is
+    /// open, the operator is first asked whether to close it, and messages run. Yes drops the
+    /// entry. No takes it over as OK does and refuses the end: the form lives as long as somebody
+    /// holds it, and drops what it refers to then.
     virtual void Unload() = 0;
 };
 
@@ -53,8 +80,6 @@ class IComPortForm {
     virtual ISerialPort& ComPort() = 0;
 };
 
-class ThreadContext;
-
 /// What failed on a device: the action's record, or the device's name for `atTrackFreq`.
 using DeviceErrorSubject = std::variant<aceSetDevice, aceRemote, String>;
 
@@ -66,6 +91,8 @@ Boolean ShowDeviceError(ThreadContext& context, p_ActionTypes actionType, Boolea
                         const DeviceErrorSubject& subject, std::int32_t errorNumber,
                         const String& errorText);
 
+/// Makes the editor, which is yet to be loaded.
+std::shared_ptr<IEditor> MakeEditor(ThreadContext& context);
 /// Makes the comment form of the thread.
 std::shared_ptr<ICommentForm> MakeCommentForm(ThreadContext& context);
 /// Makes a serial form with a port of its own.

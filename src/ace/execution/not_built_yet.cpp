@@ -14,7 +14,7 @@ namespace {
 
 // ---- editor and print ------------------------------------------------------------------------
 
-void aceActionsEngine::LoadEditor(IListControl*, ITreeControl*) {
+std::shared_ptr<IEditor> MakeEditor(ThreadContext&) {
     NotBuiltYet(L"LoadEditor");
 }
 void aceActionsEngine::PrintStrings(aceModul, _aceActionsEngine&, Array2D<String>&, std::int32_t) {
