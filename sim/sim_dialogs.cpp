@@ -1,5 +1,7 @@
 #include "sim/sim_dialogs.h"
 
+#include <utility>
+
 #include "sim/form_view.h"
 
 namespace ace::sim {
@@ -43,9 +45,20 @@ void SimDeviceSettingsStore::SetDevice(const String& deviceName, std::int32_t mo
     x_host.Call(L"DeviceSettingsStore.SetDevice", CallText(deviceName, mode));
 }
 
+void SimDeviceSettingsStore::StoreIn(const std::shared_ptr<ISettingsFile>& settings,
+                                     const String& section) {
+    x_host.Call(L"DeviceSettingsStore.StoreIn", CallText(settings != nullptr, section));
+    x_settings = settings;
+    x_section = section;
+}
+
 void SimDeviceSettingsStore::EditSettings(String& text) {
+    const std::shared_ptr<ISettingsFile> settings = std::exchange(x_settings, nullptr);
+    const String section = std::exchange(x_section, {});
     x_host.Call(L"DeviceSettingsStore.EditSettings", CallText(text));
-    x_host.user.AnswerSettings(text);
+    if (x_host.user.AnswerSettings(text) && settings) {
+        settings->SetSection(section, text);
+    }
 }
 
 }  // namespace ace::sim

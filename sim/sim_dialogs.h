@@ -31,15 +31,19 @@ class SimUserDialogs : public IUserDialogs {
     SimHost& x_host;
 };
 
-/// The dialog of a device's settings; nothing is stored but the text that it leaves.
+/// The dialog of a device's settings: what is confirmed is stored as one line, the text that it
+/// leaves.
 class SimDeviceSettingsStore : public IDeviceSettingsStore {
   public:
     explicit SimDeviceSettingsStore(SimHost& host) : x_host(host) {}
     void SetDevice(const String& deviceName, std::int32_t mode) override;
+    void StoreIn(const std::shared_ptr<ISettingsFile>& settings, const String& section) override;
     void EditSettings(String& text) override;
 
   private:
     SimHost& x_host;
+    std::shared_ptr<ISettingsFile> x_settings;  ///< until the dialog has been shown
+    String x_section;
 };
 
 }  // namespace ace::sim

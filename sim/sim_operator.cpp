@@ -127,11 +127,13 @@ std::optional<std::size_t> SimOperator::AnswerMenu(const std::vector<MenuItem>& 
     return static_cast<std::size_t>(chosen - items.begin());
 }
 
-void SimOperator::AnswerSettings(String& text) {
+bool SimOperator::AnswerSettings(String& text) {
     const auto answer = TakeBox(BoxKind::Settings, text);
-    if (answer && answer->words) {
+    const bool isConfirmed = answer && answer->words;
+    if (isConfirmed) {
         text = *answer->words;
     }
+    return isConfirmed;
 }
 
 float SimOperator::TextHeight(const String& text, float width) const {

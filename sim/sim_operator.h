@@ -42,10 +42,11 @@ class SimOperator {
 
     /// Number of the button by which a box is answered; a question that nobody expected gets a No.
     std::int32_t AnswerBox(const String& text, std::int32_t style);
-    /// One that nobody expected is cancelled, like the next two.
+    /// One that nobody expected is cancelled, like the menus.
     std::optional<String> AnswerFile(const FileQuestion& question);
     std::optional<std::size_t> AnswerMenu(const std::vector<MenuItem>& items);
-    void AnswerSettings(String& text);
+    /// True when the dialog is confirmed; one that nobody expected is cancelled.
+    bool AnswerSettings(String& text);
 
     /// Answers a form that has just been shown, and leaves it hidden. An unexpected one is closed
     /// by its frame, and the script waits for the next.

@@ -136,6 +136,39 @@ TEST(MomentTableTest, TheNumberMeansNothingWhereTheModuleHasTheSetOnce) {
     EXPECT_EQ(&ListOf(lists, row, 41).actions, &lists.MoniEut.Mlc);
 }
 
+TEST(MomentTableTest, AListCanBeReadInListsThatMustNotChange) {
+    L lists;
+    lists.MoniChannels.Redim(0, 1);
+    const L& constant = lists;
+    const MomentRow& moment = *FindMoment(aceMonitoring, ptGo);
+    EXPECT_EQ(&ListOf(constant, moment, 1).actions, &lists.MoniChannels[1].Leave);
+    EXPECT_EQ(&ListOf(constant, moment, 1).count, &lists.MoniChannels[1].LeaveCount);
+    EXPECT_EQ(ErrorOf([&] { ListOf(constant, moment, 2); }), 9);
+}
+
+TEST(MomentTableTest, TheFirstThreeLettersOfAKeyTellThePerformTimeInAnyModule) {
+    constexpr std::pair<StringView, p_PerformTimes> Expectations[] = {
+        {L"ETE", ptStartTest},       {L"LTE", ptStopTest},  {L"ESR0", ptEnterSubRange},
+        {L"LSR12", ptLeaveSubrange}, {L"EFR", ptEveryFreq}, {L"TRI3", ptTrigger},
+        {L"NGO0", ptNoGo},           {L"GOE7", ptGo},       {L"STE-1", ptStep},
+        {L"BEF2", ptBefore},         {L"BSA", ptBefore},    {L"AFT2", ptAfter},
+        {L"ASA", ptAfter},           {L"MLC", ptAfter},     {L"BFT", ptBeforeTest},
+        {L"ATT1", ptAfterTest}};
+    for (const auto& [key, time] : Expectations) {
+        EXPECT_EQ(TimeOfKey(key), time) << testing::PrintToString(String(key));
+    }
+    for (const StringView key : {L"", L"ET", L"ete", L"SUR0", L"CHA0", L"EMI0", L"ATL", L"TST0",
+                                 L"TST-1_0_-1", L"CHI0ETE"}) {
+        EXPECT_EQ(TimeOfKey(key), std::nullopt) << testing::PrintToString(String(key));
+    }
+}
+
+TEST(MomentTableTest, AKeyHasOnePerformTimeInAllModules) {
+    for (const MomentRow& row : MomentTable()) {
+        EXPECT_EQ(TimeOfKey(row.key), row.time) << row.moduleKind;
+    }
+}
+
 TEST(MomentTableTest, ASetThatIsNotThereIsError9) {
     L lists;
     const MomentRow& row = *FindMoment(aceVKSDUT, ptStep);

@@ -141,6 +141,7 @@ TEST_F(ForwardingTest, ScreenBoxesAndMenusHandEverythingOn) {
                                                String text = L"before";
                                                host->user.ExpectSettings(L"after");
                                                store.SetDevice(L"d", 1);
+                                               store.StoreIn(nullptr, L"s");
                                                store.EditSettings(text);
                                                See(text);
                                            });

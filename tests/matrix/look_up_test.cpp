@@ -2,6 +2,7 @@
 /// arrays stand at the moment, whoever has written them.
 #include <limits>
 
+#include <ace/core/module_columns.h>
 #include <ace/matrix/matrix_rows.h>
 #include <ace/matrix/step_tree.h>
 
@@ -35,6 +36,21 @@ TEST_F(LookUpTest, TheFirstOfTwoEqualRowsIsFound) {
     HaveRows({{1, -1, -1}, {2, -1, -1}, {2, -1, -1}});
     EXPECT_EQ(Row(2), 1);
     EXPECT_EQ(Row(3), -1);
+}
+
+TEST_F(LookUpTest, ACopyOfTheListsIsLookedUpByAnIndexOfItsOwn) {
+    HaveRows({{1, -1, -1}, {2, -1, -1}});
+    ModuleLists copy;
+    PlaceIndex places;
+    CopyMatrix(State(), copy);
+    EXPECT_EQ(FindRow(copy, places, {2, -1, -1}), 1);
+    State().VKSDUTIds(0, 0) = 2;
+    EXPECT_EQ(Row(2), 0);
+    EXPECT_EQ(FindRow(copy, places, {2, -1, -1}), 1);
+    CopyMatrix(State(), copy);
+    EXPECT_EQ(FindRow(copy, places, {2, -1, -1}), 0) << "the index follows its lists";
+    copy.VKSDUTIds.Erase();
+    EXPECT_EQ(ErrorOf([&] { FindRow(copy, places, {2, -1, -1}); }), 9);
 }
 
 TEST_F(LookUpTest, EachOfTheThreeValuesCounts) {

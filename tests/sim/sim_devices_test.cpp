@@ -114,6 +114,34 @@ TEST_F(SimDevicesTest, SettingsAreWrittenIntoASectionAndReadBack) {
     EXPECT_EQ(host->files[L"setup.ini"][L"Actions101-Device"], from->settings);
 }
 
+TEST_F(SimDevicesTest, WhatIsConfirmedInASettingsDialogIsStoredInTheSectionAndReadFromThere) {
+    const auto device = Add<sim::SimMonitor>(L"A");
+    const auto file = context.SystemServices().OpenSettingsFile(20, 10, L"setup.ini", 0, 0);
+    IDeviceSettingsStore& store = context.DeviceSettings();
+    String text = L"Channel 1";
+    host->user.ExpectSettings(L"Channel 2");
+    store.SetDevice(L"A", 1);
+    store.StoreIn(file, L"Actions101-Device");
+    store.EditSettings(text);
+    EXPECT_EQ(device->SettingsText(file, L"Actions101-Device"), L"Channel 2");
+    device->LoadSettings(file, L"Actions101-Device");
+    EXPECT_THAT(device->settings, ElementsAre(L"Channel 2"));
+}
+
+TEST_F(SimDevicesTest, ASettingsDialogThatIsCancelledOrToldNoSectionStoresNothing) {
+    const auto file = context.SystemServices().OpenSettingsFile(20, 10, L"setup.ini", 0, 0);
+    file->SetSection(L"S", String(L"Channel 1"));
+    IDeviceSettingsStore& store = context.DeviceSettings();
+    String text;
+    host->user.ExpectSettings({});
+    host->user.ExpectSettings(L"Channel 3");
+    store.StoreIn(file, L"S");
+    store.EditSettings(text);
+    store.EditSettings(text);
+    EXPECT_THAT(file->GetSection(L"S"), ElementsAre(L"Channel 1"));
+    EXPECT_EQ(text, L"Channel 3");
+}
+
 TEST_F(SimDevicesTest, ADeviceWithoutSettingsEmptiesItsSection) {
     const auto device = Add<sim::SimMonitor>(L"A");
     host->files[L"setup.ini"][L"S"] = {L"Gain=3"};

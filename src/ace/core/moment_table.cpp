@@ -63,6 +63,12 @@ constexpr MomentRow Moments[] = {
     Fixed(aceVKSDUT, ptAfter, L"ASA", &L::VKSDUTGlob, LeaveList),
 };
 
+/// The set of a moment, in lists that may be read only.
+template <class Lists>
+auto& SetOf(Lists& lists, const MomentRow& moment, std::int32_t number) {
+    return moment.fixed != nullptr ? lists.*moment.fixed : (lists.*moment.numbered->sets)[number];
+}
+
 }  // namespace
 
 std::span<const MomentRow> MomentTable() {
@@ -78,9 +84,22 @@ const MomentRow* FindMoment(std::int32_t moduleKind, std::int32_t time) {
     return nullptr;
 }
 
+std::optional<p_PerformTimes> TimeOfKey(StringView key) {
+    for (const MomentRow& row : Moments) {
+        if (key.starts_with(row.key)) {
+            return row.time;
+        }
+    }
+    return std::nullopt;
+}
+
 ActionList ListOf(ModuleLists& lists, const MomentRow& moment, std::int32_t number) {
-    p_Subrange& set =
-        moment.fixed != nullptr ? lists.*moment.fixed : (lists.*moment.numbered->sets)[number];
+    p_Subrange& set = SetOf(lists, moment, number);
+    return {set.*moment.list.count, set.*moment.list.actions};
+}
+
+ConstActionList ListOf(const ModuleLists& lists, const MomentRow& moment, std::int32_t number) {
+    const p_Subrange& set = SetOf(lists, moment, number);
     return {set.*moment.list.count, set.*moment.list.actions};
 }
 

@@ -2,6 +2,7 @@
 /// checks lists. What runs when is the execution's to say.
 #pragma once
 
+#include <optional>
 #include <span>
 
 #include <ace/core/action_lists.h>
@@ -25,12 +26,22 @@ struct ActionList {
     DynArray<p_Action>& actions;
 };
 
+/// The same to be read only.
+struct ConstActionList {
+    const std::int32_t& count;
+    const DynArray<p_Action>& actions;
+};
+
 /// All moments, by module and perform time.
 std::span<const MomentRow> MomentTable();
 /// The row of a module's moment; none where the module has no such, or for values outside.
 const MomentRow* FindMoment(std::int32_t moduleKind, std::int32_t time);
+/// The perform time for which the first three letters of `key` stand, in whichever module: a key
+/// has one time in all of them. None for other letters, such as those of a group or an action.
+std::optional<p_PerformTimes> TimeOfKey(StringView key);
 /// The list of a moment in `lists`. `number` is that of the numbered set, from 0, and means nothing
 /// where the module has the set once; error 9 outside the array.
 ActionList ListOf(ModuleLists& lists, const MomentRow& moment, std::int32_t number);
+ConstActionList ListOf(const ModuleLists& lists, const MomentRow& moment, std::int32_t number);
 
 }  // namespace ace

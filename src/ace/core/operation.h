@@ -25,6 +25,10 @@ constexpr TraceLines ModuleLines(StringView procedure) {
 constexpr TraceLines EngineLines(StringView procedure) {
     return {procedure, L"aceActionsEngine (Code)", procedure};
 }
+/// Lines of the editor's form. Intentional: the print writes its own in the form's name too.
+constexpr TraceLines EditorLines(StringView procedure) {
+    return {procedure, L"frmEditor (Code)", procedure};
+}
 
 /// The message of a start line that has none.
 inline String NoMessage() {

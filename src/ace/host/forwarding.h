@@ -176,6 +176,9 @@ class ForwardingDeviceSettingsStore : public Forwarding<IDeviceSettingsStore> {
     void SetDevice(const String& deviceName, std::int32_t mode) override {
         Next().SetDevice(deviceName, mode);
     }
+    void StoreIn(const std::shared_ptr<ISettingsFile>& settings, const String& section) override {
+        Next().StoreIn(settings, section);
+    }
     void EditSettings(String& text) override { Next().EditSettings(text); }
 };
 

@@ -44,14 +44,14 @@ std::size_t HashOf(const RowKey& key) {
     return hash;
 }
 
-bool IsAt(const EngineState& state, std::int32_t row, const RowKey& key) {
-    return std::equal(key.begin(), key.end(), state.VKSDUTIds.Row(row));
+bool IsAt(const ModuleLists& lists, std::int32_t row, const RowKey& key) {
+    return std::equal(key.begin(), key.end(), lists.VKSDUTIds.Row(row));
 }
 
 /// The walk over the rows, which says what the answer is.
-std::int32_t WalkToRow(const EngineState& state, const RowKey& key) {
-    for (std::int32_t row = 0; row < state.VKSStepCount; ++row) {
-        if (IsAt(state, row, key)) {
+std::int32_t WalkToRow(const ModuleLists& lists, const RowKey& key) {
+    for (std::int32_t row = 0; row < lists.VKSStepCount; ++row) {
+        if (IsAt(lists, row, key)) {
             return row;
         }
     }
@@ -60,18 +60,18 @@ std::int32_t WalkToRow(const EngineState& state, const RowKey& key) {
 
 /// False when the array has not a row for each, so that a walk ends in an error, or when there is
 /// no memory for the index.
-bool UpdateIndex(const EngineState& state) {
-    const Array2D<double>& ids = state.VKSDUTIds;
+bool UpdateIndex(const ModuleLists& lists, PlaceIndex& places) {
+    const Array2D<double>& ids = lists.VKSDUTIds;
     const bool hasAll = ids.IsAllocated() && ids.RowLowerBound() == 0 &&
-                        ids.RowUpperBound() >= state.VKSStepCount - 1;
+                        ids.RowUpperBound() >= lists.VKSStepCount - 1;
     if (!hasAll) {
         return false;
     }
     try {
-        state.RowPlaces.Update(
-            {ids.Changes(), 0}, state.VKSStepCount,
-            [&](std::int32_t row) { return HashOf(KeyOf(state, row)); },
-            [&](std::int32_t a, std::int32_t b) { return IsAt(state, a, KeyOf(state, b)); });
+        places.Update(
+            {ids.Changes(), 0}, lists.VKSStepCount,
+            [&](std::int32_t row) { return HashOf(KeyOf(lists, row)); },
+            [&](std::int32_t a, std::int32_t b) { return IsAt(lists, a, KeyOf(lists, b)); });
         return true;
     } catch (const std::bad_alloc&) {
         return false;
@@ -84,8 +84,8 @@ String KeyMessage(ThreadContext& context, const RowKey& key) {
     return L"Freq = " + FormatGeneral(key[0], context.Platform().DecimalSeparator());
 }
 
-RowKey KeyOf(const EngineState& state, std::int32_t row) {
-    const double* const cells = state.VKSDUTIds.Row(row);
+RowKey KeyOf(const ModuleLists& lists, std::int32_t row) {
+    const double* const cells = lists.VKSDUTIds.Row(row);
     return {cells[0], cells[1], cells[2]};
 }
 
@@ -104,12 +104,16 @@ void CutKeys(EngineState& state, const Statements& stmt) {
 }
 
 std::int32_t FindRow(const EngineState& state, const RowKey& key) {
-    if (!UpdateIndex(state)) {
-        return WalkToRow(state, key);
+    return FindRow(state, state.RowPlaces, key);
+}
+
+std::int32_t FindRow(const ModuleLists& lists, PlaceIndex& places, const RowKey& key) {
+    if (!UpdateIndex(lists, places)) {
+        return WalkToRow(lists, key);
     }
-    const std::int32_t row = state.RowPlaces.Find(
-        HashOf(key), [&](std::int32_t place) { return IsAt(state, place, key); });
-    return row < state.VKSStepCount ? row : -1;
+    const std::int32_t row =
+        places.Find(HashOf(key), [&](std::int32_t place) { return IsAt(lists, place, key); });
+    return row < lists.VKSStepCount ? row : -1;
 }
 
 RowKeys::RowKeys(const EngineState& state) {

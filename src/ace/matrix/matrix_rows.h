@@ -18,7 +18,7 @@ inline constexpr RowKey AllRow{-1.0, -1.0, -1.0};
 inline constexpr std::int32_t LastKeyColumn = 2;
 
 /// The key of row `row`; error 9 outside the rows.
-RowKey KeyOf(const EngineState& state, std::int32_t row);
+RowKey KeyOf(const ModuleLists& lists, std::int32_t row);
 void PutKey(EngineState& state, std::int32_t row, const RowKey& key);
 /// Gives the array of the keys one row more than there are rows.
 void CutKeys(EngineState& state, const Statements& stmt);
@@ -29,6 +29,9 @@ String KeyMessage(ThreadContext& context, const RowKey& key);
 /// The first row of a key, whose values are compared as numbers: both zeros are one, and what is no
 /// number equals nothing. -1 for none. Error 9 where the keys are fewer than the rows.
 std::int32_t FindRow(const EngineState& state, const RowKey& key);
+/// The same in anybody's lists. `places` is the index of these lists and of no others: it is kept
+/// with them and looks after itself.
+std::int32_t FindRow(const ModuleLists& lists, PlaceIndex& places, const RowKey& key);
 
 /// The keys of all rows at once, so that a rebuild needs no walk over the rows for each of them.
 class RowKeys {
