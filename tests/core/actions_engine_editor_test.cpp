@@ -94,6 +94,16 @@ TEST_F(EngineEditor, TheOneEditorOfTheThreadShowsTheObjectThatLoadedItLast) {
     EXPECT_EQ(editor->loaded.get(), &other.State());
 }
 
+TEST_F(EngineEditor, AnEditorThatNobodyReleasedKeepsTheStateAndNotTheContext) {
+    auto shared = std::make_shared<ThreadContext>(host);
+    const std::weak_ptr<ThreadContext> watched = shared;
+    shared->Editor = editor;
+    aceActionsEngine(*shared).LoadEditor(&list, &tree);
+    EXPECT_NE(editor->loaded, nullptr);
+    shared.reset();
+    EXPECT_TRUE(watched.expired());
+}
+
 TEST_F(EngineEditor, AnEditorThatIsNotBuiltYetSaysSoAndLeavesNone) {
     context.Editor.reset();
     EXPECT_EQ(ErrorOf([&] { engine->LoadEditor(&list, &tree); }), 4099);

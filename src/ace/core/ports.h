@@ -46,10 +46,11 @@ class IEditor {
     /// are. While a list of the module runs: error 10, and nothing is taken or shown. A step back
     /// to earlier lists is made so.
     virtual void TakeLists(const ModuleLists& lists) = 0;
-    /// Remembers `moduleKind` and `engine`, copies the lists of the module out of it, and builds
-    /// the tree again; the list of kinds stays as it is. Without a tree the lists are copied, and
-    /// then it is error 91. After any error the tree is empty and the links to both controls are
-    /// none; module, engine and lists stay remembered, so that `Change` still finds them. Handled.
+    /// Remembers `moduleKind` and `engine`, which keeps the state and not the context, copies the
+    /// lists of the module out of it, and builds the tree again; the list of kinds stays as it is.
+    /// Without a tree the lists are copied, and then it is error 91. After any error the tree is
+    /// empty and the links to both controls are none; module, engine and lists stay remembered, so
+    /// that `Change` still finds them. Handled.
     virtual void LoadEditor(aceModul moduleKind, const std::shared_ptr<EngineState>& engine) = 0;
     /// Collapses the root "ETE" and those behind it; then selects and expands the node of subrange
     /// `number`, from 0. A negative number, and a module without such nodes, leaves it at that. A
