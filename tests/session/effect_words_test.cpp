@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ace/host/user_dialogs.h>
+
 #include "sim/call_text.h"
 
 namespace ace::workbench {
@@ -47,6 +49,16 @@ TEST(EffectWords, WhatSurroundsCommandsAndProgramsIsTold) {
               L"message \"no / licence\"");
     EXPECT_EQ(WordsOfCall(L"ApiMacro.Abort", {}), L"the API macro is told to end");
     EXPECT_EQ(WordsOfCall(L"SettingsFile.GetLong", CallText(L"A", L"B", 180)), L"");
+}
+
+TEST(EffectWords, AQuestionIsToldByItsAnswerWhateverIconItHas) {
+    using sim::CallText;
+    constexpr std::int32_t question = IUserDialogs::YesNo | IUserDialogs::Question;
+    EXPECT_EQ(WordsOfCall(L"UserDialogs.ShowMessageBox", CallText(L"Delete?", 4, L"A")), L"");
+    EXPECT_EQ(WordsOfCall(L"UserDialogs.ShowMessageBox", CallText(L"Delete?", question, L"A")),
+              L"");
+    EXPECT_EQ(WordsOfCall(L"UserDialogs.ShowMessageBox", CallText(L"Saved", 64, L"A")),
+              L"message \"Saved\"");
 }
 
 TEST(EffectWords, ACallThatTheTableDoesNotKnowIsToldAsItStands) {

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include <ace/core/text.h>
+#include <ace/host/user_dialogs.h>
 
 #include "workbench/words/frequency.h"
 #include "workbench/words/wording.h"
@@ -49,11 +50,8 @@ String Busy(const Values& values) {
 
 /// A question has a line of its own, with its answer.
 String MessageBox(const Values& values) {
-    constexpr double QuestionStyle = 4.0;
-    if (ReadNumber(values[1]) == QuestionStyle) {
-        return {};
-    }
-    return L"message " + QuotedLine(values[0]);
+    const bool isQuestion = (ReadRoundedNumber(values[1]) & IUserDialogs::YesNo) != 0;
+    return isQuestion ? String() : L"message " + QuotedLine(values[0]);
 }
 
 String AmplifierState(const Values& values) {
