@@ -9,7 +9,8 @@ namespace ace::workbench::FileErrors {
 inline constexpr std::int32_t CannotRead = 57;
 /// The file is as it was, or already new when only its folder could not be flushed.
 inline constexpr std::int32_t CannotSave = 75;
-/// The last load of the file failed, so what is in memory is not what the file should hold.
+/// What is in memory is not what the file should hold: the last load of the file failed, or another
+/// program has changed the file since it was read.
 inline constexpr std::int32_t SaveRefused = 70;
 
 }  // namespace ace::workbench::FileErrors
