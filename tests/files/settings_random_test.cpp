@@ -2,7 +2,7 @@
 #include <random>
 
 #include "support/file_fixture.h"
-#include "support/seeds.h"
+#include "support/sample.h"
 #include "workbench/files/settings_document.h"
 
 namespace ace::workbench {

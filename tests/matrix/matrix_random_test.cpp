@@ -1,7 +1,7 @@
 #include <random>
 
 #include "matrix/matrix_model_fixture.h"
-#include "support/seeds.h"
+#include "support/sample.h"
 
 namespace ace::test {
 namespace {
