@@ -1,6 +1,7 @@
 /// The command "run": a whole test from a settings file.
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>

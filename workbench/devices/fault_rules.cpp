@@ -17,7 +17,7 @@ constexpr StringView Form =
     L"every "
     L"reading\" or \"program PATTERN fails from the 2nd start on\"";
 
-/// The words of what can fail, the acts in which it can, by the words of a script.
+/// What can fail by the word of a script; the buses are told by their addresses.
 struct SubjectRow {
     FaultSubject subject;
     StringView word;
@@ -28,6 +28,7 @@ constexpr SubjectRow Subjects[] = {
     {FaultSubject::Macro, L"macro "},
 };
 
+/// An act that can fail by its word, and what can fail in it.
 struct ActRow {
     StringView word;
     FaultAct act;

@@ -1,9 +1,6 @@
 /// The moments of a test as calls of the engine's public class.
 #pragma once
 
-#include <span>
-#include <vector>
-
 #include <ace/core/actions_engine_interface.h>
 
 namespace ace::workbench {

@@ -1,7 +1,6 @@
 /// An NI-488 compatible library, loaded while the workbench runs.
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <string>
 

@@ -1,7 +1,5 @@
 #include "workbench/transports/instrument_bytes.h"
 
-#include <algorithm>
-
 #include <ace/host/run_time_error.h>
 
 #include "workbench/files/text_encoding.h"

@@ -6,7 +6,6 @@
 #include <ace/core/text.h>
 #include <ace/host/run_time_error.h>
 
-#include "workbench/files/file_store.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/files/text_lines.h"
 #include "workbench/transports/transport_errors.h"

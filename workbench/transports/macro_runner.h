@@ -1,7 +1,6 @@
 /// Runs API macros: executable files of this machine.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <sys/types.h>
 #include <vector>
