@@ -46,7 +46,7 @@ const std::vector<SimClass>& AllClasses() {
     return classes;
 }
 
-String KeyOf(SimClass deviceClass) {
+String ClassKeyOf(SimClass deviceClass) {
     const auto at = static_cast<std::size_t>(deviceClass) - 1;
     return at < std::size(ClassKeys) ? String(ClassKeys[at]) : String();
 }
@@ -267,7 +267,7 @@ std::shared_ptr<SimCalTable> SimBench::Table(const String& name) const {
 std::vector<DeviceRecord> SimBench::OfClass(const String& classKey) const {
     std::vector<DeviceRecord> records;
     for (const std::shared_ptr<SimDevice>& device : devices) {
-        if (KeyOf(device->deviceClass) == classKey) {
+        if (ClassKeyOf(device->deviceClass) == classKey) {
             if (records.empty() && !beginsWithDevice) {
                 records.emplace_back();
             }

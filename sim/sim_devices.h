@@ -40,7 +40,7 @@ enum class SimClass : std::int32_t {
 /// All of them, in their order.
 const std::vector<SimClass>& AllClasses();
 /// Section key of a class; empty for a number that is none.
-String KeyOf(SimClass deviceClass);
+String ClassKeyOf(SimClass deviceClass);
 
 /// What all devices have. Every call is one line of the host's journal, with the device's name as
 /// its first argument.

@@ -188,7 +188,7 @@ bool SimDeviceList::SocketIsOpen(std::int32_t handle) {
 
 String SimDeviceList::ClassName(std::int32_t deviceClass) {
     x_host.Call(L"DeviceList.ClassName", CallText(deviceClass));
-    return KeyOf(static_cast<SimClass>(deviceClass));
+    return ClassKeyOf(static_cast<SimClass>(deviceClass));
 }
 
 std::shared_ptr<IDevice> SimDeviceList::GetDevice(const String& name) {

@@ -30,7 +30,7 @@ std::vector<String> Lines(StringView text) {
     return lines;
 }
 
-StringView KeyOf(StringView line) {
+StringView KeyInLine(StringView line) {
     return line.substr(0, line.find(L'='));
 }
 
@@ -65,7 +65,7 @@ std::optional<String> SimSettingsFile::Find(const String& section, const String&
         return std::nullopt;
     }
     for (const String& line : found->second) {
-        if (line.find(L'=') != String::npos && EqualNoCase(KeyOf(line), key)) {
+        if (line.find(L'=') != String::npos && EqualNoCase(KeyInLine(line), key)) {
             return line.substr(line.find(L'=') + 1);
         }
     }
@@ -76,7 +76,7 @@ void SimSettingsFile::Put(const String& section, const String& key, const String
     const String changed = key + L"=" + value;
     std::vector<String>& lines = x_sections[section];
     for (String& line : lines) {
-        if (EqualNoCase(KeyOf(line), key)) {
+        if (EqualNoCase(KeyInLine(line), key)) {
             line = changed;
             return;
         }

@@ -20,7 +20,7 @@ class ChannelWatchTest : public ace::test::HostTest {
     std::vector<String> Changes(std::vector<WatchedChannel>& channels) {
         std::vector<String> words;
         for (const Moment& moment : ChannelChanges(channels, host->bench)) {
-            words.push_back(WordsOf(moment));
+            words.push_back(MomentWords(moment));
         }
         return words;
     }

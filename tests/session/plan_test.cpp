@@ -119,10 +119,10 @@ TEST(Plan, EachFrequencyCarriesItsDwell) {
 }
 
 TEST(Moments, AreToldWithNumberNameAndStep) {
-    EXPECT_EQ(WordsOf({.call = MomentCall::EnterSubrange, .number = 2}), L"enter subrange 2");
-    EXPECT_EQ(WordsOf({.call = MomentCall::EnterNoGo, .number = 1, .name = L"Speed"}),
+    EXPECT_EQ(MomentWords({.call = MomentCall::EnterSubrange, .number = 2}), L"enter subrange 2");
+    EXPECT_EQ(MomentWords({.call = MomentCall::EnterNoGo, .number = 1, .name = L"Speed"}),
               L"channel 1 no-go");
-    EXPECT_EQ(WordsOf({.call = MomentCall::VKSStep, .name = L"U1", .stepKey = L"A"}),
+    EXPECT_EQ(MomentWords({.call = MomentCall::VKSStep, .name = L"U1", .stepKey = L"A"}),
               L"test U1 step A");
 }
 

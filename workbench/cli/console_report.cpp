@@ -31,7 +31,7 @@ constexpr StringView Results[] = {
 };
 
 String SubrangesText(const TestSetUp& setUp) {
-    const ModuleWords& words = WordsOf(setUp.moduleKind);
+    const ModuleWords& words = ModuleWordsOf(setUp.moduleKind);
     if (setUp.moduleKind == aceVKSDUT) {
         return L", template " + std::to_wstring(setUp.subRanges);
     }
@@ -119,7 +119,7 @@ String ErrorsText(const Summary& summary) {
 
 void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock,
                                bool isReal) {
-    const ModuleWords& words = WordsOf(setUp.moduleKind);
+    const ModuleWords& words = ModuleWordsOf(setUp.moduleKind);
     PrintPair(L"File", file);
     if (!setUp.title.empty()) {
         PrintPair(L"Title", setUp.title);

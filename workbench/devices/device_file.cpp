@@ -170,7 +170,7 @@ void ReadDetail(const Entry& entry, SimClass deviceClass, sim::SimDevice& device
             return row.read(entry, device);
         }
     }
-    entry.Refuse(L"no device of the class " + sim::KeyOf(deviceClass) + L" has this key");
+    entry.Refuse(L"no device of the class " + sim::ClassKeyOf(deviceClass) + L" has this key");
 }
 
 // ---- the instrument behind it ------------------------------------------------------------------

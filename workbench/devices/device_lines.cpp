@@ -86,7 +86,7 @@ std::optional<sim::SimEutFailure> ReadEutFailure(StringView text) {
 
 std::optional<SimClass> FindClass(StringView key) {
     for (const SimClass one : sim::AllClasses()) {
-        if (EqualNoCase(sim::KeyOf(one), key)) {
+        if (EqualNoCase(sim::ClassKeyOf(one), key)) {
             return one;
         }
     }
@@ -96,7 +96,7 @@ std::optional<SimClass> FindClass(StringView key) {
 String AllClassKeys() {
     String all;
     for (const SimClass one : sim::AllClasses()) {
-        all += (all.empty() ? L"" : L", ") + sim::KeyOf(one);
+        all += (all.empty() ? L"" : L", ") + sim::ClassKeyOf(one);
     }
     return all;
 }

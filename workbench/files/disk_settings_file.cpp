@@ -41,8 +41,8 @@ void RequireGoodLoad(const FileState& state) {
     }
 }
 
-/// Two names of the same file have the same key.
-std::string KeyOf(const String& name) {
+/// The same for two names of the same file.
+std::string PlainPathOf(const String& name) {
     std::error_code error;
     const std::string path = ToUtf8(name);
     const std::filesystem::path plain = std::filesystem::weakly_canonical(path, error);
@@ -225,7 +225,7 @@ bool SettingsFiles::AnyUnsaved() const {
 }
 
 std::shared_ptr<FileState> SettingsFiles::StateOf(const String& name) {
-    std::shared_ptr<FileState>& state = x_states[KeyOf(name)];
+    std::shared_ptr<FileState>& state = x_states[PlainPathOf(name)];
     if (!state) {
         state = std::make_shared<FileState>();
         state->path = ToUtf8(name);
@@ -234,7 +234,7 @@ std::shared_ptr<FileState> SettingsFiles::StateOf(const String& name) {
 }
 
 const FileState* SettingsFiles::FindState(const String& name) const {
-    const auto entry = x_states.find(KeyOf(name));
+    const auto entry = x_states.find(PlainPathOf(name));
     return entry == x_states.end() ? nullptr : entry->second.get();
 }
 

@@ -29,7 +29,7 @@ std::span<const ModuleWords> AllModules() {
     return Modules;
 }
 
-const ModuleWords& WordsOf(aceModul moduleKind) {
+const ModuleWords& ModuleWordsOf(aceModul moduleKind) {
     return Modules[moduleKind];
 }
 

@@ -21,7 +21,7 @@ struct ModuleWords {
 
 /// In the order of their numbers.
 std::span<const ModuleWords> AllModules();
-const ModuleWords& WordsOf(aceModul moduleKind);
+const ModuleWords& ModuleWordsOf(aceModul moduleKind);
 /// By number or name, in any case of the letters; none when there is no such kind.
 const ModuleWords* FindModuleWords(StringView numberOrName);
 

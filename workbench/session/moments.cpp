@@ -105,7 +105,7 @@ const MomentCallRow& MomentCallRowOf(MomentCall call) {
     return Moments[static_cast<std::size_t>(call)];
 }
 
-String WordsOf(const Moment& moment) {
+String MomentWords(const Moment& moment) {
     return Filled(MomentCallRowOf(moment.call).words,
                   std::array{IntegerText(moment.number), moment.name, moment.stepKey});
 }

@@ -63,7 +63,7 @@ struct MomentCallRow {
 
 const MomentCallRow& MomentCallRowOf(MomentCall call);
 /// "enter subrange 2"
-String WordsOf(const Moment& moment);
+String MomentWords(const Moment& moment);
 
 /// A code of a monitoring channel: what it means, and whether it stops the test.
 struct ChannelCode {

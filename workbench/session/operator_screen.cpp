@@ -59,13 +59,14 @@ bool IsVisible(const Form& form, StringView name) {
 }
 
 /// The words of a caption: "&" only marks the letter of a shortcut.
-String WordsOf(const Control& control) {
+String CaptionWithoutMark(const Control& control) {
     String words = control.caption;
     std::erase(words, L'&');
     return words;
 }
 
-wchar_t KeyOf(const ButtonRow& button, PromptKind kind) {
+/// The letter that presses a button at the terminal.
+wchar_t ShortcutOf(const ButtonRow& button, PromptKind kind) {
     if (kind != PromptKind::Question) {
         return button.key;
     }
@@ -92,7 +93,8 @@ Dialog DialogOf(const FormRow& row, const Form& form) {
     for (const ButtonRow& button : row.buttons) {
         const Button* const control = form.Find<Button>(button.name);
         if (control != nullptr && control->IsUsable()) {
-            dialog.choices.push_back({button.reply, WordsOf(*control), KeyOf(button, dialog.kind)});
+            dialog.choices.push_back(
+                {button.reply, CaptionWithoutMark(*control), ShortcutOf(button, dialog.kind)});
         }
     }
     return dialog;

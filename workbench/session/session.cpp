@@ -111,7 +111,7 @@ void Session::ListenToHost() {
 
 void Session::RunMoment(const Moment& moment) {
     x_current = moment;
-    x_place = WordsOf(moment);
+    x_place = MomentWords(moment);
     ++x_summary.moments;
     try {
         if (moment.call == MomentCall::VKSDUTStepGlobBefore) {
@@ -272,7 +272,7 @@ void Session::StayOnFrequency(const Moment& moment) {
 Reply Session::Decide(const Dialog& dialog) {
     const Moment& moment = x_current;
     const String shown = String(WordOf(dialog.kind)) + L" " + QuotedLine(dialog.message);
-    std::optional<Reply> reply = x_answers.Take({dialog.kind, dialog.message, WordsOf(moment),
+    std::optional<Reply> reply = x_answers.Take({dialog.kind, dialog.message, MomentWords(moment),
                                                  String(MomentCallRowOf(moment.call).operation)});
     if (!reply) {
         reply = AskOperator(dialog);

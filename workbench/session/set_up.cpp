@@ -134,7 +134,7 @@ void ReadEntrySweeps(const Reader& reader, const SetUpOptions& options, TestSetU
         }
     }
     if (!missing.empty()) {
-        setUp.notes.push_back(String(WordsOf(setUp.moduleKind).one) + L" " + missing +
+        setUp.notes.push_back(String(ModuleWordsOf(setUp.moduleKind).one) + L" " + missing +
                               L": no sweep in [Workbench.Subrange<n>] and no --sweep, so no "
                               L"frequency is run there");
     }
@@ -145,12 +145,12 @@ void ReadSweeps(const Reader& reader, const SetUpOptions& options, TestSetUp& se
         aceTemplate, aceMonitoring, aceEMSAutoTemplateGeneral, aceEMIAutoTemplate, aceAziChart};
     if (std::ranges::find(WithFrequencies, setUp.moduleKind) == std::end(WithFrequencies)) {
         if (!options.sweeps.empty()) {
-            RefuseUse(L"--sweep: a test of module " + String(WordsOf(setUp.moduleKind).name) +
+            RefuseUse(L"--sweep: a test of module " + String(ModuleWordsOf(setUp.moduleKind).name) +
                       L" has no frequencies");
         }
         return;
     }
-    if (WordsOf(setUp.moduleKind).sweepPerEntry && setUp.subRanges > 0) {
+    if (ModuleWordsOf(setUp.moduleKind).sweepPerEntry && setUp.subRanges > 0) {
         ReadEntrySweeps(reader, options, setUp);
         return;
     }
@@ -308,7 +308,7 @@ aceModul ReadModul(const Reader& reader, const SetUpOptions& options) {
 
 std::int32_t ReadSubRanges(const Reader& reader, const SetUpOptions& options, aceModul moduleKind) {
     if (options.matrixTemplate && moduleKind != aceVKSDUT) {
-        RefuseUse(L"--template: a test of module " + String(WordsOf(moduleKind).name) +
+        RefuseUse(L"--template: a test of module " + String(ModuleWordsOf(moduleKind).name) +
                   L" has no template number");
     }
     if (options.matrixTemplate || options.subRanges) {
@@ -316,8 +316,8 @@ std::int32_t ReadSubRanges(const Reader& reader, const SetUpOptions& options, ac
     }
     const std::optional<std::int32_t> number =
         reader.Integer(MainSection, L"SubRanges", 0, MostSubranges);
-    if (!number && WordsOf(moduleKind).needsSubranges) {
-        const StringView many = WordsOf(moduleKind).many;
+    if (!number && ModuleWordsOf(moduleKind).needsSubranges) {
+        const StringView many = ModuleWordsOf(moduleKind).many;
         RefuseUse(L"the file does not say " +
                   (many.empty() ? String(L"which template") : L"how many " + String(many)) +
                   L" the test has ([Workbench] SubRanges=): say it with " +

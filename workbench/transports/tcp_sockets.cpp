@@ -41,13 +41,13 @@ String CauseOf(const asio::error_code& error) {
     throw RunTimeError(TransportErrors::CannotSend, name + L": cannot send: " + cause);
 }
 
-String TimeText(Milliseconds time) {
+String MillisecondsText(Milliseconds time) {
     return std::to_wstring(time.count()) + L" ms";
 }
 
 String CauseOfFailedWrite(const Ending& ending, bool isStillOpen, Milliseconds time) {
     if (ending.isTimedOut) {
-        return L"the peer takes no more data, given up after " + TimeText(time);
+        return L"the peer takes no more data, given up after " + MillisecondsText(time);
     }
     return isStillOpen ? CauseOf(ending.error) : L"the connection was closed meanwhile";
 }
@@ -85,7 +85,7 @@ std::vector<tcp::endpoint> EndpointsOf(const String& host, std::int32_t port, co
     while (!lookup->isDone) {
         if (HasPassed(deadline)) {
             RaiseCannotOpen(NameOf(host, port),
-                            L"the name was not found within " + TimeText(times.connect));
+                            L"the name was not found within " + MillisecondsText(times.connect));
         }
         SleepAndRunEvents(events);
     }
@@ -178,9 +178,9 @@ std::shared_ptr<TcpSockets::Connection> TcpSockets::ConnectTo(const String& host
             return connection;
         }
     }
-    RaiseCannotOpen(connection->Name(), ending.isTimedOut
-                                            ? L"no answer within " + TimeText(x_times.connect)
-                                            : CauseOf(ending.error));
+    RaiseCannotOpen(connection->Name(),
+                    ending.isTimedOut ? L"no answer within " + MillisecondsText(x_times.connect)
+                                      : CauseOf(ending.error));
 }
 
 /// Handles are not used again at once, so that an old one does not meet a new connection.

@@ -27,7 +27,7 @@ std::string Field(StringView text) {
     return ToUtf8(plain);
 }
 
-std::string TimeText(std::chrono::system_clock::time_point time) {
+std::string UtcTimeText(std::chrono::system_clock::time_point time) {
     const auto sinceEpoch =
         std::chrono::floor<std::chrono::milliseconds>(time.time_since_epoch()).count();
     const std::time_t seconds =
@@ -60,7 +60,7 @@ TrafficLog::Entry TrafficLog::Begin(StringView transport, StringView address) co
     }
     const TrafficPlace place = x_place ? x_place() : TrafficPlace{};
     const String hertz = place.hertz == 0.0 ? String() : FormatGeneral(place.hertz, L'.');
-    entry.start = TimeText(x_now());
+    entry.start = UtcTimeText(x_now());
     for (const StringView field :
          {StringView(place.moment), StringView(hertz), transport, address}) {
         entry.start += Separator + Field(field);
