@@ -3,6 +3,7 @@
 #include <ace/execution/dispatcher.h>
 
 #include "sim/sim_devices.h"
+#include "support/failed_action.h"
 #include "support/fake_forms.h"
 #include "support/sweep.h"
 
@@ -209,23 +210,6 @@ const std::vector<Row> Rows = {
 
 // ---- runs --------------------------------------------------------------------------------------
 
-struct Answer {
-    const wchar_t* button;
-    bool stops;
-    bool ignoresAll;
-};
-constexpr Answer Answers[] = {
-    {L"cmdIgnore", false, false}, {L"cmdIgnoreAll", false, true}, {L"cmdStopTest", true, false}};
-
-/// What an action did.
-struct Done {
-    Boolean stops;
-    p_Action action;
-    std::vector<String> calls;  ///< those of the dispatcher before the routine left out
-    std::vector<String> complaints;
-    std::int32_t request = 0;
-};
-
 /// Everything that a run needs, with the calls of its making forgotten.
 struct Scene {
     explicit Scene(const Row& row) {
@@ -273,17 +257,6 @@ Done RunOnce(const Row& row, std::size_t k, const Answer* answer, bool isSilence
     done.complaints = host.user.TakeComplaints();
     done.request = scene.rig.context.EutCheckRequest;
     return done;
-}
-
-/// The calls behind the first `k`, without texts and what surrounds the form.
-std::vector<String> Tail(const std::vector<String>& calls, std::size_t k) {
-    std::vector<String> tail;
-    for (std::size_t i = k; i < calls.size(); ++i) {
-        if (!calls[i].starts_with(L"Language.") && calls[i] != L"FormHost.Hide") {
-            tail.push_back(calls[i]);
-        }
-    }
-    return tail;
 }
 
 /// What follows a failure of call `k`.

@@ -5,6 +5,7 @@
 #include <ace/execution/remote_commands.h>
 #include <ace/execution/start_program.h>
 
+#include "support/failed_action.h"
 #include "support/sweep.h"
 
 namespace ace::test {
@@ -218,22 +219,6 @@ const std::vector<Row> Rows = {
      FailingMacroSteps(), true},
 };
 
-struct Answer {
-    const wchar_t* button;
-    bool stops;
-    bool ignoresAll;
-};
-constexpr Answer Answers[] = {
-    {L"cmdIgnore", false, false}, {L"cmdIgnoreAll", false, true}, {L"cmdStopTest", true, false}};
-
-/// What an action did.
-struct Done {
-    Boolean stops;
-    p_Action action;
-    std::vector<String> calls;  ///< without the two questions whether tracing is on
-    std::vector<String> complaints;
-};
-
 /// A message box comes only when nothing fails up to it.
 bool ReachesBox(const Row& row, std::size_t k) {
     const auto box = std::ranges::find(row.steps, Box, &Step::call);
@@ -241,7 +226,8 @@ bool ReachesBox(const Row& row, std::size_t k) {
     return box != row.steps.end() && (k == 0 || k > at);
 }
 
-/// Runs the row's action; call `k` from 1 fails once, 0 for none.
+/// Runs the row's action; call `k` from 1 fails once, 0 for none. The two questions whether tracing
+/// is on are no calls of it.
 Done RunOnce(const Row& row, std::size_t k, const Answer* answer, bool isSilenced = false) {
     SweepRig rig;
     rig.MakeEngine();
@@ -266,17 +252,6 @@ Done RunOnce(const Row& row, std::size_t k, const Answer* answer, bool isSilence
     }
     done.complaints = rig.host->user.TakeComplaints();
     return done;
-}
-
-/// The calls behind the first `k`, without texts and what surrounds the form.
-std::vector<String> Tail(const std::vector<String>& calls, std::size_t k) {
-    std::vector<String> tail;
-    for (std::size_t i = k; i < calls.size(); ++i) {
-        if (!calls[i].starts_with(L"Language.") && calls[i] != L"FormHost.Hide") {
-            tail.push_back(calls[i]);
-        }
-    }
-    return tail;
 }
 
 bool IsAsked(Fate fate) {

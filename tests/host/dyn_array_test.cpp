@@ -4,18 +4,12 @@
 
 #include <ace/host/array_2d.h>
 
+#include "support/error_of.h"
+
 namespace ace {
 namespace {
 
-template <class Act>
-std::int32_t ErrorOf(Act&& act) {
-    try {
-        act();
-    } catch (const RunTimeError& error) {
-        return error.Number();
-    }
-    return 0;
-}
+using test::ErrorOf;
 
 TEST(DynArray, AFreshArrayIsUnallocatedAndHasNoBounds) {
     const DynArray<int> array;

@@ -10,19 +10,9 @@
 #include <ace/core/thread_context.h>
 
 #include "sim/sim_host.h"
+#include "support/error_of.h"
 
 namespace ace::test {
-
-/// Number of the run-time error that `act` raises; 0 when it raises none.
-template <class Act>
-std::int32_t ErrorOf(Act&& act) {
-    try {
-        act();
-    } catch (const RunTimeError& error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 /// A context on a simulated host, fresh for every test.
 class HostTest : public ::testing::Test {
