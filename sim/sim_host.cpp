@@ -125,9 +125,11 @@ std::shared_ptr<IFormHost> SimHost::MakeFormHost() {
     return std::make_shared<SimFormHost>(*this);
 }
 std::shared_ptr<IUserDialogs> SimHost::MakeUserDialogs() {
+    Call(L"Factory.MakeUserDialogs", {}, Question);
     return std::make_shared<SimUserDialogs>(*this);
 }
 std::shared_ptr<IApiMacro> SimHost::MakeApiMacro() {
+    Call(L"Factory.MakeApiMacro", {}, Question);
     return std::make_shared<SimApiMacro>(*this);
 }
 

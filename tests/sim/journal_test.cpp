@@ -52,5 +52,45 @@ TEST(JournalTest, ABoundedJournalForgetsTheOldestEntries) {
     EXPECT_EQ(host.journal.Total(), 6U);
 }
 
+/// Makes one of every service, each for itself.
+void MakeEveryService(IHostFactory& factory) {
+    factory.MakeTraceLog();
+    factory.MakeLanguage();
+    factory.MakeUtilities();
+    factory.MakeSystemServices();
+    factory.MakeDeviceList();
+    factory.MakeDeviceSettingsStore();
+    factory.MakeGpibDriver();
+    factory.MakeStatusDisplay();
+    factory.MakePlatform();
+    factory.MakeSerialPort();
+    factory.MakeFormHost();
+    factory.MakeUserDialogs();
+    factory.MakeApiMacro();
+}
+
+TEST(JournalTest, MakingAServiceIsALineWhateverService) {
+    SimHost host;
+    MakeEveryService(host);
+    EXPECT_EQ(
+        host.journal.Lines(),
+        (std::vector<String>{
+            L"Factory.MakeTraceLog()", L"Factory.MakeLanguage()", L"Factory.MakeUtilities()",
+            L"Factory.MakeSystemServices()", L"Factory.MakeDeviceList()",
+            L"Factory.MakeDeviceSettingsStore()", L"Factory.MakeGpibDriver()",
+            L"Factory.MakeStatusDisplay()", L"Factory.MakePlatform()", L"Factory.MakeSerialPort()",
+            L"Factory.MakeFormHost()", L"Factory.MakeUserDialogs()", L"Factory.MakeApiMacro()"}));
+    EXPECT_EQ(host.journal.Effects(), std::vector<String>());
+}
+
+TEST(JournalTest, MakingAServiceMayBeToldToFailWhateverService) {
+    for (std::size_t k = 1; k <= 13; ++k) {
+        SimHost host;
+        host.faults.FailCall(k, 4242);
+        EXPECT_THROW(MakeEveryService(host), RunTimeError) << k;
+        EXPECT_EQ(host.journal.Total(), k);
+    }
+}
+
 }  // namespace
 }  // namespace ace::sim
