@@ -7,6 +7,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::FieldsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Optional;
 
@@ -90,6 +91,33 @@ TEST(SetUpKeys, WirelessTestsComeFromTheirSectionsAndGapsCloseUp) {
     EXPECT_THAT(setUp.tests[1].steps, IsEmpty());
     EXPECT_THAT(setUp.notes, ElementsAre(L"test 2, 4: no VKS_UKey in [ActionsOnTest<n>_VKS], so "
                                          L"there is no such test"));
+}
+
+TEST(SetUpKeys, AWirelessTestHasAsManyStepsAsTheEngineReads) {
+    const auto test = [](const char* steps) {
+        return std::string(
+                   "[Workbench]\nModule=7\nSubRanges=1\n[ActionsOnTest1_VKS]\nVKS_UKey=U\n") +
+               "SUBSTEPS=" + steps + "\n[ActionsOnStepU_10001_VKS]\nVKS_Key=A\n";
+    };
+    EXPECT_EQ(SetUpOf(test("10001")).tests.at(0).steps.size(), 1U);
+    EXPECT_EQ(SetUpOf(test("100000")).tests.at(0).steps.size(), 1U);
+    EXPECT_EQ(
+        RefusalOf([&] { SetUpOf(test("100001")); }),
+        "4 set-up.ini:6: [ActionsOnTest1_VKS] SUBSTEPS: this must be a whole number from 0 to "
+        "100000");
+}
+
+TEST(SetUpKeys, AKindOfTestAndAChannelOfADeviceAreAnyNumberFrom0) {
+    const auto channel = [](const char* number) {
+        return std::string("[Workbench]\nModule=1\nSubRanges=1\n[Workbench.Channel1]\nDevice=D\n") +
+               "NoGoAbove=1\nDeviceChannel=" + number + "\n";
+    };
+    EXPECT_EQ(SetUpOf(channel("10001")).channels.at(0).watch->channel, 10'001);
+    EXPECT_EQ(SetUpOf("[Workbench]\nModule=6\nTestKind=10001\n").testKind, 10'001);
+    EXPECT_THAT(RefusalOf([&] { SetUpOf(channel("-1")); }),
+                HasSubstr("DeviceChannel: this must be a whole number from 0 to 2147483647"));
+    EXPECT_THAT(RefusalOf([] { SetUpOf("[Workbench]\nModule=6\nTestKind=-1\n"); }),
+                HasSubstr("TestKind: this must be a whole number from 0 to 2147483647"));
 }
 
 const std::string Tables =

@@ -15,8 +15,6 @@ namespace ace::workbench {
 
 namespace {
 
-constexpr std::int32_t MostSubranges = 10'000;
-
 SetUpOptions ReadOptions(const RunArguments& arguments) {
     SetUpOptions options;
     if (arguments.module) {

@@ -1,8 +1,11 @@
 #include "workbench/session/set_up.h"
 
 #include <algorithm>
+#include <limits>
 
 #include <ace/core/text.h>
+#include <ace/settings/action_line.h>
+#include <ace/settings/wireless_names.h>
 
 #include "workbench/files/place_text.h"
 #include "workbench/words/frequency.h"
@@ -13,8 +16,8 @@ namespace ace::workbench {
 namespace {
 
 constexpr StringView MainSection = L"Workbench";
-/// More numbered entries than this are a slip of the pen.
-constexpr std::int32_t MostSubranges = 10'000;
+/// A kind of test and a channel of a device are any number of the host's.
+constexpr std::int32_t AnyNumber = std::numeric_limits<std::int32_t>::max();
 /// The tables of a matrix are announced one entry at a time, and each time its rows are gone over.
 constexpr std::size_t MostCombinations = 10'000;
 
@@ -189,7 +192,7 @@ std::optional<ChannelWatch> ReadWatch(const Reader& reader, const String& sectio
         reader.Refuse(section, L"Device", L"a device needs a limit, TriggerAbove= or NoGoAbove=");
     }
     watch.device = *device;
-    watch.channel = reader.Integer(section, L"DeviceChannel", 0, MostSubranges).value_or(1);
+    watch.channel = reader.Integer(section, L"DeviceChannel", 0, AnyNumber).value_or(1);
     return watch;
 }
 
@@ -204,23 +207,23 @@ void ReadChannels(const Reader& reader, TestSetUp& setUp) {
 }
 
 void ReadWirelessTests(const Reader& reader, TestSetUp& setUp) {
+    using namespace WirelessNames;
     String missing;
     for (std::int32_t test = 1; test <= setUp.subRanges; ++test) {
-        const String section = Numbered(L"ActionsOnTest", test) + L"_VKS";
-        const std::optional<String> key = reader.Text(section, L"VKS_UKey");
+        const String section = KeysOf(TestSection(test));
+        const std::optional<String> key = reader.Text(section, TestKey);
         if (!key || key->empty()) {
             missing += (missing.empty() ? L"" : L", ") + std::to_wstring(test);
             continue;
         }
         WirelessTest wireless{*key, {}};
-        const std::int32_t steps =
-            reader.Integer(section, L"SUBSTEPS", 0, MostSubranges).value_or(0);
+        const std::int32_t steps = reader.Integer(section, StepCount, 0, MostEntries).value_or(0);
         for (std::int32_t step = 1; step <= steps; ++step) {
-            const String stepSection = Numbered(L"ActionsOnStep" + *key + L"_", step) + L"_VKS";
-            const std::optional<String> stepKey = reader.Text(stepSection, L"VKS_Key");
+            const String stepSection = KeysOf(StepSection(*key, step));
+            const std::optional<String> stepKey = reader.Text(stepSection, StepKey);
             if (stepKey && !stepKey->empty()) {
                 wireless.steps.push_back(
-                    {*stepKey, reader.Text(stepSection, L"VKS_Name").value_or(String())});
+                    {*stepKey, reader.Text(stepSection, StepName).value_or(String())});
             }
         }
         setUp.tests.push_back(std::move(wireless));
@@ -281,7 +284,7 @@ void ReadMatrix(const Reader& reader, TestSetUp& setUp) {
     matrix.byFrequency = ReadFlag(reader, Section, L"InfluencedByFreq");
     matrix.byBandwidth = ReadFlag(reader, Section, L"InfluencedByBandwidth");
     matrix.byPower = ReadFlag(reader, Section, L"InfluencedByPower");
-    const String templateSection = Numbered(L"ActionsOnVKSTemplate_", setUp.subRanges);
+    const String templateSection = WirelessNames::MatrixSection(setUp.subRanges);
     if (!reader.Has(templateSection)) {
         setUp.notes.push_back(L"the file has no template " + std::to_wstring(setUp.subRanges) +
                               L" ([" + templateSection + L"]), so its rows have no actions");
@@ -351,7 +354,7 @@ TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
     setUp.moduleKind = ReadModul(reader, options);
     setUp.subRanges = ReadSubRanges(reader, options, setUp.moduleKind);
     setUp.title = reader.Text(MainSection, L"Title").value_or(String());
-    setUp.testKind = reader.Integer(MainSection, L"TestKind", 0, MostSubranges);
+    setUp.testKind = reader.Integer(MainSection, L"TestKind", 0, AnyNumber);
     ReadSweeps(reader, options, setUp);
     RequireBounded(setUp);
     if (setUp.moduleKind == aceMonitoring) {

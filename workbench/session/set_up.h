@@ -11,6 +11,9 @@
 
 namespace ace::workbench {
 
+/// More subranges, channels, steps or tests than this are a slip of the pen.
+inline constexpr std::int32_t MostSubranges = 10'000;
+
 /// What the user may say instead of the file.
 struct SetUpOptions {
     std::optional<aceModul> moduleKind{};

@@ -1,15 +1,14 @@
 #include <ace/host/checked_numbers.h>
 #include <ace/settings/action_line.h>
+#include <ace/settings/wireless_names.h>
 #include <ace/settings/wireless_sections.h>
 
 namespace ace {
 
 namespace {
 
-constexpr StringView TestKey = L"VKS_UKey";
-constexpr StringView StepCountKey = L"SUBSTEPS";
-constexpr StringView StepNameKey = L"VKS_Name";
-constexpr StringView StepKeyKey = L"VKS_Key";
+using namespace WirelessNames;
+
 constexpr StringView CountKey = L"Count";
 /// What the influence flags of the matrix are called in its file.
 struct InfluenceKey {
@@ -25,24 +24,8 @@ constexpr InfluenceKey InfluenceKeys[] = {
 constexpr const ModuleRow& TemplateRow = ModuleTable[aceVKSTemplate];
 constexpr const ModuleRow& MatrixRow = ModuleTable[aceVKSDUT];
 
-String Numbered(StringView word, std::int32_t number) {
-    return String(word) + std::to_wstring(number);
-}
-String TestSection(std::int32_t test) {
-    return Numbered(VKSTestSets.sectionWord, test);
-}
-String StepSection(const String& testKey, std::int32_t step) {
-    return String(VKSStepSets.sectionWord) + testKey + Numbered(L"_", step);
-}
-String MatrixSection(const EngineState& state) {
-    return String(TemplateRow.fixed[0].section) + Numbered(L"_", state.VKSDUTTemplate);
-}
 String RowSection(const EngineState& state, std::int32_t row) {
-    return StepSection(Numbered(L"_", state.VKSDUTTemplate), row);
-}
-/// The section beside a section of action lines, for the keys that belong to it.
-String KeysOf(const String& section) {
-    return section + L"_VKS";
+    return StepSection(L"_" + std::to_wstring(state.VKSDUTTemplate), row);
 }
 
 /// A number of sections that the file asks for.
@@ -59,11 +42,11 @@ std::int32_t ReadCount(const SettingsStatements& file, const String& section, St
 void ReadStep(const SettingsStatements& file, const String& testKey, std::int32_t step) {
     EngineState& state = file.State();
     const String section = StepSection(testKey, step);
-    const String key = file.GetString(KeysOf(section), StepKeyKey);
+    const String key = file.GetString(KeysOf(section), StepKey);
     if (key.empty()) {
         return;
     }
-    const String name = file.GetString(KeysOf(section), StepNameKey);
+    const String name = file.GetString(KeysOf(section), StepName);
     const std::int32_t index = state.VKSStepCount;
     file.Do([&] { state.VKSStepUKeys.RedimPreserve(index); });
     file.Do([&] { state.VKSStepNames.RedimPreserve(index); });
@@ -85,7 +68,7 @@ void ReadTest(const SettingsStatements& file, std::int32_t test) {
     if (key.empty()) {
         return;
     }
-    const std::int32_t steps = ReadCount(file, KeysOf(section), StepCountKey);
+    const std::int32_t steps = ReadCount(file, KeysOf(section), StepCount);
     file.ReadElement(state.VKSTests, index, section);
     for (std::int32_t step = 1; step <= steps; ++step) {
         ReadStep(file, key, step);
@@ -120,8 +103,8 @@ std::int32_t WriteSteps(const SettingsStatements& file, const String& testKey) {
         ++number;
         const String section = StepSection(testKey, number);
         file.Do([&] { file.WriteLists(section, state.VKSSteps[i]); });
-        file.Do([&] { file.SetString(KeysOf(section), StepNameKey, state.VKSStepNames[i]); });
-        file.Do([&] { file.SetString(KeysOf(section), StepKeyKey, state.VKSStepKeys[i]); });
+        file.Do([&] { file.SetString(KeysOf(section), StepName, state.VKSStepNames[i]); });
+        file.Do([&] { file.SetString(KeysOf(section), StepKey, state.VKSStepKeys[i]); });
     }
     return number;
 }
@@ -133,7 +116,7 @@ void WriteTest(const SettingsStatements& file, std::int32_t test) {
     const String section = TestSection(test);
     file.Do([&] { file.WriteLists(section, state.VKSTests[test - 1]); });
     file.SetString(KeysOf(section), TestKey, key);
-    file.SetLong(KeysOf(section), StepCountKey, steps);
+    file.SetLong(KeysOf(section), StepCount, steps);
 }
 
 void DeleteWithKeys(const SettingsStatements& file, const String& section) {
@@ -144,7 +127,7 @@ void DeleteWithKeys(const SettingsStatements& file, const String& section) {
 void DeleteTest(const SettingsStatements& file, std::int32_t test) {
     const String section = TestSection(test);
     const String key = file.GetString(KeysOf(section), TestKey);
-    const std::int32_t steps = ReadCount(file, KeysOf(section), StepCountKey);
+    const std::int32_t steps = ReadCount(file, KeysOf(section), StepCount);
     for (std::int32_t step = 1; step <= steps; ++step) {
         DeleteWithKeys(file, StepSection(key, step));
     }
@@ -237,9 +220,9 @@ void ReadMatrix(const SettingsStatements& file, std::int32_t& subRanges) {
     EngineState& state = file.State();
     state.VKSReplaceVars.count = 0;
     state.VKSDUTTemplate = subRanges;
-    subRanges = ReadCount(file, MatrixSection(state), CountKey);
+    subRanges = ReadCount(file, MatrixSection(state.VKSDUTTemplate), CountKey);
     for (const InfluenceKey& influence : InfluenceKeys) {
-        state.*influence.flag = file.GetBoolean(MatrixSection(state), influence.key);
+        state.*influence.flag = file.GetBoolean(MatrixSection(state.VKSDUTTemplate), influence.key);
     }
     ReadRows(file, subRanges);
     if (state.VKSDUTTemplate == GlobalTemplate) {
@@ -250,9 +233,9 @@ void ReadMatrix(const SettingsStatements& file, std::int32_t& subRanges) {
 /// Intentional: deletes one section more than there can be.
 void WriteMatrix(const SettingsStatements& file) {
     EngineState& state = file.State();
-    file.SetLong(MatrixSection(state), CountKey, state.VKSStepCount);
+    file.SetLong(MatrixSection(state.VKSDUTTemplate), CountKey, state.VKSStepCount);
     for (const InfluenceKey& influence : InfluenceKeys) {
-        file.SetBoolean(MatrixSection(state), influence.key, state.*influence.flag);
+        file.SetBoolean(MatrixSection(state.VKSDUTTemplate), influence.key, state.*influence.flag);
     }
     for (std::int32_t row = 1; row <= state.VKSStepCount; ++row) {
         WriteRow(file, row);
