@@ -70,7 +70,7 @@ TEST_F(BenchRunTest, FailedReadRepeatsTheFrequenciesOfTheSubrange) {
     EXPECT_THAT(LinesWith("is read"), ::testing::SizeIs(5));
     EXPECT_THAT(LinesWith("repe"),
                 ElementsAre("the check asks to repeat the measurement of the subrange",
-                            "Checks     1 repetition of a stretch of frequencies, 0 parkings of "
+                            "Checks     1 repetition of a subrange or sweep, 0 parkings of "
                             "the accessories"));
 }
 
@@ -104,8 +104,8 @@ TEST_F(BenchRunTest, FailedReadInMonitoringRepeatsTheSweepAlone) {
 TEST_F(BenchRunTest, FailedCheckCanParkTheAccessories) {
     EXPECT_EQ(Run(Checked("0,0,0,0,0.00,0,0.00,1"), Failing("80MHz, 1 s, 1")), Outcome::Finished);
     EXPECT_THAT(LinesWith("park"), ElementsAre("request to park the accessories",
-                                               "Checks     0 repetitions of a stretch of "
-                                               "frequencies, 1 parking of the accessories"));
+                                               "Checks     0 repetitions of a subrange or "
+                                               "sweep, 1 parking of the accessories"));
 }
 
 TEST_F(BenchRunTest, FailedCheckCanStopTheTest) {
@@ -207,8 +207,9 @@ TEST_F(BenchRunTest, FailureOnPurposeIsToldAndComesToTheOperator) {
     EXPECT_EQ(Run(Followed, FollowingBench, arguments), Outcome::Stopped);
     EXPECT_THAT(LinesWith("on purpose"),
                 ElementsAre("failure on purpose: GPIB 0:28 fails at the 2nd write",
-                            HasSubstr("on purpose: GPIB 0:28 fails at the 2nd write\": Stop"),
-                            "Unused     failure on purpose that nothing came to: COM1 fails at "
+                            HasSubstr("on purpose: GPIB 0:28 fails at the 2nd write\": Stop")));
+    EXPECT_THAT(LinesWith("Unused"),
+                ElementsAre("Unused     rule of the script that never applied: COM1 fails at "
                             "every write"));
 }
 

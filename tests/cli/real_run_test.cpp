@@ -145,8 +145,8 @@ TEST_F(RealRunTest, AnInstrumentThatIsOffIsToldWithHostPortAndCause) {
         action = Tcp("*RST", off);
     }
     EXPECT_EQ(Run({action}), Outcome::Finished);
-    EXPECT_THAT(printed, HasSubstr(": cannot connect: Connection refused\n"));
-    EXPECT_THAT(Log(), HasSubstr(": cannot connect: Connection refused\n"));
+    EXPECT_THAT(printed, HasSubstr(": can't connect: Connection refused\n"));
+    EXPECT_THAT(Log(), HasSubstr(": can't connect: Connection refused\n"));
 }
 
 TEST_F(RealRunTest, AnInstrumentThatStopsReadingEndsWithTheTimeOut) {
@@ -159,7 +159,7 @@ TEST_F(RealRunTest, AnInstrumentThatStopsReadingEndsWithTheTimeOut) {
 TEST_F(RealRunTest, AnInstrumentThatDiesInMidWriteIsAFailureAndNoSignal) {
     const FakeInstrument instrument({true, 20'000, {}});
     EXPECT_EQ(Run({Tcp(std::string(1024 * 1024, 'A'), instrument)}), Outcome::Finished);
-    EXPECT_THAT(Log(), AllOf(HasSubstr(": cannot send: "), HasSubstr(" of 1048577 bytes sent)")));
+    EXPECT_THAT(Log(), AllOf(HasSubstr(": can't send: "), HasSubstr(" of 1048577 bytes sent)")));
 }
 
 TEST_F(RealRunTest, AMacroGetsItsParametersAndItsErrorOutputIsTold) {

@@ -12,6 +12,13 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
+const std::string Small =
+    "[Workbench]\r\nModule=0\r\nSubRanges=1\r\nTitle=Small\r\n"
+    "[Workbench.Subrange1]\r\nStartHz=80000000\r\nStopHz=80800000\r\nStepPercent=1\r\n"
+    "DwellMs=2000\r\n"
+    "[ActionsOnTest]\r\nNumOfEnterActions=2\r\nEnterAction1=QUESTION:Door closed?,,1\r\n"
+    "EnterAction2=WAIT:1500.000\r\nNumOfFreqActions=1\r\nFrequAction1=WAIT:250.000\r\n";
+
 class RunCommandTest : public FolderTest {
   protected:
     /// Runs `text`; the printed text is in `printed`.
@@ -23,15 +30,12 @@ class RunCommandTest : public FolderTest {
         printed = out.str();
         return outcome;
     }
+    /// What keeps a run of a good file from being begun.
+    std::string Refusal(const RunArguments& arguments) {
+        return RefusalOf([&] { RunText(Small, arguments); });
+    }
     std::string printed;
 };
-
-const std::string Small =
-    "[Workbench]\r\nModule=0\r\nSubRanges=1\r\nTitle=Small\r\n"
-    "[Workbench.Subrange1]\r\nStartHz=80000000\r\nStopHz=80800000\r\nStepPercent=1\r\n"
-    "DwellMs=2000\r\n"
-    "[ActionsOnTest]\r\nNumOfEnterActions=2\r\nEnterAction1=QUESTION:Door closed?,,1\r\n"
-    "EnterAction2=WAIT:1500.000\r\nNumOfFreqActions=1\r\nFrequAction1=WAIT:250.000\r\n";
 
 TEST_F(RunCommandTest, AWholeRunIsPrintedLineByLine) {
     Write("answers.txt", "start of test | question | Door* | Yes\n* | question | Lamp* | Yes\n");
@@ -86,30 +90,29 @@ TEST_F(RunCommandTest, AFileThatCantBeReadIsRefusedWithOneLine) {
               "4 " + Path("missing.ini") + ": there is no such file");
     arguments.file = folder;
     EXPECT_THAT(RefusalOf([&] { RunCommand(arguments, {.out = out}); }),
-                StartsWith("4 " + folder + ": cannot be read"));
+                StartsWith("4 " + folder + ": can't be read"));
     EXPECT_EQ(out.str(), "");
 }
 
 TEST_F(RunCommandTest, AnswersAndTraceThatCantBeOpenedAreRefused) {
     RunArguments arguments;
     arguments.answers = Path("missing.txt");
-    EXPECT_EQ(RefusalOf([&] { RunText(Small, arguments); }),
-              "4 " + Path("missing.txt") + ": there is no such file");
+    EXPECT_EQ(Refusal(arguments), "4 " + Path("missing.txt") + ": there is no such file");
     Write("bad.txt", "\xEF\xBB\xBF# a mark in front\nYes\n");
     arguments.answers = Path("bad.txt");
-    EXPECT_EQ(RefusalOf([&] { RunText(Small, arguments); }),
+    EXPECT_EQ(Refusal(arguments),
               "4 " + Path("bad.txt") +
                   ":2: an answer is written as moment | question | message | answer");
     arguments = {};
     arguments.trace = Path("no/such/folder");
-    EXPECT_THAT(RefusalOf([&] { RunText(Small, arguments); }), StartsWith("4 "));
+    EXPECT_THAT(Refusal(arguments), StartsWith("4 "));
 }
 
 TEST_F(RunCommandTest, OptionsThatMakeNoSenseAreWrongUse) {
     const auto refusal = [&](const std::function<void(RunArguments&)>& set) {
         RunArguments arguments;
         set(arguments);
-        return RefusalOf([&] { RunText(Small, arguments); });
+        return Refusal(arguments);
     };
     EXPECT_EQ(refusal([](RunArguments& a) { a.module = "9"; }),
               "5 --module: \"9\" is no module: 0 to 8, or a name such as aceTemplate");
@@ -136,7 +139,7 @@ TEST_F(RunCommandTest, RealTransportsNeedTheRealClock) {
     RunArguments arguments;
     arguments.real = true;
     arguments.clock = "virtual";
-    EXPECT_EQ(RefusalOf([&] { RunText(Small, arguments); }),
+    EXPECT_EQ(Refusal(arguments),
               "5 --clock virtual: with --real the waits between the commands take their time");
     arguments.clock = std::nullopt;
     EXPECT_EQ(RunText("[Workbench]\nModule=6\n", arguments), Outcome::Finished);
@@ -147,14 +150,13 @@ TEST_F(RunCommandTest, RealTransportsNeedTheRealClock) {
 TEST_F(RunCommandTest, AConfigurationThatMakesNoSenseIsABadFile) {
     RunArguments arguments;
     arguments.config = Path("bench.ini");
-    EXPECT_EQ(RefusalOf([&] { RunText(Small, arguments); }),
-              "4 " + Path("bench.ini") + ": there is no such file");
+    EXPECT_EQ(Refusal(arguments), "4 " + Path("bench.ini") + ": there is no such file");
     Write("bench.ini", "[Tcp]\nConnectTimeoutMs=0\n");
-    EXPECT_EQ(RefusalOf([&] { RunText(Small, arguments); }),
+    EXPECT_EQ(Refusal(arguments),
               "4 " + Path("bench.ini") +
                   ":2: [Tcp] ConnectTimeoutMs: \"0\" is not a time from 1 to 3600000 milliseconds");
     Write("bench.ini", "[SerialPorts]\nLPT1=/dev/lp0\n");
-    EXPECT_EQ(RefusalOf([&] { RunText(Small, arguments); }),
+    EXPECT_EQ(Refusal(arguments),
               "4 " + Path("bench.ini") +
                   ":2: [SerialPorts]: \"LPT1=/dev/lp0\" is not of the form COM3=/dev/ttyUSB0");
 }
@@ -173,7 +175,8 @@ TEST_F(RunCommandTest, AnswersAndFailuresAreReadIn16BitTextToo) {
     arguments.answers = Path("answers.txt");
     arguments.faults = Path("faults.txt");
     EXPECT_EQ(RunText(Small, arguments), Outcome::Finished);
-    EXPECT_THAT(printed, HasSubstr("nothing came to: COM1 fails at every write\n"));
+    EXPECT_THAT(printed,
+                HasSubstr("rule of the script that never applied: COM1 fails at every write\n"));
 }
 
 TEST_F(RunCommandTest, TheTrafficIsWrittenToItsFileAnew) {
@@ -189,8 +192,8 @@ TEST_F(RunCommandTest, TheTrafficIsWrittenToItsFileAnew) {
                                                "(simulated)\n"));
     EXPECT_THAT(printed, Not(HasSubstr("Traffic ")));
     arguments.traffic = Path("no/such/folder");
-    EXPECT_EQ(RefusalOf([&] { RunText(Small, arguments); }),
-              "4 " + Path("no/such/folder") + ": cannot be made: No such file or directory");
+    EXPECT_EQ(Refusal(arguments),
+              "4 " + Path("no/such/folder") + ": can't be made: No such file or directory");
 }
 
 /// The lines of a traffic log from their moment on, without its head.

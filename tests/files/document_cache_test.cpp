@@ -98,7 +98,7 @@ TEST_F(DocumentCacheTest, AFileThatIsGoneIsGone) {
     EXPECT_EQ(files.Open(WidePath("a.ini")), nullptr);
     std::filesystem::create_directory(Path("a.ini"));
     EXPECT_EQ(ErrorIn([&] { files.Open(WidePath("a.ini")); }).Description(),
-              WidePath("a.ini") + L": cannot be read: it is no plain file");
+              WidePath("a.ini") + L": can't be read: it is no plain file");
 }
 
 /// Two changes within one tick of the clock, with the same size, have the same stamp.

@@ -106,7 +106,7 @@ TEST_F(FileStore, AFolderOrAPipeIsAnErrorThatNamesItAndNeverAnEmptyFile) {
         const RunTimeError error = ErrorIn([&] { ReadWholeFile(path); });
         EXPECT_EQ(error.Number(), FileErrors::CannotRead);
         EXPECT_EQ(error.Description(),
-                  String(path.begin(), path.end()) + L": cannot be read: it is no plain file");
+                  String(path.begin(), path.end()) + L": can't be read: it is no plain file");
     }
 }
 
@@ -117,7 +117,7 @@ TEST_F(FileStore, EachCallOfAReadThatFailsIsAnErrorWithTheReason) {
         failing.failAt = k;
         const RunTimeError error = ErrorIn([&] { ReadWholeFile(Path("a.ini"), failing); });
         EXPECT_EQ(error.Number(), FileErrors::CannotRead) << k;
-        EXPECT_THAT(error.Description(), HasSubstr(WidePath("a.ini") + L": cannot be "));
+        EXPECT_THAT(error.Description(), HasSubstr(WidePath("a.ini") + L": can't be "));
         EXPECT_THAT(error.Description(), HasSubstr(L"Input/output error"));
     }
     ReadWholeFile(Path("a.ini"), calls);
@@ -242,7 +242,7 @@ TEST_F(FileStore, AFullDiskLeavesTheOldFile) {
     Write("a.ini", "old");
     FullDisk full;
     EXPECT_EQ(ErrorIn([&] { SaveWholeFile(Path("a.ini"), "new", full); }).Description(),
-              WidePath("a.ini") + L": cannot be written: No space left on device");
+              WidePath("a.ini") + L": can't be written: No space left on device");
     EXPECT_EQ(Read("a.ini"), "old");
     EXPECT_THAT(Names(), ElementsAre("a.ini"));
 }
@@ -271,13 +271,15 @@ TEST_F(FileStore, AFolderThatMayNotBeWrittenIsAnErrorAndTheFileStands) {
     ASSERT_EQ(::chmod(Path("a.ini").c_str(), 0666), 0);
     ASSERT_EQ(::chmod(folder.c_str(), 0555), 0);
     RunTimeError error(0);
+    std::string temporary;
     {
         const OrdinaryUser user;
         ASSERT_TRUE(user.IsOn());
+        temporary = ".ace-save-" + std::to_string(::geteuid()) + "-a.ini";
         error = ErrorIn([&] { SaveWholeFile(Path("a.ini"), "new"); });
     }
-    EXPECT_EQ(error.Description(),
-              WidePath("a.ini") + L": no file can be made beside it: Permission denied");
+    EXPECT_EQ(error.Description(), WidePath("a.ini") + L": its temporary file " +
+                                       WidePath(temporary) + L" can't be made: Permission denied");
     EXPECT_EQ(Read("a.ini"), "old");
     EXPECT_EQ(::chmod(folder.c_str(), 0755), 0);
 }
@@ -292,7 +294,7 @@ TEST_F(FileStore, AFileThatMayNotBeWrittenIsNotReplaced) {
         ASSERT_TRUE(user.IsOn());
         error = ErrorIn([&] { SaveWholeFile(Path("a.ini"), "new"); });
     }
-    EXPECT_EQ(error.Description(), WidePath("a.ini") + L": cannot be written: Permission denied");
+    EXPECT_EQ(error.Description(), WidePath("a.ini") + L": can't be written: Permission denied");
     EXPECT_EQ(Read("a.ini"), "old");
 }
 
@@ -371,7 +373,7 @@ TEST_F(FileStore, AnOwnerThatCannotBeKeptIsGivenUpButNotTheGroup) {
     others.asked.clear();
     others.refusals = 2;
     EXPECT_EQ(ErrorIn([&] { SaveWholeFile(Path("a.ini"), "newest", others); }).Description(),
-              WidePath("a.ini") + L": its group cannot be kept: Operation not permitted");
+              WidePath("a.ini") + L": its group can't be kept: Operation not permitted");
     EXPECT_EQ(Read("a.ini"), "newer");
     EXPECT_THAT(Names(), ElementsAre("a.ini"));
 }

@@ -48,7 +48,7 @@ TEST_F(SavesAtOnce, ASaveThatIsUnderWayIsNotDisturbed) {
     const int other = ::open(Path(name).c_str(), O_WRONLY | O_CLOEXEC);
     ASSERT_EQ(::flock(other, LOCK_EX), 0);
     EXPECT_EQ(ErrorIn([&] { SaveWholeFile(Path("a.ini"), "new"); }).Description(),
-              WidePath("a.ini") + L": cannot be written: another program is saving it");
+              WidePath("a.ini") + L": can't be written: another program is saving it");
     EXPECT_EQ(Read("a.ini"), "old");
     EXPECT_EQ(Read(name), "half of it");
     ::close(other);

@@ -326,7 +326,7 @@ TEST(SettingsDocument, ACharacterThatTheFileCannotHoldIsAClearErrorAndNothingIsL
         const RunTimeError error = ErrorIn(act);
         EXPECT_EQ(error.Number(), 5);
         EXPECT_THAT(error.Description(),
-                    ::testing::HasSubstr(L"the file is Windows-1252, which cannot hold the "
+                    ::testing::HasSubstr(L"the file is Windows-1252, which can't hold the "
                                          L"character U+0142"));
     }
     EXPECT_EQ(document.ChangedBytes(), std::nullopt);
@@ -356,7 +356,7 @@ TEST(SettingsDocument, ASectionWhoseNameBeginsWithAZeroIsRefused) {
     SettingsDocument document;
     const RunTimeError error = ErrorIn([&] { document.SetKey(String(1, L'\0'), L"x", L"1"); });
     EXPECT_EQ(error.Number(), 5);
-    EXPECT_THAT(error.Description(), ::testing::HasSubstr(L"a section cannot have this name"));
+    EXPECT_THAT(error.Description(), ::testing::HasSubstr(L"a section can't have this name"));
     EXPECT_EQ(document.Bytes(), "");
 }
 

@@ -92,7 +92,7 @@ TEST_F(TraceFileTest, NothingIsTouchedBeforeTheLogIsMadeAndTheLinesSoFarAreKept)
 TEST_F(TraceFileTest, AFileThatCannotBeMadeIsAnErrorThatNamesIt) {
     const RunTimeError error = ErrorIn([&] { TraceFile(folder, Noon).Make(); });
     EXPECT_EQ(error.Number(), FileErrors::CannotSave);
-    EXPECT_EQ(error.Description(), L"the trace cannot be written: " +
+    EXPECT_EQ(error.Description(), L"the trace can't be written: " +
                                        String(folder.begin(), folder.end()) + L": Is a directory");
 }
 

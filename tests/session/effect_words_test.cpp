@@ -29,6 +29,20 @@ TEST(EffectWords, EffectsAreToldInPlainWords) {
               L"error report: error 13, Type mismatch");
 }
 
+TEST(EffectWords, AnEventAboutAnAmplifierHasItsStateInWords) {
+    using sim::CallText;
+    const auto wordsOf = [](const wchar_t* state) {
+        return WordsOfCall(L"DeviceList.PostEvent", CallText(L"ActionEngine", 4, String(state)));
+    };
+    EXPECT_EQ(wordsOf(L"0"), L"event to the devices: amplifier power off");
+    EXPECT_EQ(wordsOf(L"1"), L"event to the devices: amplifier power on");
+    EXPECT_EQ(wordsOf(L"2"), L"event to the devices: amplifier standby");
+    EXPECT_EQ(wordsOf(L"3"), L"event to the devices: amplifier operate");
+    EXPECT_EQ(wordsOf(L"4"), L"event to the devices: amplifier reset");
+    EXPECT_EQ(wordsOf(L"5"), L"event to the devices: amplifier state 5");
+    EXPECT_EQ(wordsOf(L"-1"), L"event to the devices: amplifier state -1");
+}
+
 TEST(EffectWords, WhatAnotherLineTellsAndWhatHasNoEffectIsSilent) {
     using sim::CallText;
     EXPECT_EQ(WordsOfCall(L"StatusDisplay.ShowStatus", CallText(L"Wait 1.500 s", true, true)), L"");

@@ -49,7 +49,7 @@ TEST_F(LoadPlaceTest, AFileThatCantBeOpenedForTheLoadTellsItsOwnReason) {
     Session session(host, SetUpOf("[Workbench]\nModule=0\nSubRanges=1\n"), answers, kept);
     const std::string refusal =
         RefusalOf([&] { session.Load(String(folder.begin(), folder.end())); });
-    EXPECT_THAT(refusal, StartsWith("4 " + folder + ": cannot be read"));
+    EXPECT_THAT(refusal, StartsWith("4 " + folder + ": can't be read"));
 }
 
 TEST_F(LoadPlaceTest, TheObserverOfTheThreadIsPutBack) {

@@ -63,7 +63,7 @@ TEST_P(GpibBusTest, BytesArriveExactlyWithEachTerminator) {
 TEST_P(GpibBusTest, ADeviceThatCannotBeOpenedIsMinusOneAndTheCauseIsTold) {
     fake->nextError = 7;
     EXPECT_EQ(Open(3, 21), -1);
-    EXPECT_THAT(remarks, ElementsAre("GPIB 3:21: cannot open: ENEB (error 7): there is no such "
+    EXPECT_THAT(remarks, ElementsAre("GPIB 3:21: can't open: ENEB (error 7): there is no such "
                                      "board"));
 }
 
@@ -80,7 +80,7 @@ TEST_P(GpibBusTest, AWriteThatFailsIsAnErrorWithPlaceAndCause) {
     const std::int16_t handle = Open(0, 5);
     fake->nextError = 2;
     EXPECT_EQ(Failure(TransportErrors::CannotSend, [&] { bus.WriteString(handle, L"A"); }),
-              "GPIB 0:5: cannot send: ENOL (error 2): no listener on the bus");
+              "GPIB 0:5: can't send: ENOL (error 2): no listener on the bus");
     bus.WriteString(handle, L"B");
     EXPECT_EQ(fake->written[0], 'B');
 }
@@ -91,14 +91,14 @@ TEST_P(GpibBusTest, ATimeOutIsTold) {
     fake->hasTimedOut = true;
     EXPECT_EQ(
         Failure(TransportErrors::CannotSend, [&] { bus.WriteString(handle, L"A"); }),
-        "GPIB 0:5: cannot send: EABO (error 6): the transfer was aborted, the time-out passed");
+        "GPIB 0:5: can't send: EABO (error 6): the transfer was aborted, the time-out passed");
 }
 
 TEST_P(GpibBusTest, AnErrorCodeWithoutANameIsToldByNumber) {
     const std::int16_t handle = Open(0, 5);
     fake->nextError = 77;
     EXPECT_THAT(Failure(TransportErrors::CannotSend, [&] { bus.WriteString(handle, L"A"); }),
-                HasSubstr("cannot send: error 77"));
+                HasSubstr("can't send: error 77"));
 }
 
 TEST_P(GpibBusTest, AHandleThatIsNotOpenIsAnErrorToWriteAndNoCallToClose) {

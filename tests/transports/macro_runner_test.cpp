@@ -160,11 +160,11 @@ TEST_F(MacroRunnerTest, WhatIsNoExecutableFileDoesNotLoadAndTheCauseIsTold) {
     EXPECT_FALSE(Load("text"));
     EXPECT_FALSE(Load("badlist"));
     EXPECT_THAT(remarks,
-                ElementsAre("API macro " + Path("missing") + ": cannot load: there is no such file",
-                            "API macro " + Path(".") + ": cannot load: it is no plain file",
+                ElementsAre("API macro " + Path("missing") + ": can't load: there is no such file",
+                            "API macro " + Path(".") + ": can't load: it is no plain file",
                             "API macro " + Path("text") +
-                                ": cannot load: it may not be executed: Permission denied",
-                            HasSubstr("cannot load: " + Path("badlist.inputs") + ": line 1: ")));
+                                ": can't load: it may not be executed: Permission denied",
+                            HasSubstr("can't load: " + Path("badlist.inputs") + ": line 1: ")));
     EXPECT_FALSE(Execute());
     EXPECT_EQ(errorText, L"no macro is loaded");
 }
@@ -180,7 +180,7 @@ TEST_F(MacroRunnerTest, AMacroThatCannotBeStartedTellsWhy) {
     std::filesystem::permissions(Path("odd"), std::filesystem::perms::owner_all);
     ASSERT_TRUE(Load("odd"));
     EXPECT_FALSE(Execute());
-    EXPECT_EQ(errorText, WidePath("odd") + L": cannot start: Exec format error");
+    EXPECT_EQ(errorText, WidePath("odd") + L": can't start: Exec format error");
     EXPECT_FALSE(runner->GetResult());
 }
 

@@ -82,7 +82,7 @@ TEST_F(ProgramsTest, AProgramThatIsNotThereIsError53WithItsName) {
     const RunTimeError error = ErrorIn([&] { programs.Start({Path("missing")}); });
     EXPECT_EQ(error.Number(), 53);
     EXPECT_EQ(error.Description(),
-              WidePath("missing") + L": cannot start: No such file or directory");
+              WidePath("missing") + L": can't start: No such file or directory");
     EXPECT_EQ(ErrorIn([&] { programs.Start({"no-such-program-anywhere"}); }).Number(), 53);
 }
 
@@ -91,7 +91,7 @@ TEST_F(ProgramsTest, AProgramThatCannotBeStartedIsAnErrorThatIsNot5) {
     Programs programs;
     const RunTimeError error = ErrorIn([&] { programs.Start({Path("text")}); });
     EXPECT_EQ(error.Number(), TransportErrors::CannotStart);
-    EXPECT_EQ(error.Description(), WidePath("text") + L": cannot start: Permission denied");
+    EXPECT_EQ(error.Description(), WidePath("text") + L": can't start: Permission denied");
     EXPECT_EQ(ErrorIn([&] { programs.Start({folder}); }).Number(), TransportErrors::CannotStart);
 }
 

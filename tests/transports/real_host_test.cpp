@@ -161,7 +161,7 @@ TEST_F(RealHostTest, AnInstrumentThatIsOffReachesTheOperatorAndItsCauseTheLog) {
                 ElementsAre(HasSubstr(L":\\t127.0.0.1\\r\\n")));
     EXPECT_THAT(Traffic(),
                 HasSubstr("\t\"\"\tfailed: TCP/IP 127.0.0.1:" + std::to_string(record.TcpPort) +
-                          ": cannot connect: Connection refused\n"));
+                          ": can't connect: Connection refused\n"));
 }
 
 TEST_F(RealHostTest, ASerialActionReachesTheLineAndReleasesThePort) {

@@ -71,7 +71,7 @@ TEST(SerialLine, ANumberWithoutADeviceIsAnErrorThatNamesTheConfiguration) {
     SerialLine line({{3, "/dev/null"}});
     line.CommPort(4);
     EXPECT_EQ(Failure(TransportErrors::CannotOpen, [&] { line.PortOpen(true); }),
-              "RS232 COM4: cannot open: the configuration names no device for it, as in "
+              "RS232 COM4: can't open: the configuration names no device for it, as in "
               "[SerialPorts] COM4=/dev/ttyUSB0");
     EXPECT_FALSE(line.PortOpen());
 }
@@ -79,17 +79,17 @@ TEST(SerialLine, ANumberWithoutADeviceIsAnErrorThatNamesTheConfiguration) {
 TEST(SerialLine, ADeviceThatCannotBeOpenedIsAnErrorWithNumberDeviceAndCause) {
     SerialLine line({{1, "/no/such/device"}, {2, "/dev/null"}});
     EXPECT_EQ(Failure(TransportErrors::CannotOpen, [&] { line.PortOpen(true); }),
-              "RS232 COM1 (/no/such/device): cannot open: No such file or directory");
+              "RS232 COM1 (/no/such/device): can't open: No such file or directory");
     line.CommPort(2);
     EXPECT_EQ(Failure(TransportErrors::CannotOpen, [&] { line.PortOpen(true); }),
-              "RS232 COM2 (/dev/null): cannot open: Inappropriate ioctl for device");
+              "RS232 COM2 (/dev/null): can't open: Inappropriate ioctl for device");
     EXPECT_FALSE(line.PortOpen());
 }
 
 TEST(SerialLine, OutputOnAClosedPortIsAnError) {
     SerialLine line({});
     EXPECT_EQ(Failure(TransportErrors::CannotSend, [&] { line.Output(L"A"); }),
-              "RS232 COM1: cannot send: the port is not open");
+              "RS232 COM1: can't send: the port is not open");
 }
 
 TEST(SerialLine, AnOpenPortKeepsItsNumber) {
@@ -111,7 +111,7 @@ TEST(SerialLine, APeerThatNeverReadsEndsWithTheTimeOutWhileEventsRunAndLeavesThe
     EXPECT_THAT(
         Failure(TransportErrors::CannotSend, [&] { line.Output(String(500'000, L'A')); }),
         AllOf(HasSubstr("RS232 COM3 (" + terminal.device +
-                        "): cannot send: the line takes no more data, given up after 200 ms ("),
+                        "): can't send: the line takes no more data, given up after 200 ms ("),
               HasSubstr(" of 500000 bytes sent)")));
     EXPECT_GE(events, 2);
     EXPECT_TRUE(line.PortOpen());
@@ -124,9 +124,9 @@ TEST(SerialLine, APeerThatIsGoneIsAnErrorAndNoSignal) {
     SerialLine line({{3, terminal.device}});
     OpenOn(line);
     terminal.Close();
-    EXPECT_EQ(Failure(TransportErrors::CannotSend, [&] { line.Output(L"A"); }),
-              "RS232 COM3 (" + terminal.device +
-                  "): cannot send: Input/output error (0 of 1 bytes sent)");
+    EXPECT_EQ(
+        Failure(TransportErrors::CannotSend, [&] { line.Output(L"A"); }),
+        "RS232 COM3 (" + terminal.device + "): can't send: Input/output error (0 of 1 bytes sent)");
     EXPECT_TRUE(line.PortOpen());
 }
 

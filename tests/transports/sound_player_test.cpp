@@ -30,8 +30,7 @@ TEST_F(SoundPlayerTest, AMachineWithoutThePlayerIsAFailure) {
     Write("a.wav", "RIFF");
     SoundPlayer missing(WidePath("missing"));
     EXPECT_FALSE(missing.Play(WidePath("a.wav")));
-    EXPECT_EQ(missing.Failure(),
-              WidePath("missing") + L": cannot start: No such file or directory");
+    EXPECT_EQ(missing.Failure(), WidePath("missing") + L": can't start: No such file or directory");
     EXPECT_FALSE(SoundPlayer(L"\"no end").Play(WidePath("a.wav")));
 }
 

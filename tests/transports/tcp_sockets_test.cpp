@@ -125,7 +125,7 @@ TEST(TcpSockets, APeerThatRefusesIsAnErrorWithHostPortAndCause) {
     const DeadPort port;
     EXPECT_EQ(
         Failure(TransportErrors::CannotOpen, [&] { sockets.Open(L"127.0.0.1", port.number); }),
-        "TCP/IP 127.0.0.1:" + std::to_string(port.number) + ": cannot connect: Connection refused");
+        "TCP/IP 127.0.0.1:" + std::to_string(port.number) + ": can't connect: Connection refused");
     EXPECT_EQ(sockets.Find(L"127.0.0.1", port.number), -1);
 }
 
@@ -133,7 +133,7 @@ TEST(TcpSockets, ANameThatNobodyKnowsIsAnErrorWithTheName) {
     TcpSockets sockets;
     const String name(70, L'x');
     EXPECT_THAT(Failure(TransportErrors::CannotOpen, [&] { sockets.Open(name, 5025); }),
-                AllOf(HasSubstr(std::string(70, 'x') + ":5025"), HasSubstr("cannot connect")));
+                AllOf(HasSubstr(std::string(70, 'x') + ":5025"), HasSubstr("can't connect")));
 }
 
 TEST(TcpSockets, AnEmptyNameAndAPortOutOfRangeAreErrors) {
@@ -141,7 +141,7 @@ TEST(TcpSockets, AnEmptyNameAndAPortOutOfRangeAreErrors) {
     for (const std::int32_t port : {0, -1, 65536, 70561}) {
         EXPECT_THAT(Failure(TransportErrors::CannotOpen, [&] { sockets.Open(L"127.0.0.1", port); }),
                     HasSubstr("127.0.0.1:" + std::to_string(port) +
-                              ": cannot connect: ports go from 1 to 65535"));
+                              ": can't connect: ports go from 1 to 65535"));
     }
     EXPECT_THAT(Failure(TransportErrors::CannotOpen, [&] { sockets.Open(L"", 5025); }),
                 HasSubstr("there is no host name"));
@@ -187,7 +187,7 @@ TEST(TcpSockets, ConnectingEndsWithItsTimeOutWhileEventsRun) {
         EXPECT_EQ(
             Failure(TransportErrors::CannotOpen, [&] { sockets.Open(L"127.0.0.1", deaf.port); }),
             "TCP/IP 127.0.0.1:" + std::to_string(deaf.port) +
-                ": cannot connect: no answer within 200 ms");
+                ": can't connect: no answer within 200 ms");
     });
     EXPECT_GE(time, 200);
     EXPECT_LT(time, 30'000);
@@ -205,7 +205,7 @@ TEST(TcpSockets, APeerThatNeverReadsEndsWithTheTimeOutWhileEventsRun) {
         EXPECT_THAT(Failure(TransportErrors::CannotSend,
                             [&] { sockets.Send(handle, String(command.begin(), command.end())); }),
                     AllOf(HasSubstr("TCP/IP 127.0.0.1:" + std::to_string(instrument.Port()) +
-                                    ": cannot send: the peer takes no more data, given up after "
+                                    ": can't send: the peer takes no more data, given up after "
                                     "300 ms ("),
                           HasSubstr(" of 1048576 bytes sent)")));
     });
@@ -241,7 +241,7 @@ TEST(TcpSockets, APeerThatHasClosedIsSeenBeforeTheNextCommand) {
     instrument.HangUp();
     EXPECT_EQ(Failure(TransportErrors::CannotSend, [&] { sockets.Send(handle, L"B"); }),
               "TCP/IP 127.0.0.1:" + std::to_string(instrument.Port()) +
-                  ": cannot send: the peer has closed the connection");
+                  ": can't send: the peer has closed the connection");
     EXPECT_FALSE(sockets.IsOpen(handle));
     EXPECT_EQ(sockets.Find(L"127.0.0.1", instrument.Port()), -1);
     EXPECT_THAT(instrument.Received(), ElementsAre("A"));

@@ -1,6 +1,5 @@
 #include "workbench/cli/console_report.h"
 
-#include <algorithm>
 #include <initializer_list>
 #include <ostream>
 #include <utility>
@@ -8,6 +7,7 @@
 #include <ace/core/text.h>
 
 #include "workbench/files/text_encoding.h"
+#include "workbench/files/text_lines.h"
 #include "workbench/words/frequency.h"
 #include "workbench/words/wording.h"
 
@@ -194,7 +194,7 @@ void ConsoleReport::PrintChecks(const Summary& summary) {
     }
     if (summary.repetitions + summary.parkings > 0) {
         PrintPair(L"Checks", Counted(summary.repetitions, L"repetition", L"repetitions") +
-                                 L" of a stretch of frequencies, " +
+                                 L" of a subrange or sweep, " +
                                  Counted(summary.parkings, L"parking", L"parkings") +
                                  L" of the accessories");
     }
@@ -210,14 +210,8 @@ bool ConsoleReport::IsLost() const {
 }
 
 void ConsoleReport::PrintText(StringView text) {
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(L'\n'), text.size());
-        StringView line = text.substr(0, end);
-        if (!line.empty() && line.back() == L'\r') {
-            line.remove_suffix(1);
-        }
+    for (const StringView line : LinesOf(text)) {
         Print(String(line));
-        text.remove_prefix(std::min(end + 1, text.size()));
     }
 }
 

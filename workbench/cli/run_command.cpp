@@ -169,7 +169,7 @@ void PrintTransports(ConsoleReport& report, const BenchHost& host) {
         report.PrintPair(L"Traffic", L"the log is not complete: it could not be written");
     }
     for (const String& rule : host.Faults().Unused()) {
-        report.PrintPair(L"Unused", L"failure on purpose that nothing came to: " + rule);
+        report.PrintPair(L"Unused", L"rule of the script that never applied: " + rule);
     }
 }
 

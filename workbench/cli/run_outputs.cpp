@@ -4,9 +4,10 @@
 #include <filesystem>
 #include <optional>
 #include <sys/stat.h>
-#include <system_error>
 #include <tuple>
 
+#include "workbench/files/links.h"
+#include "workbench/files/system_reason.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/words/outcome.h"
 
@@ -18,16 +19,6 @@ namespace {
 /// its name.
 using FileIdentity = std::tuple<dev_t, ino_t, std::string>;
 
-/// Where a link leads, also when there is nothing yet.
-std::filesystem::path WithoutLinks(std::filesystem::path path) {
-    constexpr int MostLinks = 40;
-    std::error_code error;
-    for (int links = 0; links < MostLinks && std::filesystem::is_symlink(path, error); ++links) {
-        path = path.parent_path() / std::filesystem::read_symlink(path, error);
-    }
-    return path;
-}
-
 /// Nothing for what is no plain file, and for a file whose folder is not there.
 std::optional<FileIdentity> IdentityOf(const std::string& name) {
     struct stat status {};
@@ -36,12 +27,11 @@ std::optional<FileIdentity> IdentityOf(const std::string& name) {
                    ? std::optional(FileIdentity(status.st_dev, status.st_ino, std::string()))
                    : std::nullopt;
     }
-    const std::filesystem::path path = WithoutLinks(name);
-    const std::string folder = path.has_parent_path() ? path.parent_path().string() : ".";
-    if (::stat(folder.c_str(), &status) != 0) {
+    const std::optional<std::string> path = WithoutLinks(name);
+    if (!path || ::stat(FolderOf(*path).c_str(), &status) != 0) {
         return std::nullopt;
     }
-    return FileIdentity(status.st_dev, status.st_ino, path.filename().string());
+    return FileIdentity(status.st_dev, status.st_ino, NameInFolder(*path));
 }
 
 /// None of `files` is `output`; `why` is told of the one that is.
@@ -71,7 +61,7 @@ std::ofstream OpenOutput(const std::string& path) {
     errno = 0;
     std::ofstream stream(path, std::ios::binary | std::ios::app);
     if (!stream) {
-        RefuseFile(FromUtf8(path + ": cannot be made: " + std::generic_category().message(errno)));
+        RefuseFile(FromUtf8(path) + L": can't be made: " + SystemReason(errno));
     }
     return stream;
 }

@@ -3,13 +3,14 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <functional>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
 #include <ace/host/run_time_error.h>
 
 #include "workbench/files/file_errors.h"
+#include "workbench/files/links.h"
+#include "workbench/files/system_reason.h"
 #include "workbench/files/text_encoding.h"
 
 namespace ace::workbench {
@@ -19,10 +20,6 @@ namespace {
 [[noreturn]] void Fail(std::int32_t number, StringView what, const std::string& path,
                        StringView why) {
     throw RunTimeError(number, FromUtf8(path) + L": " + String(what) + L": " + String(why));
-}
-
-String Reason(int systemError) {
-    return FromUtf8(std::generic_category().message(systemError));
 }
 
 /// An open file that is closed when the scope ends; `Close` tells whether that went well.
@@ -72,7 +69,7 @@ std::string ReadToEnd(const OpenFile& file, std::size_t expected, const std::str
         const ssize_t count = Uninterrupted(
             [&] { return calls.Read(file.Number(), bytes.data() + used, bytes.size() - used); });
         if (count < 0) {
-            Fail(FileErrors::CannotRead, L"cannot be read", path, Reason(errno));
+            Fail(FileErrors::CannotRead, L"can't be read", path, SystemReason(errno));
         }
         used += static_cast<std::size_t>(count);
         if (count == 0) {
@@ -106,12 +103,12 @@ class Save {
         OpenFile file(x_calls, CreateTemporary(lock));
         KeepOwnerAndPermissions(file);
         WriteAll(file, bytes);
-        Require(L"cannot be flushed", Uninterrupted([&] { return x_calls.Fsync(file.Number()); }));
-        Require(L"cannot be closed", file.Close());
+        Require(L"can't be flushed", Uninterrupted([&] { return x_calls.Fsync(file.Number()); }));
+        Require(L"can't be closed", file.Close());
         if (x_check) {
             x_check(x_path);
         }
-        Require(L"cannot be replaced", x_calls.Rename(x_temporary, x_path));
+        Require(L"can't be replaced", x_calls.Rename(x_temporary, x_path));
         x_temporary.clear();
         FlushFolder();
     }
@@ -119,55 +116,45 @@ class Save {
   private:
     void Require(StringView what, int answer) const {
         if (answer < 0) {
-            Fail(FileErrors::CannotSave, what, x_path, Reason(errno));
+            Fail(FileErrors::CannotSave, what, x_path, SystemReason(errno));
         }
     }
 
-    std::string Folder() const {
-        const std::size_t slash = x_path.rfind('/');
-        return slash == std::string::npos ? "./" : x_path.substr(0, slash + 1);
+    /// The same for a step with the file that gets the old name in the end.
+    void RequireTemporary(StringView what, const std::string& name, int answer) const {
+        if (answer < 0) {
+            const String reason = SystemReason(errno);
+            const String step = L"its temporary file " + FromUtf8(name) + L" " + String(what);
+            Fail(FileErrors::CannotSave, step, x_path, reason);
+        }
     }
 
     /// Renaming would replace the link instead of the file that it names.
     void FollowLinks() {
-        constexpr int MostLinks = 40;
-        char target[4096];
-        for (int links = 0; links < MostLinks; ++links) {
-            const ssize_t size = x_calls.Readlink(x_path, target, sizeof target);
-            if (size < 0) {
-                if (errno != EINVAL && errno != ENOENT) {
-                    Require(L"cannot be found", -1);
-                }
-                return;
-            }
-            const std::string name(target, static_cast<std::size_t>(size));
-            x_path = name.starts_with('/') ? name : Folder() + name;
-        }
-        errno = ELOOP;
-        Require(L"cannot be found", -1);
+        const std::optional<std::string> target = WithoutLinks(x_path, x_calls);
+        Require(L"can't be found", target ? 0 : -1);
+        x_path = *target;
     }
 
     void LookAtOldFile() {
         if (x_calls.Stat(x_path, x_old) < 0) {
             if (errno != ENOENT) {
-                Require(L"cannot be looked at", -1);
+                Require(L"can't be read", -1);
             }
             return;
         }
         x_isNew = false;
         if (!S_ISREG(x_old.st_mode)) {
-            Fail(FileErrors::CannotSave, L"cannot be written", x_path, L"it is no plain file");
+            Fail(FileErrors::CannotSave, L"can't be written", x_path, L"it is no plain file");
         }
-        Require(L"cannot be written", x_calls.MayWrite(x_path));
+        Require(L"can't be written", x_calls.MayWrite(x_path));
     }
 
     /// One name for each user and file.
     std::string TemporaryName() const {
         constexpr std::size_t LongestPart = 200;  // a name has at most 255 bytes
-        const std::size_t slash = x_path.rfind('/');
-        const std::string name = slash == std::string::npos ? x_path : x_path.substr(slash + 1);
-        return Folder() + ".ace-save-" + std::to_string(::geteuid()) + "-" +
-               name.substr(0, LongestPart);
+        return FolderOf(x_path) + ".ace-save-" + std::to_string(::geteuid()) + "-" +
+               NameInFolder(x_path).substr(0, LongestPart);
     }
 
     int CreateTemporary(OpenFile& lock) {
@@ -181,7 +168,7 @@ class Save {
             if (file.Number() >= 0) {
                 x_temporary = name;
                 const Grip grip = TakeHold(name, lock);
-                Require(L"the file beside it cannot be opened", grip == Grip::None ? -1 : 0);
+                RequireTemporary(L"can't be opened", name, grip == Grip::None ? -1 : 0);
                 if (grip == Grip::Held) {
                     return file.Release();
                 }
@@ -189,14 +176,14 @@ class Save {
             } else if (errno == EEXIST) {
                 TakeAwayLeftover(name);
             } else if (errno != EINTR) {
-                Require(L"no file can be made beside it", -1);
+                RequireTemporary(L"can't be made", name, -1);
             }
         }
         FailAsBusy();
     }
 
     [[noreturn]] void FailAsBusy() const {
-        Fail(FileErrors::CannotSave, L"cannot be written", x_path, L"another program is saving it");
+        Fail(FileErrors::CannotSave, L"can't be written", x_path, L"another program is saving it");
     }
 
     /// What became of locking the file of a name.
@@ -214,14 +201,14 @@ class Save {
             return errno == ENOENT ? Grip::Gone : Grip::None;
         }
         if (Uninterrupted([&] { return x_calls.LockNow(lock.Number()); }) < 0) {
-            Require(L"the file beside it cannot be locked", errno == EWOULDBLOCK ? 0 : -1);
+            RequireTemporary(L"can't be locked", name, errno == EWOULDBLOCK ? 0 : -1);
             return Grip::Busy;
         }
         struct stat held {};
         struct stat named {};
-        Require(L"the file beside it cannot be looked at", x_calls.Fstat(lock.Number(), held));
+        RequireTemporary(L"can't be read", name, x_calls.Fstat(lock.Number(), held));
         const bool isThere = x_calls.Stat(name, named) == 0;
-        Require(L"the file beside it cannot be looked at", isThere || errno == ENOENT ? 0 : -1);
+        RequireTemporary(L"can't be read", name, isThere || errno == ENOENT ? 0 : -1);
         const bool isSame = held.st_dev == named.st_dev && held.st_ino == named.st_ino;
         return isThere && isSame ? Grip::Held : Grip::Gone;
     }
@@ -234,7 +221,7 @@ class Save {
             FailAsBusy();
         }
         if (grip != Grip::Gone) {
-            Require(L"what a save left beside it cannot be taken away", x_calls.Unlink(name));
+            RequireTemporary(L"of an earlier save can't be deleted", name, x_calls.Unlink(name));
         }
     }
 
@@ -243,17 +230,17 @@ class Save {
             return;
         }
         struct stat made {};
-        Require(L"cannot be looked at", x_calls.Fstat(file.Number(), made));
+        RequireTemporary(L"can't be read", x_temporary, x_calls.Fstat(file.Number(), made));
         const bool sameOwner = made.st_uid == x_old.st_uid;
         if (!sameOwner || made.st_gid != x_old.st_gid) {
             // Only the superuser may give a file away; the group is what a shared folder needs.
             constexpr auto KeepOwner = static_cast<uid_t>(-1);
             if (sameOwner || x_calls.Fchown(file.Number(), x_old.st_uid, x_old.st_gid) < 0) {
-                Require(L"its group cannot be kept",
+                Require(L"its group can't be kept",
                         x_calls.Fchown(file.Number(), KeepOwner, x_old.st_gid));
             }
         }
-        Require(L"its permissions cannot be kept",
+        Require(L"its permissions can't be kept",
                 x_calls.Fchmod(file.Number(), x_old.st_mode & 07777));
     }
 
@@ -264,7 +251,7 @@ class Save {
             if (count == 0) {
                 errno = ENOSPC;
             }
-            Require(L"cannot be written", count > 0 ? 0 : -1);
+            Require(L"can't be written", count > 0 ? 0 : -1);
             bytes.remove_prefix(static_cast<std::size_t>(count));
         }
     }
@@ -272,8 +259,9 @@ class Save {
     /// Until then a crash of the machine could bring the old file back. Some file systems have
     /// nothing to flush and say so.
     void FlushFolder() {
-        constexpr StringView What = L"is saved, but its folder cannot be flushed";
-        OpenFile folder(x_calls, x_calls.Open(Folder(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0));
+        constexpr StringView What = L"is saved, but its folder can't be flushed";
+        OpenFile folder(x_calls,
+                        x_calls.Open(FolderOf(x_path), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0));
         Require(What, folder.Number());
         const int answer = Uninterrupted([&] { return x_calls.Fsync(folder.Number()); });
         if (answer < 0 && errno != EINVAL && errno != ENOTSUP) {
@@ -300,14 +288,14 @@ std::optional<std::string> ReadWholeFile(const std::string& path, FileCalls& cal
         if (errno == ENOENT) {
             return std::nullopt;
         }
-        Fail(FileErrors::CannotRead, L"cannot be opened", path, Reason(errno));
+        Fail(FileErrors::CannotRead, L"can't be opened", path, SystemReason(errno));
     }
     struct stat status {};
     if (calls.Fstat(file.Number(), status) < 0) {
-        Fail(FileErrors::CannotRead, L"cannot be looked at", path, Reason(errno));
+        Fail(FileErrors::CannotRead, L"can't be read", path, SystemReason(errno));
     }
     if (!S_ISREG(status.st_mode)) {
-        Fail(FileErrors::CannotRead, L"cannot be read", path, L"it is no plain file");
+        Fail(FileErrors::CannotRead, L"can't be read", path, L"it is no plain file");
     }
     return ReadToEnd(file, static_cast<std::size_t>(status.st_size), path, calls);
 }

@@ -27,7 +27,7 @@ void RequireKnownText(std::string_view bytes) {
     if (LooksWide(bytes)) {
         throw RunTimeError(FileErrors::CannotRead,
                            L"the text is 16-bit big endian, 16-bit without byte order mark, or "
-                           L"32-bit, and cannot be read");
+                           L"32-bit, and can't be read");
     }
 }
 
@@ -177,7 +177,7 @@ std::string_view SettingsDocument::LineEndOf(const Section& section) const {
 std::size_t SettingsDocument::Find(StringView section) const {
     std::string name;
     if (TryEncode(x_encoding, section, name)) {
-        return None;  // a name that the file cannot hold stands nowhere in it
+        return None;  // a name that the file can't hold stands nowhere in it
     }
     return x_index.Find(name, HasName(name));
 }
@@ -221,11 +221,11 @@ void SettingsDocument::SetKey(StringView section, StringView key, StringView val
     const std::string line = name + "=" + text;
     if (line.find('\n') != std::string::npos) {
         Refuse(section,
-               L", key \"" + String(key) + L"\": a value of one line cannot hold a line end");
+               L", key \"" + String(key) + L"\": a value of one line can't hold a line end");
     }
     if (TrimBlanks(name).empty() || name.find('=') != std::string::npos ||
         !FindHeaders(line).empty()) {
-        Refuse(section, L": \"" + String(key) + L"\" cannot be the name of a key");
+        Refuse(section, L": \"" + String(key) + L"\" can't be the name of a key");
     }
     const std::size_t found = Find(section);
     if (found == None) {
@@ -293,7 +293,7 @@ void SettingsDocument::DeleteSection(StringView section) {
 void SettingsDocument::Append(StringView name, std::string_view body) {
     const std::string bytes = Encoded(name, name);
     if (bytes.find_first_of("]\n") != std::string::npos || bytes.starts_with('\0')) {
-        Refuse(name, L": a section cannot have this name");
+        Refuse(name, L": a section can't have this name");
     }
     Section section;
     section.isOwn = true;
@@ -339,7 +339,7 @@ std::string SettingsDocument::Encoded(StringView text, StringView section) const
     std::string bytes;
     if (const std::optional<wchar_t> character = TryEncode(x_encoding, text, bytes)) {
         Refuse(section, L": the file is " + String(NameOf(x_encoding)) +
-                            L", which cannot hold the character " + CodePointName(*character));
+                            L", which can't hold the character " + CodePointName(*character));
     }
     return bytes;
 }

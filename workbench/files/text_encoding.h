@@ -28,7 +28,7 @@ std::string_view ByteOrderMark(Encoding encoding);
 /// The text in `bytes`. For `Utf16` the bytes are those of `Utf16ToBytes`. Every byte comes back
 /// from `TryEncode` as it was.
 String Decode(Encoding encoding, std::string_view bytes);
-/// Appends the bytes of `text`. The answer is the first character that the encoding cannot hold;
+/// Appends the bytes of `text`. The answer is the first character that the encoding can't hold;
 /// `bytes` is then of no use.
 std::optional<wchar_t> TryEncode(Encoding encoding, StringView text, std::string& bytes);
 
@@ -39,7 +39,7 @@ std::string Utf16ToBytes(std::string_view units);
 std::string BytesToUtf16(std::string_view bytes);
 
 /// UTF-8 for the outside world (file names, terminal, trace file) and back. Bytes that are no UTF-8
-/// survive both ways; characters that UTF-8 cannot hold become question marks.
+/// survive both ways; characters that UTF-8 can't hold become question marks.
 std::string ToUtf8(StringView text);
 String FromUtf8(std::string_view bytes);
 

@@ -6,10 +6,10 @@
 #include <ctime>
 #include <fcntl.h>
 #include <initializer_list>
-#include <system_error>
 #include <utility>
 
 #include "workbench/files/file_errors.h"
+#include "workbench/files/system_reason.h"
 #include "workbench/files/text_encoding.h"
 
 namespace ace::workbench {
@@ -60,7 +60,7 @@ std::string Columns(std::initializer_list<Column> columns) {
 }
 
 String Reason(const std::string& path, int systemError) {
-    return FromUtf8(path + ": " + std::generic_category().message(systemError));
+    return FromUtf8(path) + L": " + SystemReason(systemError);
 }
 
 }  // namespace
@@ -86,7 +86,7 @@ void TraceFile::Make() {
     x_file = x_calls.Open(x_path, O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666);
     if (x_file < 0) {
         throw RunTimeError(FileErrors::CannotSave,
-                           L"the trace cannot be written: " + Reason(x_path, errno));
+                           L"the trace can't be written: " + Reason(x_path, errno));
     }
     WriteOut(std::exchange(x_kept, {}));
 }

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include <ace/core/text.h>
+#include <ace/execution/plain_actions.h>
 #include <ace/host/user_dialogs.h>
 
 #include "workbench/words/frequency.h"
@@ -54,12 +55,23 @@ String MessageBox(const Values& values) {
     return isQuestion ? String() : L"message " + QuotedLine(values[0]);
 }
 
-String AmplifierState(const Values& values) {
+String StateOfAmplifier(const String& number) {
     static constexpr StringView States[] = {L"power off", L"power on", L"standby", L"operate",
                                             L"reset"};
-    const auto state = WholeInteger(values[1]);
+    const auto state = WholeInteger(number);
     const bool isKnown = state && *state >= 0 && *state < std::ssize(States);
-    return values[0] + L": " + (isKnown ? String(States[*state]) : L"state " + values[1]);
+    return isKnown ? String(States[*state]) : L"state " + number;
+}
+
+String AmplifierState(const Values& values) {
+    return values[0] + L": " + StateOfAmplifier(values[1]);
+}
+
+/// An event about an amplifier has the number of its state as text.
+String Event(const Values& values) {
+    const bool isOfAmplifier = WholeInteger(values[1]) == modActions::AmplifierEvent;
+    return L"event to the devices: " +
+           (isOfAmplifier ? L"amplifier " + StateOfAmplifier(values[2]) : values[2]);
 }
 
 String Tuned(const Values& values) {
@@ -81,7 +93,7 @@ constexpr EffectRow Effects[] = {
     {L"SystemServices.ShowTimedMessage", {}, Waiting},
     {L"Platform.sndPlaySoundA", L"sound %1"},
     {L"Platform.Beep", L"beep"},
-    {L"DeviceList.PostEvent", L"event to the devices: %3"},
+    {L"DeviceList.PostEvent", {}, Event},
     {L"StatusDisplay.ShowStatus", {}, Status},
     {L"TraceLog.ReportError", L"error report: error %1, %2"},
     {L"DeviceList.CloseSocket", L"close the TCP/IP connection %1"},

@@ -31,12 +31,12 @@ std::int16_t GpibBus::OpenDevice(std::int16_t board, std::int16_t primary, std::
     const String name = L"GPIB " + std::to_wstring(board) + L":" + std::to_wstring(primary);
     const int device = Library().Ibdev(board, primary, secondary, timeOut, sendEoi, endOfString);
     if (device < 0) {
-        Tell(x_remark, name + L": cannot open: " + TextOf(Library().Status()));
+        Tell(x_remark, name + L": can't open: " + TextOf(Library().Status()));
         return NoDevice;
     }
     if (device > std::numeric_limits<std::int16_t>::max()) {
         Library().Ibonl(device, 0);
-        Tell(x_remark, name + L": cannot open: the library's handle " + std::to_wstring(device) +
+        Tell(x_remark, name + L": can't open: the library's handle " + std::to_wstring(device) +
                            L" does not fit into 16 bits");
         return NoDevice;
     }
@@ -60,7 +60,7 @@ void GpibBus::WriteString(std::int16_t handle, const String& text) {
     const GpibStatus status = Library().Ibwrt(handle, InstrumentBytes(text));
     if (status.HasFailed()) {
         throw RunTimeError(TransportErrors::CannotSend,
-                           name->second + L": cannot send: " + TextOf(status));
+                           name->second + L": can't send: " + TextOf(status));
     }
 }
 

@@ -11,6 +11,7 @@
 #include <thread>
 #include <unistd.h>
 
+#include "workbench/files/system_reason.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/transports/child_process.h"
 #include "workbench/transports/transport_errors.h"
@@ -22,10 +23,6 @@ namespace {
 constexpr Milliseconds TimeToEnd{500};
 constexpr Milliseconds TimeToDie{2000};
 constexpr std::size_t MostErrorOutput = 65536;
-
-String TextOfErrno(int error) {
-    return FromUtf8(std::generic_category().message(error));
-}
 
 [[noreturn]] void RaiseCannotLoad(const String& why) {
     throw RunTimeError(TransportErrors::CannotStart, why);
@@ -82,7 +79,7 @@ MacroParameterInfo MacroRunner::ParameterInfo(std::int32_t& index) {
 
 bool MacroRunner::Load(const String& program, const Value& parameters, const Value&, Value&) {
     if (IsRunning()) {
-        Tell(x_remark, L"API macro " + program + L": cannot load: another macro still runs");
+        Tell(x_remark, L"API macro " + program + L": can't load: another macro still runs");
         return false;
     }
     try {
@@ -91,7 +88,7 @@ bool MacroRunner::Load(const String& program, const Value& parameters, const Val
     } catch (const RunTimeError& error) {
         x_arguments.clear();
         x_inputs.clear();
-        Tell(x_remark, L"API macro " + program + L": cannot load: " + error.Description());
+        Tell(x_remark, L"API macro " + program + L": can't load: " + error.Description());
         return false;
     }
 }
@@ -106,7 +103,7 @@ void MacroRunner::LoadFile(const std::string& file, const Value& parameters) {
         RaiseCannotLoad(L"it is no plain file");
     }
     if (::access(file.c_str(), X_OK) != 0) {
-        RaiseCannotLoad(L"it may not be executed: " + TextOfErrno(errno));
+        RaiseCannotLoad(L"it may not be executed: " + SystemReason(errno));
     }
     x_inputs = ReadMacroInputs(file);
     x_arguments = {file};
@@ -123,7 +120,7 @@ bool MacroRunner::Execute(String&, String& errorText, Value&) {
     x_errorOutput.clear();
     std::array<int, 2> pipe{};
     if (::pipe2(pipe.data(), O_CLOEXEC) != 0) {
-        errorText = TextOfErrno(errno);
+        errorText = SystemReason(errno);
         return false;
     }
     ChildRequest request;
@@ -133,7 +130,7 @@ bool MacroRunner::Execute(String&, String& errorText, Value&) {
     ::close(pipe[1]);
     if (start.error != 0) {
         ::close(pipe[0]);
-        errorText = FromUtf8(x_arguments.front()) + L": cannot start: " + TextOfErrno(start.error);
+        errorText = FromUtf8(x_arguments.front()) + L": can't start: " + SystemReason(start.error);
         return false;
     }
     ::fcntl(pipe[0], F_SETFL, O_NONBLOCK);

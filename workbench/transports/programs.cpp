@@ -5,11 +5,11 @@
 #include <cerrno>
 #include <future>
 #include <sys/wait.h>
-#include <system_error>
 #include <thread>
 
 #include <ace/host/run_time_error.h>
 
+#include "workbench/files/system_reason.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/transports/child_process.h"
 #include "workbench/transports/transport_errors.h"
@@ -26,8 +26,7 @@ void AwaitEnd(pid_t process) {
 
 [[noreturn]] void RaiseCannotStart(const std::string& program, int error) {
     const std::int32_t number = error == ENOENT ? Errors::NoSuchFile : TransportErrors::CannotStart;
-    const std::string cause = std::generic_category().message(error);
-    throw RunTimeError(number, FromUtf8(program + ": cannot start: " + cause));
+    throw RunTimeError(number, FromUtf8(program) + L": can't start: " + SystemReason(error));
 }
 
 }  // namespace

@@ -29,11 +29,11 @@ String CauseOf(const Ending& ending, Milliseconds stall) {
 }
 
 [[noreturn]] void RaiseCannotOpen(const String& name, const String& cause) {
-    throw RunTimeError(TransportErrors::CannotOpen, name + L": cannot open: " + cause);
+    throw RunTimeError(TransportErrors::CannotOpen, name + L": can't open: " + cause);
 }
 
 [[noreturn]] void RaiseCannotSend(const String& name, const String& cause) {
-    throw RunTimeError(TransportErrors::CannotSend, name + L": cannot send: " + cause);
+    throw RunTimeError(TransportErrors::CannotSend, name + L": can't send: " + cause);
 }
 
 /// Sets each option until one is refused.

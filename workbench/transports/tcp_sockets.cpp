@@ -34,11 +34,11 @@ String CauseOf(const asio::error_code& error) {
 }
 
 [[noreturn]] void RaiseCannotOpen(const String& name, const String& cause) {
-    throw RunTimeError(TransportErrors::CannotOpen, name + L": cannot connect: " + cause);
+    throw RunTimeError(TransportErrors::CannotOpen, name + L": can't connect: " + cause);
 }
 
 [[noreturn]] void RaiseCannotSend(const String& name, const String& cause) {
-    throw RunTimeError(TransportErrors::CannotSend, name + L": cannot send: " + cause);
+    throw RunTimeError(TransportErrors::CannotSend, name + L": can't send: " + cause);
 }
 
 String MillisecondsText(Milliseconds time) {
