@@ -10,17 +10,27 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// An editor in which messages run while it ends.
-class EndingEditor : public FakeEditor {
+/// An editor in which messages run while it is loaded and while it ends.
+class YieldingEditor : public FakeEditor {
   public:
     using FakeEditor::FakeEditor;
+    void Load() override {
+        FakeEditor::Load();
+        Run(whileLoading);
+    }
     void Unload() override {
         FakeEditor::Unload();
-        if (whileEnding) {
-            whileEnding();
+        Run(whileEnding);
+    }
+    std::function<void()> whileLoading;
+    std::function<void()> whileEnding;
+
+  private:
+    static void Run(const std::function<void()>& messages) {
+        if (messages) {
+            messages();
         }
     }
-    std::function<void()> whileEnding;
 };
 
 class EngineEditor : public HostTest {
@@ -41,7 +51,7 @@ class EngineEditor : public HostTest {
     }
 
     std::unique_ptr<aceActionsEngine> engine = std::make_unique<aceActionsEngine>(context);
-    std::shared_ptr<EndingEditor> editor = std::make_shared<EndingEditor>(*host);
+    std::shared_ptr<YieldingEditor> editor = std::make_shared<YieldingEditor>(*host);
     sim::SimTree tree{*host};
     sim::SimList list{*host};
 };
@@ -102,6 +112,22 @@ TEST_F(EngineEditor, AnEditorThatNobodyReleasedKeepsTheStateAndNotTheContext) {
     EXPECT_NE(editor->loaded, nullptr);
     shared.reset();
     EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(EngineEditor, AnEditorThatIsReleasedWhileItLoadsIsError91AndLinksNothing) {
+    editor->whileLoading = [&] { engine->Release(); };
+    EXPECT_EQ(ErrorOf([&] { engine->LoadEditor(&list, &tree); }), 91);
+    EXPECT_THAT(host->journal.LinesOf(L"Editor"),
+                ElementsAre(L"Editor.Load()", L"Editor.Unload()"));
+    EXPECT_EQ(context.Editor, nullptr);
+}
+
+TEST_F(EngineEditor, AnEngineThatIsDroppedWhileItsEditorLoadsIsShownAllTheSame) {
+    EngineState* const state = &engine->State();
+    editor->whileLoading = [&] { engine.reset(); };
+    engine->LoadEditor(&list, &tree);
+    EXPECT_EQ(editor->loaded.get(), state);
+    EXPECT_EQ(editor->list, &list);
 }
 
 TEST_F(EngineEditor, AnEditorThatIsNotBuiltYetSaysSoAndLeavesNone) {

@@ -116,7 +116,8 @@ Boolean aceActionsEngine::InitReceiver() {
     return pending;
 }
 
-/// The tree is built before the list is filled.
+/// The tree is built before the list is filled. Messages may run while the form is loaded, and the
+/// host may release the editor there: then there is none to go on with.
 void aceActionsEngine::LoadEditor(IListControl* ActionsList, ITreeControl* ActionsTree) {
     const std::shared_ptr<EngineState> state = x_state;
     ThreadContext& context = state->Context;
@@ -124,11 +125,11 @@ void aceActionsEngine::LoadEditor(IListControl* ActionsList, ITreeControl* Actio
         if (!context.Editor) {
             stmt([&] { context.Editor = MakeEditor(context); });
         }
-        const std::shared_ptr<IEditor> editor = context.Editor;
-        stmt([&] { editor->Load(); });
-        stmt([&] { editor->SetTreeControl(ActionsTree); });
-        stmt([&] { editor->LoadEditor(state->Modul, state->shared_from_this()); });
-        stmt([&] { editor->SetListControl(ActionsList); });
+        const auto editor = [&] { return Required(context.Editor); };
+        stmt([&] { editor()->Load(); });
+        stmt([&] { editor()->SetTreeControl(ActionsTree); });
+        stmt([&] { editor()->LoadEditor(state->Modul, state->shared_from_this()); });
+        stmt([&] { editor()->SetListControl(ActionsList); });
     });
 }
 

@@ -65,7 +65,8 @@ class _aceActionsEngine {
     /// `ActionsTree` shows the moments and their actions, and is built first. They stay the host's.
     /// One that goes before `Release` tells the editor; what needs it is error 91 from then on, in
     /// the operations that load an open editor again too. Either may be none: error 91 where it is
-    /// first used, and the editor's form is there by then. No messages run. Handled.
+    /// first used, and the editor's form is there by then. Messages may run while the form is made;
+    /// an editor that is released there is error 91. Handled.
     virtual void LoadEditor(IListControl* ActionsList, ITreeControl* ActionsTree) = 0;
     /// Selects subrange `Number` in an open editor. Handled.
     virtual void EditorSelectSubrange(std::int32_t Number) = 0;

@@ -15,8 +15,8 @@ class ThreadContext;
 
 /// The one editor of a thread: a form that works on a copy of a module's lists and shows it in two
 /// controls of the host. The link to a control is none before it is set, after an error of
-/// `LoadEditor`, and once the control has gone: what needs it is error 91 then. Only `Unload` lets
-/// messages run.
+/// `LoadEditor`, and once the control has gone: what needs it is error 91 then. Only `Load` and
+/// `Unload` let messages run.
 ///
 /// Each Get operation copies the editor's working lists of one module back into `store`, in the
 /// order of `CopyModule` for the store; a failure leaves those before it replaced.
@@ -24,7 +24,8 @@ class ThreadContext;
 class IEditor {
   public:
     virtual ~IEditor() = default;
-    /// Runs the form's load handler, once in its life; a load that failed is tried again.
+    /// Runs the form's load handler, once in its life; a load that failed is tried again. The bench
+    /// is asked for its devices, and messages may run.
     virtual void Load() = 0;
     /// Links the tree, in the place of the one before, and sets it up. None: the link is none, and
     /// error 91.
