@@ -2,6 +2,7 @@
 #include <ace/core/change_flag.h>
 #include <ace/core/cleaning.h>
 #include <ace/core/operation.h>
+#include <ace/core/out_of_memory.h>
 
 namespace ace {
 

@@ -51,16 +51,6 @@ void OnFailedStatement(ThreadContext& context, std::int32_t line);
 /// text as characters; a failed allocation, or one larger than can be addressed, is error 7.
 RunTimeError CurrentRunTimeError();
 
-/// Runs what has no handler; memory that it can't get is error 7 all the same.
-template <class Act>
-decltype(auto) OrOutOfMemory(Act&& act) {
-    try {
-        return act();
-    } catch (const std::bad_alloc&) {
-        Raise(Errors::OutOfMemory);
-    }
-}
-
 /// Runs the statements of an operation. A statement that fails is reported; the answer 5 runs that
 /// statement again, any other ends the operation.
 class Statements {

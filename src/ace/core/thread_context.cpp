@@ -1,6 +1,7 @@
 #include <utility>
 
-#include <ace/core/operation.h>
+#include <ace/core/out_of_memory.h>
+#include <ace/core/thread_context.h>
 
 namespace ace {
 
