@@ -113,7 +113,7 @@ TEST_F(RunOutputsTest, ARunThatDoesNotHappenLeavesTheLogsAsTheyWere) {
     EXPECT_THAT(Refusal(), StartsWith("4 " + Path("broken.ini") + ":5: "));
     arguments.file = Path("test.ini");
     arguments.trace = Path("no/such/folder");
-    EXPECT_THAT(Refusal(), StartsWith("4 the trace can't be written: "));
+    EXPECT_THAT(Refusal(), StartsWith("4 " + Path("no/such/folder") + ": can't be made: "));
     EXPECT_EQ(Read("last.log"), "of another day");
     EXPECT_EQ(Read("last.trace"), "of another day");
 }

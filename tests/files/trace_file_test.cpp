@@ -92,8 +92,8 @@ TEST_F(TraceFileTest, NothingIsTouchedBeforeTheLogIsMadeAndTheLinesSoFarAreKept)
 TEST_F(TraceFileTest, AFileThatCannotBeMadeIsAnErrorThatNamesIt) {
     const RunTimeError error = ErrorIn([&] { TraceFile(folder, Noon).Make(); });
     EXPECT_EQ(error.Number(), FileErrors::CannotSave);
-    EXPECT_EQ(error.Description(), L"the trace can't be written: " +
-                                       String(folder.begin(), folder.end()) + L": Is a directory");
+    EXPECT_EQ(error.Description(),
+              String(folder.begin(), folder.end()) + L": can't be made: Is a directory");
 }
 
 /// Writes at most two bytes at a time; the failures come first.

@@ -85,8 +85,9 @@ TraceFile::TraceFile(std::string path, std::function<std::string()> now, FileCal
 void TraceFile::Make() {
     x_file = x_calls.Open(x_path, O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666);
     if (x_file < 0) {
+        const String reason = SystemReason(errno);
         throw RunTimeError(FileErrors::CannotSave,
-                           L"the trace can't be written: " + Reason(x_path, errno));
+                           FromUtf8(x_path) + L": can't be made: " + reason);
     }
     WriteOut(std::exchange(x_kept, {}));
 }
