@@ -132,6 +132,25 @@ TEST_F(BenchRunTest, WithoutDevicesTheirActionsFailAndANoteSaysWhy) {
                                                "has"));
 }
 
+TEST_F(BenchRunTest, FailureOfACommandIsNoReasonForThatNote) {
+    RunArguments arguments;
+    Write("faults.txt", "COM1 fails at every opening\n");
+    arguments.faults = Path("faults.txt");
+    EXPECT_EQ(Run("[Workbench]\nModule=6\n[ActionsOnAzimuthChart]\nNumOfEnterActions=1\n"
+                  "EnterAction1=REMOTE:OFF,1,1,2,,0,\n",
+                  "", arguments),
+              Outcome::Finished);
+    EXPECT_THAT(LinesWith("failure \""), ::testing::SizeIs(1));
+    EXPECT_THAT(LinesWith("the bench has no devices"), IsEmpty());
+}
+
+TEST_F(BenchRunTest, DeviceThatTheBenchHasNotIsNamedInANote) {
+    EXPECT_EQ(Run(Checked("0,1,0,0,0.00,0,0.00,0"), "[Devices]\nOther=Monitoring\n"),
+              Outcome::Finished);
+    EXPECT_THAT(LinesWith("Note"),
+                ElementsAre("Note       the file of the devices has no device \"EUT\""));
+}
+
 TEST_F(BenchRunTest, RunWithAllItsDevicesHasNoSuchNote) {
     Run(Checked("0,1,0,0,0.00,0,0.00,0"), Failing("1GHz, 1 s, 1"));
     EXPECT_THAT(LinesWith("Note"), IsEmpty());

@@ -173,12 +173,16 @@ void PrintTransports(ConsoleReport& report, const BenchHost& host) {
     }
 }
 
-void PrintNotes(ConsoleReport& report, const RunArguments& arguments, const Summary& counts) {
-    if (!arguments.devices &&
-        counts.failuresIgnored + counts.failuresIgnoredForGood + counts.failuresStopped > 0) {
+/// Why actions on devices failed that are not there.
+void PrintNotes(ConsoleReport& report, const RunArguments& arguments, const SessionHost& host) {
+    if (!arguments.devices && !host.missingDevices.empty()) {
         report.PrintPair(L"Note",
                          L"the bench has no devices, so actions on devices fail: say with "
                          L"--devices which ones it has");
+        return;
+    }
+    for (const String& name : host.missingDevices) {
+        report.PrintPair(L"Note", L"the file of the devices has no device " + QuotedLine(name));
     }
 }
 
@@ -237,7 +241,7 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     const Outcome outcome = session.Run();
     report.PrintSummary(outcome, session.Counts(), answers, trace ? trace->Failure() : String());
     PrintTransports(report, *host);
-    PrintNotes(report, arguments, session.Counts());
+    PrintNotes(report, arguments, *host);
     return report.IsLost() ? std::max(outcome, Outcome::Failed) : outcome;
 }
 

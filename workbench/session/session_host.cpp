@@ -67,6 +67,23 @@ class FileTestingServices final : public sim::SimSystemServices {
     }
 };
 
+/// A device that is missing fails its actions without a reason, so its name is kept.
+class DevicesOfTheBench final : public sim::SimDeviceList {
+  public:
+    explicit DevicesOfTheBench(SessionHost& host) : SimDeviceList(host), x_host(host) {}
+
+    std::shared_ptr<IDevice> GetDevice(const String& name) override {
+        std::shared_ptr<IDevice> device = SimDeviceList::GetDevice(name);
+        if (!device) {
+            x_host.missingDevices.insert(name);
+        }
+        return device;
+    }
+
+  private:
+    SessionHost& x_host;
+};
+
 /// A wait of the engine ends with the user's interrupt, and so does what it is part of: an action
 /// that waits for the equipment would otherwise go on asking its clock.
 class InterruptibleWaits final : public sim::SimUtilities {
@@ -197,6 +214,9 @@ std::shared_ptr<IUtilities> SessionHost::MakeUtilities() {
 }
 std::shared_ptr<ISystemServices> SessionHost::MakeSystemServices() {
     return std::make_shared<FileTestingServices>(*this);
+}
+std::shared_ptr<IDeviceList> SessionHost::MakeDeviceList() {
+    return std::make_shared<DevicesOfTheBench>(*this);
 }
 std::shared_ptr<IPlatform> SessionHost::MakePlatform() {
     return std::make_shared<SessionPlatform>(*this);

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <set>
 
 #include "sim/sim_host.h"
 #include "workbench/files/disk_settings_file.h"
@@ -58,6 +59,8 @@ class SessionHost : public sim::SimHost {
     std::function<Place()> place;
 
     HostCounts counts;
+    /// Names of devices that were looked for and that the bench has not.
+    std::set<String> missingDevices;
 
     /// The user has interrupted the test, and `onInterrupt` has not run yet.
     bool InterruptIsNew() const { return !x_interruptSeen && isInterrupted && isInterrupted(); }
@@ -80,6 +83,7 @@ class SessionHost : public sim::SimHost {
     std::shared_ptr<ILanguage> MakeLanguage() override;
     std::shared_ptr<IUtilities> MakeUtilities() override;
     std::shared_ptr<ISystemServices> MakeSystemServices() override;
+    std::shared_ptr<IDeviceList> MakeDeviceList() override;
     std::shared_ptr<IPlatform> MakePlatform() override;
     std::shared_ptr<IFormHost> MakeFormHost() override;
     std::shared_ptr<IUserDialogs> MakeUserDialogs() override;
