@@ -1,6 +1,8 @@
 #include "workbench/files/links.h"
 
 #include <cerrno>
+#include <string_view>
+#include <utility>
 
 namespace ace::workbench {
 
@@ -22,8 +24,9 @@ std::optional<std::string> WithoutLinks(std::string path, FileCalls& calls) {
             const bool isNoLink = errno == EINVAL || errno == ENOENT;
             return isNoLink ? std::optional(std::move(path)) : std::nullopt;
         }
-        const std::string name(target, static_cast<std::size_t>(size));
-        path = name.starts_with('/') ? name : FolderOf(path) + name;
+        const std::string_view name(target, static_cast<std::size_t>(size));
+        path = name.starts_with('/') ? std::string() : FolderOf(path);
+        path += name;
     }
     errno = ELOOP;
     return std::nullopt;
