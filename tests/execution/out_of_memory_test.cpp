@@ -3,6 +3,7 @@
 #include <thread>
 
 #include <ace/core/action_store.h>
+#include <ace/core/module_columns.h>
 #include <ace/core/operation.h>
 
 #include "support/allocation_counter.h"
@@ -217,6 +218,32 @@ TEST_P(FirstOfAllTest, NoCountStandsBeforeAnArrayThatWasNeverMade) {
     EXPECT_EQ(error, 0);
 }
 
+/// The lists of the longer of two engines go to the shorter, and the other way round.
+TEST(OutOfMemoryError, ACopyOfAModuleLeavesNoCountBeforeItsArray) {
+    for (const ModuleRow& module : ModuleTable) {
+        ThreadContext context;
+        aceActionsEngine full(context);
+        FillModule(full.State(), module.moduleKind);
+        const ModuleLists sources[] = {full.State(), ModuleLists()};
+        for (const bool grows : {true, false}) {
+            std::int32_t error = Errors::OutOfMemory;
+            for (std::size_t n = 1; error != 0; ++n) {
+                ModuleLists target = sources[grows ? 1 : 0];
+                {
+                    const FailingAllocations failing(n, false);
+                    error = NumberOfError([&] {
+                        CopyModule(module.moduleKind, CopyFor::Store, sources[grows ? 0 : 1],
+                                   target);
+                    });
+                }
+                ASSERT_THAT(error, ::testing::AnyOf(0, Errors::OutOfMemory));
+                EXPECT_THAT(ListAgreement::Breaches(target), ::testing::IsEmpty())
+                    << "allocation " << n;
+            }
+        }
+    }
+}
+
 /// A host that has every failed statement run again.
 class AgainHost : public IHostFactory {
   public:
@@ -240,7 +267,7 @@ DynArray<p_Subrange> FourSets() {
     return sets;
 }
 
-/// What is left has two, three and four waits, and the spare place a copy of the last.
+/// What is left has two, three and four waits, and the spare element a copy of the last.
 TEST(OutOfMemoryError, ADeletionThatIsTriedAgainMovesNothingTwice) {
     ThreadContext context(std::make_shared<AgainHost>());
     context.TraceLog();

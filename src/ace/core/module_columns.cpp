@@ -1,4 +1,6 @@
 #include <span>
+#include <tuple>
+#include <utility>
 
 #include <ace/core/module_columns.h>
 
@@ -9,49 +11,58 @@ namespace {
 /// Copies one field.
 using Column = void (*)(const ModuleLists& from, ModuleLists& to);
 
+/// The copy is made first: without memory for it nothing changes.
 template <auto Field>
 void Copy(const ModuleLists& from, ModuleLists& to) {
-    to.*Field = from.*Field;
+    auto copy = from.*Field;
+    to.*Field = std::move(copy);
+}
+
+/// A count and the arrays that have an element for each. All copies are made first, so that the
+/// count never stands before an array that could not be made.
+template <auto Count, auto... Arrays>
+void CopyCounted(const ModuleLists& from, ModuleLists& to) {
+    auto copies = std::tuple(from.*Arrays...);
+    to.*Count = from.*Count;
+    std::apply([&](auto&... copy) { ((to.*Arrays = std::move(copy)), ...); }, copies);
 }
 
 using L = ModuleLists;
 
-constexpr Column Template[] = {Copy<&L::MainSubrangeCount>, Copy<&L::MainSubranges>,
+constexpr Column Template[] = {CopyCounted<&L::MainSubrangeCount, &L::MainSubranges>,
                                Copy<&L::MainTest>};
-constexpr Column Monitoring[] = {Copy<&L::MoniChannelCount>, Copy<&L::MoniChannels>,
+constexpr Column Monitoring[] = {CopyCounted<&L::MoniChannelCount, &L::MoniChannels>,
                                  Copy<&L::MoniEut>, Copy<&L::MoniLoop>};
 constexpr Column EmsGeneral[] = {Copy<&L::EMSAutoGeneral>};
-constexpr Column EmsSteps[] = {Copy<&L::EMSAutoStepCount>, Copy<&L::EMSAutoSteps>};
-constexpr Column EmiSteps[] = {Copy<&L::EMIAutoStepCount>, Copy<&L::EMIAutoSteps>,
+constexpr Column EmsSteps[] = {CopyCounted<&L::EMSAutoStepCount, &L::EMSAutoSteps>};
+constexpr Column EmiSteps[] = {CopyCounted<&L::EMIAutoStepCount, &L::EMIAutoSteps>,
                                Copy<&L::EMIAutoTest>};
-constexpr Column Sequence[] = {Copy<&L::TSTestCount>, Copy<&L::TSTests>, Copy<&L::TSTest>};
+constexpr Column Sequence[] = {CopyCounted<&L::TSTestCount, &L::TSTests>, Copy<&L::TSTest>};
 constexpr Column Azimuth[] = {Copy<&L::AziChart>};
 
 /// The editor shows tests in the host's order and steps under their test.
-constexpr Column WirelessToEditor[] = {
-    Copy<&L::VKSTestCount>, Copy<&L::VKSTests>,     Copy<&L::VKSTemplate>,  Copy<&L::VKSTestUKeys>,
-    Copy<&L::VKSHostUKeys>, Copy<&L::VKSHostNames>, Copy<&L::VKSStepCount>, Copy<&L::VKSSteps>,
-    Copy<&L::VKSStepNames>, Copy<&L::VKSStepUKeys>};
+constexpr Column WirelessToEditor[] = {CopyCounted<&L::VKSTestCount, &L::VKSTests>,
+                                       Copy<&L::VKSTemplate>,
+                                       Copy<&L::VKSTestUKeys>,
+                                       Copy<&L::VKSHostUKeys>,
+                                       Copy<&L::VKSHostNames>,
+                                       CopyCounted<&L::VKSStepCount, &L::VKSSteps>,
+                                       Copy<&L::VKSStepNames>,
+                                       Copy<&L::VKSStepUKeys>};
 /// Intentional: keys and names don't come back, so that a test or step that the host added since
 /// keeps its own beside the editor's counts and lists.
-constexpr Column WirelessToStore[] = {Copy<&L::VKSTestCount>, Copy<&L::VKSTests>,
-                                      Copy<&L::VKSTemplate>, Copy<&L::VKSStepCount>,
-                                      Copy<&L::VKSSteps>};
+constexpr Column WirelessToStore[] = {CopyCounted<&L::VKSTestCount, &L::VKSTests>,
+                                      Copy<&L::VKSTemplate>,
+                                      CopyCounted<&L::VKSStepCount, &L::VKSSteps>};
 /// Names of the steps go along, the steps themselves are not printed.
-constexpr Column WirelessToPrint[] = {Copy<&L::VKSTestCount>, Copy<&L::VKSTests>,
-                                      Copy<&L::VKSTemplate>,  Copy<&L::VKSStepUKeys>,
+constexpr Column WirelessToPrint[] = {CopyCounted<&L::VKSTestCount, &L::VKSTests>,
+                                      Copy<&L::VKSTemplate>, Copy<&L::VKSStepUKeys>,
                                       Copy<&L::VKSStepNames>, Copy<&L::VKSStepKeys>};
 
-constexpr Column Matrix[] = {Copy<&L::VKSStepCount>,
-                             Copy<&L::VKSSteps>,
-                             Copy<&L::VKSDUTIds>,
-                             Copy<&L::VKSDUTFreqs>,
-                             Copy<&L::VKSDUTFreqNames>,
-                             Copy<&L::VKSDUTFreqCount>,
-                             Copy<&L::VKSDUTBandwidthCount>,
-                             Copy<&L::VKSDUTBandwidthNames>,
-                             Copy<&L::VKSDUTPowerCount>,
-                             Copy<&L::VKSDUTPowerNames>,
+constexpr Column Matrix[] = {CopyCounted<&L::VKSStepCount, &L::VKSSteps, &L::VKSDUTIds>,
+                             CopyCounted<&L::VKSDUTFreqCount, &L::VKSDUTFreqs, &L::VKSDUTFreqNames>,
+                             CopyCounted<&L::VKSDUTBandwidthCount, &L::VKSDUTBandwidthNames>,
+                             CopyCounted<&L::VKSDUTPowerCount, &L::VKSDUTPowerNames>,
                              Copy<&L::VKSDUTTemplate>,
                              Copy<&L::VKSInfByFreq>,
                              Copy<&L::VKSInfByBandwidth>,

@@ -16,7 +16,7 @@ enum class CopyFor {
 /// Copies the fields of one module kind from `from` to `to`, in the order of the table, the count
 /// of numbered sets before their array; all others stay. A kind outside the members copies nothing.
 /// An array of `to` that is held is error 10, and what stands before it in the order has been
-/// copied. No messages run.
+/// copied. After error 7 so too, and a count goes with its arrays. No messages run.
 void CopyModule(std::int32_t moduleKind, CopyFor purpose, const ModuleLists& from, ModuleLists& to);
 
 /// The part of `CopyModule` of the matrix without its global lists: rows, tables, template number
