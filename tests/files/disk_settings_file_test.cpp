@@ -310,6 +310,64 @@ TEST_F(DiskSettings, AfterALoadThatFailedNothingIsSavedUntilOneWentWell) {
     EXPECT_EQ(Read("a.ini"), "[A]\r\nx=2\r\n");
 }
 
+/// A load that was refused because a list runs, or before it asked for any section, has replaced
+/// nothing.
+TEST_F(DiskSettings, ALoadThatReplacedNothingLeavesTheFileAsGoodAsItWas) {
+    Write("a.ini", "[A]\r\nx=1\r\n");
+    files.Load(name, [&] { files.Open(name)->GetSection(L"A"); });
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, [] { Raise(10); }); }).Number(), 10);
+    EXPECT_FALSE(files.LoadFailed(name));
+    const auto refuse = [&] {
+        const auto opened = files.Open(name);
+        Raise(7);
+    };
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, refuse); }).Number(), 7);
+    EXPECT_FALSE(files.LoadFailed(name));
+    const auto fail = [&] {
+        files.Open(name)->GetSection(L"A");
+        Raise(7);
+    };
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, fail); }).Number(), 7);
+    EXPECT_TRUE(files.LoadFailed(name));
+}
+
+TEST_F(DiskSettings, ARefusedLoadDoesNotMakeABadFileGood) {
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, [] { Raise(13); }); }).Number(), 13);
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, [] { Raise(10); }); }).Number(), 10);
+    EXPECT_TRUE(files.LoadFailed(name));
+}
+
+/// Two programs load both sections; each saves one of them, then the first one that of the other.
+TEST_F(DiskSettings, ASectionThatAnotherProgramHasChangedSinceTheLoadIsNotOverwritten) {
+    Write("a.ini", "[A]\r\nx=1\r\n[B]\r\ny=1\r\n");
+    SettingsFiles others;
+    for (SettingsFiles* program : {&files, &others}) {
+        program->Load(name, [&] {
+            program->Open(name)->GetSection(L"A");
+            program->Open(name)->GetString(L"B", L"y", {});
+        });
+    }
+    const auto save = [&](SettingsFiles& program, const String& section, const String& line) {
+        program.Save(name, [&] {
+            const auto file = program.Open(name);
+            file->SetSection(section, line);
+            file->Release();
+        });
+    };
+    save(others, L"A", L"x=2");
+    save(files, L"B", L"y=2");
+    const RunTimeError error = ErrorIn([&] { save(files, L"A", L"x=3"); });
+    EXPECT_EQ(error.Number(), FileErrors::SaveRefused);
+    EXPECT_EQ(error.Description(), name +
+                                       L": not saved, because another program has changed "
+                                       L"section [A] since it was loaded");
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=2\r\n[B]\r\ny=2\r\n");
+    files.Load(name, [&] { files.Open(name)->GetSection(L"A"); });
+    save(files, L"A", L"x=3");
+    save(files, L"A", L"x=4");
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=4\r\n[B]\r\ny=2\r\n");
+}
+
 TEST_F(DiskSettings, AnotherSpellingOfTheNameIsTheSameFile) {
     Write("a.ini", "[A]\r\n");
     std::filesystem::create_symlink("a.ini", Path("link.ini"));

@@ -63,7 +63,7 @@ std::optional<SettingsDocument> LoadDocument(const std::string& path, FileCalls&
     }
 }
 
-DiskSettingsFile::DiskSettingsFile(std::shared_ptr<const FileState> state,
+DiskSettingsFile::DiskSettingsFile(std::shared_ptr<FileState> state,
                                    std::shared_ptr<const SettingsDocument> document,
                                    FileCalls& calls)
     : x_state(std::move(state)),
@@ -83,6 +83,7 @@ std::optional<std::string> DiskSettingsFile::OnDisk() const {
 template <class Read>
 auto DiskSettingsFile::Get(const String& section, const String& key, Read&& read)
     -> std::optional<decltype(read(String()))> {
+    NoteAsked(section);
     const std::optional<String> text = x_document->GetKey(section, key);
     if (!text) {
         return std::nullopt;
@@ -98,8 +99,39 @@ auto DiskSettingsFile::Get(const String& section, const String& key, Read&& read
     }
 }
 
+void DiskSettingsFile::NoteAsked(const String& section) {
+    if (x_state->isLoading) {
+        x_state->sections.try_emplace(section, x_document->GetSection(section));
+    }
+}
+
+/// What another program has made of a section since it was loaded would be lost.
+void DiskSettingsFile::RequireAsLoaded(const String& section) {
+    const auto loaded = x_state->sections.find(section);
+    if (x_state->isSaving && loaded != x_state->sections.end() &&
+        loaded->second != x_document->GetSection(section)) {
+        throw RunTimeError(FileErrors::SaveRefused, FromUtf8(x_state->path) +
+                                                        L": not saved, because another program has "
+                                                        L"changed section [" +
+                                                        section + L"] since it was loaded");
+    }
+}
+
+void DiskSettingsFile::NoteSaved() {
+    if (x_state->isSaving) {
+        for (const String& section : x_changed) {
+            x_state->sections[section] = x_document->GetSection(section);
+        }
+    }
+}
+
+/// A section is looked at before its first change.
 template <class Act>
-void DiskSettingsFile::Change(Act&& act) {
+void DiskSettingsFile::Change(const String& section, Act&& act) {
+    if (!x_changed.contains(section)) {
+        RequireAsLoaded(section);
+        x_changed.insert(section);
+    }
     try {
         act();
     } catch (const RunTimeError& error) {
@@ -109,11 +141,12 @@ void DiskSettingsFile::Change(Act&& act) {
 
 String DiskSettingsFile::GetString(const String& section, const String& key,
                                    const String& byDefault) {
+    NoteAsked(section);
     return x_document->GetKey(section, key).value_or(byDefault);
 }
 
 void DiskSettingsFile::SetString(const String& section, const String& key, const String& value) {
-    Change([&] { x_document.Own().SetKey(section, key, value); });
+    Change(section, [&] { x_document.Own().SetKey(section, key, value); });
 }
 
 double DiskSettingsFile::GetDouble(const String& section, const String& key, double byDefault) {
@@ -143,11 +176,12 @@ void DiskSettingsFile::SetBoolean(const String& section, const String& key, Bool
 }
 
 std::vector<String> DiskSettingsFile::GetSection(const String& section) {
+    NoteAsked(section);
     return x_document->GetSection(section);
 }
 
 void DiskSettingsFile::SetSection(const String& section, const Value& content) {
-    Change([&] {
+    Change(section, [&] {
         if (std::holds_alternative<std::monostate>(content)) {
             x_document.Own().DeleteSection(section);
         } else if (const auto* text = std::get_if<String>(&content)) {
@@ -162,12 +196,17 @@ void DiskSettingsFile::SetSection(const String& section, const Value& content) {
 
 void DiskSettingsFile::Release() {
     std::optional<std::string> bytes;
-    Change([&] { bytes = x_document->ChangedBytes(); });
+    try {
+        bytes = x_document->ChangedBytes();
+    } catch (const RunTimeError& error) {
+        RaiseInFile(x_state->path, error);
+    }
     if (bytes) {
         RequireGoodLoad(*x_state);
         SaveUnchangedFile(x_state->path, OnDisk(), *bytes, x_calls);
         x_saved = std::move(bytes);
     }
+    NoteSaved();
 }
 
 SettingsFiles::SettingsFiles(FileCalls& calls)
@@ -180,14 +219,29 @@ std::shared_ptr<DiskSettingsFile> SettingsFiles::Open(const String& name) {
     if (!document && !state->isSaving) {
         return nullptr;
     }
+    state->wasOpened = true;
     return std::make_shared<DiskSettingsFile>(state, std::move(document), x_calls);
 }
 
 void SettingsFiles::Load(const String& name, const std::function<void()>& load) {
     const std::shared_ptr<FileState> state = StateOf(name);
-    state->loadFailed = true;
-    load();
-    state->loadFailed = false;
+    const FileState before = *state;
+    state->loadFailed = state->isLoading = true;
+    state->wasOpened = false;
+    state->sections.clear();
+    try {
+        load();
+    } catch (const RunTimeError& error) {
+        state->isLoading = false;
+        if (error.Number() == Errors::ArrayInUse || (state->wasOpened && state->sections.empty())) {
+            *state = before;
+        }
+        throw;
+    } catch (...) {
+        state->isLoading = false;
+        throw;
+    }
+    state->loadFailed = state->isLoading = false;
     state->isUnsaved = false;
 }
 

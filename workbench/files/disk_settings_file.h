@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 
 #include <ace/host/settings_file.h>
 
@@ -21,7 +22,11 @@ struct FileState {
     std::string path;         ///< UTF-8
     bool loadFailed = false;  ///< what is in memory is not what the file should hold
     bool isUnsaved = false;   ///< edited since the last load or save
-    bool isSaving = false;    ///< a file that is missing is made
+    bool isLoading = false;   ///< within `SettingsFiles::Load`
+    bool isSaving = false;    ///< within `SettingsFiles::Save`: a file that is missing is made
+    bool wasOpened = false;   ///< in the last load
+    /// The lines of the sections that the last load asked for, or a save wrote since.
+    std::map<String, std::vector<String>> sections;
 };
 
 /// One opened file. Changes stay in memory until `Release`, which saves them in one step if any
@@ -29,7 +34,7 @@ struct FileState {
 class DiskSettingsFile : public ISettingsFile {
   public:
     /// Without a document there is no such file yet. `calls` must outlive the object.
-    DiskSettingsFile(std::shared_ptr<const FileState> state,
+    DiskSettingsFile(std::shared_ptr<FileState> state,
                      std::shared_ptr<const SettingsDocument> document,
                      FileCalls& calls = SystemFileCalls());
 
@@ -49,7 +54,9 @@ class DiskSettingsFile : public ISettingsFile {
     /// Content of another kind than nothing, text or array of text is error 13.
     void SetSection(const String& section, const Value& content) override;
     /// Saves. A change is error `FileErrors::SaveRefused` after a load that failed, and when
-    /// another program has changed the file since this object read it.
+    /// another program has changed the file since this object read it. Within `SettingsFiles::Save`
+    /// that is also the error of the first change of a section that another program has changed
+    /// since the load.
     void Release() override;
 
     const SettingsDocument& Document() const { return *x_document; }
@@ -59,13 +66,17 @@ class DiskSettingsFile : public ISettingsFile {
     auto Get(const String& section, const String& key, Read&& read)
         -> std::optional<decltype(read(String()))>;
     template <class Act>
-    void Change(Act&& act);
+    void Change(const String& section, Act&& act);
+    void NoteAsked(const String& section);
+    void NoteSaved();
+    void RequireAsLoaded(const String& section);
 
     std::optional<std::string> OnDisk() const;
 
-    std::shared_ptr<const FileState> x_state;
+    std::shared_ptr<FileState> x_state;
     bool x_isNew;
     SharedDocument x_document;
+    std::set<String> x_changed;          ///< sections that were changed through this object
     std::optional<std::string> x_saved;  ///< by this object
     FileCalls& x_calls;
 };
@@ -82,10 +93,14 @@ class SettingsFiles {
     /// be read is error `FileErrors::CannotRead`; only within `Load` that is a failed load.
     std::shared_ptr<DiskSettingsFile> Open(const String& name);
 
-    /// Runs a load of the file. When it raises, the file can't be saved until a load went well.
+    /// Runs a load of the file. When it raises, the file can't be saved until a load went well,
+    /// unless it has replaced nothing: it was refused because a list runs (error 10), or asked for
+    /// no section of the opened file.
     void Load(const String& name, const std::function<void()>& load);
     /// Runs a save of the file; after a failed load that is error `FileErrors::SaveRefused` before
-    /// anything runs. The mark of unsaved changes goes only when the save did not raise.
+    /// anything runs, and so is a change of a section that does not stand in the file as it was
+    /// loaded: another program has changed it meanwhile. Sections that were not loaded may have
+    /// changed. The mark of unsaved changes goes only when the save did not raise.
     void Save(const String& name, const std::function<void()>& save);
 
     void MarkUnsaved(const String& name);
