@@ -2,13 +2,15 @@
 // a few frequencies. What the host doesn't have is the engine's do-nothing default.
 #include <charconv>
 #include <clocale>
-#include <cstring>
 #include <cwchar>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <map>
 #include <memory>
+#include <optional>
+#include <string_view>
+#include <system_error>
 
 #include <ace/core/actions_engine.h>
 #include <ace/host.h>
@@ -104,20 +106,30 @@ bool RunTest(ace::aceActionsEngine& engine, std::int32_t subranges) {
     return engine.StopTest() || stop;
 }
 
+/// The whole text as a number from 0 on; nothing for any other text.
+std::optional<std::int32_t> NumberIn(std::string_view text) {
+    std::int32_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, failure] = std::from_chars(text.data(), end, number);
+    if (failure != std::errc() || stop != end || number < 0) {
+        return std::nullopt;
+    }
+    return number;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) try {
     std::setlocale(LC_CTYPE, "");
-    std::int32_t subranges = 0;
-    const char* const end = argc == 3 ? argv[2] + std::strlen(argv[2]) : nullptr;
-    if (end == nullptr || std::from_chars(argv[2], end, subranges).ptr != end || subranges < 0) {
+    const std::optional<std::int32_t> subranges = argc == 3 ? NumberIn(argv[2]) : std::nullopt;
+    if (!subranges) {
         std::wcerr << L"usage: minimal_host FILE SUBRANGES\n";
         return 2;
     }
     ace::ThreadContext::InstallHost(std::make_shared<Host>());
     ace::aceActionsEngine engine;
-    engine.LoadActions(Wide(argv[1]), subranges, ace::aceTemplate);
-    std::wcout << (RunTest(engine, subranges) ? L"stopped\n" : L"finished\n");
+    engine.LoadActions(Wide(argv[1]), *subranges, ace::aceTemplate);
+    std::wcout << (RunTest(engine, *subranges) ? L"stopped\n" : L"finished\n");
 } catch (const ace::RunTimeError& error) {
     std::wcerr << L"error " << error.Number() << L": " << error.Description() << L'\n';
     return 1;

@@ -202,12 +202,10 @@ void AppendGeneralText(String& text, double value, int significant, wchar_t sepa
         text += L"NAN";
     } else if (std::isinf(value)) {
         text += value < 0.0 ? L"-INF" : L"INF";
-    } else if (!TryShortGeneral(text, value, significant, separator)) {
+    } else if (!TryShortGeneral(text, value, significant, separator)) {  // nor is it 0, then
         constexpr int SmallestPlainPoint = -4;  // 0.00001 is 0.1 times ten to the -4
         const Decimal decimal = DecimalOf(value, significant);
-        if (decimal.digits.empty()) {
-            text += L'0';
-        } else if (decimal.point > significant || decimal.point < SmallestPlainPoint) {
+        if (decimal.point > significant || decimal.point < SmallestPlainPoint) {
             text += ExponentText(decimal, separator);
         } else {
             const int behind = std::max(0, static_cast<int>(decimal.digits.size()) - decimal.point);

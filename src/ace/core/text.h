@@ -64,6 +64,12 @@ constexpr bool EqualNoCase(StringView a, StringView b) {
     }
     return true;
 }
+/// A word of a file, which is compared without regard to case. Most stand there as they are
+/// written, which is quicker to see.
+inline bool IsWord(StringView word, StringView text) {
+    return (!text.empty() && text.front() == word.front() && text == word) ||
+           EqualNoCase(text, word);
+}
 /// Replaces every occurrence of `search`, exactly and from left to right; an empty `search`
 /// replaces nothing. Allocates only when something is replaced.
 void ReplaceAll(String& text, StringView search, StringView replacement);

@@ -4,7 +4,6 @@
 #include <span>
 
 #include <ace/core/action_records.h>
-#include <ace/core/text.h>
 #include <ace/settings/line_fields.h>
 
 namespace ace {
@@ -23,13 +22,6 @@ struct KeywordRow {
 
     constexpr bool IsKnownIn(std::size_t listIndex) const { return (lists >> listIndex & 1) != 0; }
 };
-
-/// Words of a file compare without regard to case. Most stand there as they are written, which is
-/// quicker to see.
-inline bool IsWord(StringView word, StringView text) {
-    return (!text.empty() && text.front() == word.front() && text == word) ||
-           EqualNoCase(text, word);
-}
 
 /// All keywords.
 std::span<const KeywordRow> KeywordTable();
