@@ -31,7 +31,10 @@ constexpr MomentRow Moments[] = {
     {"LeaveSubrange", aceTemplate, [](auto& engine) { engine.LeaveSubrange(2); }},
     {"StopTest", aceTemplate, [](auto& engine) { engine.StopTest(); }},
     {"StartTest", aceMonitoring, [](auto& engine) { engine.StartTest(); }},
+    {"NewFrequency", aceMonitoring, [](auto& engine) { engine.NewFrequency(30e6, true); }},
+    {"StopTest", aceMonitoring, [](auto& engine) { engine.StopTest(); }},
     {"BeforeTestLoop", aceMonitoring, [](auto& engine) { engine.BeforeTestLoop(); }},
+    {"AfterTestLoop", aceMonitoring, [](auto& engine) { engine.AfterTestLoop(); }},
     {"AfterStep", aceMonitoring, [](auto& engine) { engine.AfterStep(1); }},
     {"Trigger", aceMonitoring, [](auto& engine) { engine.Trigger(1, L"Radio"); }},
     {"EnterNoGo", aceMonitoring, [](auto& engine) { engine.EnterNoGo(2, L"Radio"); }},
@@ -39,12 +42,17 @@ constexpr MomentRow Moments[] = {
     {"StartTest", aceEMSAutoTemplateGeneral, [](auto& engine) { engine.StartTest(); }},
     {"EnterStep", aceEMSAutoTemplate, [](auto& engine) { engine.EnterStep(1); }},
     {"BeforeStep", aceEMIAutoTemplate, [](auto& engine) { engine.BeforeStep(2); }},
+    {"AfterStep", aceEMIAutoTemplate, [](auto& engine) { engine.AfterStep(1); }},
     {"StopTest", aceEMIAutoTemplate, [](auto& engine) { engine.StopTest(); }},
     {"BeforeTest", aceTSTemplate, [](auto& engine) { engine.BeforeTest(1); }},
+    {"AfterTest", aceTSTemplate, [](auto& engine) { engine.AfterTest(2); }},
     {"StartTest", aceAziChart, [](auto& engine) { engine.StartTest(); }},
+    {"NewFrequency", aceAziChart, [](auto& engine) { engine.NewFrequency(30e6, true); }},
     {"StartTest", aceVKSTemplate, [](auto& engine) { engine.StartTest(); }},
     {"BeforeVKSTest", aceVKSTemplate, [](auto& engine) { engine.BeforeVKSTest(L"T1"); }},
     {"VKSStep", aceVKSTemplate, [](auto& engine) { engine.VKSStep(L"T1", L"S1"); }},
+    {"AfterVKSTest", aceVKSTemplate, [](auto& engine) { engine.AfterVKSTest(L"T2"); }},
+    {"VKSDUTStepGlobAfter", aceVKSDUT, [](auto& engine) { engine.VKSDUTStepGlobAfter(); }},
     {"VKSDUTStepGlobBefore", aceVKSDUT, [](auto& engine) { engine.VKSDUTStepGlobBefore(); }},
     {"VKSDUTStep", aceVKSDUT, RunRow},
 };
@@ -92,6 +100,26 @@ void AnnounceTests(aceActionsEngine& engine) {
 void TakeRequest(aceActionsEngine& engine) {
     Value comment;
     engine.GetCheckEutAction(comment);
+}
+/// Everything that only answers.
+void AskAll(aceActionsEngine& engine) {
+    double frequency = 2.4e9;
+    std::int32_t id = 0;
+    engine.Change();
+    engine.InitReceiver();
+    engine.VKSInfByFreq();
+    engine.VKSInfByBandwidth();
+    engine.VKSInfByPower();
+    engine.StepNumber();
+    engine.TestNumber();
+    engine.EUT_UseSetDevice();
+    engine.NewFrqCheckForAccLoading();
+    engine.VKSGetResult();
+    engine.VKSStepsHaveActions();
+    engine.VKSStepHaveActions(L"T1", L"S1");
+    engine.VKSDUTStepGlobBeforeCount();
+    engine.VKSDUTStepGlobAfterCount();
+    engine.VKSDUTStepActionCount(frequency, id, id);
 }
 
 constexpr ActRow Acts[] = {
@@ -150,6 +178,17 @@ constexpr ActRow Acts[] = {
     {"StepDescription", [](auto& engine) { engine.StepDescription(1); }},
     {"GetNoGo", [](auto& engine) { engine.GetNoGo(1); }},
     {"GetCheckEutAction", TakeRequest},
+    {"all questions", AskAll},
+    {"LeaveSubrange", [](auto& engine) { engine.LeaveSubrange(1); }},
+    {"Go", [](auto& engine) { engine.Go(1, {}); }},
+    {"BeforeTestLoop", [](auto& engine) { engine.BeforeTestLoop(); }},
+    {"AfterTestLoop", [](auto& engine) { engine.AfterTestLoop(); }},
+    {"AfterTest", [](auto& engine) { engine.AfterTest(1); }},
+    {"BeforeVKSTest", [](auto& engine) { engine.BeforeVKSTest(L"T1"); }},
+    {"AfterVKSTest", [](auto& engine) { engine.AfterVKSTest(L"T1"); }},
+    {"VKSDUTStepGlobAfter", [](auto& engine) { engine.VKSDUTStepGlobAfter(); }},
+    {"EditorSelectSubrange", [](auto& engine) { engine.EditorSelectSubrange(1); }},
+    {"Release", [](auto& engine) { engine.Release(); }},
     {"another engine", [](auto& engine) { aceActionsEngine(engine.State().Context); }},
 };
 
