@@ -10,8 +10,10 @@ namespace ace::sim {
 namespace {
 
 /// By `SimClass`, from 1.
-constexpr StringView ClassKeys[] = {L"Monitoring",  L"BcGenerators", L"Generators", L"Amplifiers",
-                                    L"SwitchUnits", L"Receivers",    L"SignalPaths"};
+constexpr StringView ClassKeys[] = {DeviceClasses::Monitoring,  DeviceClasses::BcGenerators,
+                                    DeviceClasses::Generators,  DeviceClasses::Amplifiers,
+                                    DeviceClasses::SwitchUnits, DeviceClasses::Receivers,
+                                    DeviceClasses::SignalPaths};
 
 template <class Named>
 std::shared_ptr<Named> FindByName(const std::vector<std::shared_ptr<Named>>& all,

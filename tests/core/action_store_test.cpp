@@ -248,7 +248,7 @@ TEST_F(EntryTest, DeleteFromAListThatIsHeldIsErrorTenAndChangesNothing) {
     EXPECT_EQ(index, 1);
 }
 
-// ---- the spare place -----------------------------------------------------------------------
+// ---- the spare element -----------------------------------------------------------------------
 
 TEST_F(EntryTest, DeleteAndAddFarAboveTheCountLeaveADuplicateOfTheLastEntry) {
     Have(L"AB", 2);

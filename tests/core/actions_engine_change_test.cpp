@@ -254,7 +254,8 @@ TEST_F(Property, AnEditKeepsTheKeyOfAWirelessTestThatCameWhileTheEditorWasOpen) 
     EXPECT_EQ(state.VKSTestCount, 1) << "that of the editor";
     EXPECT_EQ(state.VKSTestUKeys[0], L"First");
     EXPECT_EQ(state.VKSTestUKeys[1], L"Second");
-    EXPECT_EQ(editor->lists.VKSTestUKeys[1], L"") << "the editor's copy has the spare place alone";
+    EXPECT_EQ(editor->lists.VKSTestUKeys[1], L"")
+        << "the editor's copy has the spare element alone";
 }
 
 // ---- InitReceiver ------------------------------------------------------------------------------

@@ -11,7 +11,7 @@ class WirelessStoreTest : public EngineTest {
   protected:
     WirelessStoreTest() { State().Modul = aceVKSTemplate; }
 
-    /// As a load leaves it: a key for each letter, and a spare place behind the last test.
+    /// As a load leaves it: a key for each letter, and a spare element behind the last test.
     void HaveTests(StringView letters) {
         State().VKSTests = Letters(String(letters) + L" ");
         State().VKSTestCount = static_cast<std::int32_t>(letters.size());
@@ -24,7 +24,7 @@ class WirelessStoreTest : public EngineTest {
         State().VKSHostUKeys = ArrayOf(Lines(keys.size(), L"h"));
         State().VKSHostNames = ArrayOf(Lines(keys.size(), L"n"));
     }
-    /// As a load leaves them, without a spare place: `owners` has the key of each step's test.
+    /// As a load leaves them, without a spare element: `owners` has the key of each step's test.
     void HaveSteps(StringView letters, const Lines& owners) {
         State().VKSSteps = Letters(letters);
         State().VKSStepCount = static_cast<std::int32_t>(letters.size());

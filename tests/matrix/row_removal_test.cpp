@@ -66,7 +66,7 @@ struct Rig : SweepRig {
     }
 };
 
-/// Milliseconds of the wait in the enter list of each set, the spare place included.
+/// Milliseconds of the wait in the enter list of each set, the spare element included.
 std::vector<double> WaitsOf(const EngineState& state) {
     std::vector<double> waits;
     for (std::int32_t row = 0; row <= state.VKSSteps.UpperBound(); ++row) {
@@ -75,7 +75,7 @@ std::vector<double> WaitsOf(const EngineState& state) {
     return waits;
 }
 
-/// The keys of all rows, the spare place included.
+/// The keys of all rows, the spare element included.
 std::vector<RowKey> KeysOf(const EngineState& state) {
     std::vector<RowKey> keys;
     for (std::int32_t row = 0; row <= state.VKSDUTIds.RowUpperBound(); ++row) {
@@ -84,7 +84,7 @@ std::vector<RowKey> KeysOf(const EngineState& state) {
     return keys;
 }
 
-/// All that can be seen behind an operation, spare places included.
+/// All that can be seen behind an operation, spare elements included.
 struct Outcome {
     std::int32_t error = 0;
     std::int32_t count = 0;
@@ -179,8 +179,8 @@ TEST(RowRemoval, RowsOfAUsualMatrixGoAllAtOnce) {
     }
 }
 
-/// The first three rows go. The wait in the spare place is that of the last row, the key there what
-/// stood behind the last one before.
+/// The first three rows go. The wait in the spare element is that of the last row, the key there
+/// what stood behind the last one before.
 TEST(RowRemoval, RowsThatStayMoveDownWithTheirKeysAndTheSparePlacesStay) {
     for (const Way way : {Way::AtOnce, Way::OneByOne}) {
         Rig rig(way);

@@ -26,7 +26,7 @@ class StoreModelTest : public EngineTest {
             static_cast<std::size_t>(Draw(0, 5)));
     }
 
-    /// As a load leaves the lists: without a spare place, but for a wireless template.
+    /// As a load leaves the lists: without a spare element, but for a wireless template.
     void Load(int entries) {
         DynArray<p_Subrange>& lists = State().*Numbered().sets;
         lists.Erase();

@@ -37,18 +37,25 @@ struct aceNotify {
 
 /// Parameter of `atRemote`: `Command` not empty sends it, `Program` not empty starts it.
 struct aceRemote {
-    String Command;                ///< text to send
-    std::int32_t Iface = 0;        ///< 0 GPIB, 1 RS232, 2 TCP/IP
-    std::int32_t GpibAddress = 0;  ///< board number times 100 plus primary address
-    std::int32_t SerComPort = 0;   ///< number of the COM port
-    String TcpHost;                ///< host name or address
-    std::int32_t TcpPort = 0;      ///< port
-    std::int32_t Terminator = 0;   ///< 0 LF, 1 CR, 2 CR LF, 3 and others nothing
-    std::int32_t DrvHdl = -1;      ///< run-time: handle of the opened bus device, -1 for none
-    String Program;                ///< command line to start
-    double ProgID = 0.0;           ///< run-time: process number; 0 or -1 while none runs
-    Boolean WaitPrgSync;           ///< wait for the program's macro synchronisation
-    aceVKSVar vks;                 ///< replace variables for `Command` and `Program`
+    /// What `Iface` says; any other number sends nothing.
+    static constexpr std::int32_t Gpib = 0;
+    static constexpr std::int32_t Serial = 1;
+    static constexpr std::int32_t TcpIp = 2;
+    /// `DrvHdl` while no bus device is open.
+    static constexpr std::int32_t NoHandle = -1;
+
+    String Command;                  ///< text to send
+    std::int32_t Iface = Gpib;       ///< the way that the text goes
+    std::int32_t GpibAddress = 0;    ///< board number times 100 plus primary address
+    std::int32_t SerComPort = 0;     ///< number of the COM port
+    String TcpHost;                  ///< host name or address
+    std::int32_t TcpPort = 0;        ///< port
+    std::int32_t Terminator = 0;     ///< 0 LF, 1 CR, 2 CR LF, 3 and others nothing
+    std::int32_t DrvHdl = NoHandle;  ///< run-time: handle of the opened bus device
+    String Program;                  ///< command line to start
+    double ProgID = 0.0;             ///< run-time: process number; 0 or -1 while none runs
+    Boolean WaitPrgSync;             ///< wait for the program's macro synchronisation
+    aceVKSVar vks;                   ///< replace variables for `Command` and `Program`
     bool operator==(const aceRemote&) const = default;
 };
 
@@ -118,8 +125,8 @@ struct p_Action {
     bool operator==(const p_Action&) const = default;
 };
 
-/// The five lists of one moment container. A list's count rules, never its bounds; a count of 0
-/// goes with an unallocated array.
+/// The five lists of a set. A list's count rules, never its bounds: a count of 0 goes with an
+/// unallocated array, unless a count line of 0 in a file has left it beside an older one.
 struct p_Subrange {
     std::int32_t EnterCount = 0;
     DynArray<p_Action> Enter;

@@ -77,7 +77,7 @@ void RequireFreeTest(const EngineState& state, const String& key) {
     }
 }
 
-/// The spare place is searched too, so an empty key removes the last test. Below 0 the keys stay
+/// The spare element is searched too, so an empty key removes the last test. Below 0 the keys stay
 /// as they are, unlike the two arrays beside them.
 void DeleteTest(EngineState& state, const Statements& stmt, const String& key) {
     const std::int32_t found =

@@ -64,7 +64,7 @@ void CopyEntry(const p_Subrange& source, p_Subrange& target);
 namespace modActions {
 
 /// Puts an empty entry at `Index`, from 1, and moves those behind it up. One above the count is an
-/// insertion behind the last entry; any higher number takes the spare place as it stands.
+/// insertion behind the last entry; any higher number takes the spare element as it stands.
 /// Intentional: only the enter, leave and fourth lists of the entry are emptied; it keeps a copy of
 /// the frequency list that stood there. `Count` and `Index` change before an access outside the
 /// bounds; `Index` is left from 0. Errors 7, 9 and 10, handled: 10, and 7 for want of the place,

@@ -9,7 +9,7 @@
 ///   execution/new_frequency.cpp      NewFrequency and the requests that it leaves
 ///   execution/plain_actions.cpp      StopAllActions
 ///   matrix/step_tree.cpp             AddVKSStep, SetVKSTests
-///   matrix/dut_matrix.cpp            the tables and flags of the matrix
+///   matrix/dut_matrix.cpp            the tables and flags of the matrix, its replace variables
 ///   matrix/matrix_execution.cpp      the moments of wireless tests and of the matrix
 ///   execution/not_built_yet.cpp      everything that says so when it is called
 #pragma once

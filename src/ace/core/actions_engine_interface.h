@@ -1,8 +1,6 @@
 /// The public interface of the engine: every operation with its contract.
 #pragma once
 
-#include <memory>
-
 #include <ace/core/action_records.h>
 #include <ace/host/array_2d.h>
 #include <ace/host/list_control.h>
@@ -72,11 +70,11 @@ class _aceActionsEngine {
     virtual void EditorSelectSubrange(std::int32_t Number) = 0;
     /// Makes room for a subrange, channel, step or test at `Index`; one above the count appends. An
     /// entry before others keeps a copy of the frequency list that stood there; a still higher
-    /// `Index` takes the spare place, which after a deletion is a copy of the last entry. `VKSUkey`
-    /// is the key of a new wireless test and goes behind the other keys whatever the `Index`. An
-    /// open editor is loaded again, but for a wireless test. Neither this nor the other three that
-    /// follow the host set `Change`, and a list that is being run is error 10. Without numbered
-    /// lists, and for the matrix, nothing is done, also in an open editor. Handled.
+    /// `Index` takes the spare element, which after a deletion is a copy of the last entry.
+    /// `VKSUkey` is the key of a new wireless test and goes behind the other keys whatever the
+    /// `Index`. An open editor is loaded again, but for a wireless test. Neither this nor the other
+    /// three that follow the host set `Change`, and a list that is being run is error 10. Without
+    /// numbered lists, and for the matrix, nothing is done, also in an open editor. Handled.
     virtual void AddSubrange(std::int32_t Index, const String& VKSUkey = {}) = 0;
 
     // ---- wireless tests, steps and the matrix ------------------------------------------------
@@ -106,7 +104,7 @@ class _aceActionsEngine {
     virtual void SetVKSDUTInfluence(std::int32_t InfluencedByFreq,
                                     std::int32_t InfluencedByBandwidth,
                                     std::int32_t InfluencedbyPower) = 0;
-    /// The same for a power. Handled.
+    /// As `AddVKSDUTBandwidthID`, for a power. Handled.
     virtual void AddVKSDUTPowerID(const String& PowerString, std::int32_t PowerID = -1) = 0;
     /// Adds a frequency (hertz; 0 is the test mode), or renames it, and rebuilds the rows. Handled.
     virtual void AddVKSDUTFreq(const String& FreqString, double Freq) = 0;
@@ -117,7 +115,7 @@ class _aceActionsEngine {
     /// Empties the three tables of the matrix with their rows; the row for everything stays.
     /// Handled.
     virtual void DeleteVKSDUTAll() = 0;
-    /// The same for a power. Handled.
+    /// As `DeleteVKSDUTBandwidthID`, for a power. Handled.
     virtual void DeleteVKSDUTPowerID(std::int32_t PowerID) = 0;
 
     // ---- subranges follow the host -------------------------------------------------------------

@@ -27,13 +27,12 @@ constexpr CleanedList CleanedLists[] = {
 void CleanRemote(ThreadContext& context, const p_Action& action) {
     aceRemote& record = context.ReaderRecords.Remote;
     record = RecordOf<aceRemote>(action);
-    constexpr std::int32_t Gpib = 0;
-    if (record.Iface != Gpib || record.DrvHdl <= -1) {
+    if (record.Iface != aceRemote::Gpib || record.DrvHdl <= aceRemote::NoHandle) {
         return;
     }
     ResumeNext next;
     next([&] { context.GpibDriver().CloseDevice(NarrowToShort(record.DrvHdl), 0); });
-    record.DrvHdl = -1;
+    record.DrvHdl = aceRemote::NoHandle;
 }
 
 void CleanTrackFreq(ThreadContext& context, const p_Action& action) {
@@ -80,11 +79,11 @@ std::int32_t Reachable(std::int32_t count, const DynArray<T>& array) {
 
 }  // namespace
 
-void modActions::CleanSubrange(ThreadContext& context, const p_Subrange& lists) {
+void modActions::CleanSubrange(ThreadContext& context, const p_Subrange& set) {
     ResumeNext next;
     for (const CleanedList& cleaned : CleanedLists) {
-        const DynArray<p_Action>& actions = lists.*cleaned.list.actions;
-        const std::int32_t end = Reachable(lists.*cleaned.list.count, actions);
+        const DynArray<p_Action>& actions = set.*cleaned.list.actions;
+        const std::int32_t end = Reachable(set.*cleaned.list.count, actions);
         for (std::int32_t i = 0; i < end; ++i) {
             next([&] {
                 const p_Action& action = actions[i];
@@ -106,10 +105,10 @@ void CleanLists(EngineState& state) {
         modActions::CleanSubrange(state.Context, state.*fixed.set);
     }
     for (const NumberedSets& numbered : module->AllNumbered()) {
-        const DynArray<p_Subrange>& lists = state.*numbered.sets;
-        const std::int32_t end = Reachable(state.*numbered.count, lists);
+        const DynArray<p_Subrange>& sets = state.*numbered.sets;
+        const std::int32_t end = Reachable(state.*numbered.count, sets);
         for (std::int32_t i = 0; i < end; ++i) {
-            next([&] { modActions::CleanSubrange(state.Context, lists[i]); });
+            next([&] { modActions::CleanSubrange(state.Context, sets[i]); });
         }
     }
 }

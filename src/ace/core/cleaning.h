@@ -10,8 +10,8 @@ namespace ace {
 void CleanLists(EngineState& state);
 
 namespace modActions {
-/// The same for one list set.
-void CleanSubrange(ThreadContext& context, const p_Subrange& lists);
+/// The same for one set.
+void CleanSubrange(ThreadContext& context, const p_Subrange& set);
 }  // namespace modActions
 
 }  // namespace ace

@@ -38,8 +38,8 @@ struct EngineState : ModuleLists, std::enable_shared_from_this<EngineState> {
     SavedCounts SavedCount;
 
     std::array<Boolean, ModulCount> ChangeFlags;  ///< lists differ from the file, by module kind
-    Boolean IsAutoModule;        ///< the last load was for the steps of an automatic test
-    Boolean EmiTemplate;         ///< the template loaded last measures emission
+    Boolean IsAutoModule;  ///< the last load was for the steps of an automatic test; for the editor
+    Boolean EmiTemplate;   ///< the template loaded last measures emission; for the editor
     double LastFrequency = 0.0;  ///< hertz; -1.0 from `StartTest` to the first `NewFrequency`
     aceVKSVar VKSReplaceVars;    ///< replace variables of the matrix
     Boolean VKSResult;           ///< verdict of the last `VKSStep`

@@ -8,7 +8,7 @@ namespace ace {
 
 /// The lists of all nine module kinds with their counts, keys and the matrix. The engine's object
 /// holds one of these, the editor works on a copy, and the print makes another; each uses the lists
-/// of one kind. A list set is a record with its lists, numbered sets are an array of them with the
+/// of one kind. A set is a record with its lists, numbered sets are an array of them with the
 /// count beside it. Four of the counts start at -1 and three at 0, and readers accept both.
 struct ModuleLists {
     p_Subrange MainTest;

@@ -8,7 +8,7 @@
 
 namespace ace {
 
-/// A list set that a module has once.
+/// A set that a module has once.
 struct FixedSet {
     p_Subrange ModuleLists::*set = nullptr;
     StringView section;     ///< its section in the settings file

@@ -1,5 +1,5 @@
 /// Which list of actions a moment of a module has: told once, for everyone who shows, changes or
-/// checks lists. What runs when is the execution's to say.
+/// checks lists (the editor, checks and plans of a file). What runs when is the execution's to say.
 #pragma once
 
 #include <optional>
@@ -32,7 +32,9 @@ struct ConstActionList {
     const DynArray<p_Action>& actions;
 };
 
-/// All moments, by module and perform time.
+/// All moments that have lines to show, by module and perform time. Intentional: the
+/// every-frequency list of `aceEMSAutoTemplateGeneral` is not among them. It runs, but no moment of
+/// that module shows it.
 std::span<const MomentRow> MomentTable();
 /// The row of a module's moment; none where the module has no such, or for values outside.
 const MomentRow* FindMoment(std::int32_t moduleKind, std::int32_t time);

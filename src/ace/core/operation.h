@@ -1,7 +1,7 @@
 /// How an operation traces itself and treats run-time errors: the one place of that pattern.
 #pragma once
 
-#include <exception>
+#include <new>
 #include <optional>
 #include <type_traits>
 
@@ -83,10 +83,13 @@ template <class Body>
     }
 }
 
+/// Writes the line at the beginning or the end of an operation, without asking whether tracing is
+/// on. Errors of the trace log come out; no messages run.
 void WriteStartLine(ThreadContext& context, const TraceLines& lines, StringView message);
 void WriteEndLine(ThreadContext& context, const TraceLines& lines);
 
-/// Kept apart from the operations, most of which run untraced.
+/// The lines of a traced operation, each as a statement; kept apart from the operations, most of
+/// which run untraced.
 template <class Message>
 [[gnu::cold, gnu::noinline]] void TraceStart(ThreadContext& context, const TraceLines& lines,
                                              Message& message) {

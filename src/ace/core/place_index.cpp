@@ -1,5 +1,3 @@
-#include <utility>
-
 #include <ace/core/place_index.h>
 
 namespace ace {

@@ -28,6 +28,9 @@ struct SpareTexts {
     std::size_t count = 0;  ///< of those that are there, from index 0
 };
 
+/// Labels of the status line, as indexes of `ActionStatusTexts`.
+enum StatusLabel : std::size_t { WaitLabel, GpibLabel, SerialLabel, TcpLabel, ProgramLabel };
+
 /// The shared state of one thread. Sharing is deliberate: a new engine object resets parts of it,
 /// and the working records of one object's action are those of the next action of any object.
 /// The thread's own context lives until the thread has ended and the last engine that was made with
@@ -70,8 +73,7 @@ class ThreadContext : public std::enable_shared_from_this<ThreadContext> {
     std::int32_t InstanceCount = 0;                 ///< engine objects alive
     Boolean ModuleInitialised;                      ///< `InitModule` has done its one-time part
     std::shared_ptr<IStatusDisplay> StatusDisplay;  ///< made by `InitModule`
-    /// Labels of the status line: 0 wait, 1 GPIB, 2 RS232, 3 TCP/IP, 4 program start.
-    std::array<String, 5> ActionStatusTexts;
+    std::array<String, ProgramLabel + 1> ActionStatusTexts;  ///< by `StatusLabel`
     Boolean TestRunning;          ///< between the ends of `StartTest` and `StopTest`
     Boolean InitReceiverPending;  ///< latch of the property `InitReceiver`
     /// The output of following generators is on during the test. Decided before the test, and no
@@ -91,6 +93,8 @@ class ThreadContext : public std::enable_shared_from_this<ThreadContext> {
     /// or a walk writes into the record of an action that may be running. It says whether a record
     /// is still what a run made of it.
     std::uint32_t RecordUses = 0;
+    /// What the reader of action lines fills, and the cleaning of lists uses. A line leaves alone
+    /// what it does not name, so that an entry may have parts of the one read before.
     WorkingRecords ReaderRecords;
     /// Told of every line that a load reads, so that the place of an error can be named; the
     /// host's, which sets it, keeps it alive and takes it away. None for nobody.

@@ -106,9 +106,9 @@ constexpr ErrorRow ErrorRows[] = {
     {atSwitchAmp, IsDeviceRecord, 9331, DeviceDetails, false},
     {atSwitchUnit, IsDeviceRecord, 9332, DeviceDetails, false},
     {atRemote, IsProgram, 9328, ProgramDetails, true},
-    {atRemote, IsCommandOver<0>, 9323, GpibDetails, true},
-    {atRemote, IsCommandOver<1>, 9323, SerialDetails, true},
-    {atRemote, IsCommandOver<2>, 9323, SocketDetails, true},
+    {atRemote, IsCommandOver<aceRemote::Gpib>, 9323, GpibDetails, true},
+    {atRemote, IsCommandOver<aceRemote::Serial>, 9323, SerialDetails, true},
+    {atRemote, IsCommandOver<aceRemote::TcpIp>, 9323, SocketDetails, true},
 };
 
 const ErrorRow* FindErrorRow(p_ActionTypes actionType, const DeviceErrorSubject& subject) {

@@ -12,7 +12,7 @@ namespace {
 constexpr StringView Frequency = L"#FREQ#";
 constexpr StringView StatusBegin = L"Execute API Macro: ";
 
-constexpr std::int32_t MacroTitle = 9430;
+constexpr std::int32_t ActionsTitle = 9430;
 constexpr std::int32_t MacroFailedText = 9183;
 
 /// The record's texts as the macro gets them. Pairs of the host come first, so that a value that
@@ -71,7 +71,7 @@ bool StartMacro(ThreadContext& context, IApiMacro& macro, const aceAPI& record) 
         return true;
     }
     context.UserDialogs().ShowMessageBox(errorText, IUserDialogs::Critical,
-                                         context.Language().Text(MacroTitle));
+                                         context.Language().Text(ActionsTitle));
     return false;
 }
 
@@ -90,7 +90,7 @@ void RunMacro(ThreadContext& context, aceAPI& record, Boolean& result) {
         ILanguage& language = context.Language();
         context.UserDialogs().ShowMessageBox(
             language.Text(MacroFailedText) + L" [" + record.Program + L"]",
-            IUserDialogs::Exclamation, language.Text(MacroTitle));
+            IUserDialogs::Exclamation, language.Text(ActionsTitle));
     }
 }
 

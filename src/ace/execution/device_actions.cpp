@@ -3,7 +3,6 @@
 #include <ace/execution/device_access.h>
 #include <ace/execution/device_actions.h>
 #include <ace/execution/device_failure.h>
-#include <ace/execution/status_line.h>
 #include <ace/host/bc_generator.h>
 #include <ace/host/monitor_device.h>
 #include <ace/settings/settings_sections.h>
@@ -14,13 +13,9 @@ namespace {
 
 constexpr TraceLines SetCheckLines = ModuleLines(L"SetCheckDevice");
 
-constexpr StringView BroadcastClass = L"BcGenerators";
 /// The equipment has failed: "%1" is the name of the device that saw it.
 constexpr std::int32_t EutFailedText = 9420;
 constexpr std::int32_t EutFailedComment = 9421;
-/// Errors by which a device says that the operator or the host broke off.
-constexpr std::int32_t BrokenOffByOperator = 8202;
-constexpr std::int32_t BrokenOffByHost = 4202;
 /// Pause between two readings while the equipment may recover, milliseconds.
 constexpr float RecoveryPause = 1000.0F;
 constexpr float SecondsOfDay = 86400.0F;
@@ -72,7 +67,7 @@ DeviceKind FindRecordsDevice(const DeviceRun& run, bool isSet) {
         RaiseDeviceFailed(run.context);
     }
     const std::shared_ptr<IDevice> device = Required(record.Device);
-    if (run.context.DeviceList().ClassName(device->DeviceClass()) == BroadcastClass) {
+    if (run.context.DeviceList().ClassName(device->DeviceClass()) == DeviceClasses::BcGenerators) {
         TakeKind(record.BcGen, device);
         return record.BcGen ? DeviceKind::Broadcast : DeviceKind::NotFound;
     }
@@ -256,7 +251,8 @@ Boolean modActions::SetCheckDevice(ThreadContext& context, aceSetDevice& record,
     } catch (...) {
         failure = CurrentFailure();
     }
-    if (failure.number == BrokenOffByOperator || failure.number == BrokenOffByHost) {
+    if (failure.number == IDevice::BrokenOffByOperator ||
+        failure.number == IDevice::BrokenOffByHost) {
         run.result = true;
     } else if (!ignoreAll) {
         run.result =

@@ -4,7 +4,7 @@ namespace ace {
 
 namespace {
 
-constexpr std::int32_t FollowerTitleBegin = 9430;
+constexpr std::int32_t ActionsTitle = 9430;
 constexpr std::int32_t FollowerTitleEnd = 9431;
 
 }  // namespace
@@ -20,7 +20,7 @@ bool TestFollowsNoFrequency(ThreadContext& context) {
 }
 
 void AppendFollowerTitle(ThreadContext& context, String& title) {
-    title.append(context.Language().Text(FollowerTitleBegin)).append(L": ");
+    title.append(context.Language().Text(ActionsTitle)).append(L": ");
     title.append(context.Language().Text(FollowerTitleEnd));
 }
 

@@ -4,6 +4,7 @@
 #include <ace/execution/plain_actions.h>
 #include <ace/execution/replace_variables.h>
 #include <ace/execution/signal_path.h>
+#include <ace/execution/status_line.h>
 #include <ace/host/checked_numbers.h>
 
 namespace ace {
@@ -13,14 +14,7 @@ namespace {
 /// Parts of the texts of a wait, whose lengths are known when this is compiled.
 constexpr StringView Blank = L" ";
 constexpr StringView Seconds = L" s";
-constexpr StringView LineEnd = L"\r\n";
 
-/// Index of the wait label among the status texts.
-constexpr std::size_t WaitLabel = 0;
-/// "Please wait" or the like, second line of the timed message.
-constexpr std::int32_t WaitHint = 9044;
-/// Style of an information box.
-constexpr std::int32_t InformationStyle = 64;
 /// The one state of the host's test in which a template leaves its receivers alone.
 constexpr std::int32_t UnprotectedState = 14;
 
@@ -62,8 +56,8 @@ void modActions::Wait(ThreadContext& context, const aceWait& record) {
         AppendFixed(*text, record.Time / 1000.0, 3, separator == L',' ? L'.' : separator);
         text->append(Seconds);
         Required(context.StatusDisplay)->ShowStatus(*text, true, true);
-        std::int32_t style = InformationStyle;
-        text->append(LineEnd).append(context.Language().Text(WaitHint));
+        std::int32_t style = IUserDialogs::Information;
+        AppendWaitHint(context, *text);
         context.SystemServices().ShowTimedMessage(
             *text, style, context.ActionStatusTexts[WaitLabel], RoundToLong(record.Time));
         Required(context.StatusDisplay)->ShowStatus({}, false, false);

@@ -10,11 +10,6 @@ namespace ace {
 
 namespace {
 
-/// Indexes of the status labels.
-constexpr std::size_t GpibLabel = 1;
-constexpr std::size_t SerialLabel = 2;
-constexpr std::size_t TcpLabel = 3;
-
 /// Arguments of opening a bus device: time-out code 11 is one second, EOI asserted.
 constexpr std::int16_t NoSecondary = 0;
 constexpr std::int16_t OneSecond = 11;
@@ -112,13 +107,13 @@ void Send(ThreadContext& context, aceRemote& record) {
     ReplaceVariables(context, record.vks, *text);
     text->append(TerminatorOf(record.Terminator));
     switch (record.Iface) {
-        case 0:
+        case aceRemote::Gpib:
             SendGpib(context, record, *text);
             break;
-        case 1:
+        case aceRemote::Serial:
             SendSerial(context, record, *text);
             break;
-        case 2:
+        case aceRemote::TcpIp:
             SendTcp(context, record, *text);
             break;
         default:

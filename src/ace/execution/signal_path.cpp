@@ -10,7 +10,6 @@ namespace ace {
 namespace {
 
 constexpr TraceLines ProtectLines = ModuleLines(L"ProtectReceivers");
-constexpr StringView ReceiverClass = L"Receivers";
 
 void ProtectReceiver(ThreadContext& context, const String& name) {
     const std::shared_ptr<IReceiver> receiver = FindDevice<IReceiver>(context, name);
@@ -23,7 +22,8 @@ void ProtectAll(ThreadContext& context) {
     if (context.TraceLog().IsEnabled()) {
         WriteStartLine(context, ProtectLines, {});
     }
-    for (const DeviceRecord& record : context.DeviceList().DevicesOfClass(String(ReceiverClass))) {
+    for (const DeviceRecord& record :
+         context.DeviceList().DevicesOfClass(String(DeviceClasses::Receivers))) {
         if (!record.Name.empty()) {
             ProtectReceiver(context, record.Name);
         }

@@ -8,7 +8,6 @@ namespace ace {
 
 namespace {
 
-constexpr std::size_t ProgramLabel = 4;
 constexpr std::int32_t SyncGroup = 1;
 constexpr std::int32_t SyncKey = 14;
 constexpr float StartPollMilliseconds = 50.0F;

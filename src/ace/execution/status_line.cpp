@@ -14,4 +14,9 @@ void ClearStatus(ThreadContext& context) {
     ShowStatus(context, nothing);
 }
 
+void AppendWaitHint(ThreadContext& context, String& text) {
+    constexpr std::int32_t WaitHint = 9044;
+    text.append(L"\r\n").append(context.Language().Text(WaitHint));
+}
+
 }  // namespace ace

@@ -1,4 +1,5 @@
-/// The status line of the host, which goes with the last engine object.
+/// What the host shows while an action takes its time: the status line, which goes with the last
+/// engine object, and messages that close by themselves.
 #pragma once
 
 #include <ace/core/thread_context.h>
@@ -10,5 +11,8 @@ namespace ace {
 /// passed over then, and a macro fails with error 91: both ask for the line themselves.
 void ShowStatus(ThreadContext& context, const String& text);
 void ClearStatus(ThreadContext& context);
+
+/// Adds the second line of a timed message, "please wait" or the like.
+void AppendWaitHint(ThreadContext& context, String& text);
 
 }  // namespace ace

@@ -2,6 +2,7 @@
 #include <ace/core/text.h>
 #include <ace/execution/device_access.h>
 #include <ace/execution/frequency_followers.h>
+#include <ace/execution/status_line.h>
 #include <ace/execution/track_frequency.h>
 #include <ace/host/monitor_device.h>
 
@@ -9,19 +10,17 @@ namespace ace {
 
 namespace {
 
-constexpr std::int32_t WaitHint = 9044;
-constexpr std::int32_t InformationStyle = 64;
-
 /// A delay of 0 shows the box as well.
 void LetSettle(ThreadContext& context, const aceTrackFreq& record) {
     const std::int32_t delay = record.DelayTime;
     BorrowedText text(context);
     text->append(L"Wait for Monitoring ... ");
     AppendInteger(*text, delay);
-    text->append(L" ms\r\n").append(context.Language().Text(WaitHint));
+    text->append(L" ms");
+    AppendWaitHint(context, *text);
     BorrowedText title(context);
     AppendFollowerTitle(context, *title);
-    std::int32_t style = InformationStyle;
+    std::int32_t style = IUserDialogs::Information;
     context.SystemServices().ShowTimedMessage(*text, style, *title, delay);
 }
 

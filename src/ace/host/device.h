@@ -12,10 +12,13 @@
 namespace ace {
 
 /// A device of the host's device list. A device object implements this and the interface of its
-/// kind; the engine asks the object for the one it needs. Every failure is a run-time error; 8202
-/// and 4202 mean that the operator or the host broke off. Messages may run inside every operation.
+/// kind; the engine asks the object for the one it needs. Every failure is a run-time error.
+/// Messages may run inside every operation.
 class IDevice {
   public:
+    /// Numbers of the errors by which a device says that somebody broke off: no failure to show.
+    static constexpr std::int32_t BrokenOffByOperator = 8202;
+    static constexpr std::int32_t BrokenOffByHost = 4202;
     /// What `State` answers.
     static constexpr std::int32_t NotActive = 0;
     static constexpr std::int32_t Active = 1;

@@ -14,6 +14,17 @@ struct DeviceRecord {
     bool operator==(const DeviceRecord&) const = default;
 };
 
+/// Section keys of the device classes that the engine knows.
+namespace DeviceClasses {
+inline constexpr StringView Monitoring = L"Monitoring";
+inline constexpr StringView BcGenerators = L"BcGenerators";
+inline constexpr StringView Generators = L"Generators";
+inline constexpr StringView Amplifiers = L"Amplifiers";
+inline constexpr StringView SwitchUnits = L"SwitchUnits";
+inline constexpr StringView Receivers = L"Receivers";
+inline constexpr StringView SignalPaths = L"SignalPaths";
+}  // namespace DeviceClasses
+
 /// Devices by name and class, posting of events and socket operations. No operation but a look-up
 /// lets messages run.
 class IDeviceList {

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <algorithm>
-#include <limits>
 #include <new>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
 #include <vector>
 

@@ -102,8 +102,8 @@ struct Tab {
 class TabStrip : public ControlOf<ControlKind::TabStrip, Container> {
   public:
     TabStrip(ControlPlace place, String name, ControlFields design = {},
-             std::vector<Tab> design_tabs = {})
-        : ControlOf(place, std::move(name), std::move(design)), tabs(std::move(design_tabs)) {}
+             std::vector<Tab> designTabs = {})
+        : ControlOf(place, std::move(name), std::move(design)), tabs(std::move(designTabs)) {}
 
     /// Brings a tab to the front and runs `onSelect` with the one that was there before, to which
     /// the handler may go back by setting `current`. Nothing runs for the one in front; a hidden

@@ -40,7 +40,7 @@ class RunTimeError : public std::exception {
     std::array<char, 32> x_what{};  ///< the longest number leaves a rest
 };
 
-/// Every number that the engine raises itself.
+/// The numbers that the engine and the classes of its package raise themselves.
 namespace Errors {
 inline constexpr std::int32_t InvalidProcedureCall = 5;
 inline constexpr std::int32_t Overflow = 6;

@@ -1,7 +1,6 @@
 /// One settings file of the host, opened for one call of the engine.
 #pragma once
 
-#include <memory>
 #include <vector>
 
 #include <ace/host/value.h>

@@ -17,10 +17,12 @@ inline constexpr RowKey AllRow{-1.0, -1.0, -1.0};
 /// The columns of a key go from 0 to this one.
 inline constexpr std::int32_t LastKeyColumn = 2;
 
-/// The key of row `row`; error 9 outside the rows.
+/// The key of row `row`, from 0; error 9 outside the array of the keys.
 RowKey KeyOf(const ModuleLists& lists, std::int32_t row);
+/// Writes the key of a row; errors as above.
 void PutKey(EngineState& state, std::int32_t row, const RowKey& key);
-/// Gives the array of the keys one row more than there are rows.
+/// Gives the array of the keys one row more than there are rows, as one statement. Error 9 where
+/// there is no array.
 void CutKeys(EngineState& state, const Statements& stmt);
 
 /// The message of a trace line about a row.
@@ -48,7 +50,7 @@ class RowKeys {
 };
 
 /// Adds an empty row behind the last unless `keys` has it already. The list beside it keeps the
-/// frequency list of the spare place, which nothing reads. Handled.
+/// frequency list of the spare element, which nothing reads. Handled.
 void AddVKSDUTStep(EngineState& state, RowKeys& keys, const RowKey& key);
 
 /// Removes the first row of a key, if there is one. Handled.

@@ -20,15 +20,19 @@ bool RowRemoval::HasArrays() const {
 }
 
 bool RowRemoval::HasOwnKeys() {
-    for (std::int32_t row = 0; !x_hasOwnKeys && row < x_count; ++row) {
-        if (FindRow(x_state, KeyOf(x_state, row)) != row) {
-            x_hasOwnKeys = false;
-        }
-    }
-    if (!x_hasOwnKeys) {
-        x_hasOwnKeys = true;
+    if (!x_hasOwnKeys.has_value()) {
+        x_hasOwnKeys = AllKeysAreOwn();
     }
     return *x_hasOwnKeys;
+}
+
+bool RowRemoval::AllKeysAreOwn() const {
+    for (std::int32_t row = 0; row < x_count; ++row) {
+        if (FindRow(x_state, KeyOf(x_state, row)) != row) {
+            return false;
+        }
+    }
+    return true;
 }
 
 void RowRemoval::Delete(std::int32_t row, const RowKey& key) {
@@ -161,8 +165,8 @@ void RowRemoval::SettleKeys() {
 namespace {
 
 /// One by one, from row `from` down.
-void DeleteUpward(EngineState& state, const Statements& stmt, std::size_t column, double value,
-                  std::int32_t from) {
+void DeleteFromLast(EngineState& state, const Statements& stmt, std::size_t column, double value,
+                    std::int32_t from) {
     for (std::int32_t row = from; row >= 0; --row) {
         const RowKey key = stmt([&] { return KeyOf(state, row); });
         if (key[column] == value) {
@@ -172,8 +176,8 @@ void DeleteUpward(EngineState& state, const Statements& stmt, std::size_t column
 }
 
 /// One by one, from row `from` on.
-void DeleteDownward(EngineState& state, const Statements& stmt, std::size_t column, double value,
-                    std::int32_t from) {
+void DeleteFromFirst(EngineState& state, const Statements& stmt, std::size_t column, double value,
+                     std::int32_t from) {
     for (std::int32_t row = from; row < state.VKSStepCount;) {
         const std::int32_t before = state.VKSStepCount;
         const RowKey key = stmt([&] { return KeyOf(state, row); });
@@ -185,8 +189,8 @@ void DeleteDownward(EngineState& state, const Statements& stmt, std::size_t colu
 }
 
 /// Answers the row from which the rest has to go one by one; that behind the last when all is done.
-std::int32_t RemoveDownward(EngineState& state, const Statements& stmt, RowRemoval& removal,
-                            std::size_t column, double value) {
+std::int32_t RemoveFromFirst(EngineState& state, const Statements& stmt, RowRemoval& removal,
+                             std::size_t column, double value) {
     const std::int32_t count = state.VKSStepCount;
     for (std::int32_t row = 0; row < count; ++row) {
         const RowKey key = KeyOf(state, row);
@@ -261,8 +265,8 @@ class RowsByValue {
 
 /// Deletes the rows of a value as long as that can be done at once. Where it can't, answers the row
 /// from which the rest has to go one by one.
-std::int32_t RemoveUpward(EngineState& state, const Statements& stmt, RowRemoval& removal,
-                          const std::vector<std::int32_t>& rows) {
+std::int32_t RemoveFromLast(EngineState& state, const Statements& stmt, RowRemoval& removal,
+                            const std::vector<std::int32_t>& rows) {
     if (!rows.empty() && !removal.HasOwnKeys()) {
         return state.VKSStepCount - 1;
     }
@@ -299,9 +303,9 @@ void DeleteRows(EngineState& state, const Statements& stmt, std::size_t column, 
     std::int32_t from = 0;
     if (removal.HasArrays()) {
         from =
-            Settling(removal, [&] { return RemoveDownward(state, stmt, removal, column, value); });
+            Settling(removal, [&] { return RemoveFromFirst(state, stmt, removal, column, value); });
     }
-    DeleteDownward(state, stmt, column, value, from);
+    DeleteFromFirst(state, stmt, column, value, from);
 }
 
 void DeleteRowsOfEach(EngineState& state, const Statements& stmt, std::size_t column,
@@ -320,11 +324,11 @@ void DeleteRowsOfEach(EngineState& state, const Statements& stmt, std::size_t co
             }
             std::int32_t from = state.VKSStepCount - 1;
             if (rows) {
-                from = RemoveUpward(state, stmt, removal, rows->RowsOf(*value));
+                from = RemoveFromLast(state, stmt, removal, rows->RowsOf(*value));
             }
             if (!rows || removal.MustGiveWay()) {
                 rows.reset();
-                DeleteUpward(state, stmt, column, *value, from);
+                DeleteFromLast(state, stmt, column, *value, from);
             }
         }
         return true;

@@ -40,10 +40,11 @@ class RowRemoval {
     std::int32_t Count() const { return x_count - x_setsGone; }
     std::int32_t PlaceOfFailure() const { return x_placeOfFailure; }
     /// Moves what stays to where it belongs. Does nothing when that is done. Error 7, handled, when
-    /// there is no memory for the copy in the spare place, which is then empty.
+    /// there is no memory for the copy in the spare element, which is then empty.
     void Settle();
 
   private:
+    bool AllKeysAreOwn() const;
     std::int32_t PlaceNow(std::int32_t row) const;
     void DeleteTraced(const Statements& stmt, std::int32_t row);
     void DeleteSet(const Statements& stmt, std::int32_t row);

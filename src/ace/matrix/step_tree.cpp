@@ -67,7 +67,8 @@ bool UpdateIndex(const EngineState& state) {
     }
 }
 
-/// Behind the last step, as an insertion, so that its lists are empty whatever the spare place has.
+/// Behind the last step, as an insertion, so that its lists are empty whatever the spare element
+/// has.
 void AppendStep(EngineState& state, const Statements& stmt, const String& key,
                 const String& testKey, const String& name) {
     std::int32_t index = stmt([&] { return CheckedDifference(state.VKSStepCount, -1); });

@@ -5,10 +5,6 @@ namespace ace::modActions {
 
 namespace {
 
-constexpr std::int32_t Gpib = 0;
-constexpr std::int32_t Serial = 1;
-constexpr std::int32_t TcpIp = 2;
-constexpr std::int32_t NoHandle = -1;
 constexpr double NoProcess = -1.0;
 
 constexpr StringView Comma = L",";
@@ -33,16 +29,16 @@ void ReadTcpIp(EntryLine& line, aceRemote& record) {
 void ReadTransport(EntryLine& line, aceRemote& record) {
     line.Set(LineField::Iface, record.Iface, line.StrictInteger(line.Field(1)));
     switch (record.Iface) {
-        case Gpib:
+        case aceRemote::Gpib:
             line.Set(LineField::GpibAddress, record.GpibAddress, line.RoundedNumber(line.Field(2)));
             line.Set(LineField::Terminator, record.Terminator, line.RoundedNumber(line.Field(3)));
-            record.DrvHdl = NoHandle;
+            record.DrvHdl = aceRemote::NoHandle;
             break;
-        case Serial:
+        case aceRemote::Serial:
             line.Set(LineField::SerComPort, record.SerComPort, line.RoundedNumber(line.Field(2)));
             line.Set(LineField::Terminator, record.Terminator, line.RoundedNumber(line.Field(3)));
             break;
-        case TcpIp:
+        case aceRemote::TcpIp:
             ReadTcpIp(line, record);
             break;
         default:
@@ -53,13 +49,13 @@ void ReadTransport(EntryLine& line, aceRemote& record) {
 void WriteTransport(LineText& text, const aceRemote& record) {
     text.Add(record.Iface).Add(Comma);
     switch (record.Iface) {
-        case Gpib:
+        case aceRemote::Gpib:
             text.Add(record.GpibAddress).Add(Comma).Add(record.Terminator).Add(Comma);
             break;
-        case Serial:
+        case aceRemote::Serial:
             text.Add(record.SerComPort).Add(Comma).Add(record.Terminator).Add(Comma);
             break;
-        case TcpIp:
+        case aceRemote::TcpIp:
             text.Add(record.TcpHost).Add(Comma).Add(record.TcpPort).Add(L":");
             text.Add(record.Terminator).Add(Comma);
             break;
@@ -103,8 +99,8 @@ void WriteRemote(LineText& text, const p_Action& action) {
 /// the command.
 void ReadGpib(EntryLine& line) {
     aceRemote& record = line.Records().Remote;
-    line.Set(LineField::Iface, record.Iface, Gpib);
-    record.DrvHdl = NoHandle;
+    line.Set(LineField::Iface, record.Iface, aceRemote::Gpib);
+    record.DrvHdl = aceRemote::NoHandle;
     if (line.FieldCount() < 3) {
         line.Next({LineStep::FindComma, 0, {}});
         Raise(Errors::InvalidProcedureCall);

@@ -16,20 +16,20 @@ String SectionOf(const NumberedSets& numbered, std::int64_t number) {
     return String(numbered.sectionWord) + std::to_wstring(number);
 }
 
-/// The host's number of lists decides, not what the file holds.
+/// The host's number of sets decides, not what the file holds.
 void ReadNumbered(const SettingsStatements& file, const NumberedSets& numbered,
                   std::int32_t subRanges) {
     EngineState& state = file.State();
-    DynArray<p_Subrange>& lists = state.*numbered.sets;
+    DynArray<p_Subrange>& sets = state.*numbered.sets;
     if (subRanges < 1) {
-        file.Do([&] { lists.Erase(); });
+        file.Do([&] { sets.Erase(); });
     } else {
-        file.Do([&] { lists.Redim(0, subRanges - 1); });
+        file.Do([&] { sets.Redim(0, subRanges - 1); });
     }
     state.*numbered.count = subRanges;
     state.SavedCount.*numbered.saved = subRanges;
     for (std::int32_t i = 0; i < subRanges; ++i) {
-        file.ReadElement(lists, i, SectionOf(numbered, i + 1));
+        file.ReadElement(sets, i, SectionOf(numbered, i + 1));
     }
 }
 

@@ -16,17 +16,17 @@ void SettingsStatements::ReadFixed(const FixedSet& fixed) const {
     });
 }
 
-void SettingsStatements::ReadElement(DynArray<p_Subrange>& lists, std::int32_t index,
+void SettingsStatements::ReadElement(DynArray<p_Subrange>& sets, std::int32_t index,
                                      const String& section) const {
-    const DynArray<p_Subrange>::Hold hold(lists);
+    const DynArray<p_Subrange>::Hold hold(sets);
     Do([&] {
-        modActions::ReadSection(x_state.Context, x_settings, section, lists[index],
+        modActions::ReadSection(x_state.Context, x_settings, section, sets[index],
                                 x_state.Context.LineObserver);
     });
 }
 
-void SettingsStatements::WriteLists(const String& section, const p_Subrange& lists) const {
-    Do([&] { modActions::WriteActionList(x_state.Context, x_settings, section, lists); });
+void SettingsStatements::WriteLists(const String& section, const p_Subrange& set) const {
+    Do([&] { modActions::WriteActionList(x_state.Context, x_settings, section, set); });
 }
 
 void SettingsStatements::DeleteSection(const String& section) const {

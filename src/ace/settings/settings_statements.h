@@ -21,8 +21,8 @@ class SettingsStatements {
     /// Empties a fixed list, apart from the fourth list where the row says so, and reads it.
     void ReadFixed(const FixedSet& fixed) const;
     /// Reads a section into an element, which stays where it is meanwhile.
-    void ReadElement(DynArray<p_Subrange>& lists, std::int32_t index, const String& section) const;
-    void WriteLists(const String& section, const p_Subrange& lists) const;
+    void ReadElement(DynArray<p_Subrange>& sets, std::int32_t index, const String& section) const;
+    void WriteLists(const String& section, const p_Subrange& set) const;
     void DeleteSection(const String& section) const;
 
     String GetString(const String& section, StringView key) const;  ///< default empty

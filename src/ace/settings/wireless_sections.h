@@ -8,6 +8,7 @@ namespace ace {
 /// Tests and steps of `aceVKSTemplate`. Test sections without key are passed over, so gaps close
 /// up. Ends the use of replace variables. A test that asks for more than 100,000 steps is error 7.
 void ReadWirelessTemplate(const SettingsStatements& file, std::int32_t subRanges);
+/// Writes them, and deletes the sections of those that were saved or read and are gone.
 void WriteWirelessTemplate(const SettingsStatements& file);
 
 /// The template number whose matrix has global lists.
@@ -16,6 +17,7 @@ inline constexpr std::int32_t GlobalTemplate = 3;
 /// The matrix of `aceVKSDUT`: `subRanges` is the template number, and the number of rows comes back
 /// in it. Ends the use of replace variables. More than 100,000 rows are error 7.
 void ReadMatrix(const SettingsStatements& file, std::int32_t& subRanges);
+/// Writes rows and tables, and deletes the sections of rows that were saved or read and are gone.
 void WriteMatrix(const SettingsStatements& file);
 
 }  // namespace ace
