@@ -1,7 +1,7 @@
 /// How an operation traces itself and treats run-time errors: the one place of that pattern.
 #pragma once
 
-#include <new>
+#include <exception>
 #include <optional>
 #include <type_traits>
 

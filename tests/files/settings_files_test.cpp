@@ -1,0 +1,150 @@
+/// What is known of settings files beyond their bytes: loads that failed, changes not yet saved,
+/// and sections that another program has changed.
+#include <cerrno>
+
+#include "files/counting_calls.h"
+#include "support/file_fixture.h"
+#include "workbench/files/disk_settings_file.h"
+#include "workbench/files/file_errors.h"
+
+namespace ace::workbench {
+namespace {
+
+using ::testing::HasSubstr;
+
+class SettingsFilesTest : public FolderTest {
+  protected:
+    SettingsFiles files;
+    String name = WidePath("a.ini");
+};
+
+TEST_F(SettingsFilesTest, AfterALoadThatFailedNothingIsSavedUntilOneWentWell) {
+    const std::string bytes = "[A]\r\nx=1\r\n";
+    Write("a.ini", bytes);
+    const auto file = files.Open(name);
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, [] { Raise(13); }); }).Number(), 13);
+    EXPECT_TRUE(files.LoadFailed(name));
+    bool ran = false;
+    EXPECT_EQ(ErrorIn([&] { files.Save(name, [&] { ran = true; }); }).Number(),
+              FileErrors::SaveRefused);
+    EXPECT_FALSE(ran);
+    file->SetLong(L"A", L"x", 2);
+    const RunTimeError error = ErrorIn([&] { file->Release(); });
+    EXPECT_EQ(error.Number(), FileErrors::SaveRefused);
+    EXPECT_THAT(error.Description(), HasSubstr(name));
+    EXPECT_EQ(Read("a.ini"), bytes);
+    files.Load(name, [] {});
+    file->Release();
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=2\r\n");
+}
+
+/// A load that was refused because a list runs, or before it asked for any section, has replaced
+/// nothing.
+TEST_F(SettingsFilesTest, ALoadThatReplacedNothingLeavesTheFileAsGoodAsItWas) {
+    Write("a.ini", "[A]\r\nx=1\r\n");
+    files.Load(name, [&] { files.Open(name)->GetSection(L"A"); });
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, [] { Raise(10); }); }).Number(), 10);
+    EXPECT_FALSE(files.LoadFailed(name));
+    const auto refuse = [&] {
+        const auto opened = files.Open(name);
+        Raise(7);
+    };
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, refuse); }).Number(), 7);
+    EXPECT_FALSE(files.LoadFailed(name));
+    const auto fail = [&] {
+        files.Open(name)->GetSection(L"A");
+        Raise(7);
+    };
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, fail); }).Number(), 7);
+    EXPECT_TRUE(files.LoadFailed(name));
+}
+
+TEST_F(SettingsFilesTest, ARefusedLoadDoesNotMakeABadFileGood) {
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, [] { Raise(13); }); }).Number(), 13);
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, [] { Raise(10); }); }).Number(), 10);
+    EXPECT_TRUE(files.LoadFailed(name));
+}
+
+/// Two programs load both sections; each saves one of them, then the first one that of the other.
+TEST_F(SettingsFilesTest, ASectionThatAnotherProgramHasChangedSinceTheLoadIsNotOverwritten) {
+    Write("a.ini", "[A]\r\nx=1\r\n[B]\r\ny=1\r\n");
+    SettingsFiles others;
+    for (SettingsFiles* program : {&files, &others}) {
+        program->Load(name, [&] {
+            program->Open(name)->GetSection(L"A");
+            program->Open(name)->GetString(L"B", L"y", {});
+        });
+    }
+    const auto save = [&](SettingsFiles& program, const String& section, const String& line) {
+        program.Save(name, [&] {
+            const auto file = program.Open(name);
+            file->SetSection(section, line);
+            file->Release();
+        });
+    };
+    save(others, L"A", L"x=2");
+    save(files, L"B", L"y=2");
+    const RunTimeError error = ErrorIn([&] { save(files, L"A", L"x=3"); });
+    EXPECT_EQ(error.Number(), FileErrors::SaveRefused);
+    EXPECT_EQ(error.Description(), name +
+                                       L": not saved, because another program has changed "
+                                       L"section [A] since it was loaded");
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=2\r\n[B]\r\ny=2\r\n");
+    files.Load(name, [&] { files.Open(name)->GetSection(L"A"); });
+    save(files, L"A", L"x=3");
+    save(files, L"A", L"x=4");
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=4\r\n[B]\r\ny=2\r\n");
+}
+
+TEST_F(SettingsFilesTest, AnotherSpellingOfTheNameIsTheSameFile) {
+    Write("a.ini", "[A]\r\n");
+    std::filesystem::create_symlink("a.ini", Path("link.ini"));
+    files.MarkUnsaved(name);
+    EXPECT_TRUE(files.IsUnsaved(WidePath("./a.ini")));
+    EXPECT_TRUE(files.IsUnsaved(WidePath("link.ini")));
+    EXPECT_FALSE(files.IsUnsaved(WidePath("b.ini")));
+}
+
+TEST_F(SettingsFilesTest, TheMarkOfUnsavedChangesGoesOnlyWhenASaveWentWell) {
+    CountingCalls calls;
+    SettingsFiles failing(calls);
+    Write("a.ini", "[A]\r\n");
+    const auto save = [&] {
+        const auto file = failing.Open(name);
+        file->SetLong(L"A", L"x", 1);
+        file->Release();
+    };
+    failing.MarkUnsaved(name);
+    EXPECT_TRUE(failing.AnyUnsaved());
+    calls.failWith = EIO;
+    EXPECT_EQ(ErrorIn([&] { failing.Save(name, save); }).Number(), FileErrors::CannotSave);
+    EXPECT_TRUE(failing.IsUnsaved(name));
+    EXPECT_EQ(Read("a.ini"), "[A]\r\n");
+    calls.failWith = 0;
+    failing.Save(name, save);
+    EXPECT_FALSE(failing.IsUnsaved(name));
+    EXPECT_FALSE(failing.AnyUnsaved());
+    EXPECT_EQ(Read("a.ini"), "[A]\r\nx=1\r\n");
+}
+
+TEST_F(SettingsFilesTest, ALoadTakesTheMarkOfUnsavedChangesAway) {
+    Write("a.ini", "[A]\r\n");
+    files.MarkUnsaved(name);
+    EXPECT_EQ(ErrorIn([&] { files.Load(name, [] { Raise(9); }); }).Number(), 9);
+    EXPECT_TRUE(files.IsUnsaved(name));
+    files.Load(name, [] {});
+    EXPECT_FALSE(files.IsUnsaved(name));
+}
+
+TEST_F(SettingsFilesTest, ASaveMakesAFileThatIsMissing) {
+    const String later = WidePath("later.ini");
+    files.Save(later, [&] {
+        const auto file = files.Open(later);
+        file->SetSection(L"ActionsOnTest", Value(String()));
+        file->Release();
+    });
+    EXPECT_EQ(Read("later.ini"), "[ActionsOnTest]\r\n");
+    EXPECT_EQ(files.Open(WidePath("none.ini")), nullptr);
+}
+}  // namespace
+}  // namespace ace::workbench
