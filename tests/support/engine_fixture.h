@@ -13,39 +13,19 @@ namespace ace::test {
 
 // ---- actions -----------------------------------------------------------------------------------
 
-inline p_Action WaitFor(double milliseconds) {
-    return Action(atWait, aceWait{milliseconds});
-}
-inline p_Action Tell(const String& message) {
-    aceNotify record;
-    record.Message = message;
-    return Action(atNotify, record);
-}
-inline p_Action Ask(const String& message) {
-    aceNotify record;
-    record.Message = message;
-    return Action(atQuestion, record);
-}
-inline p_Action Comment(bool generatorOff) {
-    aceNotify record;
-    record.GeneratorOff = generatorOff;
-    return Action(atComment, record);
-}
+p_Action WaitFor(double milliseconds);
+p_Action Tell(const String& message);
+p_Action Ask(const String& message);
+p_Action Comment(bool generatorOff);
 /// An action that fails with a type mismatch when it runs.
-inline p_Action Broken() {
-    return Action(atWait);
-}
+p_Action Broken();
 
 // ---- lines of the journal ----------------------------------------------------------------------
 
 using Lines = std::vector<String>;
 
-inline void Append(Lines& lines, const String& line) {
-    lines.push_back(line);
-}
-inline void Append(Lines& lines, const Lines& more) {
-    lines.insert(lines.end(), more.begin(), more.end());
-}
+void Append(Lines& lines, const String& line);
+void Append(Lines& lines, const Lines& more);
 /// Lines and groups of lines in their order.
 template <class... Parts>
 Lines Journal(const Parts&... parts) {
@@ -60,41 +40,18 @@ inline const String StandbyOn = L"DeviceList.PostEvent(\"ActionEngine\", 3, \"St
 inline const String RadiationOn = L"DeviceList.PostEvent(\"ActionEngine\", 3, \"Radiation on\")";
 
 /// What a wait does: `seconds` as it is shown, and the milliseconds that the host is told.
-inline Lines Waited(const String& seconds, std::int32_t milliseconds) {
-    return {L"StatusDisplay.ShowStatus(\"Wait " + seconds + L" s\", true, true)",
-            L"SystemServices.ShowTimedMessage(\"Wait " + seconds +
-                L" s\\r\\nPlease wait\", 64, \"Wait\", " + std::to_wstring(milliseconds) + L")",
-            StatusCleared};
-}
+Lines Waited(const String& seconds, std::int32_t milliseconds);
 /// A wait of whole milliseconds below 10.
-inline Lines Waited(std::int32_t milliseconds) {
-    return Waited(L"0.00" + std::to_wstring(milliseconds), milliseconds);
-}
-inline String Shown(const String& message, bool question) {
-    return L"CommentForm.DisplayMessage(\"" + message + (question ? L"\", true)" : L"\", false)");
-}
-inline Lines Told(const String& message) {
-    return {StandbyOn, Yielded, Shown(message, false), RadiationOn, Yielded};
-}
-inline Lines Asked(const String& message) {
-    return {Yielded, Shown(message, true), Yielded};
-}
-inline String InRange(std::int32_t lower, std::int32_t value, std::int32_t upper) {
-    return L"Utilities.InRange(" + std::to_wstring(lower) + L", " + std::to_wstring(value) + L", " +
-           std::to_wstring(upper) + L")";
-}
-inline String Reported(std::int32_t number, const String& description) {
-    return L"TraceLog.ReportError(" + std::to_wstring(number) + L", \"" + description + L"\", 1)";
-}
+Lines Waited(std::int32_t milliseconds);
+String Shown(const String& message, bool question);
+Lines Told(const String& message);
+Lines Asked(const String& message);
+String InRange(std::int32_t lower, std::int32_t value, std::int32_t upper);
+String Reported(std::int32_t number, const String& description);
 inline const String MismatchReported = Reported(13, L"type mismatch");
 inline const String SubscriptReported = Reported(9, L"subscript out of range");
-inline String Start(const String& module, const String& procedure, const String& message) {
-    return L"TraceLog.WriteLine(\"start\", \"ZOLTA_ActionsEngine\", \"" + module + L"\", \"" +
-           procedure + L"\", \"" + message + L"\", \"1\")";
-}
-inline String End(const String& procedure) {
-    return L"TraceLog.WriteLine(\"end\", \"\", \"\", \"" + procedure + L"\", \"\", \"1\")";
-}
+String Start(const String& module, const String& procedure, const String& message);
+String End(const String& procedure);
 /// The two lines of an action whose run leaves no other.
 inline const Lines ActionTraced = {Start(L"modActions (Code)", L"DoAction", L""), End(L"DoAction")};
 
@@ -103,34 +60,19 @@ inline const Lines ActionTraced = {Start(L"modActions (Code)", L"DoAction", L"")
 /// One engine whose comment form answers from a queue. The journal starts behind the construction.
 class EngineTest : public HostTest {
   protected:
-    EngineTest() {
-        host->texts = {{9410, L"Wait"}, {9044, L"Please wait"}};
-        engine = std::make_unique<aceActionsEngine>(context);
-        context.CommentForm = comments;
-        MakeServices();
-        host->journal.Clear();
-    }
+    EngineTest();
+    ~EngineTest() override;
     /// An unused answer is a message that never came.
-    void TearDown() override { EXPECT_TRUE(comments->answers.empty()) << "unused answers"; }
+    void TearDown() override;
 
     /// Makes what is made on first use, so that no journal tells of it.
-    void MakeServices() {
-        context.TraceLog();
-        context.Utilities();
-        context.SystemServices();
-        context.DeviceList();
-        context.Platform();
-        context.FormHost();
-    }
+    void MakeServices();
     EngineState& State() { return engine->State(); }
     /// Makes `count` numbered sets, all empty.
     void MakeSets(DynArray<p_Subrange> ModuleLists::*sets, std::int32_t ModuleLists::*number,
-                  std::int32_t count) {
-        (State().*sets).Redim(0, count - 1);
-        State().*number = count;
-    }
+                  std::int32_t count);
 
-    std::shared_ptr<FakeCommentForm> comments = std::make_shared<FakeCommentForm>(*host);
+    std::shared_ptr<FakeCommentForm> comments;
     std::unique_ptr<aceActionsEngine> engine;
 };
 

@@ -3,7 +3,6 @@
 
 #include <deque>
 #include <functional>
-#include <gtest/gtest.h>
 
 #include <ace/core/ports.h>
 
@@ -15,24 +14,13 @@ namespace ace::test {
 /// next answer; one without an answer fails the test.
 class FakeCommentForm : public ICommentForm {
   public:
-    explicit FakeCommentForm(sim::SimHost& host) : x_host(host) {}
+    explicit FakeCommentForm(sim::SimHost& host);
+    ~FakeCommentForm() override;
 
     std::deque<bool> answers;      ///< true is the stop button, which reads "No" on a question
     std::function<void()> onShow;  ///< runs while a message stands, before it is answered
 
-    Boolean DisplayMessage(const String& message, Boolean question) override {
-        x_host.Call(L"CommentForm.DisplayMessage", sim::CallText(message, question));
-        if (answers.empty()) {
-            ADD_FAILURE() << "a message without an answer";
-            return false;
-        }
-        const bool answer = answers.front();
-        answers.pop_front();
-        if (onShow) {
-            onShow();
-        }
-        return answer;
-    }
+    Boolean DisplayMessage(const String& message, Boolean question) override;
 
   private:
     sim::SimHost& x_host;
