@@ -1,6 +1,7 @@
 #include <stdexcept>
 
 #include <ace/core/operation.h>
+#include <ace/core/text.h>
 
 namespace ace {
 
@@ -37,7 +38,7 @@ RunTimeError ForeignError(const std::exception& error) {
 }
 
 String ThreadIdText(ThreadContext& context) {
-    return std::to_wstring(context.Platform().ThreadId());
+    return IntegerText(context.Platform().ThreadId());
 }
 
 }  // namespace
