@@ -83,6 +83,7 @@ TEST_F(KeywordTableTest, TheTableHoldsTheseKeywordsInThisOrder) {
     EXPECT_EQ(FindKeyword(L"RS232:"), nullptr);
     EXPECT_EQ(FindKeyword(L"TCPIP:"), nullptr);
     EXPECT_EQ(FindKeyword(L""), nullptr);
+    EXPECT_EQ(FindKeyword(L"MONITOREUTS:"), nullptr);  // longer than all
     EXPECT_EQ(FindWriter(static_cast<p_ActionTypes>(18)), nullptr);
     EXPECT_EQ(FindWriter(static_cast<p_ActionTypes>(-1)), nullptr);
 }
