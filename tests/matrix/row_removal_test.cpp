@@ -175,6 +175,7 @@ TEST(RowRemoval, RowsOfAUsualMatrixGoAllAtOnce) {
         rig.host->journal.Observe(
             [&](const sim::HostCall&) { counts.insert(rig.engine->State().VKSStepCount); });
         rig.engine->DeleteVKSDUTFreq(100);
+        rig.host->journal.Observe(nullptr);  // the engine goes behind the counts
         EXPECT_EQ(counts, way == Way::AtOnce ? (std::set{5, 8}) : (std::set{5, 6, 7, 8}));
     }
 }
