@@ -30,7 +30,7 @@ TEST(ReadNumber, TakesWhatLooksLikeANumberAndIgnoresTheRest) {
         {L"0x10", 0},       {L"nan", 0},        {L"inf", 0},     {L"1500.000", 1500},
         {L"0e999", 0},      {L"1e-999", 0},     {L"-1e-999", 0}, {L"5025:10", 5025},
         {L"1e3.5", 1000.0}, {L"007", 7},        {L"0.1", 0.1},   {L"2147483648", 2147483648.0},
-        {L"1e308", 1e308},  {L"-0.25,", -0.25},
+        {L"1e308", 1e308},  {L"-0.25,", -0.25}, {L"\t12", 12},
     };
     for (const auto& [text, number] : readings) {
         EXPECT_EQ(ReadNumber(text), number) << ::testing::PrintToString(String(text));

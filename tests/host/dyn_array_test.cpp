@@ -124,6 +124,27 @@ TEST(DynArray, ACopyIsDeepAndStartsWithoutAHold) {
     EXPECT_EQ(array.UpperBound(), 0);
 }
 
+TEST(DynArray, AnArrayThatIsAssignedToItselfKeepsItsElements) {
+    DynArray<int> array;
+    array.Redim(1, 2);
+    array[2] = 7;
+    DynArray<int>& same = array;
+    array = same;
+    EXPECT_EQ(array[2], 7);
+    array = std::move(same);
+    EXPECT_EQ(array[2], 7);
+}
+
+TEST(DynArray, TheSameElementsUnderOtherBoundsAreAnotherArray) {
+    DynArray<int> array;
+    DynArray<int> other;
+    array.Redim(0, 1);
+    other.Redim(1, 2);
+    EXPECT_FALSE(array == other);
+    other.Redim(0, 1);
+    EXPECT_TRUE(array == other);
+}
+
 TEST(DynArray, MovingFromAHeldArrayLeavesItsElementsInPlace) {
     DynArray<std::string> array;
     array.Redim(0, 0);
@@ -174,6 +195,15 @@ TEST(Array2D, BoundsAndCellsGoByBothDimensions) {
     EXPECT_EQ(ErrorOf([&] { array(0, 3) = 1; }), 9);
     EXPECT_EQ(ErrorOf([&] { array(3, 0) = 1; }), 9);
     EXPECT_EQ(ErrorOf([&] { array(-1, 0) = 1; }), 9);
+    EXPECT_EQ(ErrorOf([&] { array(0, -1) = 1; }), 9);
+}
+
+TEST(Array2D, BoundsThatCrossAreError9AndMoreCellsThanCanBeCountedError7) {
+    Array2D<double> array;
+    EXPECT_EQ(ErrorOf([&] { array.Redim(0, -1, 0, 2); }), 9);
+    EXPECT_EQ(ErrorOf([&] { array.Redim(0, 2, 0, -1); }), 9);
+    EXPECT_EQ(ErrorOf([&] { array.Redim(0, 2147483646, 0, 1); }), 7);
+    EXPECT_FALSE(array.IsAllocated());
 }
 
 TEST(Array2D, RowsAreKeptWhenTheirUpperBoundMoves) {
