@@ -29,6 +29,11 @@ if(ACE_SANITIZE)
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+if(ACE_COVERAGE)
+  # Everywhere, because a routine of a header runs in the copy that the linker finds first.
+  add_compile_options(--coverage -fprofile-filter-files=src/ace/)
+  add_link_options(--coverage)
+endif()
 
 if(PROJECT_IS_TOP_LEVEL)
   # g++ tidies up its memory all the time, which is a tenth of a compilation without optimisation.

@@ -19,7 +19,10 @@ TEST(DefaultServices, EachServiceIsThereWithoutBeingMadeByTheHost) {
     EXPECT_EQ(host.MakeUserDialogs()->OpenFile({}), std::nullopt);
     EXPECT_FALSE(host.MakeSerialPort()->PortOpen());
     String text = L"short text";
-    host.MakeDeviceSettingsStore()->EditSettings(text);
+    const auto store = host.MakeDeviceSettingsStore();
+    store->StoreIn(nullptr, L"Section");
+    store->SetDevice(L"Amplifier", 3);
+    store->EditSettings(text);
     EXPECT_EQ(text, L"short text");
 }
 
@@ -29,6 +32,7 @@ TEST(DefaultServices, ABoxIsAnsweredWithYesOrWithItsOneButton) {
               IUserDialogs::AnswerYes);
     EXPECT_EQ(dialogs.ShowMessageBox(L"Done", IUserDialogs::Information, L""),
               IUserDialogs::AnswerOk);
+    dialogs.SetBusyPointer(true);
     EXPECT_EQ(dialogs.ShowPopupMenu({}), std::nullopt);
 }
 
@@ -49,6 +53,7 @@ TEST(DefaultServices, ASettingsFileIsEmptyAndForgetsWhatIsWritten) {
 
 TEST(DefaultServices, TheSystemHasNoFileTableOrMessageButEmptySettings) {
     DefaultSystemServices system;
+    system.SetProgressText(L"30.0 s");
     system.WriteMacroSync(1, 14, L"kept");
     EXPECT_EQ(system.ReadMacroSync(1), L"");
     EXPECT_FALSE(system.FileIsUsable(L"door.wav", true, false));
@@ -60,6 +65,8 @@ TEST(DefaultServices, TheSystemHasNoFileTableOrMessageButEmptySettings) {
 TEST(DefaultServices, ADeviceStaysNamelessAndInactive) {
     DefaultDevice device;
     device.Activate(1);
+    device.LoadSettings(nullptr, L"Section");
+    device.ReadSettings(20, nullptr, L"Section");
     EXPECT_EQ(device.State(), IDevice::NotActive);
     EXPECT_EQ(device.Name(), L"");
     EXPECT_EQ(device.DeviceClass(), 0);
@@ -76,6 +83,9 @@ TEST(DefaultServices, AMacroCanBeNeitherLoadedNorRun) {
     EXPECT_FALSE(macro.Execute(text, errorText, value));
     EXPECT_FALSE(macro.GetResult());
     EXPECT_EQ(macro.ParameterCount(), 0);
+    std::int32_t index = 1;
+    macro.ParameterInfo(index);
+    EXPECT_EQ(index, 1);
     macro.Abort();
     macro.WaitFinished();
 }
