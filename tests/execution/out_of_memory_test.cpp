@@ -218,28 +218,36 @@ TEST_P(FirstOfAllTest, NoCountStandsBeforeAnArrayThatWasNeverMade) {
     EXPECT_EQ(error, 0);
 }
 
-/// The lists of the longer of two engines go to the shorter, and the other way round.
+/// Fails each allocation of the copy in turn; a sample of them by default.
+void CopyWithoutMemory(aceModul moduleKind, CopyFor purpose, const ModuleLists& from,
+                       const ModuleLists& to) {
+    ModuleLists copy = to;
+    const std::size_t count = AllocationsOf([&] { CopyModule(moduleKind, purpose, from, copy); });
+    Sample sample(30);
+    for (std::size_t n = 1; n <= count; ++n) {
+        if (n > 3 && !sample.Takes()) {
+            continue;
+        }
+        ModuleLists target = to;
+        std::int32_t error = 0;
+        {
+            const FailingAllocations failing(n, false);
+            error = NumberOfError([&] { CopyModule(moduleKind, purpose, from, target); });
+        }
+        EXPECT_EQ(error, Errors::OutOfMemory);
+        EXPECT_THAT(ListAgreement::Breaches(target), ::testing::IsEmpty()) << "allocation " << n;
+    }
+}
+
+/// Full lists go to empty ones, and the other way round.
 TEST(OutOfMemoryError, ACopyOfAModuleLeavesNoCountBeforeItsArray) {
     for (const ModuleRow& module : ModuleTable) {
-        ThreadContext context;
-        aceActionsEngine full(context);
-        FillModule(full.State(), module.moduleKind);
-        const ModuleLists sources[] = {full.State(), ModuleLists()};
-        for (const bool grows : {true, false}) {
-            std::int32_t error = Errors::OutOfMemory;
-            for (std::size_t n = 1; error != 0; ++n) {
-                ModuleLists target = sources[grows ? 1 : 0];
-                {
-                    const FailingAllocations failing(n, false);
-                    error = NumberOfError([&] {
-                        CopyModule(module.moduleKind, CopyFor::Store, sources[grows ? 0 : 1],
-                                   target);
-                    });
-                }
-                ASSERT_THAT(error, ::testing::AnyOf(0, Errors::OutOfMemory));
-                EXPECT_THAT(ListAgreement::Breaches(target), ::testing::IsEmpty())
-                    << "allocation " << n;
-            }
+        for (const CopyFor purpose : {CopyFor::Editor, CopyFor::Store, CopyFor::Print}) {
+            ThreadContext context;
+            aceActionsEngine full(context);
+            FillModule(full.State(), module.moduleKind);
+            CopyWithoutMemory(module.moduleKind, purpose, full.State(), {});
+            CopyWithoutMemory(module.moduleKind, purpose, {}, full.State());
         }
     }
 }
@@ -317,6 +325,31 @@ TEST(OutOfMemoryError, KeysOfADeletionThatIsTriedAgainAreNeitherLostNorDoubled) 
         EXPECT_EQ(All(state.VKSTestUKeys), left) << "allocation " << n;
         EXPECT_EQ(All(state.VKSStepUKeys), left) << "allocation " << n;
         EXPECT_EQ(All(state.VKSStepKeys), left) << "allocation " << n;
+    }
+}
+
+/// Each test of a wireless template has its place as the number of its actions; the array of the
+/// keys has no spare element, as after a load.
+TEST(OutOfMemoryError, ADeletionLeavesEachTestItsKey) {
+    for (std::size_t n = 1; n <= 20; ++n) {
+        ThreadContext context;
+        aceActionsEngine engine(context);
+        EngineState& state = engine.State();
+        state.Modul = aceVKSTemplate;
+        for (const wchar_t letter : {L'a', L'b', L'c', L'd'}) {
+            engine.AddSubrange(letter - L'a' + 1, LongKey(letter));
+            state.VKSTests[state.VKSTestCount - 1].EnterCount = state.VKSTestCount;
+        }
+        state.VKSTestUKeys.RedimPreserve(3);
+        const String gone = LongKey(L'b');
+        {
+            const FailingAllocations failing(n, false);
+            NumberOfError([&] { engine.DeleteSubrange(1, gone); });
+        }
+        for (std::int32_t i = 0; i < state.VKSTestCount; ++i) {
+            const auto letter = static_cast<wchar_t>(L'a' + state.VKSTests[i].EnterCount - 1);
+            EXPECT_EQ(state.VKSTestUKeys[i], LongKey(letter)) << "allocation " << n;
+        }
     }
 }
 

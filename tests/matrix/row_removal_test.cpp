@@ -182,7 +182,7 @@ TEST(RowRemoval, RowsOfAUsualMatrixGoAllAtOnce) {
 
 /// The first three rows go. The wait in the spare element is that of the last row, the key there
 /// what stood behind the last one before.
-TEST(RowRemoval, RowsThatStayMoveDownWithTheirKeysAndTheSparePlacesStay) {
+TEST(RowRemoval, RowsThatStayMoveDownWithTheirKeysAndTheSpareElementsStay) {
     for (const Way way : {Way::AtOnce, Way::OneByOne}) {
         Rig rig(way);
         rig.engine->DeleteVKSDUTFreq(100);

@@ -36,6 +36,8 @@ class ListAgreement {
         ListAgreement asked;
         asked.x_breaches = Breaches(lists);
         asked.AskBeside("keys of tests", lists.VKSTestCount, lists.VKSTestUKeys.Size());
+        asked.AskBeside("host's keys of tests", lists.VKSTestCount, lists.VKSHostUKeys.Size());
+        asked.AskBeside("host's names of tests", lists.VKSTestCount, lists.VKSHostNames.Size());
         asked.AskBeside("keys of steps or rows", lists.VKSStepCount,
                         std::max(lists.VKSStepKeys.Size(), RowsOf(lists.VKSDUTIds)));
         return asked.x_breaches;

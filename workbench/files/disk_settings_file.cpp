@@ -101,7 +101,7 @@ auto DiskSettingsFile::Get(const String& section, const String& key, Read&& read
 
 void DiskSettingsFile::NoteAsked(const String& section) {
     if (x_state->isLoading) {
-        x_state->sections.try_emplace(section, x_document->GetSection(section));
+        x_state->asked.try_emplace(section, x_document->GetSection(section));
     }
 }
 
@@ -219,23 +219,19 @@ std::shared_ptr<DiskSettingsFile> SettingsFiles::Open(const String& name) {
     if (!document && !state->isSaving) {
         return nullptr;
     }
-    state->wasOpened = true;
     return std::make_shared<DiskSettingsFile>(state, std::move(document), x_calls);
 }
 
 void SettingsFiles::Load(const String& name, const std::function<void()>& load) {
     const std::shared_ptr<FileState> state = StateOf(name);
-    const FileState before = *state;
+    const bool failedBefore = state->loadFailed;
     state->loadFailed = state->isLoading = true;
-    state->wasOpened = false;
-    state->sections.clear();
+    state->asked.clear();
     try {
         load();
     } catch (const RunTimeError& error) {
         state->isLoading = false;
-        if (error.Number() == Errors::ArrayInUse || (state->wasOpened && state->sections.empty())) {
-            *state = before;
-        }
+        state->loadFailed = failedBefore || error.Number() != Errors::ArrayInUse;
         throw;
     } catch (...) {
         state->isLoading = false;
@@ -243,6 +239,9 @@ void SettingsFiles::Load(const String& name, const std::function<void()>& load) 
     }
     state->loadFailed = state->isLoading = false;
     state->isUnsaved = false;
+    for (auto& [section, lines] : state->asked) {
+        state->sections.insert_or_assign(section, std::move(lines));
+    }
 }
 
 void SettingsFiles::Save(const String& name, const std::function<void()>& save) {

@@ -24,9 +24,10 @@ struct FileState {
     bool isUnsaved = false;   ///< edited since the last load or save
     bool isLoading = false;   ///< within `SettingsFiles::Load`
     bool isSaving = false;    ///< within `SettingsFiles::Save`: a file that is missing is made
-    bool wasOpened = false;   ///< in the last load
-    /// The lines of the sections that the last load asked for, or a save wrote since.
+    /// The lines of the sections that loads have asked for, as the last of them found them or a
+    /// save has written them since. Several modules may have their sections in one file.
     std::map<String, std::vector<String>> sections;
+    std::map<String, std::vector<String>> asked;  ///< the same, of the load in progress
 };
 
 /// One opened file. Changes stay in memory until `Release`, which saves them in one step if any
@@ -93,9 +94,8 @@ class SettingsFiles {
     /// be read is error `FileErrors::CannotRead`; only within `Load` that is a failed load.
     std::shared_ptr<DiskSettingsFile> Open(const String& name);
 
-    /// Runs a load of the file. When it raises, the file can't be saved until a load went well,
-    /// unless it has replaced nothing: it was refused because a list runs (error 10), or asked for
-    /// no section of the opened file.
+    /// Runs a load of the file. When it raises, the file can't be saved until a load went well;
+    /// only a load that was refused because a list runs, error 10, has changed nothing.
     void Load(const String& name, const std::function<void()>& load);
     /// Runs a save of the file; after a failed load that is error `FileErrors::SaveRefused` before
     /// anything runs, and so is a change of a section that does not stand in the file as it was

@@ -77,6 +77,22 @@ void RequireFreeTest(const EngineState& state, const String& key) {
     }
 }
 
+/// What the last text of an array needs to stand twice, got before anything changes: without memory
+/// lists and keys would part.
+String LastOf(const DynArray<String>& texts) {
+    return texts.IsAllocated() ? texts[texts.UpperBound()] : String();
+}
+
+/// As `CloseGap` up to the upper bound, with the copy of the last text.
+void CloseTextGap(const Statements& stmt, DynArray<String>& texts, std::int32_t index,
+                  String&& last) {
+    const std::int32_t end = stmt([&] { return texts.UpperBound(); });
+    if (index < end) {
+        stmt([&] { texts.MoveElement(index, end); });
+        texts[end] = std::move(last);
+    }
+}
+
 /// The spare element is searched too, so an empty key removes the last test. Below 0 the keys stay
 /// as they are, unlike the two arrays beside them.
 void DeleteTest(EngineState& state, const Statements& stmt, const String& key) {
@@ -86,10 +102,10 @@ void DeleteTest(EngineState& state, const Statements& stmt, const String& key) {
         return;
     }
     std::int32_t index = found + 1;
+    String lastKey = stmt([&] { return LastOf(state.VKSTestUKeys); });
     stmt(
         [&] { modActions::DeleteEntry(state.Context, state.VKSTests, state.VKSTestCount, index); });
-    const std::int32_t last = stmt([&] { return state.VKSTestUKeys.UpperBound(); });
-    CloseGap(stmt, state.VKSTestUKeys, found, last);
+    CloseTextGap(stmt, state.VKSTestUKeys, found, std::move(lastKey));
     for (DynArray<String> ModuleLists::*texts : TestTexts) {
         if (state.VKSTestCount >= 0) {
             stmt([&] { (state.*texts).RedimPreserve(state.VKSTestCount); });
@@ -101,11 +117,14 @@ void DeleteTest(EngineState& state, const Statements& stmt, const String& key) {
 
 void DeleteStep(EngineState& state, const Statements& stmt, std::int32_t found) {
     std::int32_t index = found + 1;
+    String last[std::size(StepTexts)];
+    for (std::size_t i = 0; i < std::size(StepTexts); ++i) {
+        last[i] = stmt([&] { return LastOf(state.*StepTexts[i]); });
+    }
     stmt(
         [&] { modActions::DeleteEntry(state.Context, state.VKSSteps, state.VKSStepCount, index); });
-    for (DynArray<String> ModuleLists::*texts : StepTexts) {
-        const std::int32_t last = stmt([&] { return (state.*texts).UpperBound(); });
-        CloseGap(stmt, state.*texts, found, last);
+    for (std::size_t i = 0; i < std::size(StepTexts); ++i) {
+        CloseTextGap(stmt, state.*StepTexts[i], found, std::move(last[i]));
     }
     for (DynArray<String> ModuleLists::*texts : StepTexts) {
         stmt([&] { (state.*texts).RedimPreserve(state.VKSStepCount); });

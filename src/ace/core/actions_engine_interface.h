@@ -45,8 +45,8 @@ class _aceActionsEngine {
     virtual Boolean VKSInfByPower() = 0;
     /// Ends the editor, whichever object opened it. To be called before the object goes if
     /// `LoadEditor` was called. While the dialog of an action is open, the operator is asked first
-    /// whether to close it, and messages run: "No" takes the entry over as OK does. There is no
-    /// editor afterwards, whatever the answer.
+    /// whether to close it, and messages run: "No" takes the entry over as OK does. That
+    /// editor is gone afterwards, whatever the answer; one that was opened meanwhile stays.
     virtual void Release() = 0;
 
     // ---- lists and files -------------------------------------------------------------------

@@ -49,8 +49,8 @@ struct EngineState : ModuleLists, std::enable_shared_from_this<EngineState> {
     mutable PlaceIndex RowPlaces;
     mutable PlaceIndex StepPlaces;
 
-    __aceActionsEngine* EventSink =
-        nullptr;  ///< the host's; none for no events, and once the object has gone
+    /// The host's; none for no events, and once the object has gone.
+    __aceActionsEngine* EventSink = nullptr;
 };
 
 }  // namespace ace

@@ -12,7 +12,6 @@ namespace {
 constexpr StringView Frequency = L"#FREQ#";
 constexpr StringView StatusBegin = L"Execute API Macro: ";
 
-constexpr std::int32_t ActionsTitle = 9430;
 constexpr std::int32_t MacroFailedText = 9183;
 
 /// The record's texts as the macro gets them. Pairs of the host come first, so that a value that

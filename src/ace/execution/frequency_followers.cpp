@@ -1,10 +1,10 @@
 #include <ace/execution/frequency_followers.h>
+#include <ace/execution/status_line.h>
 
 namespace ace {
 
 namespace {
 
-constexpr std::int32_t ActionsTitle = 9430;
 constexpr std::int32_t FollowerTitleEnd = 9431;
 
 }  // namespace

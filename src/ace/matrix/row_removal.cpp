@@ -129,13 +129,15 @@ void RowRemoval::SettleSets() {
         }
     }
     x_state.VKSStepCount = target;
-    if (x_setGone[static_cast<std::size_t>(x_spare)] != 0) {
+    const bool isTaken = x_setGone[static_cast<std::size_t>(x_spare)] == 0;
+    if (!isTaken) {
         sets.SwapElements(target, x_spare);
-    } else {
+    }
+    sets.RedimPreserve(target);
+    if (isTaken) {
         const Statements stmt(x_state.Context);
         stmt([&] { CopyEntry(sets[target - 1], sets[target]); });
     }
-    sets.RedimPreserve(target);
 }
 
 /// The first deletion keeps the row behind the last one if there is one, and else the last one, and

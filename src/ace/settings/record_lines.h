@@ -1,7 +1,7 @@
 /// Readers and writers of the values behind the keywords, one pair per form. A reader fills the
 /// working record of its type and leaves alone what its line does not name; a field that is missing
-/// or can't be read is error 5, 6, 9 or 13, as `EntryLine` tells. A writer asks for the record of
-/// its kind: error 13 when the action has another.
+/// or can't be read is error 5, 6, 9 or 13. A writer of a record asks for it: error 13 when the
+/// action has another.
 #pragma once
 
 #include <ace/settings/entry_line.h>
