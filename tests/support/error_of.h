@@ -16,4 +16,14 @@ std::int32_t ErrorOf(Act&& act) {
     return 0;
 }
 
+/// The same; -1 for what is no run-time error.
+template <class Act>
+std::int32_t AnyErrorOf(Act&& act) {
+    try {
+        return ErrorOf(act);
+    } catch (...) {
+        return -1;
+    }
+}
+
 }  // namespace ace::test

@@ -1,0 +1,200 @@
+/// Error 7 itself, and what single routines leave when they end with it.
+#include <thread>
+
+#include <ace/core/action_store.h>
+#include <ace/core/module_columns.h>
+#include <ace/core/operation.h>
+
+#include "support/allocation_counter.h"
+#include "support/error_of.h"
+#include "support/every_kind.h"
+#include "support/list_agreement.h"
+#include "support/sample.h"
+
+namespace ace::test {
+namespace {
+
+/// Fails each allocation of the copy in turn; a sample of them by default.
+void CopyWithoutMemory(aceModul moduleKind, CopyFor purpose, const ModuleLists& from,
+                       const ModuleLists& to) {
+    ModuleLists copy = to;
+    const std::size_t count = AllocationsOf([&] { CopyModule(moduleKind, purpose, from, copy); });
+    Sample sample(30);
+    for (std::size_t n = 1; n <= count; ++n) {
+        if (n > 3 && !sample.Takes()) {
+            continue;
+        }
+        ModuleLists target = to;
+        std::int32_t error = 0;
+        {
+            const FailingAllocations failing(n, false);
+            error = AnyErrorOf([&] { CopyModule(moduleKind, purpose, from, target); });
+        }
+        EXPECT_EQ(error, Errors::OutOfMemory);
+        EXPECT_THAT(ListAgreement::Breaches(target), ::testing::IsEmpty()) << "allocation " << n;
+    }
+}
+
+/// Full lists go to empty ones, and the other way round.
+TEST(OutOfMemoryError, ACopyOfAModuleLeavesNoCountBeforeItsArray) {
+    for (const ModuleRow& module : ModuleTable) {
+        for (const CopyFor purpose : {CopyFor::Editor, CopyFor::Store, CopyFor::Print}) {
+            ThreadContext context;
+            aceActionsEngine full(context);
+            FillModule(full.State(), module.moduleKind);
+            CopyWithoutMemory(module.moduleKind, purpose, full.State(), {});
+            CopyWithoutMemory(module.moduleKind, purpose, {}, full.State());
+        }
+    }
+}
+
+/// A host that has every failed statement run again.
+class AgainHost : public IHostFactory {
+  public:
+    std::shared_ptr<ITraceLog> MakeTraceLog() override { return std::make_shared<Again>(); }
+
+  private:
+    struct Again : DefaultTraceLog {
+        std::int32_t ReportError(const RunTimeError&, std::int32_t, std::int32_t) override {
+            return RetryStatement;
+        }
+    };
+};
+
+/// Four sets, each with its number of waits.
+DynArray<p_Subrange> FourSets() {
+    DynArray<p_Subrange> sets;
+    sets.Redim(0, 3);
+    for (std::int32_t i = 0; i < 4; ++i) {
+        Fill(sets[i], EnterList, std::vector<p_Action>(static_cast<std::size_t>(i) + 1));
+    }
+    return sets;
+}
+
+/// What is left has two, three and four waits, and the spare element a copy of the last.
+TEST(OutOfMemoryError, ADeletionThatIsTriedAgainMovesNothingTwice) {
+    ThreadContext context(std::make_shared<AgainHost>());
+    context.TraceLog();
+    context.Platform();
+    for (std::size_t n = 1; n <= 5; ++n) {
+        DynArray<p_Subrange> sets = FourSets();
+        std::int32_t count = 4;
+        std::int32_t index = 1;
+        {
+            const FailingAllocations failing(n, false);
+            modActions::DeleteEntry(context, sets, count, index);
+        }
+        ASSERT_EQ(count, 3);
+        for (std::int32_t i = 0; i < count; ++i) {
+            EXPECT_EQ(sets[i].EnterCount, i + 2) << "allocation " << n;
+        }
+        EXPECT_EQ(sets[count].EnterCount, 4) << "allocation " << n;
+    }
+}
+
+/// A key that needs memory of its own, and more than that of the letter before.
+String LongKey(wchar_t letter) {
+    return String(40U * static_cast<std::size_t>(letter - L'a' + 1), letter);
+}
+
+std::vector<String> All(const DynArray<String>& texts) {
+    return {texts.begin(), texts.end()};
+}
+
+/// The second of four tests goes with its step; each array keeps an empty spare element.
+TEST(OutOfMemoryError, KeysOfADeletionThatIsTriedAgainAreNeitherLostNorDoubled) {
+    const std::vector<String> left{LongKey(L'a'), LongKey(L'c'), LongKey(L'd'), {}};
+    const String gone = LongKey(L'b');
+    for (std::size_t n = 1; n <= 20; ++n) {
+        ThreadContext context(std::make_shared<AgainHost>());
+        aceActionsEngine engine(context);
+        EngineState& state = engine.State();
+        state.Modul = aceVKSTemplate;
+        for (const wchar_t letter : {L'a', L'b', L'c', L'd'}) {
+            engine.AddSubrange(1, LongKey(letter));
+            engine.AddVKSStep(LongKey(letter), LongKey(letter), L"step");
+        }
+        {
+            const FailingAllocations failing(n, false);
+            engine.DeleteSubrange(1, gone);
+        }
+        EXPECT_EQ(All(state.VKSTestUKeys), left) << "allocation " << n;
+        EXPECT_EQ(All(state.VKSStepUKeys), left) << "allocation " << n;
+        EXPECT_EQ(All(state.VKSStepKeys), left) << "allocation " << n;
+    }
+}
+
+/// Each test of a wireless template has its place as the number of its actions; the array of the
+/// keys has no spare element, as after a load.
+TEST(OutOfMemoryError, ADeletionLeavesEachTestItsKey) {
+    for (std::size_t n = 1; n <= 20; ++n) {
+        ThreadContext context;
+        aceActionsEngine engine(context);
+        EngineState& state = engine.State();
+        state.Modul = aceVKSTemplate;
+        for (const wchar_t letter : {L'a', L'b', L'c', L'd'}) {
+            engine.AddSubrange(letter - L'a' + 1, LongKey(letter));
+            state.VKSTests[state.VKSTestCount - 1].EnterCount = state.VKSTestCount;
+        }
+        state.VKSTestUKeys.RedimPreserve(3);
+        const String gone = LongKey(L'b');
+        {
+            const FailingAllocations failing(n, false);
+            AnyErrorOf([&] { engine.DeleteSubrange(1, gone); });
+        }
+        for (std::int32_t i = 0; i < state.VKSTestCount; ++i) {
+            const auto letter = static_cast<wchar_t>(L'a' + state.VKSTests[i].EnterCount - 1);
+            EXPECT_EQ(state.VKSTestUKeys[i], LongKey(letter)) << "allocation " << n;
+        }
+    }
+}
+
+TEST(OutOfMemoryError, AThreadWithoutMemoryForItsServicesGetsError7AndMayTryAgain) {
+    std::thread([] {
+        std::int32_t number = 0;
+        {
+            const FailingAllocations failing(1, true);
+            number = AnyErrorOf([] { ThreadContext::Current(); });
+        }
+        EXPECT_EQ(number, Errors::OutOfMemory);
+        EXPECT_EQ(ThreadContext::Current().InstanceCount, 0);
+    }).join();
+}
+
+/// The error itself: raised, caught, reported and raised again without an allocation.
+TEST(OutOfMemoryError, CostsNoMemoryOnItsWay) {
+    ThreadContext context;
+    context.TraceLog();
+    context.Platform();
+    std::int32_t number = 0;
+    bool hasText = false;
+    {
+        const FailingAllocations failing(1, true);
+        try {
+            Guarded(context, [](const Statements& stmt) { stmt([] { throw std::bad_alloc(); }); });
+        } catch (const RunTimeError& error) {
+            number = error.Number();
+            hasText = error.Description() == L"out of memory";
+        }
+    }
+    EXPECT_EQ(number, Errors::OutOfMemory);
+    EXPECT_TRUE(hasText);
+}
+
+TEST(OutOfMemoryError, AForeignTextThatCanNotBeCopiedIsError7) {
+    const std::runtime_error foreign("a text that is longer than any string keeps inside");
+    ThreadContext context;
+    std::int32_t number = 0;
+    {
+        const FailingAllocations failing(1, true);
+        try {
+            throw foreign;
+        } catch (...) {
+            number = CurrentRunTimeError().Number();
+        }
+    }
+    EXPECT_EQ(number, Errors::OutOfMemory);
+}
+
+}  // namespace
+}  // namespace ace::test
