@@ -68,6 +68,22 @@ add_library(ace_own_headers INTERFACE)
 target_compile_features(ace_own_headers INTERFACE cxx_std_20)
 set_target_properties(ace_own_headers PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
 
+# ace_precompile(TARGET): compiles once what most sources of engine and hosts include, and uses it for
+# all sources of the target. A header that a source forgot is then seen only without ACE_PRECOMPILE.
+# Shared libraries are compiled in another way than the static ones beside them.
+function(ace_precompile target)
+  if(NOT ACE_PRECOMPILE OR BUILD_SHARED_LIBS)
+    return()
+  elseif(NOT target STREQUAL ace)
+    target_precompile_headers(${target} REUSE_FROM ace)
+  else()
+    target_precompile_headers(ace PRIVATE
+      <algorithm> <array> <charconv> <cmath> <deque> <functional> <limits> <map> <memory> <optional>
+      <set> <span> <string> <string_view> <utility> <variant> <vector>
+      <ace/core/actions_engine.h> <ace/core/operation.h> <ace/host.h>)
+  endif()
+endfunction()
+
 # ace_sources(TARGET BASE folder HEADERS ... OWN ... SOURCES ...): adds files of the current folder. BASE
 # is the folder from which the headers are included; those of OWN are no part of the package. A header
 # that its source includes first is compiled alone by that; the others by the target

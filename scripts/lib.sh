@@ -73,6 +73,13 @@ need_test_tools() {
   need_header libasio-dev asio.hpp
 }
 
+# clang, and what its sanitizers link a program with.
+need_sanitizers() {
+  need_tool clang-14 clang++-14
+  echo 'int main() {}' | clang++-14 -fsanitize=address,undefined -x c++ - -o /dev/null 2>/dev/null ||
+    missing+=(libclang-rt-14-dev)
+}
+
 need_bench_tools() {
   need_build_tools
   need_header libcli11-dev CLI/CLI.hpp

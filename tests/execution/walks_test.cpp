@@ -105,7 +105,12 @@ TEST_F(WalksTest, ActionsAreToldTheModuleKindOfTheMoment) {
 
 /// Every way to resize, erase or assign an array.
 template <class T>
-std::vector<std::pair<const char*, std::function<void(DynArray<T>&)>>> Changes() {
+struct ArrayChange {
+    const char* name;
+    std::function<void(DynArray<T>&)> make;
+};
+template <class T>
+std::vector<ArrayChange<T>> Changes() {
     return {{"Redim", [](DynArray<T>& array) { array.Redim(0, 4); }},
             {"RedimPreserve", [](DynArray<T>& array) { array.RedimPreserve(4); }},
             {"Erase", [](DynArray<T>& array) { array.Erase(); }},
@@ -118,45 +123,45 @@ std::vector<std::pair<const char*, std::function<void(DynArray<T>&)>>> Changes()
 
 TEST_F(WalksTest, ListIsHeldWhileItsElementRuns) {
     FillEnter({WaitFor(1)});
-    for (const auto& [name, change] : Changes<p_Action>()) {
-        const auto resize = [&] { change(State().MainTest.Enter); };
-        EXPECT_EQ(ErrorInside(resize, [&] { WalkEnter(); }), 10) << name;
-        EXPECT_EQ(State().MainTest.Enter[0], WaitFor(1)) << name;
+    for (const ArrayChange<p_Action>& change : Changes<p_Action>()) {
+        const auto resize = [&] { change.make(State().MainTest.Enter); };
+        EXPECT_EQ(ErrorInside(resize, [&] { WalkEnter(); }), 10) << change.name;
+        EXPECT_EQ(State().MainTest.Enter[0], WaitFor(1)) << change.name;
     }
 }
 
 TEST_F(WalksTest, ListOfANumberedSetIsHeldWhileItsElementRuns) {
     FillEnter({WaitFor(1)});
-    for (const auto& [name, change] : Changes<p_Action>()) {
-        const auto resize = [&] { change(State().MainSubranges[0].Enter); };
-        EXPECT_EQ(ErrorInside(resize, [&] { WalkFirstSubrange(); }), 10) << name;
-        EXPECT_EQ(State().MainSubranges[0].Enter[0], WaitFor(1)) << name;
+    for (const ArrayChange<p_Action>& change : Changes<p_Action>()) {
+        const auto resize = [&] { change.make(State().MainSubranges[0].Enter); };
+        EXPECT_EQ(ErrorInside(resize, [&] { WalkFirstSubrange(); }), 10) << change.name;
+        EXPECT_EQ(State().MainSubranges[0].Enter[0], WaitFor(1)) << change.name;
     }
 }
 
 TEST_F(WalksTest, NumberedSetsAreHeldWhileAnElementOfOneRuns) {
     FillEnter({WaitFor(1)});
-    for (const auto& [name, change] : Changes<p_Subrange>()) {
-        const auto resize = [&] { change(State().MainSubranges); };
-        EXPECT_EQ(ErrorInside(resize, [&] { WalkFirstSubrange(); }), 10) << name;
-        EXPECT_EQ(State().MainSubranges[0].Enter[0], WaitFor(1)) << name;
+    for (const ArrayChange<p_Subrange>& change : Changes<p_Subrange>()) {
+        const auto resize = [&] { change.make(State().MainSubranges); };
+        EXPECT_EQ(ErrorInside(resize, [&] { WalkFirstSubrange(); }), 10) << change.name;
+        EXPECT_EQ(State().MainSubranges[0].Enter[0], WaitFor(1)) << change.name;
     }
 }
 
 TEST_F(WalksTest, UnrelatedArraysCanBeResizedWhileAnElementRuns) {
     FillEnter({WaitFor(1)});
     EngineState& state = State();
-    for (const auto& [name, change] : Changes<p_Subrange>()) {
-        const auto resize = [&] { change(state.MainSubranges); };
-        EXPECT_EQ(ErrorInside(resize, [&] { WalkEnter(); }), 0) << name;
+    for (const ArrayChange<p_Subrange>& change : Changes<p_Subrange>()) {
+        const auto resize = [&] { change.make(state.MainSubranges); };
+        EXPECT_EQ(ErrorInside(resize, [&] { WalkEnter(); }), 0) << change.name;
     }
     MakeSets(&ModuleLists::MainSubranges, &ModuleLists::MainSubrangeCount, 2);
     Fill(state.MainSubranges[0], EnterList, {WaitFor(1)});
-    for (const auto& [name, change] : Changes<p_Action>()) {
-        const auto leave = [&] { change(state.MainTest.Leave); };
-        EXPECT_EQ(ErrorInside(leave, [&] { WalkEnter(); }), 0) << name;
-        const auto second = [&] { change(state.MainSubranges[1].Enter); };
-        EXPECT_EQ(ErrorInside(second, [&] { WalkFirstSubrange(); }), 0) << name;
+    for (const ArrayChange<p_Action>& change : Changes<p_Action>()) {
+        const auto leave = [&] { change.make(state.MainTest.Leave); };
+        EXPECT_EQ(ErrorInside(leave, [&] { WalkEnter(); }), 0) << change.name;
+        const auto second = [&] { change.make(state.MainSubranges[1].Enter); };
+        EXPECT_EQ(ErrorInside(second, [&] { WalkFirstSubrange(); }), 0) << change.name;
     }
 }
 

@@ -40,7 +40,7 @@ TEST_F(ForwardingTest, TheDeviceListHandsEverythingOn) {
     host->bench.Add<sim::SimReceiver>(*host, L"Rx");
     Compare<ForwardingDeviceList>(&IHostFactory::MakeDeviceList, [&](IDeviceList& list) {
         std::int32_t handle = 7;
-        See(&list.GetDeviceListHost() != nullptr);
+        list.GetDeviceListHost().PostEvent(L"b", 4, L"c");
         list.PostEvent(L"a", 3, L"b");
         list.OpenSocket(L"h", 5, 0, L"TCP", handle);
         list.FindSocket(L"gone", 5, L"", handle);

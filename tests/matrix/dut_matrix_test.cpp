@@ -209,7 +209,7 @@ TEST_F(DutMatrixTest, ArraysHaveOneSpareElementBehindTheRows) {
 
 TEST_F(DutMatrixTest, FrequencyThatIsNoNumberHasANewRowAtEachRebuildAndNeverLosesOne) {
     engine->SetVKSDUTInfluence(1, 0, 0);
-    AddFrequencies({std::numeric_limits<double>::quiet_NaN()});
+    engine->AddVKSDUTFreq(L"none", std::numeric_limits<double>::quiet_NaN());
     EXPECT_EQ(State().VKSStepCount, 1);
 
     engine->SetVKSDUTInfluence(1, 0, 0);

@@ -1,6 +1,8 @@
 /// A device-under-test matrix whose rows are read as a whole.
 #pragma once
 
+#include <cmath>
+
 #include "core/fake_editor.h"
 #include "support/store_fixture.h"
 
@@ -16,7 +18,7 @@ class MatrixTest : public EngineTest {
     MatrixTest() { State().Modul = aceVKSDUT; }
 
     static String KeyText(double frequency, double bandwidth, double power) {
-        return std::to_wstring(static_cast<int>(frequency)) + L"_" +
+        return std::to_wstring(std::llround(frequency)) + L"_" +
                std::to_wstring(static_cast<int>(bandwidth)) + L"_" +
                std::to_wstring(static_cast<int>(power));
     }
@@ -38,7 +40,7 @@ class MatrixTest : public EngineTest {
     }
     void AddFrequencies(const std::vector<double>& frequencies) {
         for (const double frequency : frequencies) {
-            engine->AddVKSDUTFreq(std::to_wstring(static_cast<int>(frequency)), frequency);
+            engine->AddVKSDUTFreq(std::to_wstring(std::llround(frequency)), frequency);
         }
     }
     void AddBandwidths(const Lines& names) {
