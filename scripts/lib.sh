@@ -106,7 +106,8 @@ configure() {
     return 0
   fi
   say "configuring $1"
-  cmake --preset "$1" -DCMAKE_CXX_COMPILER_LAUNCHER="$cache"
+  # From nothing, because another compiler makes CMake forget what the preset says.
+  cmake --fresh --preset "$1" -DCMAKE_CXX_COMPILER_LAUNCHER="$cache"
   printf '%s\n' "$wanted" >"$stamp"
 }
 
