@@ -216,6 +216,20 @@ TEST_F(WirelessStoreTest, DeleteSubrangeWithoutKeysIsErrorNine) {
     EXPECT_EQ(TakeEffects(), Lines{SubscriptReported});
 }
 
+TEST_F(WirelessStoreTest, StepWhoseNamesWereNeverMadeGoesAndErrorNineComesOut) {
+    HaveTests(L"A");
+    HaveSteps(L"XY", {L"A", L"B"});
+    State().VKSStepNames.Erase();
+
+    EXPECT_EQ(ErrorOf([&] { engine->DeleteSubrange(1, L"A"); }), 9);
+
+    EXPECT_EQ(TakeEffects(), Lines{SubscriptReported});
+    EXPECT_EQ(TextsOf(State().VKSSteps), (Lines{L"YYYY", L"YYYY"}));
+    EXPECT_EQ(State().VKSStepCount, 1);
+    EXPECT_EQ(TextsOf(State().VKSStepUKeys), (Lines{L"B", L"B"}));
+    EXPECT_EQ(TextsOf(State().VKSStepKeys), (Lines{L"key X", L"key Y"}));
+}
+
 TEST_F(WirelessStoreTest, DeleteSubrangeLoadsTheEditorAgainWithoutASelection) {
     HaveTests(L"AB");
     OpenEditor();
