@@ -16,7 +16,8 @@ void ClearStatus(ThreadContext& context) {
 
 void AppendWaitHint(ThreadContext& context, String& text) {
     constexpr std::int32_t WaitHint = 9044;
-    text.append(L"\r\n").append(context.Language().Text(WaitHint));
+    constexpr StringView LineEnd = L"\r\n";  // its length is known when this is compiled
+    text.append(LineEnd).append(context.Language().Text(WaitHint));
 }
 
 }  // namespace ace
