@@ -2,6 +2,7 @@
 #include "core/fake_editor.h"
 #include "execution/lists_of_every_kind.h"
 #include "support/list_agreement.h"
+#include "support/store_fixture.h"
 
 namespace ace::test {
 namespace {
@@ -105,6 +106,26 @@ TEST_F(RefusedCall, ARefusedLoadIsReportedOnceAndAskedAgainWhenTheAnswerIs5) {
     ExpectRefused(State().MainTest, [&] { engine->LoadActions(L"other.ini", 1, aceTemplate); });
     const String report = Reported(10, L"array is in use");
     EXPECT_THAT(TakeEffects(), ::testing::ElementsAre(report, report, report));
+}
+
+TEST_F(RefusedCall, ATestOfAWirelessTemplateKeepsItsPlaceWhileItIsRead) {
+    host->files[L"tests.ini"] =
+        sim::ParseSections(L"[ActionsOnTest1_VKS]\nVKS_UKey=A\nSUBSTEPS=0\n");
+    context.Editor = std::make_shared<FakeEditor>(*host);
+    std::vector<std::int32_t> errors;
+    host->beforeCall = [&](StringView operation, const auto&) {
+        if (operation == L"SettingsFile.GetLong") {
+            errors.push_back(ErrorOf([&] { engine->Change(true); }));
+            errors.push_back(
+                ErrorOf([&] { engine->LoadActions(L"tests.ini", 0, aceVKSTemplate); }));
+        }
+    };
+    engine->LoadActions(L"tests.ini", 1, aceVKSTemplate);
+    host->beforeCall = nullptr;
+    EXPECT_EQ(errors, (std::vector<std::int32_t>{10, 10}));
+    EXPECT_EQ(State().VKSTestCount, 1);
+    EXPECT_EQ(TextsOf(State().VKSTestUKeys), (Lines{L"A", L""}));
+    EXPECT_THAT(ListAgreement::Breaches(State()), ::testing::IsEmpty());
 }
 
 // ---- the editor --------------------------------------------------------------------------------

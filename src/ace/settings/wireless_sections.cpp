@@ -59,8 +59,10 @@ void ReadStep(const SettingsStatements& file, const String& testKey, std::int32_
     state.VKSStepCount = index + 1;
 }
 
+/// A host that calls back from a load finds the tests held: one is counted where it stands.
 void ReadTest(const SettingsStatements& file, std::int32_t test) {
     EngineState& state = file.State();
+    const DynArray<p_Subrange>::Hold hold(state.VKSTests);
     const String section = TestSection(test);
     const std::int32_t index = state.VKSTestCount;
     const String key = file.GetString(KeysOf(section), TestKey);
