@@ -138,6 +138,19 @@ TEST_F(RealRunTest, AProgramThatNeverAnswersIsToldInTheSummary) {
     EXPECT_THAT(Log(), HasSubstr("\tprogram\t\t\"true --quietly\"\tstarted, process "));
 }
 
+TEST_F(RealRunTest, AnInterruptIsNotTheTimeOutOfAProgram) {
+    Script("run", "echo yes > started");
+    const auto isStarted = [&] { return !Read("started").empty(); };
+    EXPECT_EQ(Run({"REMOTE:,,,," + Path("run") + ",1,"},
+                  "[OtaMeasurements]\nActionSyncTimeout=3600\n", isStarted),
+              Outcome::Stopped);
+    EXPECT_THAT(printed,
+                AllOf(HasSubstr("stopped by the user\n"),
+                      HasSubstr("program \"" + Path("run") +
+                                "\": interrupted before it confirmed its work\n"),
+                      Not(HasSubstr("within its time")), Not(HasSubstr("never confirmed"))));
+}
+
 TEST_F(RealRunTest, AnInstrumentThatIsOffIsToldWithHostPortAndCause) {
     std::string action;
     {

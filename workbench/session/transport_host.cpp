@@ -119,9 +119,13 @@ void TransportHost::TellTraffic(const TrafficLine& line) const {
 }
 
 void TransportHost::OnSilence() {
+    const String program = L"program " + QuotedLine(x_program);
+    if (skipsWaits) {  // its time has not passed
+        Tell(program + L": interrupted before it confirmed its work");
+        return;
+    }
     x_silentPrograms.push_back(x_program);
-    Tell(L"program " + QuotedLine(x_program) +
-         L": no confirmation within its time; the test goes on");
+    Tell(program + L": no confirmation within its time; the test goes on");
 }
 
 std::shared_ptr<IDeviceList> TransportHost::MakeDeviceList() {

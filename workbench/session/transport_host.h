@@ -46,6 +46,7 @@ class TransportHost : public SessionHost {
     class SimulatedConfirmation;
 
     void TellTraffic(const TrafficLine& line) const;
+    /// A wait for the last program has ended without its confirmation.
     void OnSilence();
     RealHostNeeds Needs();
 

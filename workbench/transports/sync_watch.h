@@ -8,10 +8,10 @@
 
 namespace ace::workbench {
 
-/// The same services, simulated or real. `onTimeOut` is called when a wait for the macro
-/// synchronisation, which stands between two progress texts, ended without its confirmation. The
-/// engine itself goes on in silence.
+/// The same services, simulated or real. `onSilence` is called when a wait for the macro
+/// synchronisation, which stands between two progress texts, ended without its confirmation: the
+/// time is over, or the host has broken its waits off. The engine itself goes on in silence.
 std::shared_ptr<ISystemServices> WatchSync(std::shared_ptr<ISystemServices> services,
-                                           std::function<void()> onTimeOut);
+                                           std::function<void()> onSilence);
 
 }  // namespace ace::workbench
