@@ -198,11 +198,13 @@ TEST_F(DiskSettings, AFileThatCannotBeReadIsAnErrorAndWithinALoadItCannotBeSaved
     EXPECT_EQ(ErrorIn([&] { files.Open(WidePath("")); }).Number(), FileErrors::CannotRead);
     Write("wide.ini", std::string("[\0A\0]\0", 6));
     const String wide = WidePath("wide.ini");
-    const RunTimeError error = ErrorIn([&] { files.Load(wide, [&] { files.Open(wide); }); });
+    const RunTimeError error =
+        ErrorIn([&] { files.Load(wide, aceTemplate, [&] { files.Open(wide); }); });
     EXPECT_EQ(error.Number(), FileErrors::CannotRead);
     EXPECT_THAT(error.Description(), HasSubstr(wide + L": the text is 16-bit"));
-    EXPECT_TRUE(files.LoadFailed(wide));
-    EXPECT_EQ(ErrorIn([&] { files.Save(wide, [] {}); }).Number(), FileErrors::SaveRefused);
+    EXPECT_TRUE(files.LoadFailed(wide, aceTemplate));
+    EXPECT_EQ(ErrorIn([&] { files.Save(wide, aceTemplate, [] {}); }).Number(),
+              FileErrors::SaveRefused);
 }
 
 /// Reads fail as often as asked for.
@@ -220,17 +222,17 @@ TEST_F(DiskSettings, AReadThatFailsWhileSavingLeavesTheNextSaveGood) {
     UnreadableCalls calls;
     SettingsFiles unreadable(calls);
     const auto save = [&] {
-        unreadable.Save(name, [&] {
+        unreadable.Save(name, aceTemplate, [&] {
             const auto file = unreadable.Open(name);
             file->SetLong(L"A", L"x", 2);
             file->Release();
         });
     };
-    unreadable.MarkUnsaved(name);
+    unreadable.MarkUnsaved(name, aceTemplate);
     calls.failures = 1;
     EXPECT_EQ(ErrorIn(save).Number(), FileErrors::CannotRead);
-    EXPECT_FALSE(unreadable.LoadFailed(name));
-    EXPECT_TRUE(unreadable.IsUnsaved(name));
+    EXPECT_FALSE(unreadable.LoadFailed(name, aceTemplate));
+    EXPECT_TRUE(unreadable.IsUnsaved(name, aceTemplate));
     EXPECT_EQ(ErrorIn(save).Number(), 0);
     EXPECT_EQ(Read("a.ini"), "[A]\r\nx=2\r\n");
 }

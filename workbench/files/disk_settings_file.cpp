@@ -32,8 +32,12 @@ String JoinedLines(const DynArray<String>& lines) {
     return text;
 }
 
+/// Outside of a save nobody knows whose lists are written, so that every load has to be good.
 void RequireGoodLoad(const FileState& state) {
-    if (state.loadFailed) {
+    const bool isBad = std::ranges::any_of(state.modules, [&](const auto& entry) {
+        return entry.second.loadFailed && state.saving.value_or(entry.first) == entry.first;
+    });
+    if (isBad) {
         throw RunTimeError(FileErrors::SaveRefused,
                            FromUtf8(state.path) +
                                L": not saved, because its last load failed and the lists in memory "
@@ -108,7 +112,7 @@ void DiskSettingsFile::NoteAsked(const String& section) {
 /// What another program has made of a section since it was loaded would be lost.
 void DiskSettingsFile::RequireAsLoaded(const String& section) {
     const auto loaded = x_state->sections.find(section);
-    if (x_state->isSaving && loaded != x_state->sections.end() &&
+    if (x_state->saving && loaded != x_state->sections.end() &&
         loaded->second != x_document->GetSection(section)) {
         throw RunTimeError(FileErrors::SaveRefused, FromUtf8(x_state->path) +
                                                         L": not saved, because another program has "
@@ -118,7 +122,7 @@ void DiskSettingsFile::RequireAsLoaded(const String& section) {
 }
 
 void DiskSettingsFile::NoteSaved() {
-    if (x_state->isSaving) {
+    if (x_state->saving) {
         for (const String& section : x_changed) {
             x_state->sections[section] = x_document->GetSection(section);
         }
@@ -216,65 +220,66 @@ SettingsFiles::SettingsFiles(FileCalls& calls)
 std::shared_ptr<DiskSettingsFile> SettingsFiles::Open(const String& name) {
     const std::shared_ptr<FileState> state = StateOf(name);
     std::shared_ptr<const SettingsDocument> document = x_documents.Get(state->path);
-    if (!document && !state->isSaving) {
+    if (!document && !state->saving) {
         return nullptr;
     }
     return std::make_shared<DiskSettingsFile>(state, std::move(document), x_calls);
 }
 
-void SettingsFiles::Load(const String& name, const std::function<void()>& load) {
+void SettingsFiles::Load(const String& name, aceModul module, const std::function<void()>& load) {
     const std::shared_ptr<FileState> state = StateOf(name);
-    const bool failedBefore = state->loadFailed;
-    state->loadFailed = state->isLoading = true;
+    ModuleMarks& marks = state->modules[module];
+    const bool failedBefore = marks.loadFailed;
+    marks.loadFailed = state->isLoading = true;
     state->asked.clear();
     try {
         load();
     } catch (const RunTimeError& error) {
         state->isLoading = false;
-        state->loadFailed = failedBefore || error.Number() != Errors::ArrayInUse;
+        marks.loadFailed = failedBefore || error.Number() != Errors::ArrayInUse;
         throw;
     } catch (...) {
         state->isLoading = false;
         throw;
     }
-    state->loadFailed = state->isLoading = false;
-    state->isUnsaved = false;
+    state->isLoading = false;
+    marks = {};
     for (auto& [section, lines] : state->asked) {
         state->sections.insert_or_assign(section, std::move(lines));
     }
 }
 
-void SettingsFiles::Save(const String& name, const std::function<void()>& save) {
+void SettingsFiles::Save(const String& name, aceModul module, const std::function<void()>& save) {
     const std::shared_ptr<FileState> state = StateOf(name);
-    RequireGoodLoad(*state);
-    state->isSaving = true;
+    state->saving = module;
     try {
+        RequireGoodLoad(*state);
         save();
     } catch (...) {
-        state->isSaving = false;
+        state->saving.reset();
         throw;
     }
-    state->isSaving = false;
-    state->isUnsaved = false;
+    state->saving.reset();
+    state->modules[module].isUnsaved = false;
 }
 
-void SettingsFiles::MarkUnsaved(const String& name) {
-    StateOf(name)->isUnsaved = true;
+void SettingsFiles::MarkUnsaved(const String& name, aceModul module) {
+    StateOf(name)->modules[module].isUnsaved = true;
 }
 
-bool SettingsFiles::IsUnsaved(const String& name) const {
-    const FileState* state = FindState(name);
-    return state != nullptr && state->isUnsaved;
+bool SettingsFiles::IsUnsaved(const String& name, aceModul module) const {
+    return MarksOf(name, module).isUnsaved;
 }
 
-bool SettingsFiles::LoadFailed(const String& name) const {
-    const FileState* state = FindState(name);
-    return state != nullptr && state->loadFailed;
+bool SettingsFiles::LoadFailed(const String& name, aceModul module) const {
+    return MarksOf(name, module).loadFailed;
 }
 
 bool SettingsFiles::AnyUnsaved() const {
-    return std::any_of(x_states.begin(), x_states.end(),
-                       [](const auto& entry) { return entry.second->isUnsaved; });
+    return std::ranges::any_of(x_states, [](const auto& entry) {
+        return std::ranges::any_of(entry.second->modules,
+                                   [](const auto& marks) { return marks.second.isUnsaved; });
+    });
 }
 
 std::shared_ptr<FileState> SettingsFiles::StateOf(const String& name) {
@@ -286,9 +291,13 @@ std::shared_ptr<FileState> SettingsFiles::StateOf(const String& name) {
     return state;
 }
 
-const FileState* SettingsFiles::FindState(const String& name) const {
+ModuleMarks SettingsFiles::MarksOf(const String& name, aceModul module) const {
     const auto entry = x_states.find(PlainPathOf(name));
-    return entry == x_states.end() ? nullptr : entry->second.get();
+    if (entry == x_states.end()) {
+        return {};
+    }
+    const auto marks = entry->second->modules.find(module);
+    return marks == entry->second->modules.end() ? ModuleMarks{} : marks->second;
 }
 
 }  // namespace ace::workbench

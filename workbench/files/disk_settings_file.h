@@ -6,6 +6,7 @@
 #include <memory>
 #include <set>
 
+#include <ace/core/action_enums.h>
 #include <ace/host/settings_file.h>
 
 #include "workbench/files/document_cache.h"
@@ -17,15 +18,21 @@ namespace ace::workbench {
 std::optional<SettingsDocument> LoadDocument(const std::string& path,
                                              FileCalls& calls = SystemFileCalls());
 
-/// What is known of one file while the workbench runs.
-struct FileState {
-    std::string path;         ///< UTF-8
+/// What is known of the lists of one module of a file.
+struct ModuleMarks {
     bool loadFailed = false;  ///< what is in memory is not what the file should hold
     bool isUnsaved = false;   ///< edited since the last load or save
-    bool isLoading = false;   ///< within `SettingsFiles::Load`
-    bool isSaving = false;    ///< within `SettingsFiles::Save`: a file that is missing is made
+};
+
+/// What is known of one file while the workbench runs.
+struct FileState {
+    std::string path;                         ///< UTF-8
+    std::map<aceModul, ModuleMarks> modules;  ///< whose lists stand in the file
+    bool isLoading = false;                   ///< within `SettingsFiles::Load`
+    /// Within `SettingsFiles::Save`, whose lists are saved: a file that is missing is made.
+    std::optional<aceModul> saving;
     /// The lines of the sections that loads have asked for, as the last of them found them or a
-    /// save has written them since. Several modules may have their sections in one file.
+    /// save has written them since, whichever module they belong to.
     std::map<String, std::vector<String>> sections;
     std::map<String, std::vector<String>> asked;  ///< the same, of the load in progress
 };
@@ -54,13 +61,11 @@ class DiskSettingsFile : public ISettingsFile {
     std::vector<String> GetSection(const String& section) override;
     /// Content of another kind than nothing, text or array of text is error 13.
     void SetSection(const String& section, const Value& content) override;
-    /// Saves. A change is error `FileErrors::SaveRefused` after a load that failed, and when
-    /// another program has changed the file since this object read it. Within `SettingsFiles::Save`
-    /// that is also the error of the first change of a section that another program has changed
-    /// since the load.
+    /// Saves. A change is error `FileErrors::SaveRefused` after a load that failed (of the module
+    /// that `SettingsFiles::Save` saves, outside of it of any module), and when another program has
+    /// changed the file since this object read it. Within `SettingsFiles::Save` that is also the
+    /// error of the first change of a section that another program has changed since the load.
     void Release() override;
-
-    const SettingsDocument& Document() const { return *x_document; }
 
   private:
     template <class Read>
@@ -82,8 +87,9 @@ class DiskSettingsFile : public ISettingsFile {
     FileCalls& x_calls;
 };
 
-/// Opens settings files by name and keeps the marks of each: the engine's own mark of unsaved
-/// changes is cleared before the file is written, so it can't tell whether that went well.
+/// Opens settings files by name and keeps the marks of each module that has its lists in one: the
+/// engine's own mark of unsaved changes is cleared before the file is written, so it can't tell
+/// whether that went well. Of the matrix, whose templates share an engine, the last one counts.
 class SettingsFiles {
   public:
     /// `calls` must outlive the object and the files that it opened.
@@ -94,24 +100,27 @@ class SettingsFiles {
     /// be read is error `FileErrors::CannotRead`; only within `Load` that is a failed load.
     std::shared_ptr<DiskSettingsFile> Open(const String& name);
 
-    /// Runs a load of the file. When it raises, the file can't be saved until a load went well;
-    /// only a load that was refused because a list runs, error 10, has changed nothing.
-    void Load(const String& name, const std::function<void()>& load);
-    /// Runs a save of the file; after a failed load that is error `FileErrors::SaveRefused` before
-    /// anything runs, and so is a change of a section that does not stand in the file as it was
-    /// loaded: another program has changed it meanwhile. Sections that were not loaded may have
-    /// changed. The mark of unsaved changes goes only when the save did not raise.
-    void Save(const String& name, const std::function<void()>& save);
+    /// Runs a load of the module's lists from the file. When it raises, they can't be saved until
+    /// a load of them went well; only a load that was refused because a list runs, error 10, has
+    /// changed nothing.
+    void Load(const String& name, aceModul module, const std::function<void()>& load);
+    /// Runs a save of the module's lists; after a failed load of them that is error
+    /// `FileErrors::SaveRefused` before anything runs, and so is a change of a section that does
+    /// not stand in the file as it was loaded: another program has changed it meanwhile. Sections
+    /// that were not loaded may have changed. The mark of unsaved changes goes only when the save
+    /// did not raise.
+    void Save(const String& name, aceModul module, const std::function<void()>& save);
 
-    void MarkUnsaved(const String& name);
-    bool IsUnsaved(const String& name) const;
-    bool LoadFailed(const String& name) const;
-    /// Any file is unsaved.
+    void MarkUnsaved(const String& name, aceModul module);
+    bool IsUnsaved(const String& name, aceModul module) const;
+    bool LoadFailed(const String& name, aceModul module) const;
+    /// Lists of any module of any file are unsaved.
     bool AnyUnsaved() const;
 
   private:
     std::shared_ptr<FileState> StateOf(const String& name);
-    const FileState* FindState(const String& name) const;
+    /// Those that nobody has set are good.
+    ModuleMarks MarksOf(const String& name, aceModul module) const;
 
     FileCalls& x_calls;
     DocumentCache x_documents;
