@@ -345,8 +345,8 @@ TEST(SettingsDocument, ACodepageFileIsNotSavedWhenItWouldBeTakenForUtf8) {
 }
 
 TEST(SettingsDocument, TextOfAnotherWidthIsAnErrorAndNoEmptyFile) {
-    for (const std::string& bytes :
-         {"\xFE\xFF\0[\0A\0]"s, "[\0A\0]\0"s, "\0[\0A\0]"s, "\xFF\xFE\0\0[\0\0\0"s}) {
+    for (const std::string& bytes : {"\xFE\xFF\0[\0A\0]"s, "[\0A\0]\0"s, "\0[\0A\0]"s,
+                                     "\xFF\xFE\0\0[\0\0\0"s, "\0\0\0[\0\0\0A"s}) {
         EXPECT_EQ(ErrorIn([&] { SettingsDocument document(bytes); }).Number(),
                   FileErrors::CannotRead);
     }

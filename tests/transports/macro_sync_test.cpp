@@ -63,6 +63,14 @@ TEST_F(MacroSyncTest, ValuesAreUtf8) {
     EXPECT_EQ(sync.Read(2), L"\x00B5");
 }
 
+TEST_F(MacroSyncTest, AFileWhoseTextCannotBeReadIsNotWrittenOver) {
+    const std::string bigEndian("\xFE\xFF\0[\0A\0]", 8);
+    SetFile(bigEndian);
+    EXPECT_EQ(ErrorIn([&] { sync.Write(1, 14, L"STARTED"); }).Number(), FileErrors::CannotRead);
+    EXPECT_EQ(ErrorIn([&] { sync.Read(14); }).Number(), FileErrors::CannotRead);
+    EXPECT_EQ(File(), bigEndian);
+}
+
 TEST_F(MacroSyncTest, AFileThatCannotBeReadOrSavedIsAnError) {
     std::filesystem::create_directory(Path("MacroSync.ini"));
     EXPECT_EQ(ErrorIn([&] { sync.Read(14); }).Number(), FileErrors::CannotRead);

@@ -4,7 +4,6 @@
 
 #include <ace/host/run_time_error.h>
 
-#include "workbench/files/file_errors.h"
 #include "workbench/files/settings_lines.h"
 
 namespace ace::workbench {
@@ -14,21 +13,6 @@ namespace {
 /// `why` follows the section at once: it begins with a colon, or with the key.
 [[noreturn]] void Refuse(StringView section, const String& why) {
     throw RunTimeError(Errors::InvalidProcedureCall, L"section [" + String(section) + L"]" + why);
-}
-
-/// Text of another width looks like a file without sections; it is told by its first bytes.
-bool LooksWide(std::string_view bytes) {
-    using namespace std::string_view_literals;
-    return bytes.starts_with("\xFF\xFE\0\0"sv) || bytes.starts_with("\xFE\xFF"sv) ||
-           (bytes.size() >= 2 && (bytes[0] == '\0') != (bytes[1] == '\0'));
-}
-
-void RequireKnownText(std::string_view bytes) {
-    if (LooksWide(bytes)) {
-        throw RunTimeError(FileErrors::CannotRead,
-                           L"the text is 16-bit big endian, 16-bit without byte order mark, or "
-                           L"32-bit, and can't be read");
-    }
 }
 
 String CodePointName(wchar_t c) {

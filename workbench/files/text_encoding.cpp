@@ -5,6 +5,10 @@
 #include <cstdint>
 #include <cstring>
 
+#include <ace/host/run_time_error.h>
+
+#include "workbench/files/file_errors.h"
+
 namespace ace::workbench {
 
 namespace {
@@ -191,6 +195,24 @@ Encoding DetectEncoding(std::string_view bytes) {
         return Encoding::Utf16;
     }
     return IsUtf8(bytes) ? Encoding::Utf8 : Encoding::Codepage;
+}
+
+bool LooksWide(std::string_view bytes) {
+    using namespace std::string_view_literals;
+    const bool beginsWithAscii32 =
+        bytes.starts_with("\0\0\0"sv) && bytes.size() > 3 && bytes[3] != '\0';
+    return beginsWithAscii32 || bytes.starts_with("\0\0\xFE\xFF"sv) ||
+           bytes.starts_with("\xFF\xFE\0\0"sv) || bytes.starts_with("\xFE\xFF"sv) ||
+           (bytes.size() >= 2 && (bytes[0] == '\0') != (bytes[1] == '\0'));
+}
+
+void RequireKnownText(std::string_view bytes, StringView place) {
+    if (LooksWide(bytes)) {
+        throw RunTimeError(FileErrors::CannotRead,
+                           String(place) +
+                               L"the text is 16-bit big endian, 16-bit without byte order mark, or "
+                               L"32-bit, and can't be read");
+    }
 }
 
 StringView NameOf(Encoding encoding) {

@@ -20,6 +20,11 @@ enum class Encoding {
 /// The encoding of a file that begins with, or consists of, `bytes`: by its byte order mark,
 /// otherwise UTF-8 when all of it is valid, otherwise the codepage.
 Encoding DetectEncoding(std::string_view bytes);
+/// 16-bit text that is big endian or has no byte order mark, and 32-bit text, as its first bytes
+/// tell: nothing of it would be recognised.
+bool LooksWide(std::string_view bytes);
+/// Refuses it: error `FileErrors::CannotRead`, its description behind `place`.
+void RequireKnownText(std::string_view bytes, StringView place = {});
 /// Name of the encoding for messages.
 StringView NameOf(Encoding encoding);
 /// The byte order mark that opens a file of the encoding; empty for those without.

@@ -12,6 +12,7 @@ std::optional<String> ReadTextFile(const std::string& path) {
     if (!bytes) {
         return std::nullopt;
     }
+    RequireKnownText(*bytes, FromUtf8(path) + L": ");
     const Encoding encoding = DetectEncoding(*bytes);
     const std::string_view text = std::string_view(*bytes).substr(ByteOrderMark(encoding).size());
     return encoding == Encoding::Utf16 ? Decode(encoding, Utf16ToBytes(text))

@@ -18,7 +18,8 @@ class MacroSync {
 
     const std::string& Path() const { return x_path; }
     /// Takes every line of the key away and writes a new one below the group's header. Makes the
-    /// file if there is none. A failure is error `FileErrors::CannotRead` or `CannotSave`.
+    /// file if there is none. A failure is error `FileErrors::CannotRead` or `CannotSave`; a file
+    /// whose text can't be read stays as it is.
     void Write(std::int32_t group, std::int32_t key, const String& value) const;
     /// The value of the file's last line with the key, in whatever group, so that a program may
     /// simply add one; without blanks around it. Empty when there is no such line or no file. A
