@@ -121,6 +121,12 @@ const BadRow BadRows[] = {
     {L"macro X fails at every start", "\"start\" is nothing that can fail here: run"},
     {L"COM1 fails at every write, error 0",
      "behind \"error\" stands the number of a run-time error, not 0"},
+    {L"macro *.mac fails at the 1st run, error 8202",
+     "a macro fails with a text and has no error number"},
+    {L"program X fails at the 2nd start, error 5",
+     "a start can't fail with error 5: the engine takes it for the answer that the program does "
+     "not "
+     "run yet"},
     {L"COM1 fails at every write, error x",
      "behind \"error\" stands the number of a run-time error, not 0"},
 };

@@ -57,13 +57,16 @@ class LineReader {
         FaultRule rule;
         rule.line = x_line;
         rule.text = x_rest;
-        ReadError(rule);
+        const bool hasNumber = ReadError(rule);
         const std::size_t fails = x_rest.find(L" fails ");
         if (fails == StringView::npos) {
             Refuse(Form);
         }
         ReadSubject(rule, Trimmed(x_rest.substr(0, fails)));
         ReadWhen(rule, Trimmed(x_rest.substr(fails + StringView(L" fails ").size())));
+        if (hasNumber) {
+            RequireEffect(rule);
+        }
         return rule;
     }
 
@@ -72,12 +75,12 @@ class LineReader {
         RefuseFile(x_path + L":" + std::to_wstring(x_line) + L": " + String(why));
     }
 
-    /// ", error 8202" at the end.
-    void ReadError(FaultRule& rule) {
+    /// ", error 8202" at the end; false when nothing of that stands there.
+    bool ReadError(FaultRule& rule) {
         static constexpr StringView Word = L", error ";
         const std::size_t at = x_rest.rfind(Word);
         if (at == StringView::npos) {
-            return;
+            return false;
         }
         const auto number = WholeInteger(x_rest.substr(at + Word.size()));
         if (!number || *number == 0) {
@@ -85,6 +88,19 @@ class LineReader {
         }
         rule.error = *number;
         x_rest = Trimmed(x_rest.substr(0, at));
+        return true;
+    }
+
+    /// A number that nobody would notice is a failure that the script only seems to try.
+    void RequireEffect(const FaultRule& rule) const {
+        if (rule.subject == FaultSubject::Macro) {
+            Refuse(L"a macro fails with a text and has no error number");
+        }
+        if (rule.act == FaultAct::Start && rule.error == Errors::InvalidProcedureCall) {
+            Refuse(
+                L"a start can't fail with error 5: the engine takes it for the answer that the "
+                L"program does not run yet");
+        }
     }
 
     void ReadSubject(FaultRule& rule, StringView text) const {

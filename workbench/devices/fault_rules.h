@@ -48,7 +48,8 @@ class FaultRules {
     ///   GPIB 0:13 fails at the 40th write
     ///   device EUT Monitor fails at every reading, error 8202
     ///   program *exerciser* fails from the 2nd start on
-    /// `path` is for messages. Anything else is `CommandError` `BadFile` with file and line.
+    /// `path` is for messages. Anything else is `CommandError` `BadFile` with file and line, and so
+    /// is an error number that would have no effect: of a macro, or 5 of a program's start.
     FaultRules(StringView script, const String& path);
 
     bool IsEmpty() const { return x_rules.empty(); }
