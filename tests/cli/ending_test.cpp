@@ -69,6 +69,21 @@ TEST_P(RepeatedSignalTest, TheSameSignalAgainDoesNotBreakOffTheEndOfTheTest) {
 }
 INSTANTIATE_TEST_SUITE_P(, RepeatedSignalTest, testing::Values(SIGTERM, SIGHUP, SIGQUIT));
 
+/// The user has seen that it does not end at once, and wants it to.
+TEST_F(EndingTest, ASecondCtrlCEndsTheProgramWithoutTheRestOfTheEnd) {
+    std::string test = Read("test.ini");
+    test.replace(test.find("WAIT:300"), 8, "WAIT:5000");
+    Write("test.ini", test);
+    RunningProgram program(CommandLine());
+    AwaitSteps();
+    program.Send(SIGINT);
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    program.Send(SIGINT);
+    program.ReadOutput();
+    EXPECT_EQ(program.ExitCode(), -SIGINT);
+    EXPECT_EQ(Received().find("OFF"), std::string::npos);
+}
+
 TEST_F(EndingTest, AHangupThatIsIgnoredAtTheStartStaysIgnored) {
     RunningProgram program("trap '' HUP; " + CommandLine());
     AwaitSteps();

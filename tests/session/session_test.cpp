@@ -335,6 +335,22 @@ TEST_F(SessionTest, TheUserEndsARealWaitAndTheTestInGoodOrder) {
     EXPECT_EQ(summary.waitedMs, 2.0);  // the waits of the end take their time
 }
 
+TEST_F(SessionTest, AListThatIsInterruptedRunsOnToItsEndWithItsWaitsSkipped) {
+    const std::string test = "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\n" +
+                             Leave("WAIT:2") +
+                             "NumOfEnterActions=3\nEnterAction1=WAIT:3600000\n"
+                             "EnterAction2=NOTIFY:Lamp on,,0\nEnterAction3=WAIT:1800000\n";
+    EXPECT_EQ(RunText(test, {}, InterruptAfterActions(1), Clock::Real), Outcome::Stopped);
+    EXPECT_THAT(kept.lines,
+                ElementsAre("start of test: wait 3600 s", "start of test: stopped by the user",
+                            "start of test: event to the devices: Standby On",
+                            "start of test: notification \"Lamp on\": OK",
+                            "start of test: event to the devices: Radiation on",
+                            "start of test: wait 1800 s", "start of test: the test is stopped",
+                            "end of test: wait 0.002 s"));
+    EXPECT_EQ(summary.waitedMs, 2.0);  // of the end alone
+}
+
 TEST_F(SessionTest, TheUserEndsTheWaitForARecoveryOfTheEquipment) {
     const std::string test = "[Workbench]\nModule=0\nSubRanges=1\n[ActionsOnTest]\n" +
                              Enter("CHECKEUT:EUT,1,0,0,0,0,0.00,1,3600.00,0");

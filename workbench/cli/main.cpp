@@ -19,7 +19,8 @@ constexpr const char* ExitCodes =
     "  0  the test finished\n"
     "  1  stopped by an answer, an action or the user (Ctrl-C, SIGTERM, SIGHUP, SIGQUIT)\n"
     "  2  a question had no answer; the test was stopped in good order\n"
-    "  3  stopped by a run-time error, or the output can't be written\n"
+    "  3  stopped by a run-time error or because the output can't be written any more; without an "
+    "output at the start no test was run\n"
     "  4  a file can't be read or makes no sense; no test was run\n"
     "  5  the command line makes no sense; no test was run\n";
 

@@ -12,7 +12,7 @@ enum class Outcome {
     Finished = 0,    ///< every moment was run
     Stopped = 1,     ///< an answer, an action or the user stopped the test
     Unanswered = 2,  ///< a question had no answer
-    Failed = 3,      ///< a run-time error ended the test
+    Failed = 3,      ///< a run-time error ended the test, or the output can't be written
     BadFile = 4,     ///< a file can't be read or makes no sense; no test was run
     WrongUse = 5,    ///< the command line makes no sense; no test was run
 };
