@@ -293,12 +293,12 @@ void OpenEverything(EngineState& state) {
     OpenNumbered(state.VKSSteps, state.VKSStepCount, 7000);
 }
 
-struct ModuleLists {
+struct ModuleBases {
     std::int32_t moduleKind;
     std::vector<std::int32_t> bases;  ///< of the sets that are cleaned, in order
 };
 
-const ModuleLists CleanedModules[] = {
+const ModuleBases CleanedModules[] = {
     {aceTemplate, {100, 1000, 1010}},
     {aceMonitoring, {200, 300, 2000, 2010}},
     {aceEMSAutoTemplateGeneral, {400}},
@@ -312,7 +312,7 @@ const ModuleLists CleanedModules[] = {
     {-1, {}},
 };
 
-class CleanedModule : public Cleaning, public ::testing::WithParamInterface<ModuleLists> {};
+class CleanedModule : public Cleaning, public ::testing::WithParamInterface<ModuleBases> {};
 
 TEST_P(CleanedModule, HasItsOwnListsCleanedInOrder) {
     EngineState state(context);

@@ -10,8 +10,8 @@ namespace {
 /// are swallowed and end it; all others are reported and raised.
 SweepRow RowOf(std::string name, const p_Action& action, std::vector<SweepStep> steps,
                std::optional<std::int32_t> testState = {}) {
-    steps.insert(steps.begin(), Reported(L"TraceLog.IsEnabled"));
-    steps.push_back(Reported(L"TraceLog.IsEnabled"));
+    steps.insert(steps.begin(), Handled(L"TraceLog.IsEnabled"));
+    steps.push_back(Handled(L"TraceLog.IsEnabled"));
     return {std::move(name),
             [=](SweepRig& rig) {
                 rig.MakeEngine();
@@ -57,23 +57,23 @@ const std::vector<SweepRow> Rows = {
            Swallowed(L"StatusDisplay.ShowStatus")}),
     RowOf("NotifyWithSound", Action(atNotify, Notification(L"broken.wav", true, L"")),
           {Swallowed(L"Platform.sndPlaySoundA"), Swallowed(L"Platform.Beep"),
-           Swallowed(L"Platform.Beep"), Reported(L"DeviceList.GetDeviceListHost"),
-           Reported(L"DeviceList.PostEvent"), Reported(L"Platform.Yield"),
-           Reported(L"DeviceList.GetDeviceListHost"), Reported(L"DeviceList.PostEvent"),
-           Reported(L"Platform.Yield")}),
+           Swallowed(L"Platform.Beep"), Handled(L"DeviceList.GetDeviceListHost"),
+           Handled(L"DeviceList.PostEvent"), Handled(L"Platform.Yield"),
+           Handled(L"DeviceList.GetDeviceListHost"), Handled(L"DeviceList.PostEvent"),
+           Handled(L"Platform.Yield")}),
     RowOf("NotifyWithPlaceholder", Action(atNotify, Placeholder()),
-          {Reported(L"DeviceList.GetDeviceListHost"), Reported(L"DeviceList.PostEvent"),
-           Reported(L"Platform.Yield"), Reported(L"Platform.DecimalSeparator"),
-           Reported(L"CommentForm.DisplayMessage"), Reported(L"DeviceList.GetDeviceListHost"),
-           Reported(L"DeviceList.PostEvent"), Reported(L"Platform.Yield")}),
+          {Handled(L"DeviceList.GetDeviceListHost"), Handled(L"DeviceList.PostEvent"),
+           Handled(L"Platform.Yield"), Handled(L"Platform.DecimalSeparator"),
+           Handled(L"CommentForm.DisplayMessage"), Handled(L"DeviceList.GetDeviceListHost"),
+           Handled(L"DeviceList.PostEvent"), Handled(L"Platform.Yield")}),
     RowOf("Question", Action(atQuestion, Notification(L"gong.wav", false, L"Well?")),
-          {Swallowed(L"Platform.sndPlaySoundA"), Reported(L"Platform.Yield"),
-           Reported(L"CommentForm.DisplayMessage"), Reported(L"Platform.Yield")}),
+          {Swallowed(L"Platform.sndPlaySoundA"), Handled(L"Platform.Yield"),
+           Handled(L"CommentForm.DisplayMessage"), Handled(L"Platform.Yield")}),
     RowOf("QuestionWithoutAMessage", Action(atQuestion, aceNotify{}),
-          {Reported(L"Platform.Yield"), Reported(L"Platform.Yield")}),
+          {Handled(L"Platform.Yield"), Handled(L"Platform.Yield")}),
     RowOf("UnprotectedReceivers", Action(atProtRec),
-          {Reported(L"SystemServices.GetCurrentTest", L"not pending"),
-           Reported(L"TestInfo.GetTestState", L"not pending")},
+          {Handled(L"SystemServices.GetCurrentTest", L"not pending"),
+           Handled(L"TestInfo.GetTestState", L"not pending")},
           14),
     RowOf("TestStop", Action(atTestStop), {}),
     RowOf("ParkAcc", Action(atParkAcc), {}),

@@ -13,28 +13,29 @@ String Ranked(std::int32_t signal, std::int32_t code) {
 }
 
 /// The three moments that run a list of a channel.
-struct MomentRow {
+struct ChannelMomentRow {
     const char* name;
     std::int32_t (aceActionsEngine::*run)(std::int32_t, const String&);
     ListFields list;
     String procedure;
 };
-void PrintTo(const MomentRow& row, std::ostream* out) {
+void PrintTo(const ChannelMomentRow& row, std::ostream* out) {
     *out << row.name;
 }
-const MomentRow Moments[] = {
+const ChannelMomentRow Moments[] = {
     {"Trigger", &aceActionsEngine::Trigger, FreqList, L"Trigger"},
     {"EnterNoGo", &aceActionsEngine::EnterNoGo, EnterList, L"EnterNoGo"},
     {"Go", &aceActionsEngine::Go, LeaveList, L"Go"},
 };
 
-class ChannelMomentsTest : public EngineTest, public ::testing::WithParamInterface<MomentRow> {
+class ChannelMomentsTest : public EngineTest,
+                           public ::testing::WithParamInterface<ChannelMomentRow> {
   protected:
     ChannelMomentsTest() {
         State().Modul = aceMonitoring;
         MakeSets(&ModuleLists::MoniChannels, &ModuleLists::MoniChannelCount, 2);
     }
-    static const MomentRow& Row() { return GetParam(); }
+    static const ChannelMomentRow& Row() { return GetParam(); }
     std::int32_t Run(std::int32_t number) { return (engine.get()->*Row().run)(number, L"Radio"); }
     void FillFirst(const std::vector<p_Action>& actions) {
         Fill(State().MoniChannels[0], Row().list, actions);

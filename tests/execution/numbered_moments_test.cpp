@@ -6,7 +6,7 @@ namespace ace::test {
 namespace {
 
 /// A moment that runs a list of a numbered set.
-struct MomentRow {
+struct NumberedMomentRow {
     const char* name;
     Boolean (aceActionsEngine::*run)(std::int32_t);
     DynArray<p_Subrange> ModuleLists::*sets;
@@ -15,11 +15,11 @@ struct MomentRow {
     bool asksModul;       ///< runs only on an object of that module
     bool handled;         ///< errors are reported
 };
-void PrintTo(const MomentRow& row, std::ostream* out) {
+void PrintTo(const NumberedMomentRow& row, std::ostream* out) {
     *out << row.name;
 }
 
-const MomentRow Moments[] = {
+const NumberedMomentRow Moments[] = {
     {"EnterSubrange", &aceActionsEngine::EnterSubrange, &ModuleLists::MainSubranges, 1, aceTemplate,
      false, false},
     {"LeaveSubrange", &aceActionsEngine::LeaveSubrange, &ModuleLists::MainSubranges, 2, aceTemplate,
@@ -36,11 +36,12 @@ const MomentRow Moments[] = {
      false},
 };
 
-class NumberedMomentsTest : public EngineTest, public ::testing::WithParamInterface<MomentRow> {
+class NumberedMomentsTest : public EngineTest,
+                            public ::testing::WithParamInterface<NumberedMomentRow> {
   protected:
     NumberedMomentsTest() { State().Modul = Row().moduleKind; }
 
-    static const MomentRow& Row() { return GetParam(); }
+    static const NumberedMomentRow& Row() { return GetParam(); }
     DynArray<p_Subrange>& Sets() { return State().*Row().sets; }
     Boolean Run(std::int32_t number) { return (engine.get()->*Row().run)(number); }
     /// Each list waits its own number of milliseconds: 1 to 4.

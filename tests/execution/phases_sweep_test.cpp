@@ -1,19 +1,9 @@
 #include "support/fake_forms.h"
-#include "support/sweep.h"
+#include "support/sweep_steps.h"
 
 namespace ace::test {
 namespace {
 
-using Steps = std::vector<SweepStep>;
-
-/// The same outcome for several calls in a row; without reports the error comes out as it is.
-Steps Raised(std::int32_t reports, const std::vector<String>& calls, const String& left = {}) {
-    Steps steps;
-    for (const String& call : calls) {
-        steps.push_back({call, reports, true, left});
-    }
-    return steps;
-}
 Steps Quiet(const std::vector<String>& calls) {
     Steps steps;
     for (const String& call : calls) {
@@ -21,11 +11,6 @@ Steps Quiet(const std::vector<String>& calls) {
     }
     return steps;
 }
-Steps operator+(Steps steps, const Steps& more) {
-    steps.insert(steps.end(), more.begin(), more.end());
-    return steps;
-}
-
 const String Asked = L"TraceLog.IsEnabled";
 const String Yield = L"Platform.Yield";
 const String InRange = L"Utilities.InRange";
@@ -54,8 +39,7 @@ Steps WaitSteps(std::int32_t reports) {
     return Raised(reports, {Asked}) + Quiet(Waiting) + Raised(reports, {Asked});
 }
 
-// ---- rows
-// ----------------------------------------------------------------------------------------
+// ---- rows --------------------------------------------------------------------------------------
 
 void Prepare(SweepRig& rig, aceModul moduleKind) {
     rig.MakeEngine().State().Modul = moduleKind;

@@ -28,14 +28,14 @@ Lines Ran(std::int32_t milliseconds) {
 }
 
 /// What the start and the stop of a test run, by module kind.
-struct ModuleRow {
+struct PhaseRow {
     std::int32_t moduleKind;
     Lines start;
     Lines stop;
     bool stopParks = false;
     p_Subrange ModuleLists::*set = nullptr;
 };
-const ModuleRow Modules[] = {
+const PhaseRow Modules[] = {
     {aceTemplate, Journal(Ran(11), Yielded), Ran(12), false, &ModuleLists::MainTest},
     {aceMonitoring, Ran(21), Ran(22), false, &ModuleLists::MoniEut},
     {aceEMSAutoTemplateGeneral, Ran(41), Ran(42), true, &ModuleLists::EMSAutoGeneral},
@@ -58,7 +58,7 @@ class TestPhasesTest : public EngineTest {
 
 TEST_F(TestPhasesTest, StartRunsTheEnterListOfTheModule) {
     FillFixedSets(State());
-    for (const ModuleRow& row : Modules) {
+    for (const PhaseRow& row : Modules) {
         Serve(row.moduleKind);
         EXPECT_FALSE(engine->StartTest()) << row.moduleKind;
         EXPECT_EQ(TakeEffects(), row.start) << row.moduleKind;
@@ -67,7 +67,7 @@ TEST_F(TestPhasesTest, StartRunsTheEnterListOfTheModule) {
 
 TEST_F(TestPhasesTest, StopRunsTheLeaveListOfTheModule) {
     FillFixedSets(State());
-    for (const ModuleRow& row : Modules) {
+    for (const PhaseRow& row : Modules) {
         Serve(row.moduleKind);
         EXPECT_FALSE(engine->StopTest()) << row.moduleKind;
         EXPECT_EQ(TakeEffects(), row.stop) << row.moduleKind;
@@ -75,7 +75,7 @@ TEST_F(TestPhasesTest, StopRunsTheLeaveListOfTheModule) {
 }
 
 TEST_F(TestPhasesTest, FirstTrueResultEndsTheStartAndTheStop) {
-    for (const ModuleRow& row : Modules) {
+    for (const PhaseRow& row : Modules) {
         if (row.set == nullptr) {
             continue;
         }
@@ -91,7 +91,7 @@ TEST_F(TestPhasesTest, FirstTrueResultEndsTheStartAndTheStop) {
 }
 
 TEST_F(TestPhasesTest, StartWithAnEmptyTestAnswersFalseAndMarksItAsRunning) {
-    for (const ModuleRow& row : Modules) {
+    for (const PhaseRow& row : Modules) {
         Serve(row.moduleKind);
         context.TestRunning = false;
         EXPECT_FALSE(engine->StartTest()) << row.moduleKind;
@@ -112,7 +112,7 @@ TEST_F(TestPhasesTest, TestIsMarkedAsRunningOnlyBehindTheStartList) {
 }
 
 TEST_F(TestPhasesTest, StopAlwaysClearsTestRunningAlsoWhenTheListAnsweredTrue) {
-    for (const ModuleRow& row : Modules) {
+    for (const PhaseRow& row : Modules) {
         Serve(row.moduleKind);
         if (row.set != nullptr) {
             Fill(State().*row.set, LeaveList, {Action(atTestStop)});
@@ -132,7 +132,7 @@ TEST_F(TestPhasesTest, StartMarksTheTestAsRunningAlsoWhenTheListAnsweredTrue) {
 }
 
 TEST_F(TestPhasesTest, FailureReachesTheHostAndLeavesTestRunningAsItWas) {
-    for (const ModuleRow& row : Modules) {
+    for (const PhaseRow& row : Modules) {
         if (row.set == nullptr) {
             continue;
         }
@@ -151,7 +151,7 @@ TEST_F(TestPhasesTest, FailureReachesTheHostAndLeavesTestRunningAsItWas) {
 }
 
 TEST_F(TestPhasesTest, StartSetsTheLastFrequencyInEveryModule) {
-    for (const ModuleRow& row : Modules) {
+    for (const PhaseRow& row : Modules) {
         Serve(row.moduleKind);
         State().LastFrequency = 1e6;
         engine->StartTest();
@@ -238,7 +238,7 @@ TEST_F(TestPhasesTest, FailedTrackingLeavesTestRunningAsItWas) {
 }
 
 TEST_F(TestPhasesTest, OnlyATemplateTracksAtTheStart) {
-    for (const ModuleRow& row : Modules) {
+    for (const PhaseRow& row : Modules) {
         if (row.set == nullptr || row.moduleKind == aceTemplate) {
             continue;
         }
@@ -253,7 +253,7 @@ TEST_F(TestPhasesTest, OnlyATemplateTracksAtTheStart) {
 
 TEST_F(TestPhasesTest, ParkingAtTheStopIsLeftToTheHostInThreeModules) {
     host->tracing = true;
-    for (const ModuleRow& row : Modules) {
+    for (const PhaseRow& row : Modules) {
         if (row.set == nullptr) {
             continue;
         }
@@ -280,7 +280,7 @@ TEST_F(TestPhasesTest, ParkingBehindATrueResultIsNotReached) {
 }
 
 TEST_F(TestPhasesTest, OnlyTheStopOfAnEmissionTestForgetsTheRequests) {
-    for (const ModuleRow& row : Modules) {
+    for (const PhaseRow& row : Modules) {
         Serve(row.moduleKind);
         context.EutCheckRequest = 7;
         engine->StopTest();

@@ -34,8 +34,8 @@ struct SweepStep {
     bool raised = true;    ///< the error reaches the host; false when it is swallowed
     String left = {};      ///< state text after the failure; empty: not compared
 };
-/// Steps for the usual outcomes.
-inline SweepStep Reported(String call, String left = {}, std::int32_t reports = 1) {
+/// Steps for the usual outcomes: reported and raised, raised as it came, and neither.
+inline SweepStep Handled(String call, String left = {}, std::int32_t reports = 1) {
     return {std::move(call), reports, true, std::move(left)};
 }
 inline SweepStep Bare(String call, String left = {}) {
