@@ -1,11 +1,11 @@
+#include "support/every_kind.h"
+
 #include <algorithm>
 #include <set>
 
 #include <ace/core/action_kinds.h>
 #include <ace/execution/dispatcher.h>
 #include <ace/settings/keyword_table.h>
-
-#include "support/engine_fixture.h"
 
 namespace ace::test {
 namespace {
@@ -64,6 +64,18 @@ TEST(EveryKind, HasAnIconOfItsOwn) {
     std::set<StringView> icons;
     for (const ActionKind& row : ActionKinds()) {
         EXPECT_TRUE(icons.insert(row.icon).second) << row.kind;
+    }
+}
+
+/// The lists of the generated tests: they hold what a line may name, and nothing else.
+TEST(EveryKind, StandsInTheTestsListsThatKnowIt) {
+    for (const KeywordRow& keyword : KeywordTable()) {
+        for (std::size_t i = 0; keyword.write != nullptr && i < std::size(ActionLists); ++i) {
+            const std::vector<p_Action> actions = EveryKindOf(ActionLists[i]);
+            const bool isThere = std::ranges::any_of(
+                actions, [&](const p_Action& action) { return action.ActionType == keyword.kind; });
+            EXPECT_EQ(isThere, keyword.IsKnownIn(i)) << "kind " << keyword.kind << ", list " << i;
+        }
     }
 }
 

@@ -1,6 +1,7 @@
-/// Every operation from every place inside every moment at which messages run, on lists with every
-/// kind; afterwards counts and elements agree, and a refused call has changed nothing. A sample
-/// runs by default; ACE_PROVE=1 in the environment runs all, and ACE_SEED another sample.
+/// Every operation from every call of the host inside every moment, on lists with every kind;
+/// afterwards counts and elements agree, and a refused call has changed nothing. A sample runs by
+/// default, a larger one of the calls in which messages run; ACE_PROVE=1 in the environment runs
+/// all, and ACE_SEED another sample.
 #include "core/fake_editor.h"
 #include "execution/lists_of_every_kind.h"
 #include "support/list_agreement.h"
@@ -11,62 +12,16 @@ namespace {
 
 // ---- the moments from inside of which it is called ---------------------------------------------
 
-struct MomentRow {
-    const char* name;
-    aceModul moduleKind;
-    void (*call)(aceActionsEngine& engine);
-};
-
-void RunRow(aceActionsEngine& engine) {
-    double frequency = 2.4e9;
-    std::int32_t bandwidth = 0;
-    std::int32_t power = 0;
-    engine.VKSDUTStep(frequency, bandwidth, power);
-}
-
-constexpr MomentRow Moments[] = {
-    {"StartTest", aceTemplate, [](auto& engine) { engine.StartTest(); }},
-    {"NewFrequency", aceTemplate, [](auto& engine) { engine.NewFrequency(30e6, true); }},
-    {"EnterSubrange", aceTemplate, [](auto& engine) { engine.EnterSubrange(1); }},
-    {"LeaveSubrange", aceTemplate, [](auto& engine) { engine.LeaveSubrange(2); }},
-    {"StopTest", aceTemplate, [](auto& engine) { engine.StopTest(); }},
-    {"StartTest", aceMonitoring, [](auto& engine) { engine.StartTest(); }},
-    {"NewFrequency", aceMonitoring, [](auto& engine) { engine.NewFrequency(30e6, true); }},
-    {"StopTest", aceMonitoring, [](auto& engine) { engine.StopTest(); }},
-    {"BeforeTestLoop", aceMonitoring, [](auto& engine) { engine.BeforeTestLoop(); }},
-    {"AfterTestLoop", aceMonitoring, [](auto& engine) { engine.AfterTestLoop(); }},
-    {"AfterStep", aceMonitoring, [](auto& engine) { engine.AfterStep(1); }},
-    {"Trigger", aceMonitoring, [](auto& engine) { engine.Trigger(1, L"Radio"); }},
-    {"EnterNoGo", aceMonitoring, [](auto& engine) { engine.EnterNoGo(2, L"Radio"); }},
-    {"Go", aceMonitoring, [](auto& engine) { engine.Go(1, L"Radio"); }},
-    {"StartTest", aceEMSAutoTemplateGeneral, [](auto& engine) { engine.StartTest(); }},
-    {"EnterStep", aceEMSAutoTemplate, [](auto& engine) { engine.EnterStep(1); }},
-    {"BeforeStep", aceEMIAutoTemplate, [](auto& engine) { engine.BeforeStep(2); }},
-    {"AfterStep", aceEMIAutoTemplate, [](auto& engine) { engine.AfterStep(1); }},
-    {"StopTest", aceEMIAutoTemplate, [](auto& engine) { engine.StopTest(); }},
-    {"BeforeTest", aceTSTemplate, [](auto& engine) { engine.BeforeTest(1); }},
-    {"AfterTest", aceTSTemplate, [](auto& engine) { engine.AfterTest(2); }},
-    {"StartTest", aceAziChart, [](auto& engine) { engine.StartTest(); }},
-    {"NewFrequency", aceAziChart, [](auto& engine) { engine.NewFrequency(30e6, true); }},
-    {"StartTest", aceVKSTemplate, [](auto& engine) { engine.StartTest(); }},
-    {"BeforeVKSTest", aceVKSTemplate, [](auto& engine) { engine.BeforeVKSTest(L"T1"); }},
-    {"VKSStep", aceVKSTemplate, [](auto& engine) { engine.VKSStep(L"T1", L"S1"); }},
-    {"AfterVKSTest", aceVKSTemplate, [](auto& engine) { engine.AfterVKSTest(L"T2"); }},
-    {"VKSDUTStepGlobAfter", aceVKSDUT, [](auto& engine) { engine.VKSDUTStepGlobAfter(); }},
-    {"VKSDUTStepGlobBefore", aceVKSDUT, [](auto& engine) { engine.VKSDUTStepGlobBefore(); }},
-    {"VKSDUTStep", aceVKSDUT, RunRow},
-};
-
 /// A load lets no messages run. A host that calls back from one all the same keeps its lists whole.
 template <aceModul Modul>
 void LoadLists(aceActionsEngine& engine) {
     engine.LoadActions(L"lists.ini", Modul == aceVKSDUT ? 3 : 2, Modul);
 }
-constexpr MomentRow Loads[] = {
-    {"LoadActions", aceTemplate, LoadLists<aceTemplate>},
-    {"LoadActions", aceMonitoring, LoadLists<aceMonitoring>},
-    {"LoadActions", aceVKSTemplate, LoadLists<aceVKSTemplate>},
-    {"LoadActions", aceVKSDUT, LoadLists<aceVKSDUT>},
+constexpr MomentCall Loads[] = {
+    {"LoadActions", aceTemplate, {}, LoadLists<aceTemplate>},
+    {"LoadActions", aceMonitoring, {}, LoadLists<aceMonitoring>},
+    {"LoadActions", aceVKSTemplate, {}, LoadLists<aceVKSTemplate>},
+    {"LoadActions", aceVKSDUT, {}, LoadLists<aceVKSDUT>},
 };
 
 // ---- what is called there ----------------------------------------------------------------------
@@ -194,11 +149,20 @@ constexpr ActRow Acts[] = {
 
 // ---- one run -----------------------------------------------------------------------------------
 
+/// The calls of the host from which is called.
+using PlaceFilter = bool (*)(StringView operation);
+bool AllCalls(StringView) {
+    return true;
+}
+bool OtherCalls(StringView operation) {
+    return !MessagesRunIn(operation);
+}
+
 /// A moment on fresh lists; at its `place`-th call of the host that counts, `act` is called once.
 class ReentryRun {
   public:
-    ReentryRun(const MomentRow& moment, bool everyCall)
-        : x_moment(moment), x_everyCall(everyCall) {}
+    ReentryRun(const MomentCall& moment, const Filling& filling, PlaceFilter counts)
+        : x_moment(moment), x_counts(counts), x_lists(filling) {}
 
     /// Places that were passed so far.
     std::size_t Places() const { return x_places; }
@@ -213,15 +177,15 @@ class ReentryRun {
             if (++calls > MostCalls) {
                 throw RunTimeError(TooManyCalls, L"this moment does not end");
             }
-            x_places += CountsAsPlace(operation) ? 1U : 0U;
+            x_places += x_counts(operation) ? 1U : 0U;
             if (!reached && x_places == place) {
                 reached = true;
                 Call(act);
             }
         };
-        const std::int32_t error = ErrorOf([&] { x_moment.call(*x_lists.engine); });
+        const std::int32_t error = ErrorOf([&] { x_moment.run(*x_lists.engine); });
         host.beforeCall = nullptr;
-        EXPECT_NE(error, TooManyCalls) << x_moment.name << x_moment.moduleKind << ", " << act.name;
+        EXPECT_NE(error, TooManyCalls) << NameOf(x_moment) << ", " << act.name;
         Judge(act, place);
         return reached;
     }
@@ -230,9 +194,6 @@ class ReentryRun {
     static constexpr std::size_t MostCalls = 100000;
     static constexpr std::int32_t TooManyCalls = 9999;
 
-    bool CountsAsPlace(StringView operation) const {
-        return x_everyCall || MessagesRunIn(operation);
-    }
     void Call(const ActRow& act) {
         const EngineState& state = x_lists.engine->State();
         const Unchanged before(state);
@@ -240,57 +201,113 @@ class ReentryRun {
         if (error == Errors::ArrayInUse) {
             x_wasRefused = true;
             EXPECT_TRUE(Unchanged(state) == before)
-                << act.name << " in " << x_moment.name << x_moment.moduleKind << ", " << x_places;
+                << act.name << " in " << NameOf(x_moment) << ", " << x_places;
         }
     }
     void Judge(const ActRow& act, std::size_t place) {
         EXPECT_THAT(ListAgreement::Breaches(x_lists.engine->State()), ::testing::IsEmpty())
-            << act.name << " in " << x_moment.name << x_moment.moduleKind << ", " << place;
+            << act.name << " in " << NameOf(x_moment) << ", " << place;
     }
 
-    const MomentRow& x_moment;
-    bool x_everyCall;
+    const MomentCall& x_moment;
+    PlaceFilter x_counts;
     std::size_t x_places = 0;
     bool x_wasRefused = false;
-    ListsOfEveryKind x_lists{x_moment.moduleKind};
+    FilledLists x_lists;
 };
 
 // ---- the sample --------------------------------------------------------------------------------
 
-/// Number of places that a moment has when nothing is called in it.
-std::size_t PlacesOf(const MomentRow& moment, bool everyCall) {
-    ReentryRun run(moment, everyCall);
-    run.At(std::numeric_limits<std::size_t>::max(), {"nothing", [](auto&) {}});
-    return run.Places();
-}
+/// A sample of the places of several moments, each with every operation.
+class ReentrySample {
+  public:
+    ReentrySample(PlaceFilter counts, std::uint64_t share) : x_counts(counts), x_sample(share) {}
+    ~ReentrySample() {
+        EXPECT_GT(x_refused, 0U) << "a sample without a refused call proves little";
+    }
 
-void RunSample(std::span<const MomentRow> moments, bool everyCall, std::uint64_t share) {
-    Sample sample(share);
-    std::size_t refused = 0;
-    for (const MomentRow& moment : moments) {
-        const std::size_t places = PlacesOf(moment, everyCall);
-        EXPECT_GE(places, 10U) << moment.name << moment.moduleKind;
+    void Run(const MomentCall& moment, const p_Subrange& set = FullSet()) {
+        const Filling filling(moment.moduleKind, set);
+        const std::size_t places = PlacesOf(moment, filling);
+        EXPECT_GE(places, 1U) << NameOf(moment);
         for (std::size_t i = 0; i < places * std::size(Acts); ++i) {
-            if (sample.Takes()) {
-                ReentryRun run(moment, everyCall);
+            if (x_sample.Takes()) {
+                ReentryRun run(moment, filling, x_counts);
                 EXPECT_TRUE(run.At(i / std::size(Acts) + 1, Acts[i % std::size(Acts)]));
-                refused += run.WasRefused() ? 1U : 0U;
+                x_refused += run.WasRefused() ? 1U : 0U;
             }
         }
     }
-    EXPECT_GT(refused, 0U) << "a sample without a refused call proves little";
-}
+
+  private:
+    /// Number of places that a moment has when nothing is called in it.
+    std::size_t PlacesOf(const MomentCall& moment, const Filling& filling) const {
+        ReentryRun run(moment, filling, x_counts);
+        run.At(std::numeric_limits<std::size_t>::max(), {"nothing", [](auto&) {}});
+        return run.Places();
+    }
+
+    PlaceFilter x_counts;
+    Sample x_sample;
+    std::size_t x_refused = 0;
+};
 
 TEST(GeneratedReentry, EveryOperationFromEveryYieldLeavesCountsAndElementsInAgreement) {
-    RunSample(Moments, false, 200);
+    ReentrySample sample(MessagesRunIn, 100);
+    for (const MomentCall& moment : EveryMoment) {
+        sample.Run(moment);
+    }
 }
 
-TEST(GeneratedReentry, EveryOperationFromEveryCallOfTheHostDoesSoToo) {
-    RunSample(Moments, true, 2000);
+TEST(GeneratedReentry, EveryOperationFromEveryOtherCallOfTheHostDoesSoToo) {
+    ReentrySample sample(OtherCalls, 1000);
+    for (const MomentCall& moment : EveryMoment) {
+        sample.Run(moment);
+    }
+}
+
+TEST(GeneratedReentry, EveryOperationFromEveryCallOfTheHostAtASignalDoesSoToo) {
+    ReentrySample sample(AllCalls, 200);
+    for (const MomentCall& moment : EveryMoment) {
+        const MomentRow* row = FindMoment(moment.moduleKind, moment.time);
+        for (const p_ActionTypes kind : SignalKinds) {
+            if (row != nullptr && row->list == EnterList) {
+                sample.Run(moment, SignalSet(kind));
+            }
+        }
+    }
 }
 
 TEST(GeneratedReentry, EveryOperationFromEveryCallOfTheHostInALoadDoesSoToo) {
-    RunSample(Loads, true, 300);
+    ReentrySample sample(AllCalls, 300);
+    for (const MomentCall& load : Loads) {
+        sample.Run(load);
+    }
+}
+
+// ---- what the lists reach ----------------------------------------------------------------------
+
+/// So that all kinds before it run, whatever the moment.
+TEST(GeneratedReentry, UndisturbedEachMomentComesToTheWaitOfItsList) {
+    for (const MomentCall& moment : EveryMoment) {
+        FilledLists lists{Filling(moment.moduleKind)};
+        lists.host->journal.Bound(1000);
+        const bool tracks = moment.time == ptEveryFreq && moment.moduleKind != aceTemplate;
+        EXPECT_EQ(ErrorOf([&] { moment.run(*lists.engine); }), tracks ? Errors::TypeMismatch : 0)
+            << NameOf(moment);
+        EXPECT_THAT(lists.host->journal.LinesOf(L"SystemServices.ShowTimedMessage"),
+                    ::testing::Contains(::testing::EndsWith(String(L", 5)"))))
+            << NameOf(moment);
+    }
+}
+
+TEST(GeneratedReentry, UndisturbedTheStopOfAnAutomaticTestLeavesTheRequestToPark) {
+    for (const aceModul moduleKind : {aceEMSAutoTemplateGeneral, aceEMIAutoTemplate, aceAziChart}) {
+        FilledLists lists{Filling(moduleKind)};
+        lists.engine->StopTest();
+        EXPECT_EQ(lists.context.EutCheckRequest & acEutParkAccessories, acEutParkAccessories)
+            << moduleKind;
+    }
 }
 
 }  // namespace
