@@ -31,15 +31,21 @@ class ListAgreement {
         asked.AskTable("powers", lists.VKSDUTPowerCount, lists.VKSDUTPowerNames.Size());
         return asked.x_breaches;
     }
-    /// Also of the keys, which lists that a test has filled by hand may lack.
-    static std::vector<std::string> BreachesWithKeys(const ModuleLists& lists) {
+    /// Also of the keys, which lists that a test has filled by hand may lack. The steps of a
+    /// wireless template have three texts each, the rows of the matrix their numbers.
+    static std::vector<std::string> BreachesWithKeys(const EngineState& state) {
         ListAgreement asked;
-        asked.x_breaches = Breaches(lists);
-        asked.AskBeside("keys of tests", lists.VKSTestCount, lists.VKSTestUKeys.Size());
-        asked.AskBeside("host's keys of tests", lists.VKSTestCount, lists.VKSHostUKeys.Size());
-        asked.AskBeside("host's names of tests", lists.VKSTestCount, lists.VKSHostNames.Size());
-        asked.AskBeside("keys of steps or rows", lists.VKSStepCount,
-                        std::max(lists.VKSStepKeys.Size(), RowsOf(lists.VKSDUTIds)));
+        asked.x_breaches = Breaches(state);
+        asked.AskBeside("keys of tests", state.VKSTestCount, state.VKSTestUKeys.Size());
+        asked.AskBeside("host's keys of tests", state.VKSTestCount, state.VKSHostUKeys.Size());
+        asked.AskBeside("host's names of tests", state.VKSTestCount, state.VKSHostNames.Size());
+        if (state.Modul == aceVKSDUT) {
+            asked.AskBeside("numbers of rows", state.VKSStepCount, RowsOf(state.VKSDUTIds));
+        } else {
+            asked.AskBeside("keys of steps", state.VKSStepCount, state.VKSStepKeys.Size());
+            asked.AskBeside("tests of steps", state.VKSStepCount, state.VKSStepUKeys.Size());
+            asked.AskBeside("names of steps", state.VKSStepCount, state.VKSStepNames.Size());
+        }
         return asked.x_breaches;
     }
 
@@ -104,6 +110,8 @@ struct Unchanged {
           fileName(state.FileName),
           moduleKind(state.Modul),
           isAuto(state.IsAutoModule),
+          measuresEmission(state.EmiTemplate),
+          checksSystem(state.Context.SystemCheck),
           isMoving(state.InternalSubrangeOp),
           variables(state.VKSReplaceVars),
           fileNames(state.Context.ModuleFileNames) {}
@@ -114,6 +122,8 @@ struct Unchanged {
     String fileName;
     aceModul moduleKind;
     Boolean isAuto;
+    Boolean measuresEmission;
+    Boolean checksSystem;
     Boolean isMoving;
     aceVKSVar variables;
     std::array<String, FileNameRows> fileNames;
