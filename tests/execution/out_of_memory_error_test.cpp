@@ -26,10 +26,13 @@ void CopyWithoutMemory(aceModul moduleKind, CopyFor purpose, const ModuleLists& 
         }
         ModuleLists target = to;
         std::int32_t error = 0;
+        bool wasHit = false;
         {
             const FailingAllocations failing(n, false);
             error = AnyErrorOf([&] { CopyModule(moduleKind, purpose, from, target); });
+            wasHit = failing.WasHit();
         }
+        EXPECT_TRUE(wasHit) << "allocation " << n;
         EXPECT_EQ(error, Errors::OutOfMemory);
         EXPECT_THAT(ListAgreement::Breaches(target), ::testing::IsEmpty()) << "allocation " << n;
     }
@@ -76,20 +79,23 @@ TEST(OutOfMemoryError, ADeletionThatIsTriedAgainMovesNothingTwice) {
     ThreadContext context(std::make_shared<AgainHost>());
     context.TraceLog();
     context.Platform();
-    for (std::size_t n = 1; n <= 5; ++n) {
+    std::size_t failed = 0;
+    for (bool wasHit = true; wasHit; failed += wasHit ? 1U : 0U) {
         DynArray<p_Subrange> sets = FourSets();
         std::int32_t count = 4;
         std::int32_t index = 1;
         {
-            const FailingAllocations failing(n, false);
+            const FailingAllocations failing(failed + 1, false);
             modActions::DeleteEntry(context, sets, count, index);
+            wasHit = failing.WasHit();
         }
         ASSERT_EQ(count, 3);
         for (std::int32_t i = 0; i < count; ++i) {
-            EXPECT_EQ(sets[i].EnterCount, i + 2) << "allocation " << n;
+            EXPECT_EQ(sets[i].EnterCount, i + 2) << "allocation " << failed + 1;
         }
-        EXPECT_EQ(sets[count].EnterCount, 4) << "allocation " << n;
+        EXPECT_EQ(sets[count].EnterCount, 4) << "allocation " << failed + 1;
     }
+    EXPECT_GE(failed, 1U);
 }
 
 /// A key that needs memory of its own, and more than that of the letter before.
@@ -105,7 +111,8 @@ std::vector<String> All(const DynArray<String>& texts) {
 TEST(OutOfMemoryError, KeysOfADeletionThatIsTriedAgainAreNeitherLostNorDoubled) {
     const std::vector<String> left{LongKey(L'a'), LongKey(L'c'), LongKey(L'd'), {}};
     const String gone = LongKey(L'b');
-    for (std::size_t n = 1; n <= 20; ++n) {
+    std::size_t failed = 0;
+    for (bool wasHit = true; wasHit; failed += wasHit ? 1U : 0U) {
         ThreadContext context(std::make_shared<AgainHost>());
         aceActionsEngine engine(context);
         EngineState& state = engine.State();
@@ -115,19 +122,22 @@ TEST(OutOfMemoryError, KeysOfADeletionThatIsTriedAgainAreNeitherLostNorDoubled) 
             engine.AddVKSStep(LongKey(letter), LongKey(letter), L"step");
         }
         {
-            const FailingAllocations failing(n, false);
+            const FailingAllocations failing(failed + 1, false);
             engine.DeleteSubrange(1, gone);
+            wasHit = failing.WasHit();
         }
-        EXPECT_EQ(All(state.VKSTestUKeys), left) << "allocation " << n;
-        EXPECT_EQ(All(state.VKSStepUKeys), left) << "allocation " << n;
-        EXPECT_EQ(All(state.VKSStepKeys), left) << "allocation " << n;
+        EXPECT_EQ(All(state.VKSTestUKeys), left) << "allocation " << failed + 1;
+        EXPECT_EQ(All(state.VKSStepUKeys), left) << "allocation " << failed + 1;
+        EXPECT_EQ(All(state.VKSStepKeys), left) << "allocation " << failed + 1;
     }
+    EXPECT_GE(failed, 1U);
 }
 
 /// Each test of a wireless template has its place as the number of its actions; the array of the
 /// keys has no spare element, as after a load.
 TEST(OutOfMemoryError, ADeletionLeavesEachTestItsKey) {
-    for (std::size_t n = 1; n <= 20; ++n) {
+    std::size_t failed = 0;
+    for (bool wasHit = true; wasHit; failed += wasHit ? 1U : 0U) {
         ThreadContext context;
         aceActionsEngine engine(context);
         EngineState& state = engine.State();
@@ -139,14 +149,16 @@ TEST(OutOfMemoryError, ADeletionLeavesEachTestItsKey) {
         state.VKSTestUKeys.RedimPreserve(3);
         const String gone = LongKey(L'b');
         {
-            const FailingAllocations failing(n, false);
+            const FailingAllocations failing(failed + 1, false);
             AnyErrorOf([&] { engine.DeleteSubrange(1, gone); });
+            wasHit = failing.WasHit();
         }
         for (std::int32_t i = 0; i < state.VKSTestCount; ++i) {
             const auto letter = static_cast<wchar_t>(L'a' + state.VKSTests[i].EnterCount - 1);
-            EXPECT_EQ(state.VKSTestUKeys[i], LongKey(letter)) << "allocation " << n;
+            EXPECT_EQ(state.VKSTestUKeys[i], LongKey(letter)) << "allocation " << failed + 1;
         }
     }
+    EXPECT_GE(failed, 1U);
 }
 
 TEST(OutOfMemoryError, AThreadWithoutMemoryForItsServicesGetsError7AndMayTryAgain) {

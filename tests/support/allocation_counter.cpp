@@ -58,3 +58,7 @@ ace::test::FailingAllocations::FailingAllocations(std::size_t n, bool forEver) {
 ace::test::FailingAllocations::~FailingAllocations() {
     failing = 0;
 }
+
+bool ace::test::FailingAllocations::WasHit() const {
+    return allocations >= failing;
+}

@@ -25,6 +25,8 @@ class FailingAllocations {
     ~FailingAllocations();
     FailingAllocations(const FailingAllocations&) = delete;
     FailingAllocations& operator=(const FailingAllocations&) = delete;
+    /// That allocation has been asked for.
+    bool WasHit() const;
 };
 
 }  // namespace ace::test
