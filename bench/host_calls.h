@@ -7,7 +7,8 @@
 
 namespace ace::bench {
 
-/// The calls that are counted; `Line` is a line that a settings file handed out or took.
+/// The calls that are counted. Two are none of the host's: `Line`, a line that a settings file
+/// handed out or took, and `Found`, a look-up that was answered with what it looked for.
 enum class Call : std::size_t {
     Yield,
     TraceQuestion,
@@ -23,8 +24,9 @@ enum class Call : std::size_t {
     Channel,
     Path,
     Line,
+    Found,
 };
-inline constexpr std::size_t CallKinds = 14;
+inline constexpr std::size_t CallKinds = 15;
 /// By `Call`.
 using CallCounts = std::array<std::size_t, CallKinds>;
 

@@ -19,6 +19,24 @@ constexpr std::size_t RowsOf(std::int32_t frequencies) {
     return static_cast<std::size_t>(frequencies) * Edge * Edge;
 }
 
+volatile std::size_t sink = 0;
+
+/// What was found is the result of a look-up, and can be counted.
+void Answered(std::size_t found) {
+    sink = found;
+    if (HostsCount()) {
+        Count<true>(Call::Found, found);
+    }
+}
+
+/// An action in each list, so that a look-up which finds nothing answers otherwise.
+void FillEach(DynArray<p_Subrange>& sets) {
+    for (p_Subrange& set : sets) {
+        set.Enter.Redim(0, 0);
+        set.EnterCount = 1;
+    }
+}
+
 /// A matrix in which every dimension counts, so that it has a row for each combination.
 struct Matrix {
     explicit Matrix(std::int32_t frequencies) {
@@ -84,15 +102,19 @@ Work BuildAndDeleteAll(std::int32_t frequencies) {
 
 /// As a run does it, for each row once.
 Work LookUpRows(std::int32_t frequencies) {
-    return [matrix = std::make_shared<Matrix>(frequencies), frequencies] {
+    auto matrix = std::make_shared<Matrix>(frequencies);
+    FillEach(matrix->engine.State().VKSSteps);
+    return [matrix, frequencies] {
+        std::int32_t found = 0;
         for (std::int32_t i = 1; i <= frequencies; ++i) {
             for (std::int32_t row = 0; row < Edge * Edge; ++row) {
                 double frequency = 1e6 * i;
                 std::int32_t bandwidth = row / Edge;
                 std::int32_t power = row % Edge;
-                matrix->engine.VKSDUTStepActionCount(frequency, bandwidth, power);
+                found += matrix->engine.VKSDUTStepActionCount(frequency, bandwidth, power);
             }
         }
+        Answered(static_cast<std::size_t>(found));
     };
 }
 
@@ -115,12 +137,17 @@ struct Template {
 };
 
 Work LookUpSteps(std::int32_t tests) {
-    return [steps = std::make_shared<Template>(tests), tests] {
+    auto steps = std::make_shared<Template>(tests);
+    FillEach(steps->engine.State().VKSSteps);
+    return [steps, tests] {
+        std::size_t found = 0;
         for (std::int32_t test = 0; test < tests; ++test) {
             for (std::int32_t step = 0; step < Edge * Edge; ++step) {
-                steps->engine.VKSStepHaveActions(Template::TestKey(test), Template::StepKey(step));
+                found += steps->engine.VKSStepHaveActions(Template::TestKey(test),
+                                                          Template::StepKey(step));
             }
         }
+        Answered(found);
     };
 }
 
@@ -136,6 +163,7 @@ struct Operation {
     double limit;
     std::size_t questions;  ///< whether to trace, of one run on the larger matrix
     Work (*aside)(std::int32_t) = nullptr;
+    std::size_t found = 0;
 };
 
 constexpr std::size_t Many = RowsOf(ManyFrequencies);
@@ -165,8 +193,8 @@ const Operation Operations[] = {
      2 * (Outer + Rebuild) + (Comes + Goes) * (Many + OfAFrequency)},
     {"delete all", BuildAndDeleteAll, 1.5,
      Built + Outer*(1 + 2 * Edge + ManyFrequencies) + Goes* Many, Build},
-    {"look a row up", LookUpRows, 1.5, 0},
-    {"look a step up", LookUpSteps, 1.5, 0},
+    {"look a row up", LookUpRows, 1.5, 0, nullptr, Many},
+    {"look a step up", LookUpSteps, 1.5, 0, nullptr, Many},
     {"add a step", AddSteps, 1.5, Comes* Many},
 };
 
@@ -178,7 +206,7 @@ Case Growing(const Operation& operation) {
               [work = operation.work] { return work(ManyFrequencies); },
               {.instructions = operation.limit},
               RowsOf(FewFrequencies),
-              {{Call::TraceQuestion, operation.questions}}};
+              {{Call::TraceQuestion, operation.questions}, {Call::Found, operation.found}}};
     if (operation.aside != nullptr) {
         made.aside = [work = operation.aside] { return work(ManyFrequencies); };
         made.floorAside = [work = operation.aside] { return work(FewFrequencies); };

@@ -7,6 +7,7 @@
 # difference, divided by the number of the further frequencies, is free of the start of the program
 # and of the load. It exits with 1 when a run does not finish.
 set -euo pipefail
+shopt -s inherit_errexit  # a figure comes out of $(...), and what fails there ends all
 workbench=$(realpath "$1")
 cd "$(dirname "$0")/.."
 folder=$(mktemp -d)
@@ -61,7 +62,8 @@ sed -e 's/^NumOfFreqActions=.*/NumOfFreqActions=1/' -e '/^FrequAction[13]=/d' \
 
 echo "| A whole run of the workbench, virtual clock | Instructions a frequency |"
 echo "|---|---|"
-row "a wait, a check of the equipment and a macro" "$(a_frequency "$example" 1 0.5)" 200000
+three=$(a_frequency "$example" 1 0.5)
+row "a wait, a check of the equipment and a macro" "$three" 200000
 alone=$(a_frequency "$folder/device.ini" 10 5)
 large=$(a_frequency "$folder/large.ini" 10 5)
 row "a check of the equipment alone" "$alone" ""
