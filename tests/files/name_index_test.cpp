@@ -5,6 +5,8 @@
 #include <random>
 #include <string>
 
+#include "support/sample.h"
+
 namespace ace::workbench {
 namespace {
 
@@ -65,8 +67,8 @@ TEST(NameIndex, ARemovedNameIsGoneAndCanBeAddedAnew) {
 TEST(NameIndex, ManyActsEndLikeThoseOfAMap) {
     Names names;
     std::map<std::string, std::size_t> model;
-    std::mt19937 random(1);
-    for (int i = 0; i < 20000; ++i) {
+    std::mt19937 random(test::FirstSeed());
+    for (int i = 0; i < (test::WantsAll() ? 500000 : 20000); ++i) {
         const std::string name = "Name" + std::to_string(random() % 500);
         const auto found = model.find(name);
         ASSERT_EQ(names.Find(name), found == model.end() ? NameIndex::None : found->second);

@@ -32,10 +32,8 @@ std::set<int> NumbersOf(const std::map<int, Section>& sections) {
 
 // ---- modules without keys ------------------------------------------------------------------
 
-class PlainChainTest : public StoreModelTest, public ::testing::WithParamInterface<aceModul> {
+class PlainChainTest : public StoreModelTest {
   protected:
-    PlainChainTest() : StoreModelTest(GetParam()) {}
-
     void Save() {
         engine->SaveActions(File);
         file.Save(model);
@@ -50,9 +48,9 @@ class PlainChainTest : public StoreModelTest, public ::testing::WithParamInterfa
 };
 
 INSTANTIATE_TEST_SUITE_P(Modules, PlainChainTest,
-                         ::testing::Values(aceTemplate, aceMonitoring, aceEMSAutoTemplate,
-                                           aceEMIAutoTemplate, aceTSTemplate),
-                         [](const auto& row) { return "Modul" + std::to_string(row.param); });
+                         StoreRows(1, 25, aceTemplate, aceMonitoring, aceEMSAutoTemplate,
+                                   aceEMIAutoTemplate, aceTSTemplate),
+                         NameOfStoreRow);
 
 TEST_P(PlainChainTest, ListsThatAreLoadedChangedAndSavedFollowTheModel) {
     for (int round = 0; round < 25 && !HasFailure(); ++round) {
@@ -72,8 +70,6 @@ TEST_P(PlainChainTest, ListsThatAreLoadedChangedAndSavedFollowTheModel) {
 
 class WirelessChainTest : public StoreModelTest {
   protected:
-    WirelessChainTest() : StoreModelTest(aceVKSTemplate) {}
-
     /// An index below 1 leaves a test without a place for its key; the next test makes one.
     void Save() {
         if (model.keys.Upper() < model.count) {
@@ -101,7 +97,10 @@ class WirelessChainTest : public StoreModelTest {
     WirelessFileModel file;
 };
 
-TEST_F(WirelessChainTest, TestsAndStepsThatAreLoadedChangedAndSavedFollowTheModel) {
+INSTANTIATE_TEST_SUITE_P(Seeds, WirelessChainTest, StoreRows(1, 25, aceVKSTemplate),
+                         NameOfStoreRow);
+
+TEST_P(WirelessChainTest, TestsAndStepsThatAreLoadedChangedAndSavedFollowTheModel) {
     for (int round = 0; round < 150 && !HasFailure(); ++round) {
         Run(Draw(1, 12));
         Save();
@@ -112,7 +111,14 @@ TEST_F(WirelessChainTest, TestsAndStepsThatAreLoadedChangedAndSavedFollowTheMode
     }
 }
 
-TEST_F(WirelessChainTest, StepsOfATestThatMovedDownGoWithItsOldNumber) {
+// ---- wireless steps in the file ---------------------------------------------------------------
+
+class WirelessFileTest : public EngineTest {
+  protected:
+    WirelessFileTest() { State().Modul = aceVKSTemplate; }
+};
+
+TEST_F(WirelessFileTest, StepsOfATestThatMovedDownGoWithItsOldNumber) {
     for (const String key : {L"a", L"b", L"c"}) {
         engine->AddSubrange(State().VKSTestCount + 1, key);
         engine->AddVKSStep(L"step of " + key, key, L"name");
@@ -128,7 +134,7 @@ TEST_F(WirelessChainTest, StepsOfATestThatMovedDownGoWithItsOldNumber) {
     EXPECT_EQ(State().VKSStepCount, 1);
 }
 
-TEST_F(WirelessChainTest, DeletedLastTestTakesItsStepsOutOfTheFile) {
+TEST_F(WirelessFileTest, DeletedLastTestTakesItsStepsOutOfTheFile) {
     for (const String key : {L"a", L"b"}) {
         engine->AddSubrange(State().VKSTestCount + 1, key);
         engine->AddVKSStep(L"step of " + key, key, L"name");
@@ -147,16 +153,24 @@ TEST_F(WirelessChainTest, DeletedLastTestTakesItsStepsOutOfTheFile) {
 
 // ---- the matrix ----------------------------------------------------------------------------
 
-class MatrixChainTest : public MatrixModelTest, public ::testing::WithParamInterface<int> {
+/// The number of the template, and the seed of the random operations.
+using MatrixChainRow = std::tuple<int, unsigned>;
+
+class MatrixChainTest : public MatrixModelTest,
+                        public ::testing::WithParamInterface<MatrixChainRow> {
   protected:
     MatrixChainTest() {
-        engine->LoadActions(File, GetParam(), aceVKSDUT);
-        model.templateNumber = GetParam();
+        engine->LoadActions(File, templateNumber, aceVKSDUT);
+        model.templateNumber = templateNumber;
     }
     /// The tables belong to the object and not to the file.
     void SaveAndLoad() {
         engine->SaveActions(File);
-        engine->LoadActions(File, GetParam(), aceVKSDUT);
+        engine->LoadActions(File, templateNumber, aceVKSDUT);
+        if (model.rows < 1) {
+            model.lists = {};  // and the keys stay as the last row that went has left them
+            return;
+        }
         model.keys.Resize(model.rows);
         model.lists.Resize(model.rows);
         for (int row = 0; row < model.rows; ++row) {
@@ -164,17 +178,16 @@ class MatrixChainTest : public MatrixModelTest, public ::testing::WithParamInter
         }
         model.keys.At(model.rows) = {};
         model.lists.At(model.rows) = {};
-        if (model.rows < 1) {
-            model.lists = {};
-            model.keys = Keys();
-        }
     }
+
+    const int templateNumber = std::get<0>(GetParam());
+    std::mt19937 random{std::get<1>(GetParam())};
 };
 
-INSTANTIATE_TEST_SUITE_P(TemplateNumbers, MatrixChainTest, ::testing::Range(0, 4));
+INSTANTIATE_TEST_SUITE_P(TemplateNumbers, MatrixChainTest,
+                         ::testing::Combine(::testing::Range(0, 4), SeedsTo(1, 25)));
 
 TEST_P(MatrixChainTest, RowsThatAreSavedAndLoadedFollowTheModel) {
-    std::mt19937 random(7);
     const auto draw = [&](int from, int to) {
         return std::uniform_int_distribution(from, to)(random);
     };
@@ -202,12 +215,12 @@ TEST_P(MatrixChainTest, FlagsComeBackFromTheFileAndSuperfluousRowsGo) {
     engine->DeleteVKSDUTFreq(5000);
     engine->SaveActions(File);
     State().VKSInfByFreq = false;
-    engine->LoadActions(File, GetParam(), aceVKSDUT);
+    engine->LoadActions(File, templateNumber, aceVKSDUT);
 
     EXPECT_TRUE(engine->VKSInfByFreq());
     EXPECT_FALSE(engine->VKSInfByPower());
     EXPECT_EQ(Rows(), Lines{L"2400_-1_-1 ."});
-    const String section = L"ActionsOnStep_" + std::to_wstring(GetParam()) + L"_";
+    const String section = L"ActionsOnStep_" + std::to_wstring(templateNumber) + L"_";
     EXPECT_EQ(host->files[File].count(section + L"1"), 1U);
     EXPECT_EQ(host->files[File].count(section + L"2"), 0U);
     EXPECT_EQ(host->files[File].count(section + L"2_VKS"), 0U);

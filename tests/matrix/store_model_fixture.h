@@ -5,18 +5,33 @@
 
 #include "core/fake_editor.h"
 #include "matrix/model_readers.h"
+#include "support/sample.h"
 
 namespace ace::test {
 
+/// The module that is served, and the seed of the random operations.
+using StoreRow = std::tuple<aceModul, unsigned>;
+
+/// So many seeds of each module.
+template <class... Modules>
+auto StoreRows(unsigned sample, unsigned whole, Modules... modules) {
+    return ::testing::Combine(::testing::Values(modules...), SeedsTo(sample, whole));
+}
+inline std::string NameOfStoreRow(const ::testing::TestParamInfo<StoreRow>& row) {
+    return "Modul" + std::to_string(std::get<0>(row.param)) + "Seed" +
+           std::to_string(std::get<1>(row.param));
+}
+
 /// An engine of one module and the model side by side: random operations are made on both.
-class StoreModelTest : public EngineTest {
+class StoreModelTest : public EngineTest, public ::testing::WithParamInterface<StoreRow> {
   protected:
-    explicit StoreModelTest(aceModul served) : moduleKind(served) {
+    StoreModelTest() {
         State().Modul = moduleKind;
         context.Editor = std::make_shared<FakeEditor>(*host);
         model.loading = L"Editor.LoadEditor(" + std::to_wstring(moduleKind) + L")";
         model.wireless = moduleKind == aceVKSTemplate;
-        model.count = State().*Numbered().count;
+        // What a new object counts until a file is loaded.
+        model.count = moduleKind == aceTSTemplate || moduleKind == aceVKSTemplate ? 0 : -1;
     }
     const NumberedSets& Numbered() const { return ModuleTable[moduleKind].numbered[0]; }
 
@@ -132,8 +147,8 @@ class StoreModelTest : public EngineTest {
         }
     }
 
-    const aceModul moduleKind;
-    std::mt19937 random{20111};
+    const aceModul moduleKind = std::get<0>(GetParam());
+    std::mt19937 random{std::get<1>(GetParam())};
     StoreModel model;
     int content = 0;
 };

@@ -3,15 +3,12 @@
 namespace ace::test {
 namespace {
 
-class StoreRandomTest : public StoreModelTest, public ::testing::WithParamInterface<aceModul> {
-  protected:
-    StoreRandomTest() : StoreModelTest(GetParam()) {}
-};
+using StoreRandomTest = StoreModelTest;
 
 INSTANTIATE_TEST_SUITE_P(Modules, StoreRandomTest,
-                         ::testing::Values(aceTemplate, aceMonitoring, aceEMSAutoTemplate,
-                                           aceEMIAutoTemplate, aceTSTemplate, aceVKSTemplate),
-                         [](const auto& row) { return "Modul" + std::to_string(row.param); });
+                         StoreRows(1, 25, aceTemplate, aceMonitoring, aceEMSAutoTemplate,
+                                   aceEMIAutoTemplate, aceTSTemplate, aceVKSTemplate),
+                         NameOfStoreRow);
 
 TEST_P(StoreRandomTest, OperationsFromANewObjectOnFollowTheModel) {
     Run(800);
