@@ -18,13 +18,17 @@ String CheckFacts(const CheckBox& box) {
     return box.ticked ? L" ticked" : L" unticked";
 }
 
-/// " 2 of 4", from 1; " none of 4".
+/// All items, the chosen one behind a star.
 String DropDownFacts(const DropDown& box) {
-    const String which = box.listIndex < 0 ? String(L"none") : std::to_wstring(box.listIndex + 1);
-    return L" " + which + L" of " + std::to_wstring(box.list.size());
+    String text = box.list.empty() ? L" of nothing" : L" of";
+    for (std::size_t i = 0; i < box.list.size(); ++i) {
+        const bool isChosen = static_cast<std::int32_t>(i) == box.listIndex;
+        text += (isChosen ? L" *" : L" ") + Quoted(box.list[i]);
+    }
+    return text;
 }
 
-/// All of them, the chosen one behind a star.
+/// The same of options.
 String OptionFacts(const OptionGroup& group) {
     String text;
     for (std::size_t i = 0; i < group.options.size(); ++i) {

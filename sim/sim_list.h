@@ -25,7 +25,8 @@ class SimList : public IListControl {
     /// A line for each item: `ACT:0 "Wait" WAI`, and "selected".
     String Text() const;
 
-    // ---- the operator's acts; false when there is no such item, or nobody listens --------------
+    // ---- the operator's acts: false when there is no such item, and where the list would tell
+    // of it when nobody listens. A click alone tells nobody.
 
     /// Selects an item, or none by a click beside them.
     bool Click(const std::optional<String>& key);

@@ -11,10 +11,6 @@ namespace ace::sim {
 
 namespace {
 
-wchar_t Folded(wchar_t c) {
-    return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c - L'A' + L'a') : c;
-}
-
 /// The lines of a text; an end of line behind the last one adds none.
 std::vector<String> Lines(StringView text) {
     std::vector<String> lines;
@@ -37,8 +33,9 @@ StringView KeyInLine(StringView line) {
 }  // namespace
 
 bool NameLess::operator()(const String& a, const String& b) const {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                        [](wchar_t x, wchar_t y) { return Folded(x) < Folded(y); });
+    return std::lexicographical_compare(
+        a.begin(), a.end(), b.begin(), b.end(),
+        [](wchar_t x, wchar_t y) { return LowerCase(x) < LowerCase(y); });
 }
 
 SimSections ParseSections(StringView text) {
@@ -72,9 +69,15 @@ std::optional<String> SimSettingsFile::Find(const String& section, const String&
     return std::nullopt;
 }
 
+/// The lines of a section that is about to be changed.
+std::vector<String>& SimSettingsFile::Changing(const String& section) {
+    x_changed.insert(section);
+    return x_sections[section];
+}
+
 void SimSettingsFile::Put(const String& section, const String& key, const String& value) {
     const String changed = key + L"=" + value;
-    std::vector<String>& lines = x_sections[section];
+    std::vector<String>& lines = Changing(section);
     for (String& line : lines) {
         if (EqualNoCase(KeyInLine(line), key)) {
             line = changed;
@@ -138,18 +141,30 @@ std::vector<String> SimSettingsFile::GetSection(const String& section) {
 void SimSettingsFile::SetSection(const String& section, const Value& content) {
     x_host.Call(L"SettingsFile.SetSection", CallText(section, content));
     if (std::holds_alternative<std::monostate>(content)) {
-        x_sections.erase(section);
+        if (x_sections.erase(section) > 0) {
+            x_changed.insert(section);
+        }
     } else if (const String* text = std::get_if<String>(&content)) {
-        x_sections[section] = Lines(*text);
+        Changing(section) = Lines(*text);
+    } else if (const auto* lines = std::get_if<DynArray<String>>(&content)) {
+        Changing(section).assign(lines->begin(), lines->end());
     } else {
-        const auto& lines = std::get<DynArray<String>>(content);
-        x_sections[section].assign(lines.begin(), lines.end());
+        Raise(Errors::TypeMismatch);
     }
 }
 
 void SimSettingsFile::Release() {
     x_host.Call(L"SettingsFile.Release", {});
-    x_host.files[x_name] = x_sections;
+    SimSections& sections = x_host.files[x_name];
+    for (const String& section : x_changed) {
+        const auto changed = x_sections.find(section);
+        if (changed == x_sections.end()) {
+            sections.erase(section);
+        } else {
+            sections[section] = changed->second;
+        }
+    }
+    x_changed.clear();
 }
 
 }  // namespace ace::sim

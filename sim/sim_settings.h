@@ -3,6 +3,7 @@
 
 #include <map>
 #include <optional>
+#include <set>
 
 #include <ace/host/settings_file.h>
 
@@ -22,7 +23,8 @@ using SimSections = std::map<String, std::vector<String>, NameLess>;
 /// an error of whoever wrote the test.
 SimSections ParseSections(StringView text);
 
-/// One opened file: works on a copy of the sections and puts it back when it is released.
+/// One opened file: works on a copy of the sections. When it is released, the sections that were
+/// changed through it go back, and what others changed meanwhile stays.
 class SimSettingsFile : public ISettingsFile {
   public:
     SimSettingsFile(SimHost& host, String name);
@@ -40,12 +42,14 @@ class SimSettingsFile : public ISettingsFile {
     void Release() override;
 
   private:
+    std::vector<String>& Changing(const String& section);
     std::optional<String> Find(const String& section, const String& key) const;
     void Put(const String& section, const String& key, const String& value);
 
     SimHost& x_host;
     String x_name;
     SimSections x_sections;
+    std::set<String, NameLess> x_changed;
 };
 
 }  // namespace ace::sim

@@ -196,15 +196,37 @@ TEST(CopyModuleTest, AKindOutsideTheMembersCopiesNothing) {
     }
 }
 
-TEST(CopyModuleTest, TheCountComesFirstThenTheArrayThenTheRecord) {
-    const L from = Filled();
-    L to = from;
+/// The lists of a kind, its count and a set beside them, before a copy is refused and after.
+void ExpectNothingCopied(const L& from, L& to) {
+    const L before = to;
+    EXPECT_EQ(ErrorOf([&] { CopyModule(aceTemplate, CopyFor::Store, from, to); }), 10);
+    EXPECT_EQ(to, before);
+}
+
+TEST(CopyModuleTest, NothingIsCopiedWhileTheArrayIsHeld) {
+    L to = Filled();
     to.MainSubrangeCount = 7;
     to.MainTest = {};
     const DynArray<p_Subrange>::Hold hold(to.MainSubranges);
-    EXPECT_EQ(ErrorOf([&] { CopyModule(aceTemplate, CopyFor::Store, from, to); }), 10);
-    EXPECT_EQ(to.MainSubrangeCount, 1);
-    EXPECT_EQ(to.MainTest, p_Subrange());
+    ExpectNothingCopied(Filled(), to);
+}
+
+TEST(CopyModuleTest, NothingIsCopiedWhileAListOfTheSetIsHeld) {
+    L to = Filled();
+    to.MainSubrangeCount = 7;
+    to.MainTest.EnterCount = 8;
+    const DynArray<p_Action>::Hold hold(to.MainTest.Leave);
+    ExpectNothingCopied(Filled(), to);
+}
+
+TEST(CopyModuleTest, NothingOfTheMatrixAloneIsCopiedWhileItsRowsAreHeld) {
+    const L from = Filled();
+    L to;
+    to.VKSStepCount = 7;
+    const L before = to;
+    const DynArray<p_Subrange>::Hold hold(to.VKSSteps);
+    EXPECT_EQ(ErrorOf([&] { CopyMatrix(from, to); }), 10);
+    EXPECT_EQ(to, before);
 }
 
 TEST(CopyModuleTest, ACopyOfListsIsDeep) {

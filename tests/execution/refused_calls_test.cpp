@@ -128,6 +128,25 @@ TEST_F(RefusedCall, ATestOfAWirelessTemplateKeepsItsPlaceWhileItIsRead) {
     EXPECT_THAT(ListAgreement::Breaches(State()), ::testing::IsEmpty());
 }
 
+/// A host that calls back while a save asks it for its separator.
+TEST_F(RefusedCall, AListKeepsItsPlaceWhileItIsWritten) {
+    engine->LoadActions(L"old.ini", 2, aceTemplate);
+    State().MainTest = Waits();
+    FillSets(ModuleTable[aceTemplate].numbered[0], 2);
+    std::vector<std::int32_t> errors;
+    host->beforeCall = [&](StringView operation, const auto&) {
+        if (operation == L"Platform.DecimalSeparator") {
+            errors.push_back(ErrorOf([&] { engine->LoadActions(L"no.ini", 0, aceTemplate); }));
+        }
+    };
+    engine->SaveActions(L"new.ini");
+    host->beforeCall = nullptr;
+    // Four waits in the fixed set and in each of the two subranges.
+    EXPECT_EQ(errors, std::vector<std::int32_t>(12, 10));
+    EXPECT_EQ(host->files[L"new.ini"].count(L"ActionsOnSR2"), 1U);
+    EXPECT_EQ(State().MainSubrangeCount, 2);
+}
+
 // ---- the editor --------------------------------------------------------------------------------
 
 TEST_F(RefusedCall, ChangeSetsTheFlagAndTakesNoList) {

@@ -177,8 +177,20 @@ TEST_F(WirelessTemplate, MoreThanAHundredThousandStepsAreError7) {
     host->files[L"f"][L"ActionsOnTest1_VKS"] = {L"VKS_UKey=A", L"SUBSTEPS=100001"};
     EXPECT_EQ(ErrorOf([&] { Load(aceVKSTemplate, 1); }), 7);
     EXPECT_EQ(state.VKSTestCount, 0);
+}
+
+/// The section behind the last one that was saved has been read by nobody yet.
+TEST_F(WirelessTemplate, ALeftoverThatAsksForMoreStepsIsDeletedAsFarAsStepsCanBeRead) {
+    host->files[L"f"] = sim::ParseSections(
+        L"[ActionsOnTest1_VKS]\nVKS_UKey=A\nSUBSTEPS=2147483647\n"
+        L"[ActionsOnStepA_100000]\nNumOfEnterActions=0\n"
+        L"[ActionsOnStepA_100001]\nNumOfEnterActions=0\n");
     state.SavedCount.VKSTests = 1;
-    EXPECT_EQ(ErrorOf([&] { Save(aceVKSTemplate); }), 7);
+    host->journal.KeepNone();
+    EXPECT_EQ(ErrorOf([&] { Save(aceVKSTemplate); }), 0);
+    EXPECT_EQ(host->files[L"f"].count(L"ActionsOnTest1_VKS"), 0U);
+    EXPECT_EQ(host->files[L"f"].count(L"ActionsOnStepA_100000"), 0U);
+    EXPECT_EQ(host->files[L"f"].count(L"ActionsOnStepA_100001"), 1U);
 }
 
 TEST_F(WirelessTemplate, LoadingEndsTheUseOfReplaceVariables) {

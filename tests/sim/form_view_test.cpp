@@ -35,7 +35,7 @@ TEST(FormView, HasALineForEachControlWithThoseOfAFrameBelowIt) {
               L"    txtTime value box \"10.5\" s (0.001 to 3600)\n"
               L"    fraInner frame \"\" hidden\n"
               L"      chkBeep check box \"Beep\" ticked disabled\n"
-              L"      cboPort drop-down \"COM2\" 2 of 2\n"
+              L"      cboPort drop-down \"COM2\" of \"COM1\" *\"COM2\"\n"
               L"  cmdOK button \"&OK\" tip \"Take it\"\n"
               L"  optMode options \"Generator\" *\"Monitor\"\n"
               L"  tabPages tabs *\"INPUT1\" \"INPUT2\" \"INPUT3\" (hidden)\n"
@@ -55,7 +55,7 @@ TEST(FormView, ShowsFocusSelectionAndWhatIsNotChosen) {
     EXPECT_THAT(view,
                 ::testing::StartsWith(L"Everything \"All kinds\", 1000 x 800, focus on txtName\n"));
     EXPECT_THAT(view, ::testing::HasSubstr(L"txtName text box \"a\\r\\nb\" selected 0+4\n"));
-    EXPECT_THAT(view, ::testing::HasSubstr(L"cboPort drop-down \"COM9\" none of 2\n"));
+    EXPECT_THAT(view, ::testing::HasSubstr(L"cboPort drop-down \"COM9\" of \"COM1\" \"COM2\"\n"));
     EXPECT_THAT(view, ::testing::HasSubstr(L"optMode options \"Generator\" \"Monitor\"\n"));
 }
 

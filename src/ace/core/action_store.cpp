@@ -48,9 +48,9 @@ std::int32_t FindKey(const DynArray<String>& keys, std::int32_t last, const Stri
     return -1;
 }
 
-/// The key goes behind the last one wherever the test went: the keys are not shifted.
+/// Intentional: the key goes behind the last one wherever the test went; the keys are not shifted.
 void AddTest(EngineState& state, const Statements& stmt, const String& key, std::int32_t& index) {
-    const std::int32_t count = stmt([&] { return CheckedDifference(state.VKSTestCount, -1); });
+    const std::int32_t count = stmt([&] { return CheckedSum(state.VKSTestCount, 1); });
     DynArray<String> fresh[std::size(TestTexts)];
     for (std::size_t i = 0; i < std::size(TestTexts); ++i) {
         fresh[i] = stmt([&] { return ReserveUpTo(state.*TestTexts[i], count); });
@@ -93,8 +93,8 @@ void CloseTextGap(const Statements& stmt, DynArray<String>& texts, std::int32_t 
     }
 }
 
-/// The spare element is searched too, so an empty key removes the last test. Below 0 the keys stay
-/// as they are, unlike the two arrays beside them.
+/// Intentional: the spare element is searched too, so an empty key removes the last test. Below 0
+/// the keys stay as they are, unlike the two arrays beside them.
 void DeleteTest(EngineState& state, const Statements& stmt, const String& key) {
     const std::int32_t found =
         stmt([&] { return FindKey(state.VKSTestUKeys, state.VKSTestCount, key); });
@@ -275,7 +275,7 @@ void modActions::AddEntry(ThreadContext& context, DynArray<p_Subrange>& List, st
     Logged(context, ModuleLines(L"AddEntry"), message, [&](const Statements& stmt) {
         stmt([&] { RequireFree(List); });
         stmt([&] { Index = CheckedDifference(Index, 1); });
-        const std::int32_t count = stmt([&] { return CheckedDifference(Count, -1); });
+        const std::int32_t count = stmt([&] { return CheckedSum(Count, 1); });
         if (count < 0) {
             Count = count;  // Intentional: no array ends there, and the count comes back to 0
         }

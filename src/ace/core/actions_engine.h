@@ -1,7 +1,8 @@
 /// The public class. Each operation is defined once, in the folder that owns it:
 ///   core/actions_engine.cpp          construction, destruction, Change, InitReceiver,
 ///                                    LoadEditor, Release
-///   core/action_store.cpp            AddSubrange and the other operations that follow the host
+///   core/action_store.cpp            EditorSelectSubrange, AddSubrange and the other operations
+///                                    that follow the host
 ///   settings/settings_sections.cpp   LoadActions, SaveActions, WriteActionLists
 ///   execution/test_phases.cpp        the moments of a test
 ///   execution/step_description.cpp   StepDescription
@@ -9,8 +10,9 @@
 ///   execution/new_frequency.cpp      NewFrequency and the requests that it leaves
 ///   execution/plain_actions.cpp      StopAllActions
 ///   matrix/step_tree.cpp             AddVKSStep, SetVKSTests
-///   matrix/dut_matrix.cpp            the tables and flags of the matrix, its replace variables
-///   matrix/matrix_execution.cpp      the moments of wireless tests and of the matrix
+///   matrix/dut_matrix.cpp            the tables and flags of the matrix
+///   matrix/matrix_execution.cpp      the moments of wireless tests and of the matrix, the replace
+///                                    variables
 ///   execution/not_built_yet.cpp      everything that says so when it is called
 #pragma once
 

@@ -53,11 +53,13 @@ class _aceActionsEngine {
 
     /// Reads the lists of `Modul` from the host's file and makes the object serve that kind. The
     /// numbered sections 1 to `SubRanges` are read; for `aceVKSDUT` it is the template number. More
-    /// than 100,000 sections are error 7, and no list is replaced. A damaged line ends the load
-    /// with its error: what was read before it stays. While a list that would be replaced runs:
+    /// than 100,000 sections are error 7, and no list is replaced; a wireless test that asks for
+    /// more steps ends the load there. A damaged line ends the load with its error: what was read
+    /// before it stays. While a list that would be replaced runs:
     /// error 10. No messages run. Handled.
     virtual void LoadActions(const String& FileName, std::int32_t SubRanges, aceModul Modul) = 0;
-    /// Writes the lists of the module loaded last. Raises what `WriteActionLists` raises.
+    /// Writes the lists of the module loaded last; of a new object those of a single test, which
+    /// are empty. Raises what `WriteActionLists` raises.
     virtual void SaveActions(const String& FileName) = 0;
     /// Opens the editor on two controls of the host: `ActionsList` offers the kinds of actions,
     /// `ActionsTree` shows the moments and their actions, and is built first. They stay the host's.
@@ -73,8 +75,10 @@ class _aceActionsEngine {
     /// `Index` takes the spare element, which after a deletion is a copy of the last entry.
     /// `VKSUkey` is the key of a new wireless test and goes behind the other keys whatever the
     /// `Index`. An open editor is loaded again, but for a wireless test. Neither this nor the other
-    /// three that follow the host set `Change`, and a list that is being run is error 10. Without
-    /// numbered lists, and for the matrix, nothing is done, also in an open editor. Handled.
+    /// three that follow the host set `Change`, and a list that is being run is error 10. An
+    /// `Index` below 1 is error 9: the count has grown by then, and all entries have moved up by
+    /// one. A count that no load has set goes from -1 to 0, without an entry. Without numbered
+    /// lists, and for the matrix, nothing is done, also in an open editor. Handled.
     virtual void AddSubrange(std::int32_t Index, const String& VKSUkey = {}) = 0;
 
     // ---- wireless tests, steps and the matrix ------------------------------------------------
@@ -122,6 +126,7 @@ class _aceActionsEngine {
 
     /// Removes the entry at `Index`, or the last one when there is none; of a wireless template the
     /// test of key `VKSUkey` with its steps, whatever the `Index`. An open editor is loaded again.
+    /// Where there is an entry, an `Index` below 1 is error 9, and the count has fallen by then.
     /// Handled.
     virtual void DeleteSubrange(std::int32_t Index, const String& VKSUkey = {}) = 0;
     /// Moves an entry; `Destination` is its position after the removal. Of a wireless template the
@@ -154,7 +159,8 @@ class _aceActionsEngine {
     virtual std::int32_t StepNumber() = 0;
     /// What a susceptibility step does, in the host's language. Handled.
     virtual String StepDescription(std::int32_t Number) = 0;
-    /// Before a test of a sequence.
+    /// Before a test of a sequence; a `Number` outside, and an array that was never made, as with
+    /// `EnterSubrange`.
     virtual Boolean BeforeTest(std::int32_t Number) = 0;
     /// Before the wireless test of key `UKey`; an unknown key runs nothing. On a template whose
     /// tests were never made: error 9.
@@ -183,7 +189,7 @@ class _aceActionsEngine {
     /// Number of actions of that row; error 9 as above.
     virtual std::int32_t VKSDUTStepActionCount(double& Freq, std::int32_t& BandwidthID,
                                                std::int32_t& PowerID) = 0;
-    /// After a test of a sequence.
+    /// After a test of a sequence; `Number` as before it.
     virtual Boolean AfterTest(std::int32_t Number) = 0;
     /// After the wireless test of key `UKey`.
     virtual Boolean AfterVKSTest(const String& UKey) = 0;
@@ -192,7 +198,7 @@ class _aceActionsEngine {
     /// Around the test loop of monitoring.
     virtual Boolean BeforeTestLoop() = 0;
     virtual Boolean AfterTestLoop() = 0;
-    /// A susceptibility step is reached. Handled.
+    /// A susceptibility step is reached; `Number` as with `EnterSubrange`. Handled.
     virtual Boolean EnterStep(std::int32_t Number) = 0;
     /// A monitoring channel triggers / goes to no-go / returns to go. The answer is a code: 0
     /// nothing, 1 comment, 2 comment with the generator off, 3 stop the level sweep, 4 single
@@ -201,7 +207,8 @@ class _aceActionsEngine {
     virtual std::int32_t Trigger(std::int32_t Number, const String& Name) = 0;
     virtual std::int32_t EnterNoGo(std::int32_t Number, const String& Name) = 0;
     virtual std::int32_t Go(std::int32_t Number, const String& Name) = 0;
-    /// The code that a channel's no-go list will signal, found without running it.
+    /// The code that a channel's no-go list will signal, found without running it; error 9 as
+    /// above.
     virtual std::int32_t GetNoGo(std::int32_t Number) = 0;
     /// The start list of monitoring sets a device, whatever kind the object serves.
     virtual Boolean EUT_UseSetDevice() = 0;

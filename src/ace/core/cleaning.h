@@ -5,8 +5,9 @@
 
 namespace ace {
 
-/// Closes the bus devices and drops the device references of the actions in the module's lists. A
-/// step that fails goes on with the next one. The lists themselves are not changed.
+/// Closes the bus devices that the commands in the module's lists have opened. A step that fails
+/// goes on with the next one. The lists are not changed: what is cleaned is a copy of each record,
+/// and the references to devices end with the lists.
 void CleanLists(EngineState& state);
 
 namespace modActions {

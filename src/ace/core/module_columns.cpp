@@ -2,6 +2,7 @@
 #include <tuple>
 #include <utility>
 
+#include <ace/core/held_lists.h>
 #include <ace/core/module_columns.h>
 
 namespace ace {
@@ -103,11 +104,13 @@ void CopyAll(Columns columns, const ModuleLists& from, ModuleLists& to) {
 void CopyModule(std::int32_t moduleKind, CopyFor purpose, const ModuleLists& from,
                 ModuleLists& to) {
     if (moduleKind >= 0 && moduleKind < ModulCount) {
+        RequireFreeModule(to, moduleKind);
         CopyAll(Table[moduleKind].sets[static_cast<std::size_t>(purpose)], from, to);
     }
 }
 
 void CopyMatrix(const ModuleLists& from, ModuleLists& to) {
+    RequireFree(to.VKSSteps);
     CopyAll(Matrix, from, to);
 }
 

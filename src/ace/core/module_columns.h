@@ -13,10 +13,10 @@ enum class CopyFor {
     Print,   ///< the lists that are printed; the matrix is not
 };
 
-/// Copies the fields of one module kind from `from` to `to`, in the order of the table, the count
-/// of numbered sets before their array; all others stay. A kind outside the members copies nothing.
-/// An array of `to` that is held is error 10, and what stands before it in the order has been
-/// copied. After error 7 so too, and a count goes with its arrays. No messages run.
+/// Copies the fields of one module kind from `from` to `to`, in the order of the table; all others
+/// stay. A kind outside the members copies nothing. While a list of `to` is held: error 10, and
+/// nothing has been copied. After error 7 what stands before in the order has been copied, and a
+/// count goes with its arrays. No messages run.
 void CopyModule(std::int32_t moduleKind, CopyFor purpose, const ModuleLists& from, ModuleLists& to);
 
 /// The part of `CopyModule` of the matrix without its global lists: rows, tables, template number

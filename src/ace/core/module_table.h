@@ -26,9 +26,10 @@ struct NumberedSets {
 /// One module kind.
 struct ModuleRow {
     aceModul moduleKind = aceTemplate;
-    std::int32_t nameRow = 0;       ///< its row among the file names of the thread
-    std::int32_t readKind = 0;      ///< host's file kind for loading
-    std::int32_t settFileKind = 0;  ///< host's file kind for device settings; differs on purpose
+    std::int32_t nameRow = 0;   ///< its row among the file names of the thread
+    std::int32_t readKind = 0;  ///< host's file kind for loading
+    /// Host's file kind for device settings. Intentional: it differs from the one for loading.
+    std::int32_t settFileKind = 0;
     std::array<FixedSet, 2> fixed{};
     std::array<NumberedSets, 2> numbered{};
     bool isAutoModule = false;

@@ -43,6 +43,10 @@ String ThreadIdText(ThreadContext& context) {
 
 }  // namespace
 
+String FreqMessage(ThreadContext& context, double frequency) {
+    return L"Freq = " + FormatGeneral(frequency, context.Platform().DecimalSeparator());
+}
+
 RunTimeError CurrentRunTimeError() {
     try {
         throw;

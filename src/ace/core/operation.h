@@ -21,9 +21,11 @@ struct TraceLines {
 constexpr TraceLines ModuleLines(StringView procedure) {
     return {procedure, L"modActions (Code)", procedure};
 }
-/// Lines of a public operation of the engine object.
+/// The module that the public operations of the engine object name in their lines.
+inline constexpr StringView EngineModule = L"aceActionsEngine (Code)";
+/// Lines of such an operation.
 constexpr TraceLines EngineLines(StringView procedure) {
-    return {procedure, L"aceActionsEngine (Code)", procedure};
+    return {procedure, EngineModule, procedure};
 }
 /// Lines of the editor's form. Intentional: the print writes its own in the form's name too.
 constexpr TraceLines EditorLines(StringView procedure) {
@@ -34,6 +36,8 @@ constexpr TraceLines EditorLines(StringView procedure) {
 inline String NoMessage() {
     return {};
 }
+/// The message of one that tells a frequency in hertz.
+String FreqMessage(ThreadContext& context, double frequency);
 
 /// An error that the statement it came from has reported already; it never leaves an operation.
 class ReportedError final : public RunTimeError {

@@ -24,7 +24,7 @@ class ThreadContext;
 class IEditor {
   public:
     virtual ~IEditor() = default;
-    /// Runs the form's load handler, once in its life; a load that failed is tried again. The bench
+    /// Runs the form's load handler, once in its life; a load that failed is tried again. The host
     /// is asked for its devices, and messages may run.
     virtual void Load() = 0;
     /// Links the tree, in the place of the one before, and sets it up. None: the link is none, and

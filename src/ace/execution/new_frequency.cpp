@@ -1,5 +1,4 @@
 #include <ace/core/actions_engine.h>
-#include <ace/core/text.h>
 #include <ace/execution/walks.h>
 
 namespace ace {
@@ -77,9 +76,7 @@ bool CountsForResult(std::int32_t kind, aceModul moduleKind) {
 Boolean aceActionsEngine::NewFrequency(double FreqVal, Boolean IsNotEmiScSwMeas) {
     const std::shared_ptr<EngineState> state = x_state;
     ThreadContext& context = state->Context;
-    const auto message = [&] {
-        return L"Freq = " + FormatGeneral(FreqVal, context.Platform().DecimalSeparator());
-    };
+    const auto message = [&] { return FreqMessage(context, FreqVal); };
     return Logged(
         context, EngineLines(L"NewFrequency"), message, [&](const Statements& stmt) -> Boolean {
             context.EutCheckRequest = acEutNoAction;

@@ -115,10 +115,7 @@ Boolean RunNumbered(EngineState& state, const NumberedMoment& moment, std::int32
         return false;
     }
     const std::int32_t index = stmt([&] { return CheckedDifference(number, 1); });
-    const bool inRange = stmt([&] {
-        const DynArray<p_Subrange>& sets = state.*moment.sets;
-        return state.Context.Utilities().InRange(sets.LowerBound(), index, sets.UpperBound());
-    });
+    const bool inRange = stmt([&] { return IsInRange(state, state.*moment.sets, index); });
     return inRange ? PlainWalk(state, NumberedPlace{moment.sets, index, moment.list},
                                moment.moduleKind, stmt)
                    : Boolean(false);
@@ -128,7 +125,7 @@ Boolean RunNumbered(EngineState& state, const NumberedMoment& moment, std::int32
 std::int32_t NumberOfElements(const DynArray<p_Subrange>& sets) {
     std::int32_t number = 0;
     ResumeNext quiet;
-    quiet([&] { number = CheckedDifference(sets.UpperBound(), -1); });
+    quiet([&] { number = CheckedSum(sets.UpperBound(), 1); });
     return number;
 }
 

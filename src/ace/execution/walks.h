@@ -7,6 +7,12 @@
 
 namespace ace {
 
+/// The host says whether a set is there; it goes by the bounds, and an array that was never made is
+/// error 9.
+inline bool IsInRange(EngineState& state, const DynArray<p_Subrange>& sets, std::int32_t index) {
+    return state.Context.Utilities().InRange(sets.LowerBound(), index, sets.UpperBound());
+}
+
 /// A list of a set that the module has once, in an engine object. Elements are looked up anew each
 /// time, because the host may change the lists whenever messages run.
 class FixedActions {

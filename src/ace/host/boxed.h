@@ -8,8 +8,8 @@
 
 namespace ace {
 
-/// Holds one value, which is moved by moving a pointer. Copies are deep; one that was moved from
-/// holds nothing until it is assigned again.
+/// Holds one value, which is moved by moving a pointer. Copies are deep. One that was moved from
+/// holds nothing: it may be destroyed, or have another moved into it, and nothing else.
 template <class T>
 class Boxed {
   public:

@@ -39,6 +39,10 @@ std::int16_t NarrowToShort(std::int32_t value) {
     return Narrowed<std::int16_t>(value);
 }
 
+std::int32_t CheckedSum(std::int32_t a, std::int32_t b) {
+    return Narrowed<std::int32_t>(std::int64_t{a} + b);
+}
+
 std::int32_t CheckedDifference(std::int32_t a, std::int32_t b) {
     return Narrowed<std::int32_t>(std::int64_t{a} - b);
 }

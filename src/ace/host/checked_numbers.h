@@ -11,7 +11,8 @@ std::int32_t RoundToLong(double value);
 /// The same value in 16 bits; outside the range: error 6.
 std::int16_t NarrowToShort(std::int32_t value);
 
-/// `a - b` in 32 bits; outside the range: error 6.
+/// `a + b` and `a - b` in 32 bits; outside the range: error 6.
+std::int32_t CheckedSum(std::int32_t a, std::int32_t b);
 std::int32_t CheckedDifference(std::int32_t a, std::int32_t b);
 
 }  // namespace ace

@@ -1,4 +1,4 @@
-/// The side that all devices of a bench have in common.
+/// The side that all devices of the host have in common.
 #pragma once
 
 #include <ace/host/settings_file.h>

@@ -25,8 +25,9 @@ inline constexpr StringView Receivers = L"Receivers";
 inline constexpr StringView SignalPaths = L"SignalPaths";
 }  // namespace DeviceClasses
 
-/// Devices by name and class, posting of events and socket operations. No operation but a look-up
-/// lets messages run.
+/// Devices by name and class, posting of events and socket operations. Messages may run where a
+/// device is made or looked for (`GetDevice`, `DevicesOfClass`) and where a peer is waited for
+/// (`OpenSocket`, `SendSocket`); in no other operation.
 class IDeviceList {
   public:
     virtual ~IDeviceList() = default;
@@ -36,7 +37,8 @@ class IDeviceList {
     /// Tells the host's device side what the engine is doing. The sender is "ActionEngine"; kind 3
     /// tells "Standby On" and "Radiation on" around a notification, kind 4 an amplifier's state.
     virtual void PostEvent(const String& sender, std::int32_t kind, const String& text) = 0;
-    /// Connects to `host` and `port` and sets `handle`, which is above 0 for a connection. The
+    /// Connects to `host` and `port` and sets `handle`, which is 1 to 32767 for a connection: the
+    /// answer of `FindSocket`, which must be able to name it, has 16 bits. The
     /// third argument is 0, the protocol "TCP"; the answer is the host's result, which nothing
     /// reads.
     virtual std::int32_t OpenSocket(const String& host, std::int32_t port, std::int32_t third,

@@ -39,7 +39,7 @@ struct ValueFields {
     double minimum = 0.0;
     double maximum = 0.0;
     std::optional<std::int32_t> decimals = {};  ///< digits behind the separator; none: as needed
-    String text = {};                           ///< what is typed, or `FieldText`; without the unit
+    String text = {};                           ///< what is typed or shown, without the unit
 };
 
 /// A box for a number with a unit. The text stays as it was typed: its limits are for those who

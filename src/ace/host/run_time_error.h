@@ -61,7 +61,8 @@ inline constexpr std::int32_t DeviceFailed = 4010;
 inline constexpr std::int32_t NotBuiltYet = 4099;
 }  // namespace Errors
 
-/// One of the numbers above with its standing description. Made at the start of the program, so
+/// One of the numbers above with its standing description; `DeviceFailed` and `NotBuiltYet` have
+/// none, because theirs tells the case. Made at the start of the program, so
 /// that it costs no memory when there is none.
 RunTimeError StandingError(std::int32_t number);
 /// Raises that error.

@@ -6,7 +6,7 @@
 namespace ace {
 
 /// A port addressed by its number; 9600 baud, no parity, 8 data bits, 1 stop bit, no handshake.
-/// Destruction closes it. No operation lets messages run.
+/// Destruction closes it. Messages may run while a text is written, in no other operation.
 class ISerialPort {
   public:
     virtual ~ISerialPort() = default;

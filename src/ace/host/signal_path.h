@@ -1,4 +1,4 @@
-/// A signal path of the bench: cables, switches and what they cost.
+/// A signal path of the host's equipment: cables, switches and what they cost.
 #pragma once
 
 #include <ace/host/device.h>

@@ -20,7 +20,8 @@ class ITraceLog {
     /// asking for the thread's number before it, fails, the error that it is about is raised.
     virtual std::int32_t ReportError(const RunTimeError& error, std::int32_t threadId,
                                      std::int32_t errorLine) = 0;
-    /// Writes one trace line; the end line of an operation has empty component, module and message.
+    /// Writes one trace line. `marker` is "start" or "end"; the end line of an operation has empty
+    /// component, module and message.
     virtual void WriteLine(StringView marker, StringView component, StringView module,
                            StringView procedure, StringView message, StringView threadId) = 0;
 };

@@ -1,7 +1,6 @@
 #include <ace/core/action_store.h>
 #include <ace/core/actions_engine.h>
 #include <ace/core/operation.h>
-#include <ace/core/text.h>
 #include <ace/host/checked_numbers.h>
 #include <ace/matrix/dut_matrix.h>
 #include <ace/matrix/matrix_rows.h>
@@ -12,8 +11,6 @@ namespace ace {
 
 namespace {
 
-constexpr double All = -1.0;                  ///< the value of a row for a whole dimension
-constexpr double TestMode = 0.0;              ///< the frequency that is a mode of its own
 constexpr std::int32_t TestModeTemplate = 0;  ///< the template number that knows the test mode
 
 /// One of the three dimensions of the matrix.
@@ -120,7 +117,7 @@ void AddName(EngineState& state, const Statements& stmt, const NamedDimension& t
         const std::int32_t last = count;
         stmt([&] { names.RedimPreserve(last); });
         stmt([&] { names[last] = name; });
-        stmt([&] { count = CheckedDifference(count, -1); });
+        stmt([&] { count = CheckedSum(count, 1); });
     } else if (id >= 0) {
         stmt([&] { names[id] = name; });
     }
@@ -164,7 +161,7 @@ void AddFrequency(EngineState& state, const Statements& stmt, const String& name
     stmt([&] { state.VKSDUTFreqs.RedimPreserve(last); });
     stmt([&] { state.VKSDUTFreqNames[last] = name; });
     stmt([&] { state.VKSDUTFreqs[last] = frequency; });
-    stmt([&] { state.VKSDUTFreqCount = CheckedDifference(last, -1); });
+    stmt([&] { state.VKSDUTFreqCount = CheckedSum(last, 1); });
 }
 
 void RemoveFrequency(EngineState& state, const Statements& stmt, double frequency) {
@@ -183,8 +180,6 @@ void RemoveFrequency(EngineState& state, const Statements& stmt, double frequenc
 
 // ---- trace lines ---------------------------------------------------------------------------
 
-constexpr StringView EngineModule = L"aceActionsEngine (Code)";
-
 /// Intentional: two operations name themselves after another one, and one of them stands in the
 /// place of the component. Readers of traces know them so.
 constexpr TraceLines AddFrequencyLines = EngineLines(L"AddVKSDUTPowerID");
@@ -193,9 +188,6 @@ constexpr TraceLines InfluenceLines{L"AddVKSDUTPowerID", EngineModule, L"SetVKSD
 
 String IdMessage(StringView word, std::int32_t id) {
     return String(word) + L" = " + std::to_wstring(id);
-}
-String FreqMessage(ThreadContext& context, double frequency) {
-    return L"Freq = " + FormatGeneral(frequency, context.Platform().DecimalSeparator());
 }
 
 // ---- operations that delete --------------------------------------------------------------------
@@ -213,7 +205,7 @@ void DeleteBandwidth(EngineState& state, std::int32_t id) {
         [&](const Statements& stmt) { RemoveName(state, stmt, BandwidthTable, id); });
 }
 
-/// Its start line has no message, unlike that of its twin.
+/// Intentional: its start line has no message, unlike that of its twin.
 void DeletePower(EngineState& state, std::int32_t id) {
     Logged(state.Context, EngineLines(L"DeleteVKSDUTPowerID"), NoMessage,
            [&](const Statements& stmt) { RemoveName(state, stmt, PowerTable, id); });

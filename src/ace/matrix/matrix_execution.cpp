@@ -8,12 +8,6 @@ namespace ace {
 
 namespace {
 
-/// The host says whether a set is there; it goes by the bounds, and an array that was never made is
-/// error 9.
-bool IsInRange(EngineState& state, const DynArray<p_Subrange>& sets, std::int32_t index) {
-    return state.Context.Utilities().InRange(sets.LowerBound(), index, sets.UpperBound());
-}
-
 std::int32_t FindTest(const EngineState& state, const String& key) {
     for (std::int32_t i = 0; i < state.VKSTestCount; ++i) {
         if (state.VKSTestUKeys[i] == key) {
@@ -58,9 +52,8 @@ Boolean RunStep(EngineState& state, std::int32_t index) {
 /// A dimension without influence is asked for as a whole; only the test mode stays what it is.
 void NormaliseKey(const EngineState& state, double& frequency, std::int32_t& bandwidth,
                   std::int32_t& power) {
-    constexpr double TestMode = 0.0;
     if (frequency != TestMode && !state.VKSInfByFreq) {
-        frequency = AllRow[0];
+        frequency = All;
     }
     if (!state.VKSInfByBandwidth) {
         bandwidth = -1;
@@ -102,7 +95,7 @@ void aceActionsEngine::SetVKSReplaceVar(const DynArray<String>& strSearch,
         }
         stmt([&] { variables.valReplace = valReplace; });
         stmt([&] { variables.strSearch = strSearch; });
-        variables.count = stmt([&] { return CheckedDifference(strSearch.UpperBound(), -1); });
+        variables.count = stmt([&] { return CheckedSum(strSearch.UpperBound(), 1); });
     });
 }
 

@@ -3,7 +3,6 @@
 
 #include <ace/core/action_store.h>
 #include <ace/core/held_lists.h>
-#include <ace/core/text.h>
 #include <ace/host/checked_numbers.h>
 #include <ace/matrix/matrix_rows.h>
 
@@ -80,10 +79,6 @@ bool UpdateIndex(const ModuleLists& lists, PlaceIndex& places) {
 
 }  // namespace
 
-String KeyMessage(ThreadContext& context, const RowKey& key) {
-    return L"Freq = " + FormatGeneral(key[0], context.Platform().DecimalSeparator());
-}
-
 RowKey KeyOf(const ModuleLists& lists, std::int32_t row) {
     const double* const cells = lists.VKSDUTIds.Row(row);
     return {cells[0], cells[1], cells[2]};
@@ -127,12 +122,12 @@ std::size_t RowKeys::Hash::operator()(const RowKey& key) const {
 }
 
 void AddVKSDUTStep(EngineState& state, RowKeys& keys, const RowKey& key) {
-    const auto message = [&] { return KeyMessage(state.Context, key); };
+    const auto message = [&] { return FreqMessage(state.Context, key[0]); };
     Logged(state.Context, EngineLines(L"AddVKSDUTStep"), message, [&](const Statements& stmt) {
         if (keys.Contains(key)) {
             return;
         }
-        std::int32_t index = stmt([&] { return CheckedDifference(state.VKSStepCount, -1); });
+        std::int32_t index = stmt([&] { return CheckedSum(state.VKSStepCount, 1); });
         Array2D<double> fresh = stmt([&] { return ReserveIds(state.VKSDUTIds, index); });
         stmt([&] {
             modActions::AddEntry(state.Context, state.VKSSteps, state.VKSStepCount, index);
@@ -144,7 +139,7 @@ void AddVKSDUTStep(EngineState& state, RowKeys& keys, const RowKey& key) {
 }
 
 void DeleteVKSDUTStep(EngineState& state, const RowKey& key) {
-    const auto message = [&] { return KeyMessage(state.Context, key); };
+    const auto message = [&] { return FreqMessage(state.Context, key[0]); };
     Logged(state.Context, EngineLines(L"DeleteVKSDUTStep"), message, [&](const Statements& stmt) {
         const std::int32_t row = stmt([&] { return FindRow(state, key); });
         if (row < 0) {

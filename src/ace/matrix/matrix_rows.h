@@ -11,8 +11,12 @@ namespace ace {
 /// Frequency in hertz, bandwidth id and power id; -1 stands for all of a dimension.
 using RowKey = std::array<double, 3>;
 
+/// What a row for a whole dimension has in its place.
+inline constexpr double All = -1.0;
 /// The key of all frequencies, bandwidths and powers.
-inline constexpr RowKey AllRow{-1.0, -1.0, -1.0};
+inline constexpr RowKey AllRow{All, All, All};
+/// The frequency that is a mode of its own: no influence of the frequency takes it away.
+inline constexpr double TestMode = 0.0;
 
 /// The columns of a key go from 0 to this one.
 inline constexpr std::int32_t LastKeyColumn = 2;
@@ -24,9 +28,6 @@ void PutKey(EngineState& state, std::int32_t row, const RowKey& key);
 /// Gives the array of the keys one row more than there are rows, as one statement. Error 9 where
 /// there is no array.
 void CutKeys(EngineState& state, const Statements& stmt);
-
-/// The message of a trace line about a row.
-String KeyMessage(ThreadContext& context, const RowKey& key);
 
 /// The first row of a key, whose values are compared as numbers: both zeros are one, and what is no
 /// number equals nothing. -1 for none. Error 9 where the keys are fewer than the rows.

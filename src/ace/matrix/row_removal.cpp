@@ -40,7 +40,7 @@ void RowRemoval::Delete(std::int32_t row, const RowKey& key) {
         DeleteVKSDUTStep(x_state, key);
         return;
     }
-    const auto message = [&] { return KeyMessage(x_state.Context, key); };
+    const auto message = [&] { return FreqMessage(x_state.Context, key[0]); };
     x_keyGone.resize(static_cast<std::size_t>(x_count));
     x_setGone.resize(static_cast<std::size_t>(x_count));
     try {

@@ -71,7 +71,7 @@ bool UpdateIndex(const EngineState& state) {
 /// has.
 void AppendStep(EngineState& state, const Statements& stmt, const String& key,
                 const String& testKey, const String& name) {
-    std::int32_t index = stmt([&] { return CheckedDifference(state.VKSStepCount, -1); });
+    std::int32_t index = stmt([&] { return CheckedSum(state.VKSStepCount, 1); });
     const std::int32_t count = index;
     const bool isCurrent = state.StepPlaces.IsCurrent(ChangesOfSteps(state));
     auto freshTestKeys = stmt([&] { return ReserveUpTo(state.VKSStepUKeys, count); });
@@ -91,7 +91,8 @@ void AppendStep(EngineState& state, const Statements& stmt, const String& key,
     FollowAppend(state, before, count - 1);
 }
 
-/// The names are taken only where both arrays of the host end alike; else the old ones stay.
+/// Intentional: the names are taken only where both arrays of the host end alike; else the old ones
+/// stay.
 void TakeTest(EngineState& state, const DynArray<String>& keys, const DynArray<String>& names,
               std::int32_t index) {
     state.VKSHostUKeys[index] = keys[index];

@@ -6,7 +6,6 @@ namespace ace::modActions {
 
 namespace {
 
-constexpr StringView Comma = L",";
 constexpr float NeverChecked = -1.0F;
 
 /// Beyond the range of a single: error 6.

@@ -7,12 +7,10 @@ namespace {
 
 constexpr StringView ParameterSeparator = L"||";
 
-/// Line ends and commas of a message would end its line or its field, so they stand in the file as
-/// these characters. Intentional: no other text field is escaped.
+/// A line end of a message would end its line, as a comma its field. Intentional: but for the
+/// commas of a command no other text field is escaped.
 constexpr StringView LineEnd = L"\r\n";
 constexpr StringView LineEndInFile = L"\x7f";
-constexpr StringView Comma = L",";
-constexpr StringView CommaInFile = L"\x01";
 
 /// The parameters of a macro, counted from 1; without any, one empty element at 0 remains. An array
 /// that starts at 1 keeps its memory from line to line.

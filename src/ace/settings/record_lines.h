@@ -8,6 +8,10 @@
 
 namespace ace::modActions {
 
+/// Between two fields of a line, and what stands in the file for a comma of a message or a command.
+inline constexpr StringView Comma = L",";
+inline constexpr StringView CommaInFile = L"\x01";
+
 void ReadWait(EntryLine& line);
 void WriteWait(LineText& text, const p_Action& action);
 void ReadApi(EntryLine& line);

@@ -7,10 +7,6 @@ namespace {
 
 constexpr double NoProcess = -1.0;
 
-constexpr StringView Comma = L",";
-/// Stands in the file for a comma of a command.
-constexpr StringView CommaInFile = L"\x01";
-
 void ReadTcpIp(EntryLine& line, aceRemote& record) {
     line.Set(LineField::TcpHost, record.TcpHost, line.Field(2));
     const StringView field = line.Field(3);

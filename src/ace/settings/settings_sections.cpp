@@ -38,6 +38,7 @@ void WriteNumbered(const SettingsStatements& file, const NumberedSets& numbered)
     EngineState& state = file.State();
     const std::int32_t count = state.*numbered.count;
     for (std::int32_t i = 0; i < count; ++i) {
+        const DynArray<p_Subrange>::Hold hold(state.*numbered.sets);
         file.Do([&] { file.WriteLists(SectionOf(numbered, i + 1), (state.*numbered.sets)[i]); });
     }
     const std::int64_t saved = state.SavedCount.*numbered.saved;

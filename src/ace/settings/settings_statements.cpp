@@ -26,6 +26,10 @@ void SettingsStatements::ReadElement(DynArray<p_Subrange>& sets, std::int32_t in
 }
 
 void SettingsStatements::WriteLists(const String& section, const p_Subrange& set) const {
+    const DynArray<p_Action>::Hold enter(set.Enter);
+    const DynArray<p_Action>::Hold leave(set.Leave);
+    const DynArray<p_Action>::Hold frequency(set.Freq);
+    const DynArray<p_Action>::Hold mlc(set.Mlc);
     Do([&] { modActions::WriteActionList(x_state.Context, x_settings, section, set); });
 }
 

@@ -18,10 +18,12 @@ class SettingsStatements {
         return x_stmt(std::forward<Statement>(statement), line);
     }
 
-    /// Empties a fixed list, apart from the fourth list where the row says so, and reads it.
+    /// Empties the lists of a fixed set, the fourth one only where the row says so, and reads it.
     void ReadFixed(const FixedSet& fixed) const;
     /// Reads a section into an element, which stays where it is meanwhile.
     void ReadElement(DynArray<p_Subrange>& sets, std::int32_t index, const String& section) const;
+    /// Writes a section from the lists of a set, which stay as they are meanwhile. Where the set is
+    /// an element, the caller holds the array.
     void WriteLists(const String& section, const p_Subrange& set) const;
     void DeleteSection(const String& section) const;
 

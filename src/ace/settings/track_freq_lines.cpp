@@ -4,8 +4,6 @@ namespace ace::modActions {
 
 namespace {
 
-constexpr StringView Comma = L",";
-
 /// Intentional: leaves the monitoring device of a line before standing, as the monitor form leaves
 /// the generator; both are then tuned.
 void ReadGenerator(EntryLine& line) {

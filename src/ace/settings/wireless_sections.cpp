@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <ace/host/checked_numbers.h>
 #include <ace/settings/action_line.h>
 #include <ace/settings/wireless_names.h>
@@ -97,6 +99,7 @@ void MakeTestArrays(const SettingsStatements& file, std::int32_t subRanges) {
 /// Writes the steps of a test under numbers from 1 and answers how many it has.
 std::int32_t WriteSteps(const SettingsStatements& file, const String& testKey) {
     const EngineState& state = file.State();
+    const DynArray<p_Subrange>::Hold hold(state.VKSSteps);
     std::int32_t number = 0;
     for (std::int32_t i = 0; i < state.VKSStepCount; ++i) {
         if (file.Do([&] { return state.VKSStepUKeys[i] != testKey; })) {
@@ -116,6 +119,7 @@ void WriteTest(const SettingsStatements& file, std::int32_t test) {
     const String key = file.Do([&] { return state.VKSTestUKeys[test - 1]; });
     const std::int32_t steps = WriteSteps(file, key);
     const String section = TestSection(test);
+    const DynArray<p_Subrange>::Hold hold(state.VKSTests);
     file.Do([&] { file.WriteLists(section, state.VKSTests[test - 1]); });
     file.SetString(KeysOf(section), TestKey, key);
     file.SetLong(KeysOf(section), StepCount, steps);
@@ -126,10 +130,12 @@ void DeleteWithKeys(const SettingsStatements& file, const String& section) {
     file.DeleteSection(KeysOf(section));
 }
 
+/// The steps of a section that no load may have seen: none that can be read lies behind the most
+/// that there may be, and what it asks for beyond must not make the file unsaveable.
 void DeleteTest(const SettingsStatements& file, std::int32_t test) {
     const String section = TestSection(test);
     const String key = file.GetString(KeysOf(section), TestKey);
-    const std::int32_t steps = ReadCount(file, KeysOf(section), StepCount);
+    const std::int32_t steps = std::min(file.GetLong(KeysOf(section), StepCount, 0), MostEntries);
     for (std::int32_t step = 1; step <= steps; ++step) {
         DeleteWithKeys(file, StepSection(key, step));
     }
@@ -155,6 +161,7 @@ void WriteRow(const SettingsStatements& file, std::int32_t row) {
     file.Do([&] { file.SetDouble(KeysOf(section), L"ID0", idOf(0)); });
     file.Do([&] { file.SetLong(KeysOf(section), L"ID1", RoundToLong(idOf(1))); });
     file.Do([&] { file.SetLong(KeysOf(section), L"ID2", RoundToLong(idOf(2))); });
+    const DynArray<p_Subrange>::Hold hold(state.VKSSteps);
     file.Do([&] { file.WriteLists(section, state.VKSSteps[row - 1]); });
 }
 
@@ -202,6 +209,7 @@ void ReadWirelessTemplate(const SettingsStatements& file, std::int32_t subRanges
     state.SavedCount.VKSTests = subRanges;
 }
 
+/// Intentional: deletes one section more than there can be.
 void WriteWirelessTemplate(const SettingsStatements& file) {
     EngineState& state = file.State();
     file.WriteLists(String(TemplateRow.fixed[0].section), state.VKSTemplate);

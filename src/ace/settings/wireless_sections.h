@@ -17,7 +17,9 @@ inline constexpr std::int32_t GlobalTemplate = 3;
 /// The matrix of `aceVKSDUT`: `subRanges` is the template number, and the number of rows comes back
 /// in it. Ends the use of replace variables. More than 100,000 rows are error 7.
 void ReadMatrix(const SettingsStatements& file, std::int32_t& subRanges);
-/// Writes rows and tables, and deletes the sections of rows that were saved or read and are gone.
+/// Writes the number of rows, the influence flags, and the rows with their keys; of the template
+/// that has them also the global lists. Deletes the sections of rows that were saved or read and
+/// are gone. The tables of frequencies, bandwidths and powers are no part of the file.
 void WriteMatrix(const SettingsStatements& file);
 
 }  // namespace ace
