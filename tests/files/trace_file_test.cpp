@@ -57,10 +57,10 @@ TEST_F(TraceFileTest, ALongNameIsNotCut) {
 TEST_F(TraceFileTest, TextsAreUtf8AndStayOnOneLine) {
     TraceFile trace(path, Noon);
     trace.Make();
-    trace.WriteLine(L"m", L"", L"", L"", L"\xE4\x20AC a\r\nb\t\x01\x7F C:\\new", L"");
+    trace.WriteLine(L"m", L"", L"", L"", L"\xE4\x20AC a\r\nb\t\x01\x7F\x80\x9F C:\\new", L"");
     EXPECT_EQ(Read("trace.log").substr(25),
               "m" + std::string(4 + 8 + 30 + 26 + 21 + 2, ' ') +
-                  "\xC3\xA4\xE2\x82\xAC a\\r\\nb\\t\\x01\\x7F C:\\new\n");
+                  "\xC3\xA4\xE2\x82\xAC a\\r\\nb\\t\\x01\\x7F\\x80\\x9F C:\\new\n");
 }
 
 TEST_F(TraceFileTest, AValueThatIsNoCharacterIsShownAsAQuestionMark) {

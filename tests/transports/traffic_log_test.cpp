@@ -39,10 +39,10 @@ TEST(TrafficLog, AMomentWithoutAFrequencyAndNoMomentAtAllLeaveTheirFieldsEmpty) 
 TEST(TrafficLog, AFieldNeverBreaksTheLine) {
     std::ostringstream out;
     TrafficLog log(out, {}, SomeTime);
-    log.End(log.Begin(L"a\tb", L"c\nd"), "\t\r\n\"", L"failed: e\r\nf");
+    log.End(log.Begin(L"a\tb", L"c\nd"), "\t\r\n\"", L"failed: e\r\nf\x9Bg");
     EXPECT_EQ(out.str(),
               std::string(Header) +
-                  "2009-02-13T23:31:30.007Z\t\t\ta b\tc d\t\"\\t\\r\\n\\\"\"\tfailed: e  f\n");
+                  "2009-02-13T23:31:30.007Z\t\t\ta b\tc d\t\"\\t\\r\\n\\\"\"\tfailed: e  f g\n");
 }
 
 TEST(TrafficLog, TimeAndPlaceAreThoseOfTheBeginning) {

@@ -19,6 +19,23 @@ TEST(Wording, SecondsGoToTheMillisecond) {
     EXPECT_EQ(SecondsText(1.4), L"0.001 s");
 }
 
+TEST(Wording, ControlCharactersAreThoseBelowTheBlankAndFrom7FTo9F) {
+    for (const wchar_t c : {L'\0', L'\x1F', L'\x7F', L'\x80', L'\x9F'}) {
+        EXPECT_TRUE(IsControl(c)) << static_cast<int>(c);
+    }
+    for (const wchar_t c : {L' ', L'~', L'\xA0', L'\x20AC', static_cast<wchar_t>(-1)}) {
+        EXPECT_FALSE(IsControl(c)) << static_cast<int>(c);
+    }
+}
+
+TEST(Wording, ALineIsEmptyOrAComment) {
+    EXPECT_TRUE(IsEmptyOrComment(L"", L"#"));
+    EXPECT_TRUE(IsEmptyOrComment(L"#", L"#"));
+    EXPECT_TRUE(IsEmptyOrComment(L"; text", L";#"));
+    EXPECT_FALSE(IsEmptyOrComment(L"; text", L"#"));
+    EXPECT_FALSE(IsEmptyOrComment(L"text ;#", L";#"));
+}
+
 TEST(Wording, AMessageBecomesOneLine) {
     EXPECT_EQ(OneLine(L"Door closed?\r\nLamp\ton?\nYes"), L"Door closed? / Lamp on? / Yes");
     EXPECT_EQ(QuotedLine(L"a\x7f"

@@ -196,7 +196,7 @@ FaultRules::FaultRules(StringView script, const String& path) {
     for (const StringView whole : LinesOf(script)) {
         ++number;
         const StringView line = Trimmed(whole);
-        if (!line.empty() && line.front() != L'#') {
+        if (!IsEmptyOrComment(line, L"#")) {
             x_rules.push_back({LineReader(path, number, line).Read()});
         }
     }

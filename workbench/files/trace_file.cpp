@@ -11,6 +11,7 @@
 #include "workbench/files/file_errors.h"
 #include "workbench/files/system_reason.h"
 #include "workbench/files/text_encoding.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 
@@ -31,14 +32,14 @@ constexpr std::size_t ComponentWidth = 19;
 String Visible(StringView text) {
     String visible;
     for (const wchar_t c : text) {
-        // NOLINTNEXTLINE(bugprone-signed-char-misuse): it is no char, and none is below 0.
-        const auto code = static_cast<std::uint32_t>(c);
-        if (code >= 0x20 && code != 0x7F) {
+        if (!IsControl(c)) {
             visible += c;
         } else if (c == L'\n' || c == L'\r' || c == L'\t') {
             visible += c == L'\n' ? L"\\n" : c == L'\r' ? L"\\r" : L"\\t";
         } else {
             constexpr StringView Digits = L"0123456789ABCDEF";
+            // NOLINTNEXTLINE(bugprone-signed-char-misuse): it is no char, and none is below 0.
+            const auto code = static_cast<std::size_t>(c);
             visible.append(L"\\x").append(1, Digits[code / 16]).append(1, Digits[code % 16]);
         }
     }

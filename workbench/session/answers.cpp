@@ -119,7 +119,7 @@ Answers::Answers(StringView text, const String& path) {
     for (const StringView whole : LinesOf(text)) {
         ++number;
         const StringView line = Trimmed(whole);
-        if (!line.empty() && line.front() != L'#') {
+        if (!IsEmptyOrComment(line, L"#")) {
             x_lines.push_back(ReadLine(line, number, path));
         }
     }

@@ -50,7 +50,7 @@ std::vector<MacroInput> ParseMacroInputs(StringView text) {
     for (const StringView whole : LinesOf(text)) {
         ++number;
         const StringView line = Trimmed(whole);
-        if (line.empty() || line.front() == L'#') {
+        if (IsEmptyOrComment(line, L"#")) {
             continue;
         }
         if (inputs.size() == MostInputs) {

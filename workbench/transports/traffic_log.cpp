@@ -1,5 +1,6 @@
 #include "workbench/transports/traffic_log.h"
 
+#include <algorithm>
 #include <ctime>
 #include <iomanip>
 #include <ostream>
@@ -9,6 +10,7 @@
 
 #include "workbench/files/text_encoding.h"
 #include "workbench/transports/instrument_bytes.h"
+#include "workbench/words/wording.h"
 
 namespace ace::workbench {
 
@@ -19,11 +21,7 @@ constexpr char Separator = '\t';
 /// A text as a field: what would break the line becomes a blank.
 std::string Field(StringView text) {
     String plain(text);
-    for (wchar_t& c : plain) {
-        if (c < L' ' || c == L'\x7F') {
-            c = L' ';
-        }
-    }
+    std::replace_if(plain.begin(), plain.end(), IsControl, L' ');
     return ToUtf8(plain);
 }
 

@@ -1,7 +1,9 @@
 #include "workbench/words/wording.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <string>
 
 #include <ace/core/text.h>
@@ -46,15 +48,21 @@ String TimeText(double milliseconds) {
            Digits(whole / 1000 % 60, 2) + L"." + Digits(whole % 1000, 3);
 }
 
+bool IsEmptyOrComment(StringView line, StringView marks) {
+    return line.empty() || marks.find(line.front()) != StringView::npos;
+}
+
+bool IsControl(wchar_t c) {
+    // NOLINTNEXTLINE(bugprone-signed-char-misuse): it is no char; what is below 0 is no character.
+    const auto code = static_cast<std::uint32_t>(c);
+    return code < 0x20 || (code >= 0x7F && code < 0xA0);
+}
+
 String OneLine(StringView text) {
     String line(text);
     ReplaceAll(line, L"\r\n", L" / ");
     ReplaceAll(line, L"\n", L" / ");
-    for (wchar_t& c : line) {
-        if (c < L' ' || (c >= 127 && c < 160)) {
-            c = L' ';
-        }
-    }
+    std::replace_if(line.begin(), line.end(), IsControl, L' ');
     return line;
 }
 

@@ -15,6 +15,11 @@ String Counted(std::size_t count, StringView one, StringView many);
 String SecondsText(double milliseconds);
 /// "1:02:03.500": hours, minutes, seconds.
 String TimeText(double milliseconds);
+/// The line is empty, or a comment: it begins with one of `marks`, which differ from file to file.
+/// It has no blanks around it.
+bool IsEmptyOrComment(StringView line, StringView marks);
+/// U+0000 to U+001F and U+007F to U+009F. A terminal may take one for a command.
+bool IsControl(wchar_t c);
 /// A text as one line: line ends become " / ", other control characters blanks, so that no file can
 /// send commands to a terminal.
 String OneLine(StringView text);
