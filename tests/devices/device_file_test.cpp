@@ -81,6 +81,7 @@ const BadRow BadRows[] = {
      "2: [Devices] A: \"Amps\" is no class: Monitoring, BcGenerators, Generators, Amplifiers, "
      "SwitchUnits, Receivers, SignalPaths"},
     {"[Devices]\nA=Amplifiers\na=Receivers\n", "3: [Devices] a: it stands here twice"},
+    {"[Devices]\nA=Amplifiers\n[A]\nState=on\n[a]\nState=off\n", "3: [A] stands in the file twice"},
     {"[Devices]\nA=Amplifiers\n[B]\n", "3: [B]: no line of [Devices] has a device of this name"},
     {"[Devices]\nA=Amplifiers\n[A]\nPaths=X\n",
      "4: [A] Paths: no device of the class Amplifiers has this key"},

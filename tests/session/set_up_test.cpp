@@ -233,7 +233,20 @@ TEST(SetUpKeys, SweepsThatWouldFillTheMemoryAreRefused) {
     const SetUpOptions options{.moduleKind = {}, .subRanges = 2, .sweeps = {{1.0, 1e6, 0.02}}};
     // ln 1e6 / ln 1.0002 = 13.8155 / 0.00019998 = 69,084: one is allowed, two are too many
     EXPECT_EQ(RefusalOf([&] { SetUpOf("[Workbench]\nModule=0\n", options); }),
-              "5 the sweeps of the test have more than 100000 frequencies");
+              "5 --sweep: the sweeps of the test have more than 100000 frequencies");
+}
+
+TEST(SetUpKeys, SweepsOfTheFileThatWouldFillTheMemoryAreRefusedWithTheirPlace) {
+    const std::string sweep = "StartHz=1\nStopHz=1000000\nStepPercent=0.02\n";
+    for (const std::string module : {"0", "6"}) {
+        EXPECT_EQ(RefusalOf([&] {
+                      SetUpOf("[Workbench]\nModule=" + module + "\nSubRanges=2\n" +
+                              "[Workbench.Subrange1]\n" + sweep + "[Workbench.Subrange2]\n" +
+                              sweep);
+                  }),
+                  "4 set-up.ini:8: [Workbench.Subrange2]: the sweeps up to this one have more than "
+                  "100000 frequencies");
+    }
 }
 
 TEST(SetUpKeys, AMatrixThatWouldTakeForEverIsRefused) {

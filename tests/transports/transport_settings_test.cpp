@@ -60,9 +60,13 @@ TEST(TransportSettings, SectionThatNobodyReadsIsAnErrorThatNamesItsLine) {
               "SerialPorts, Gpib, MacroSync, Sound, OtaMeasurements");
 }
 
-TEST(TransportSettings, OfTwoLinesForAPortTheFirstHolds) {
-    EXPECT_THAT(ReadText("[SerialPorts]\nCOM3=a\nCOM3=b\n").serialDevices,
-                ElementsAre(Pair(3, "a")));
+TEST(TransportSettings, WhatStandsTwiceIsAnErrorBecauseOnlyOneOfThemCouldHold) {
+    EXPECT_EQ(ErrorOf("[SerialPorts]\nCOM3=a\nCOM4=a\ncom3=b\n"),
+              "4 w.ini:4: [SerialPorts]: COM3 stands here twice");
+    EXPECT_EQ(ErrorOf("[Tcp]\nWriteTimeoutMs=1\n;\nwritetimeoutms =2\n"),
+              "4 w.ini:4: [Tcp]: \"writetimeoutms\" stands here twice");
+    EXPECT_EQ(ErrorOf("[Serial]\n[Tcp]\n[Sound]\n[tcp]\n"),
+              "4 w.ini:2: [Tcp] stands in the file twice");
 }
 
 TEST(TransportSettings, WhatIsNoTimeInItsRangeIsAnErrorThatNamesTheLine) {

@@ -46,7 +46,7 @@ std::vector<Entry> EntriesOf(const SettingsDocument& document, const String& pat
     for (const String& text : document.GetSection(section)) {
         ++number;
         const StringView line = Trimmed(text);
-        if (line.empty() || line.front() == L';' || line.front() == L'#') {
+        if (IsEmptyOrComment(line, L";#")) {
             continue;
         }
         const std::size_t equals = line.find(L'=');
@@ -265,6 +265,7 @@ void RequireKnownSections(const SettingsDocument& document, const String& path,
                        L": no line of [Devices] has a device of this name");
         }
     }
+    RequireSectionsOnce(document, path);
 }
 
 }  // namespace

@@ -1,7 +1,10 @@
 #include "workbench/files/place_text.h"
 
+#include <algorithm>
+
 #include <ace/core/text.h>
 
+#include "workbench/words/outcome.h"
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {
@@ -37,6 +40,18 @@ String LinePlaceText(const SettingsDocument& document, const String& path, Strin
                      std::size_t index) {
     const std::size_t header = document.HeaderLine(section).value_or(0);
     return path + L":" + std::to_wstring(header + 1 + index) + L": [" + String(section) + L"]";
+}
+
+void RequireSectionsOnce(const SettingsDocument& document, const String& path) {
+    const std::vector<String> names = document.SectionNames();
+    for (auto name = names.begin(); name != names.end(); ++name) {
+        const auto first = std::find_if(names.begin(), name, [&](const String& earlier) {
+            return EqualNoCase(earlier, *name);
+        });
+        if (first != name) {
+            RefuseFile(PlaceText(document, path, *first, {}) + L" stands in the file twice");
+        }
+    }
 }
 
 }  // namespace ace::workbench

@@ -14,4 +14,8 @@ String PlaceText(const SettingsDocument& document, const String& path, StringVie
 String LinePlaceText(const SettingsDocument& document, const String& path, StringView section,
                      std::size_t index);
 
+/// Refuses a file in which a section stands twice, of which the second would be read by nobody:
+/// `CommandError` `BadFile` with the place of the first.
+void RequireSectionsOnce(const SettingsDocument& document, const String& path);
+
 }  // namespace ace::workbench

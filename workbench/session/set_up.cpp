@@ -165,13 +165,19 @@ void ReadSweeps(const Reader& reader, const SetUpOptions& options, TestSetUp& se
 }
 
 /// The plan of a test is made before it, so it must fit into memory.
-void RequireBounded(const TestSetUp& setUp) {
+void RequireBounded(const Reader& reader, const SetUpOptions& options, const TestSetUp& setUp) {
+    const String limit = L" have more than " + std::to_wstring(MostFrequencies) + L" frequencies";
     std::size_t count = 0;
+    std::int32_t number = 0;
     for (const std::optional<Sweep>& sweep : setUp.sweeps) {
+        ++number;
         count += sweep ? Frequencies(*sweep).size() : 0;
+        if (count > MostFrequencies && !options.sweeps.empty()) {
+            RefuseUse(L"--sweep: the sweeps of the test" + limit);
+        }
         if (count > MostFrequencies) {
-            RefuseUse(L"the sweeps of the test have more than " + std::to_wstring(MostFrequencies) +
-                      L" frequencies");
+            reader.Refuse(Numbered(L"Workbench.Subrange", number), {},
+                          L"the sweeps up to this one" + limit);
         }
     }
 }
@@ -334,7 +340,8 @@ void ReadPlaceholders(const SettingsDocument& document, TestSetUp& setUp) {
     for (const String& line : document.GetSection(L"Workbench.Placeholders")) {
         const StringView text = Trimmed(line);
         const std::size_t equals = text.find(L'=');
-        if (equals != StringView::npos && equals != 0 && text.front() != L';') {
+        // A "#" begins no comment here: the names are like #FREQ#.
+        if (!IsEmptyOrComment(text, L";") && equals != StringView::npos && equals != 0) {
             setUp.placeholders.push_back({String(Trimmed(text.substr(0, equals))),
                                           String(Trimmed(text.substr(equals + 1)))});
         }
@@ -356,7 +363,7 @@ TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
     setUp.title = reader.Text(MainSection, L"Title").value_or(String());
     setUp.testKind = reader.Integer(MainSection, L"TestKind", 0, AnyNumber);
     ReadSweeps(reader, options, setUp);
-    RequireBounded(setUp);
+    RequireBounded(reader, options, setUp);
     if (setUp.moduleKind == aceMonitoring) {
         ReadChannels(reader, setUp);
     } else if (setUp.moduleKind == aceVKSTemplate) {

@@ -100,9 +100,9 @@ struct TestSetUp {
     std::vector<String> notes;  ///< what the user should know before the test, one line each
 };
 
-/// Works out the test. `path` is for messages. Raises `CommandError`: `BadFile` for a key of the
-/// file that makes no sense, with its line, `WrongUse` where neither the file nor an option says
-/// what is needed.
+/// Works out the test. `path` is for messages. Raises `CommandError`: `BadFile` for a key or a
+/// sweep of the file that makes no sense, with its place, `WrongUse` for an option that makes none,
+/// and where neither the file nor an option says what is needed.
 TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
                     const SetUpOptions& options);
 

@@ -77,7 +77,7 @@ class Reader {
         std::size_t index = 0;
         for (const String& whole : x_document.GetSection(section)) {
             const StringView line = Trimmed(whole);
-            if (!line.empty() && line.front() != L';' && line.front() != L'#') {
+            if (!IsEmptyOrComment(line, L";#")) {
                 read(line, index);
             }
             ++index;
@@ -108,16 +108,22 @@ void Reader::RequireKnown() const {
                        L" is no section of the configuration, which has " + names);
         }
     }
+    RequireSectionsOnce(x_document, x_path);
 }
 
 void Reader::RequireKnownKeys(const KnownSection& section) const {
+    std::vector<StringView> known;
     EachLine(section.name, [&](StringView line, std::size_t index) {
         const StringView key = Trimmed(line.substr(0, line.find(L'=')));
-        const bool isKnown = std::ranges::any_of(
+        const auto found = std::ranges::find_if(
             section.keys, [&](StringView one) { return EqualNoCase(one, key); });
-        if (!isKnown) {
+        if (found == section.keys.end()) {
             Refuse(section.name, index, L"\"" + String(key) + L"\" is no key of this section");
         }
+        if (std::ranges::find(known, *found) != known.end()) {
+            Refuse(section.name, index, L"\"" + String(key) + L"\" stands here twice");
+        }
+        known.push_back(*found);
     });
 }
 
@@ -144,7 +150,9 @@ SerialDevices Reader::Ports() const {
             Refuse(PortsSection, index,
                    L"\"" + String(line) + L"\" is not of the form COM3=/dev/ttyUSB0");
         }
-        devices.try_emplace(number, ToUtf8(device));
+        if (!devices.try_emplace(number, ToUtf8(device)).second) {
+            Refuse(PortsSection, index, L"COM" + std::to_wstring(number) + L" stands here twice");
+        }
     });
     return devices;
 }

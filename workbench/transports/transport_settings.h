@@ -20,9 +20,9 @@ struct TransportSettings {
 };
 
 /// Reads them. A time outside 1 to 3600000 milliseconds, a line of [SerialPorts] that maps no port,
-/// a section that the configuration does not have and a key that its section does not have are
-/// `CommandError` `BadFile` with file, line, section and reason; `path` is for these messages. The
-/// engine reads [OtaMeasurements] ActionSyncTimeout, in seconds, by itself.
+/// a section that the configuration does not have, a key that its section does not have, and what
+/// stands twice are `CommandError` `BadFile` with file, line, section and reason; `path` is for
+/// these messages. The engine reads [OtaMeasurements] ActionSyncTimeout, in seconds, by itself.
 TransportSettings ReadTransportSettings(const SettingsDocument& document, const String& path);
 
 }  // namespace ace::workbench
