@@ -2,7 +2,10 @@
 
 #include <csignal>
 #include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 #include "support/file_fixture.h"
 #include "transports/script_fixture.h"
@@ -84,6 +87,29 @@ TEST_F(ProgramsTest, AProgramThatIsNotThereIsError53WithItsName) {
     EXPECT_EQ(error.Description(),
               WidePath("missing") + L": can't start: No such file or directory");
     EXPECT_EQ(ErrorIn([&] { programs.Start({"no-such-program-anywhere"}); }).Number(), 53);
+}
+
+/// In a process of its own, whose user may have no further thread; the superuser always may.
+TEST_F(ProgramsTest, WithoutAThreadAProgramCannotBeStartedAndNothingElseComesOut) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const rlimit none{0, 0};
+        ::setrlimit(RLIMIT_NPROC, &none);
+        const bool isLimited = ::geteuid() != 0 || ::setuid(65534) == 0;
+        try {
+            Programs programs;
+            const RunTimeError error = ErrorIn([&] { programs.Start({"true"}); });
+            const bool isPromised =
+                error.Number() == TransportErrors::CannotStart &&
+                error.Description() == L"true: can't start: Resource temporarily unavailable";
+            ::_exit(isLimited && isPromised ? 0 : 1);
+        } catch (...) {
+            ::_exit(2);
+        }
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
 TEST_F(ProgramsTest, AProgramThatCannotBeStartedIsAnErrorThatIsNot5) {

@@ -8,12 +8,12 @@
 #include <filesystem>
 #include <sys/wait.h>
 #include <system_error>
-#include <thread>
 #include <unistd.h>
 
 #include "workbench/files/system_reason.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/transports/child_process.h"
+#include "workbench/transports/own_thread.h"
 #include "workbench/transports/transport_errors.h"
 
 namespace ace::workbench {
@@ -42,13 +42,14 @@ void AppendArguments(const Value& parameters, std::vector<std::string>& argument
     }
 }
 
-/// Reaps a process that does not die at once, whenever it does.
+/// Reaps a process that does not die at once, whenever it does. Without a thread it stays a zombie
+/// until the workbench ends.
 void ReapLater(pid_t process) {
-    std::thread([process] {
+    RunOnOwnThread([process] {
         int status = 0;
         while (::waitpid(process, &status, 0) == -1 && errno == EINTR) {
         }
-    }).detach();
+    });
 }
 
 String EndingText(int status) {

@@ -5,13 +5,13 @@
 #include <cerrno>
 #include <future>
 #include <sys/wait.h>
-#include <thread>
 
 #include <ace/host/run_time_error.h>
 
 #include "workbench/files/system_reason.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/transports/child_process.h"
+#include "workbench/transports/own_thread.h"
 #include "workbench/transports/transport_errors.h"
 
 namespace ace::workbench {
@@ -32,7 +32,8 @@ void AwaitEnd(pid_t process) {
 }  // namespace
 
 struct Programs::Program {
-    double process = 0.0;  ///< set before anybody else sees it
+    double process = 0.0;          ///< set before anybody else sees it
+    std::promise<int> startError;  ///< an `errno`
     std::atomic<bool> hasEnded = false;
 };
 
@@ -43,19 +44,18 @@ double Programs::Start(const std::vector<std::string>& arguments) {
     request.searchesPath = true;
     request.hasOwnSession = true;
     const auto program = std::make_shared<Program>();
-    std::promise<int> error;
-    std::future<int> whenStarted = error.get_future();
+    std::future<int> whenStarted = program->startError.get_future();
     // The thread that will wait also starts: without a thread nothing is started either.
-    std::thread([program, request, error = std::move(error)]() mutable {
+    const int noThread = RunOnOwnThread([program, request] {
         const ChildStart start = StartChild(request);
         program->process = start.process;
-        error.set_value(start.error);
+        program->startError.set_value(start.error);
         if (start.error == 0) {
             AwaitEnd(start.process);
         }
         program->hasEnded = true;
-    }).detach();
-    if (const int failed = whenStarted.get()) {
+    });
+    if (const int failed = noThread != 0 ? noThread : whenStarted.get()) {
         RaiseCannotStart(arguments.front(), failed);
     }
     x_programs.push_back(program);

@@ -2,15 +2,16 @@
 
 #include <array>
 #include <atomic>
-#include <thread>
 #include <vector>
 
 #include <ace/core/text.h>
 #include <ace/host/run_time_error.h>
 
+#include "workbench/files/system_reason.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/transports/asio_await.h"
 #include "workbench/transports/instrument_bytes.h"
+#include "workbench/transports/own_thread.h"
 #include "workbench/transports/transport_errors.h"
 
 namespace ace::workbench {
@@ -81,7 +82,10 @@ std::vector<tcp::endpoint> EndpointsOf(const String& host, std::int32_t port, co
         return {{address, static_cast<std::uint16_t>(port)}};
     }
     const auto lookup = std::make_shared<Lookup>();
-    std::thread([lookup, plainHost, port] { LookUp(*lookup, plainHost, port); }).detach();
+    const auto lookUp = [lookup, plainHost, port] { LookUp(*lookup, plainHost, port); };
+    if (const int noThread = RunOnOwnThread(lookUp)) {
+        RaiseCannotOpen(NameOf(host, port), SystemReason(noThread));
+    }
     while (!lookup->isDone) {
         if (HasPassed(deadline)) {
             RaiseCannotOpen(NameOf(host, port),

@@ -13,7 +13,7 @@ inline constexpr std::int32_t CannotOpen = 68;
 inline constexpr std::int32_t CannotSend = 57;
 /// A program that is there can't be started.
 inline constexpr std::int32_t CannotStart = 70;
-/// The configuration holds a value that can't be used.
+/// The file that lists the inputs of a macro holds a line that makes no sense.
 inline constexpr std::int32_t BadConfiguration = 321;
 
 }  // namespace ace::workbench::TransportErrors
