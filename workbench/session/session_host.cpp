@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <thread>
 
+#include <ace/host/device.h>
 #include <ace/host/english_language.h>
 
 #include "sim/sim_dialogs.h"
@@ -93,8 +94,8 @@ class InterruptibleWaits final : public sim::SimUtilities {
     std::int32_t Wait(float milliseconds) override {
         const std::int32_t status = SimUtilities::Wait(milliseconds);
         if (x_host.skipsWaits) {
-            constexpr std::int32_t BrokenOffByOperator = 8202;
-            throw RunTimeError(BrokenOffByOperator, L"the user has stopped the test", L"workbench");
+            throw RunTimeError(IDevice::BrokenOffByOperator, L"the user has stopped the test",
+                               L"workbench");
         }
         return status;
     }
