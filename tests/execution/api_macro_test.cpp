@@ -42,7 +42,7 @@ TEST_F(RunApiMacro, AMacroWithoutParametersLoadsWithNothing) {
     record.Freq = 150e6;
     EXPECT_TRUE(Run());
     EXPECT_THAT(TakeCalls(),
-                ElementsAre(Load, Running, Execute, Finished, Result, Result, ClearedStatus));
+                ElementsAre(Load, Running, Execute, Finished, Result, Result, StatusCleared));
 }
 
 /// Parameters count from 1: what stands at 0 is none, and nothing is looked for in it.
@@ -67,7 +67,7 @@ TEST_F(RunApiMacro, FewerVariablesThanTheirCountSaysEndItInSilence) {
     SetParameters({L"#A#"});
     record.vks.count = 1;
     EXPECT_FALSE(Run());
-    EXPECT_THAT(TakeCalls(), ElementsAre(ClearedStatus));
+    EXPECT_THAT(TakeCalls(), ElementsAre(StatusCleared));
 }
 
 TEST_F(RunApiMacro, TheFrequencyIsFilledInWithOneDecimalAndTheLocalesSeparator) {
@@ -106,7 +106,7 @@ TEST_F(RunApiMacro, AnotherMacroAtTheQuestionForTheLocaleEndsItInSilence) {
         }
     };
     EXPECT_FALSE(Run());
-    EXPECT_THAT(TakeCalls(), ElementsAre(ClearedStatus));
+    EXPECT_THAT(TakeCalls(), ElementsAre(StatusCleared));
 }
 
 TEST_F(RunApiMacro, VariablesThatAreReplacedAtTheQuestionForTheLocaleAreTheNewOnes) {
@@ -134,7 +134,7 @@ TEST_F(RunApiMacro, FailureToLoadLeavesTheFilledTextsInTheRecord) {
 TEST_F(RunApiMacro, AMacroThatDoesNotLoadFailsInSilence) {
     host->macros[L"log.mac"].loads = false;
     EXPECT_FALSE(Run());
-    EXPECT_THAT(TakeCalls(), ElementsAre(Load, ClearedStatus));
+    EXPECT_THAT(TakeCalls(), ElementsAre(Load, StatusCleared));
 }
 
 TEST_F(RunApiMacro, AMacroThatDoesNotStartShowsTheRunnersText) {
@@ -145,7 +145,7 @@ TEST_F(RunApiMacro, AMacroThatDoesNotStartShowsTheRunnersText) {
     EXPECT_THAT(
         TakeCalls(),
         ElementsAre(Load, Running, Execute,
-                    L"UserDialogs.ShowMessageBox(\"no licence\", 16, \"T(9430)\")", ClearedStatus));
+                    L"UserDialogs.ShowMessageBox(\"no licence\", 16, \"T(9430)\")", StatusCleared));
 }
 
 TEST_F(RunApiMacro, AMacroThatFailsIsNamedInAMessage) {
@@ -155,7 +155,7 @@ TEST_F(RunApiMacro, AMacroThatFailsIsNamedInAMessage) {
     EXPECT_THAT(TakeCalls(),
                 ElementsAre(Load, Running, Execute, Finished, Result, Result,
                             L"UserDialogs.ShowMessageBox(\"T(9183) [log.mac]\", 48, \"T(9430)\")",
-                            ClearedStatus));
+                            StatusCleared));
 }
 
 TEST_F(RunApiMacro, TheFirstAnswerIsTheResultAndTheSecondOnlyDecidesTheMessage) {
@@ -172,7 +172,7 @@ TEST_F(RunApiMacro, TheFirstAnswerIsTheResultAndTheSecondOnlyDecidesTheMessage) 
 TEST_F(RunApiMacro, AnArrayThatWasNeverMadeEndsInSilence) {
     record.Parameters.Erase();
     EXPECT_FALSE(Run());
-    EXPECT_THAT(TakeCalls(), ElementsAre(ClearedStatus));
+    EXPECT_THAT(TakeCalls(), ElementsAre(StatusCleared));
 }
 
 TEST_F(RunApiMacro, OneMacroObjectServesTheThread) {
@@ -193,7 +193,7 @@ TEST_F(RunApiMacro, AnErrorInAnyCallEndsItInSilenceAndClearsTheStatus) {
         const std::vector<String> seen = TakeCalls();
         ASSERT_EQ(seen.size(), k + 1);
         EXPECT_EQ(seen[k - 1], calls[k - 1] + L" -> error 57");
-        EXPECT_EQ(seen.back(), ClearedStatus);
+        EXPECT_EQ(seen.back(), StatusCleared);
     }
 }
 
@@ -206,9 +206,9 @@ TEST_F(RunApiMacro, StopAllActionsBreaksOffTheMacroThatRuns) {
     EXPECT_FALSE(Run());
     EXPECT_THAT(
         TakeCalls(),
-        ElementsAre(Load, Running, Execute, Finished, L"ApiMacro.Abort()", ClearedStatus, Result,
+        ElementsAre(Load, Running, Execute, Finished, L"ApiMacro.Abort()", StatusCleared, Result,
                     Result, L"UserDialogs.ShowMessageBox(\"T(9183) [log.mac]\", 48, \"T(9430)\")",
-                    ClearedStatus));
+                    StatusCleared));
 }
 
 }  // namespace

@@ -32,7 +32,7 @@ TEST_F(DispatchRemote, TheHandleOfTheBusDeviceSurvivesInTheAction) {
     TakeCalls();
     EXPECT_FALSE(Do(action));
     EXPECT_THAT(TakeCalls(), ElementsAre(L"StatusDisplay.ShowStatus(\"GPIB 0:5\", false, false)",
-                                         L"GpibDriver.WriteString(0, \"*RST\\n\")", ClearedStatus));
+                                         L"GpibDriver.WriteString(0, \"*RST\\n\")", StatusCleared));
 }
 
 TEST_F(DispatchRemote, TheCommandRunsBeforeTheProgramAndTheProgramsAnswerReplacesIt) {
@@ -41,8 +41,8 @@ TEST_F(DispatchRemote, TheCommandRunsBeforeTheProgramAndTheProgramsAnswerReplace
     host->user.Expect(L"frmGpibError", Press(L"cmdStopTest"));
     EXPECT_FALSE(Do(action));
     EXPECT_THAT(TakeCalls(), ElementsAre(L"GpibDriver.OpenDevice(0, 5, 0, 11, 1, 0)",
-                                         L"Form \"frmGpibError\"", ClearedStatus, NoProgram,
-                                         ProgramStatus, Start, L"Platform.Yield()", ClearedStatus));
+                                         L"Form \"frmGpibError\"", StatusCleared, NoProgram,
+                                         ProgramStatus, Start, L"Platform.Yield()", StatusCleared));
     EXPECT_EQ(RecordOf<aceRemote>(action).ProgID, 1000.0);
 }
 

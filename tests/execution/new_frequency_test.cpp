@@ -5,11 +5,6 @@ namespace {
 
 const String EngineCode = L"aceActionsEngine (Code)";
 
-/// The host's comparison of the new and the last frequency, in the journal's writing of numbers.
-String Compared(const String& frequency, const String& last) {
-    return L"Utilities.IsEqual(" + frequency + L", " + last + L")";
-}
-
 /// The modules with an every-frequency list.
 struct ListRow {
     aceModul moduleKind;

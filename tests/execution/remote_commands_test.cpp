@@ -40,11 +40,11 @@ TEST_F(SendRemoteCommand, GpibOpensWritesAndKeepsTheDevice) {
     EXPECT_FALSE(Send(record));
     EXPECT_THAT(TakeCalls(), ElementsAre(L"GpibDriver.OpenDevice(12, 5, 0, 11, 1, 0)",
                                          L"StatusDisplay.ShowStatus(\"GPIB 12:5\", false, false)",
-                                         L"GpibDriver.WriteString(0, \"*RST\\n\")", ClearedStatus));
+                                         L"GpibDriver.WriteString(0, \"*RST\\n\")", StatusCleared));
     EXPECT_EQ(record.DrvHdl, 0);
     EXPECT_FALSE(Send(record));
     EXPECT_THAT(TakeCalls(), ElementsAre(L"StatusDisplay.ShowStatus(\"GPIB 12:5\", false, false)",
-                                         L"GpibDriver.WriteString(0, \"*RST\\n\")", ClearedStatus));
+                                         L"GpibDriver.WriteString(0, \"*RST\\n\")", StatusCleared));
 }
 
 TEST_F(SendRemoteCommand, TheHundredsOfTheAddressAreTheBoard) {
@@ -66,7 +66,7 @@ TEST_F(SendRemoteCommand, ABoardBeyond16BitsIsAnOverflowThatTheOperatorSees) {
     aceRemote record = Gpib(2147483647);
     host->user.Expect(L"frmGpibError", Press(L"cmdIgnore"));
     EXPECT_FALSE(Send(record));
-    EXPECT_THAT(TakeCalls(), ElementsAre(L"Form \"frmGpibError\"", ClearedStatus));
+    EXPECT_THAT(TakeCalls(), ElementsAre(L"Form \"frmGpibError\"", StatusCleared));
 }
 
 TEST_F(SendRemoteCommand, TwoActionsOnOneAddressHoldHandlesOfTheirOwn) {
@@ -112,7 +112,7 @@ TEST_F(SendRemoteCommand, AnUnknownInterfaceSendsNothing) {
     aceRemote record = Gpib(5);
     record.Iface = 3;
     EXPECT_FALSE(Send(record));
-    EXPECT_THAT(TakeCalls(), ElementsAre(ClearedStatus));
+    EXPECT_THAT(TakeCalls(), ElementsAre(StatusCleared));
 }
 
 TEST_F(SendRemoteCommand, ADeviceThatDoesNotOpenIsShownAndTriedAgainNextTime) {
@@ -121,7 +121,7 @@ TEST_F(SendRemoteCommand, ADeviceThatDoesNotOpenIsShownAndTriedAgainNextTime) {
     host->user.Expect(L"frmGpibError", Press(L"cmdIgnore"));
     EXPECT_FALSE(Send(record));
     EXPECT_THAT(TakeCalls(), ElementsAre(L"GpibDriver.OpenDevice(0, 5, 0, 11, 1, 0)",
-                                         L"Form \"frmGpibError\"", ClearedStatus));
+                                         L"Form \"frmGpibError\"", StatusCleared));
     EXPECT_EQ(record.DrvHdl, -1);
     host->instruments.absentGpib.clear();
     Send(record);
@@ -148,7 +148,7 @@ TEST_F(SendRemoteCommand, VariablesThatAreMissingAreAFailureBeforeAnythingIsSent
         record.vks.count = 1;
         host->user.Expect(L"frmGpibError", Press(L"cmdStopTest"));
         EXPECT_TRUE(Send(record));
-        EXPECT_THAT(TakeCalls(), ElementsAre(L"Form \"frmGpibError\"", ClearedStatus));
+        EXPECT_THAT(TakeCalls(), ElementsAre(L"Form \"frmGpibError\"", StatusCleared));
     }
 }
 
@@ -160,7 +160,7 @@ TEST_F(SendRemoteCommand, AFailedWriteKeepsTheHandle) {
     EXPECT_THAT(TakeCalls(), ElementsAre(L"GpibDriver.OpenDevice(0, 5, 0, 11, 1, 0)",
                                          L"StatusDisplay.ShowStatus(\"GPIB 0:5\", false, false)",
                                          L"GpibDriver.WriteString(0, \"*RST\\n\") -> error 57",
-                                         L"Form \"frmGpibError\"", ClearedStatus));
+                                         L"Form \"frmGpibError\"", StatusCleared));
     EXPECT_EQ(record.DrvHdl, 0);
     EXPECT_FALSE(ignoreAll);
 }
@@ -174,7 +174,7 @@ TEST_F(SendRemoteCommand, IgnoreAllSilencesTheActionAndStillClearsTheStatus) {
     TakeCalls();
     EXPECT_FALSE(Send(record));
     EXPECT_THAT(TakeCalls(),
-                ElementsAre(L"GpibDriver.OpenDevice(0, 5, 0, 11, 1, 0)", ClearedStatus));
+                ElementsAre(L"GpibDriver.OpenDevice(0, 5, 0, 11, 1, 0)", StatusCleared));
 }
 
 TEST_F(SendRemoteCommand, TheSerialPortIsHeldForTheOneWrite) {
@@ -185,12 +185,12 @@ TEST_F(SendRemoteCommand, TheSerialPortIsHeldForTheOneWrite) {
                                          L"Platform.Yield()",
                                          L"StatusDisplay.ShowStatus(\"RS232 3\", false, false)",
                                          L"SerialPort.Output(\"MODE RUN\\n\")",
-                                         L"SerialPort.PortOpen(false)", ClearedStatus));
+                                         L"SerialPort.PortOpen(false)", StatusCleared));
     EXPECT_FALSE(Send(record));
     EXPECT_THAT(TakeCalls(), ElementsAre(L"SerialPort.PortOpen(true)", L"Platform.Yield()",
                                          L"StatusDisplay.ShowStatus(\"RS232 3\", false, false)",
                                          L"SerialPort.Output(\"MODE RUN\\n\")",
-                                         L"SerialPort.PortOpen(false)", ClearedStatus));
+                                         L"SerialPort.PortOpen(false)", StatusCleared));
 }
 
 TEST_F(SendRemoteCommand, ErrorsOfClosingTheOldPortAreIgnored) {
@@ -200,7 +200,7 @@ TEST_F(SendRemoteCommand, ErrorsOfClosingTheOldPortAreIgnored) {
     const std::vector<String> calls = TakeCalls();
     EXPECT_EQ(calls[0], L"SerialPort.PortOpen(false) -> error 8005");
     EXPECT_EQ(calls[2], L"SerialPort.CommPort(2)");
-    EXPECT_EQ(calls.back(), ClearedStatus);
+    EXPECT_EQ(calls.back(), StatusCleared);
     EXPECT_THAT(calls, ::testing::Not(::testing::Contains(L"Form \"frmGpibError\"")));
 }
 
@@ -209,7 +209,7 @@ TEST_F(SendRemoteCommand, APortNumberBeyond16BitsIsAnOverflow) {
     host->user.Expect(L"frmGpibError", Press(L"cmdIgnore"));
     EXPECT_FALSE(Send(record));
     EXPECT_THAT(TakeCalls(), ElementsAre(L"SerialPort.PortOpen(false)", L"Platform.Yield()",
-                                         L"Form \"frmGpibError\"", ClearedStatus));
+                                         L"Form \"frmGpibError\"", StatusCleared));
 }
 
 TEST_F(SendRemoteCommand, APortThatStaysClosedIsTheConnectError) {
@@ -218,7 +218,7 @@ TEST_F(SendRemoteCommand, APortThatStaysClosedIsTheConnectError) {
     host->user.Expect(L"frmGpibError", Press(L"cmdIgnore"));
     EXPECT_FALSE(Send(record));
     EXPECT_THAT(TakeCalls(), ElementsAre(L"SerialPort.PortOpen(true)", L"Platform.Yield()",
-                                         L"Form \"frmGpibError\"", ClearedStatus));
+                                         L"Form \"frmGpibError\"", StatusCleared));
 }
 
 TEST_F(SendRemoteCommand, AFailedOutputLeavesThePortOpenForTheNextAction) {
@@ -231,7 +231,7 @@ TEST_F(SendRemoteCommand, AFailedOutputLeavesThePortOpenForTheNextAction) {
     Send(record);
     EXPECT_THAT(TakeCalls(), ElementsAre(L"StatusDisplay.ShowStatus(\"RS232 1\", false, false)",
                                          L"SerialPort.Output(\"MODE RUN\\n\")",
-                                         L"SerialPort.PortOpen(false)", ClearedStatus));
+                                         L"SerialPort.PortOpen(false)", StatusCleared));
 }
 
 TEST_F(SendRemoteCommand, WithoutASerialFormNothingHappensButTheFinalClear) {
@@ -239,7 +239,7 @@ TEST_F(SendRemoteCommand, WithoutASerialFormNothingHappensButTheFinalClear) {
     host->journal.Clear();
     aceRemote record = Serial(1);
     EXPECT_FALSE(Send(record));
-    EXPECT_THAT(TakeCalls(), ElementsAre(ClearedStatus));
+    EXPECT_THAT(TakeCalls(), ElementsAre(StatusCleared));
 }
 
 TEST_F(SendRemoteCommand, TheFirstTcpCommandConnects) {
@@ -251,7 +251,7 @@ TEST_F(SendRemoteCommand, TheFirstTcpCommandConnects) {
                             L"DeviceList.OpenSocket(\"192.168.17.21\", 5025, 0, \"TCP\", -1)",
                             L"DeviceList.SocketIsOpen(1)",
                             L"StatusDisplay.ShowStatus(\"TCP/IP 192.168.17.21\", false, false)",
-                            L"DeviceList.SendSocket(1, \"OUTP ON\\n\")", ClearedStatus));
+                            L"DeviceList.SendSocket(1, \"OUTP ON\\n\")", StatusCleared));
     EXPECT_EQ(context.SocketHandle, 1);
 }
 
@@ -264,7 +264,7 @@ TEST_F(SendRemoteCommand, ASecondCommandToTheSameEndpointReusesTheConnection) {
                 ElementsAre(L"DeviceList.FindSocket(\"gen\", 5025, \"\", 1)",
                             L"DeviceList.SocketIsOpen(1)", L"DeviceList.SocketIsOpen(1)",
                             L"StatusDisplay.ShowStatus(\"TCP/IP gen\", false, false)",
-                            L"DeviceList.SendSocket(1, \"OUTP ON\\n\")", ClearedStatus));
+                            L"DeviceList.SendSocket(1, \"OUTP ON\\n\")", StatusCleared));
 }
 
 TEST_F(SendRemoteCommand, AnotherEndpointClosesTheFirstConnection) {
@@ -279,7 +279,7 @@ TEST_F(SendRemoteCommand, AnotherEndpointClosesTheFirstConnection) {
                             L"DeviceList.OpenSocket(\"meter\", 1234, 0, \"TCP\", -1)",
                             L"DeviceList.SocketIsOpen(2)",
                             L"StatusDisplay.ShowStatus(\"TCP/IP meter\", false, false)",
-                            L"DeviceList.SendSocket(2, \"OUTP ON\\n\")", ClearedStatus));
+                            L"DeviceList.SendSocket(2, \"OUTP ON\\n\")", StatusCleared));
 }
 
 /// The host may still know a connection to the endpoint; the engine only compares its handle.
@@ -305,7 +305,7 @@ TEST_F(SendRemoteCommand, AHandleOf0IsReplacedAndNeverClosed) {
                     L"DeviceList.OpenSocket(\"gen\", 5025, 0, \"TCP\", 0)",
                     L"DeviceList.SocketIsOpen(1)",
                     L"StatusDisplay.ShowStatus(\"TCP/IP gen\", false, false)",
-                    L"DeviceList.SendSocket(1, \"OUTP ON\\n\")", ClearedStatus));
+                    L"DeviceList.SendSocket(1, \"OUTP ON\\n\")", StatusCleared));
 }
 
 /// The last engine object takes the line along; what still runs sends its commands.
@@ -334,7 +334,7 @@ TEST_F(SendRemoteCommand, ARefusedConnectionIsTheConnectError) {
                                          L"DeviceList.SocketIsOpen(-1)",
                                          L"DeviceList.OpenSocket(\"gen\", 5025, 0, \"TCP\", -1)",
                                          L"DeviceList.SocketIsOpen(-1)", L"Form \"frmGpibError\"",
-                                         ClearedStatus));
+                                         StatusCleared));
 }
 
 /// Every call of every transport fails once: the operator is asked each time, but for the closing
@@ -362,7 +362,7 @@ TEST_F(SendRemoteCommand, AFailureOfAnyCallReachesTheOperatorAndClearsTheStatus)
                 host->user.Expect(L"frmGpibError", Press(answer.button));
                 EXPECT_EQ(Send(record), answer.stops) << transport << " call " << k;
                 EXPECT_EQ(ignoreAll, answer.ignoresAll) << transport << " call " << k;
-                EXPECT_EQ(TakeCalls().back(), ClearedStatus) << transport << " call " << k;
+                EXPECT_EQ(TakeCalls().back(), StatusCleared) << transport << " call " << k;
             }
         }
     }
@@ -376,8 +376,8 @@ TEST_F(SendRemoteCommand, AStatusLineThatFailsToClearIsAskedAboutToo) {
     EXPECT_FALSE(Send(record));
     EXPECT_THAT(TakeCalls(), ElementsAre(L"StatusDisplay.ShowStatus(\"GPIB 0:5\", false, false)",
                                          L"GpibDriver.WriteString(4, \"*RST\\n\")",
-                                         ClearedStatus + L" -> error 57", L"Form \"frmGpibError\"",
-                                         ClearedStatus));
+                                         StatusCleared + L" -> error 57", L"Form \"frmGpibError\"",
+                                         StatusCleared));
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "support/engine_fixture.h"
+#include "support/every_moment.h"
 
 namespace ace::test {
 namespace {
@@ -45,6 +46,17 @@ class StartLatchesTest : public EngineTest {
         EngineState& state = State();
         state.MainSubrangeCount = state.MoniChannelCount = state.EMSAutoStepCount = 2;
         state.EMIAutoStepCount = state.VKSTestCount = state.VKSStepCount = 2;
+        NameWireless(state);
+    }
+    static void NameWireless(EngineState& state) {
+        for (DynArray<String> ModuleLists::*keys :
+             {&ModuleLists::VKSTestUKeys, &ModuleLists::VKSStepUKeys, &ModuleLists::VKSStepKeys}) {
+            (state.*keys).Redim(0, 2);
+        }
+        state.VKSTestUKeys[0] = state.VKSStepUKeys[0] = FirstTest;
+        state.VKSTestUKeys[1] = SecondTest;
+        state.VKSStepKeys[0] = FirstStep;
+        state.VKSDUTIds.Redim(0, 2, 0, 2);
     }
     static void LatchAll(p_Subrange& set) {
         p_Action latched = Action(atParkAcc);
@@ -174,21 +186,12 @@ TEST_F(StartLatchesTest, LatchesAreClearedBeforeTheFirstActionRuns) {
 TEST_F(StartLatchesTest, NoOtherMomentClearsALatch) {
     for (std::int32_t moduleKind = aceTemplate; moduleKind < ModulCount; ++moduleKind) {
         State().Modul = static_cast<aceModul>(moduleKind);
-        engine->StopTest();
-        engine->EnterSubrange(1);
-        engine->LeaveSubrange(1);
-        engine->BeforeStep(1);
-        engine->AfterStep(1);
-        engine->EnterStep(1);
-        engine->BeforeTest(1);
-        engine->AfterTest(1);
-        engine->BeforeTestLoop();
-        engine->AfterTestLoop();
-        engine->Trigger(1, L"");
-        engine->EnterNoGo(1, L"");
-        engine->Go(1, L"");
+        for (const MomentCall& moment : EveryMoment) {
+            if (moment.run != RunStart) {
+                moment.run(*engine);
+            }
+        }
         engine->GetNoGo(1);
-        engine->NewFrequency(1e6, true);
         EXPECT_EQ(Cleared(), Lines{}) << moduleKind;
     }
 }

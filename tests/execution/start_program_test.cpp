@@ -37,7 +37,7 @@ class StartRemoteProgram : public RoutineTest {
 TEST_F(StartRemoteProgram, AProgramIsStartedAndItsIdentifierKept) {
     EXPECT_FALSE(Start());
     EXPECT_THAT(TakeCalls(),
-                ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()", ClearedStatus));
+                ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()", StatusCleared));
     EXPECT_EQ(record.ProgID, 1000.0);
 }
 
@@ -49,7 +49,7 @@ TEST_F(StartRemoteProgram, ARunningProgramIsActivatedNotStartedTwiceAndTheSyncWa
     EXPECT_FALSE(Start());
     EXPECT_THAT(TakeCalls(),
                 ElementsAre(Started, L"Platform.ActivateProgram(1000)", Waiting, Configured,
-                            TimeOut, Read, Wait300, Read, NoProgress, ClearedStatus));
+                            TimeOut, Read, Wait300, Read, NoProgress, StatusCleared));
 }
 
 TEST_F(StartRemoteProgram, VariablesAreReplacedInTheCommandLineAlone) {
@@ -74,7 +74,7 @@ TEST_F(StartRemoteProgram, AFailedStartIsShownAndTheOldIdentifierKept) {
                          L"T(9320)\t53\r\n\tthe program can't be started"}}});
     EXPECT_TRUE(Start());
     EXPECT_THAT(TakeCalls(), ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()",
-                                         L"Form \"frmGpibError\"", ClearedStatus));
+                                         L"Form \"frmGpibError\"", StatusCleared));
     EXPECT_EQ(record.ProgID, -1.0);
 }
 
@@ -83,7 +83,7 @@ TEST_F(StartRemoteProgram, AFailedStartOfASilencedActionAsksNobody) {
     ignoreAll = true;
     EXPECT_FALSE(Start());
     EXPECT_THAT(TakeCalls(),
-                ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()", ClearedStatus));
+                ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()", StatusCleared));
 }
 
 TEST_F(StartRemoteProgram, IgnoreAllIsHandedBack) {
@@ -101,7 +101,7 @@ TEST_F(StartRemoteProgram, TheSyncWaitRunsAfterAFailedStartToo) {
     EXPECT_FALSE(Start());
     EXPECT_THAT(TakeCalls(),
                 ElementsAre(Started, NoneActive, ProgramStatus, start, L"Platform.Yield()", Waiting,
-                            Configured, TimeOut, Read, Wait300, NoProgress, ClearedStatus));
+                            Configured, TimeOut, Read, Wait300, NoProgress, StatusCleared));
 }
 
 /// A later error of any statement counts as a failed start, here that of the message queue.
@@ -124,7 +124,7 @@ TEST_F(StartRemoteProgram, AFailureBeforeTheActivationIsForgotten) {
     EXPECT_FALSE(Start());
     EXPECT_THAT(TakeCalls(), ElementsAre(Started + L" -> error 57", NoneActive, ProgramStatus,
                                          start, L"Platform.Yield()", Waiting, Configured, TimeOut,
-                                         Read, NoProgress, ClearedStatus));
+                                         Read, NoProgress, StatusCleared));
 }
 
 /// An activation that fails otherwise than by 5 counts as a failed start, whatever starts.
@@ -135,7 +135,7 @@ TEST_F(StartRemoteProgram, AnotherErrorOfTheActivationCountsAsAFailedStart) {
     EXPECT_EQ(record.ProgID, 1000.0);
     EXPECT_THAT(TakeCalls(),
                 ElementsAre(NoneActive + L" -> error 57", ProgramStatus, start, L"Platform.Yield()",
-                            L"Form \"frmGpibError\"", ClearedStatus));
+                            L"Form \"frmGpibError\"", StatusCleared));
 }
 
 /// 5 is taken for the error of the activation; the old identifier then stands for a program.
@@ -143,7 +143,7 @@ TEST_F(StartRemoteProgram, AStartThatFailsWith5GoesUnnoticed) {
     host->programs.unstartable[record.Program] = 5;
     EXPECT_FALSE(Start());
     EXPECT_THAT(TakeCalls(),
-                ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()", ClearedStatus));
+                ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()", StatusCleared));
     EXPECT_EQ(record.ProgID, -1.0);
 }
 
@@ -153,7 +153,7 @@ TEST_F(StartRemoteProgram, TheWaitGoesByTheAnswerOfTheStartWhateverTheRecordHasM
     host->faults.FailOperation(L"Utilities.Wait", 1, 57);       // so that a wrong wait ends
     EXPECT_FALSE(Start());
     EXPECT_THAT(TakeCalls(),
-                ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()", ClearedStatus));
+                ElementsAre(NoneActive, ProgramStatus, start, L"Platform.Yield()", StatusCleared));
 }
 
 TEST_F(StartRemoteProgram, TheIdentifierOfAnotherActionDoesNotEndTheWait) {
@@ -165,7 +165,7 @@ TEST_F(StartRemoteProgram, TheIdentifierOfAnotherActionDoesNotEndTheWait) {
     const String yield = L"Platform.Yield()";
     const String wait = L"Utilities.Wait(50)";
     EXPECT_THAT(TakeCalls(), ElementsAre(NoneActive, ProgramStatus, start, yield, wait, yield,
-                                         wait + L" -> error 57", yield, ClearedStatus));
+                                         wait + L" -> error 57", yield, StatusCleared));
 }
 
 TEST_F(StartRemoteProgram, AnIdentifierOf0WithError5StandingKeepsLoopingInStepsOf50Milliseconds) {
@@ -177,7 +177,7 @@ TEST_F(StartRemoteProgram, AnIdentifierOf0WithError5StandingKeepsLoopingInStepsO
     const String wait = L"Utilities.Wait(50)";
     EXPECT_THAT(TakeCalls(), ElementsAre(NoneActive, ProgramStatus, start, yield, wait, yield, wait,
                                          yield, wait + L" -> error 57", yield,
-                                         L"Form \"frmGpibError\"", ClearedStatus));
+                                         L"Form \"frmGpibError\"", StatusCleared));
 }
 
 TEST_F(StartRemoteProgram, ATimeOutOf0MakesOneReadAndOneWait) {
@@ -186,7 +186,7 @@ TEST_F(StartRemoteProgram, ATimeOutOf0MakesOneReadAndOneWait) {
     Start();
     EXPECT_THAT(TakeCalls(),
                 ElementsAre(Started, NoneActive, ProgramStatus, start, L"Platform.Yield()", Waiting,
-                            Configured, TimeOut, Read, Wait300, NoProgress, ClearedStatus));
+                            Configured, TimeOut, Read, Wait300, NoProgress, StatusCleared));
 }
 
 /// 1 second is 1000 / 300 = 3.33 rounds, so 3; the time-out passes in silence.
@@ -197,7 +197,7 @@ TEST_F(StartRemoteProgram, TheTimeOutGivesThatManyRoundsAndPassesInSilence) {
     EXPECT_THAT(TakeCalls(),
                 ElementsAre(Started, NoneActive, ProgramStatus, start, L"Platform.Yield()", Waiting,
                             Configured, TimeOut, Read, Wait300, Read, Wait300, Read, Wait300,
-                            NoProgress, ClearedStatus));
+                            NoProgress, StatusCleared));
 }
 
 /// 180 seconds are 600 rounds of 300 milliseconds.
@@ -229,7 +229,7 @@ TEST_F(StartRemoteProgram, AHostWithoutServicesStillEndsTheWait) {
     ignoreAll = true;
     host->faults.FailOperation(L"SystemServices", 1, 57, sim::FaultScript::Until::ForEver);
     EXPECT_FALSE(Start());
-    EXPECT_EQ(TakeCalls().back(), ClearedStatus);
+    EXPECT_EQ(TakeCalls().back(), StatusCleared);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <cerrno>
 #include <clocale>
+#include <locale>
+#include <sstream>
 #include <sys/wait.h>
 
 #include "files/counting_calls.h"
@@ -102,18 +104,28 @@ TEST_F(DiskSettings, ValuesAreWrittenInTheFormsThatInstallationsUse) {
               "Text= a=b \r\n");
 }
 
+/// The C++ library can be given such a locale on any machine, the C library only where one is
+/// installed.
 TEST_F(DiskSettings, ADecimalPointIsAPointUnderALocaleWithComma) {
+    struct WithComma : std::numpunct<char> {
+        char do_decimal_point() const override { return ','; }
+    };
     const std::string before = std::setlocale(LC_ALL, nullptr);
+    const std::locale cppBefore = std::locale::global({std::locale(), new WithComma});
     for (const char* locale : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8"}) {
         if (std::setlocale(LC_ALL, locale) != nullptr) {
             break;
         }
     }
+    std::ostringstream written;
+    written << 1.5;
+    ASSERT_EQ(written.str(), "1,5");
     EXPECT_EQ(Saved("[A]\nx=1.5\n",
                     [](DiskSettingsFile& file) {
                         file.SetDouble(L"A", L"x", 1.0 + file.GetDouble(L"A", L"x", 0.0));
                     }),
               "[A]\nx=2.5\n");
+    std::locale::global(cppBefore);
     std::setlocale(LC_ALL, before.c_str());
 }
 

@@ -26,9 +26,6 @@ inline p_Action Follow(const String& generator, const String& monitor = {}, bool
     record.AskOnMeasStart = asks;
     return Action(atTrackFreq, record);
 }
-inline String Compared(const String& frequency, const String& last) {
-    return L"Utilities.IsEqual(" + frequency + L", " + last + L")";
-}
 
 class DeviceMoments : public EngineTest {
   protected:

@@ -35,7 +35,10 @@ Lines Journal(const Parts&... parts) {
 }
 
 inline const String Yielded = L"Platform.Yield()";
-inline const String StatusCleared = L"StatusDisplay.ShowStatus(\"\", false, false)";
+/// The host's comparison of the new and the last frequency, in the journal's writing of numbers.
+inline String Compared(const String& frequency, const String& last) {
+    return L"Utilities.IsEqual(" + frequency + L", " + last + L")";
+}
 inline const String StandbyOn = L"DeviceList.PostEvent(\"ActionEngine\", 3, \"Standby On\")";
 inline const String RadiationOn = L"DeviceList.PostEvent(\"ActionEngine\", 3, \"Radiation on\")";
 

@@ -34,4 +34,7 @@ p_Action Action(p_ActionTypes kind, ActionParameter parameter = {});
 /// Fills a list and its count.
 void Fill(p_Subrange& lists, const ListFields& list, const std::vector<p_Action>& actions);
 
+/// The status line is cleared, as it stands in the journal.
+inline const String StatusCleared = L"StatusDisplay.ShowStatus(\"\", false, false)";
+
 }  // namespace ace::test

@@ -19,6 +19,4 @@ class RoutineTest : public HostTest {
     Boolean ignoreAll;
 };
 
-inline const String ClearedStatus = L"StatusDisplay.ShowStatus(\"\", false, false)";
-
 }  // namespace ace::test
