@@ -67,6 +67,10 @@ void LeaveComment(Bench& bench) {
     bench.context.EutCheckComment = Name;
 }
 
+void TakeBenchAway(Bench& bench) {
+    bench.host->isBare = true;
+}
+
 /// An editor that hands out lists of its own as one does that keeps them in a `ModuleLists`.
 class CopyingEditor : public FakeEditor {
   public:
@@ -173,12 +177,26 @@ const OperationRow Operations[] = {
 };
 
 /// Tracking outside `aceTemplate` ends the list of a frequency with error 13.
+OperationRow RowOf(const MomentCall& moment) {
+    const bool tracks = moment.time == ptEveryFreq && moment.moduleKind != aceTemplate;
+    return {NameOf(moment), moment.moduleKind, moment.run, nullptr,
+            tracks ? Errors::TypeMismatch : 0};
+}
 std::vector<OperationRow> AllMoments() {
     std::vector<OperationRow> rows;
     for (const MomentCall& moment : EveryMoment) {
-        const bool tracks = moment.time == ptEveryFreq && moment.moduleKind != aceTemplate;
-        rows.push_back({NameOf(moment), moment.moduleKind, moment.run, nullptr,
-                        tracks ? Errors::TypeMismatch : 0});
+        rows.push_back(RowOf(moment));
+    }
+    return rows;
+}
+/// Those that no action ends, so that each fails in its own way.
+std::vector<OperationRow> MomentsWithoutBench() {
+    std::vector<OperationRow> rows;
+    for (const MomentCall& moment : EveryMoment) {
+        if (moment.time == ptNoGo || moment.time == ptEveryFreq) {
+            rows.push_back(RowOf(moment));
+            rows.back().prepare = TakeBenchAway;
+        }
     }
     return rows;
 }
@@ -230,6 +248,8 @@ class OutOfMemoryTest : public ::testing::TestWithParam<OperationRow> {
 INSTANTIATE_TEST_SUITE_P(Operations, OutOfMemoryTest, ::testing::ValuesIn(Operations),
                          [](const auto& row) { return row.param.name; });
 INSTANTIATE_TEST_SUITE_P(Moments, OutOfMemoryTest, ::testing::ValuesIn(AllMoments()),
+                         [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(WithoutBench, OutOfMemoryTest, ::testing::ValuesIn(MomentsWithoutBench()),
                          [](const auto& row) { return row.param.name; });
 
 TEST_P(OutOfMemoryTest, AnAllocationThatFailsOnceIsError7OrPassedOver) {

@@ -235,6 +235,16 @@ TEST_F(RefusedMatrixCall, AllIsDeletedOrNothing) {
     EXPECT_EQ(State().VKSDUTBandwidthCount, 1);
 }
 
+/// Only error 10 puts back: the flags stand before the rows are made anew.
+TEST_F(RefusedMatrixCall, AnotherErrorLeavesWhatItLeavesWhileNothingRuns) {
+    host->faults.FailCall(2, 4242);
+    EXPECT_EQ(WhileRunning(State().VKSSteps, [&] { engine->SetVKSDUTInfluence(1, 0, 1); }), 4242);
+    EXPECT_TRUE(State().VKSInfByFreq);
+    host->faults.FailCall(2, 4242);
+    EXPECT_EQ(ErrorOf([&] { engine->SetVKSDUTInfluence(0, 0, 1); }), 4242);
+    EXPECT_FALSE(State().VKSInfByFreq);
+}
+
 TEST_F(RefusedMatrixCall, WhatLeavesTheRowsAloneIsDone) {
     DynArray<p_Subrange>& rows = State().VKSSteps;
     EXPECT_EQ(WhileRunning(rows, [&] { engine->AddVKSDUTPowerID(L"renamed", 1); }), 0);

@@ -74,6 +74,21 @@ TEST(DefaultServices, ADeviceStaysNamelessAndInactive) {
     EXPECT_TRUE(DefaultSwitchUnit().Paths().empty());
 }
 
+TEST(DefaultServices, ADeviceOfAKindHasAnInactiveOneBehindItAndTakesEverything) {
+    DefaultMonitorDevice monitor;
+    DefaultReceiver receiver;
+    DefaultRfGenerator generator;
+    double frequency = 30e6;
+    monitor.SetFrequency(frequency);
+    generator.SetFrequency(frequency);
+    EXPECT_EQ(frequency, 30e6);
+    EXPECT_EQ(monitor.Capabilities(),
+              IMonitorDevice::UseToSet | IMonitorDevice::UseToCheck | IMonitorDevice::UseToTrack);
+    EXPECT_EQ(monitor.CommonDevice()->State(), IDevice::NotActive);
+    EXPECT_EQ(receiver.CommonDevice()->State(), IDevice::NotActive);
+    EXPECT_EQ(generator.CommonDevice()->State(), IDevice::NotActive);
+}
+
 TEST(DefaultServices, AMacroCanBeNeitherLoadedNorRun) {
     DefaultApiMacro macro;
     String text;
