@@ -5,7 +5,7 @@
 #include <ace/core/actions_engine.h>
 #include <ace/core/module_columns.h>
 
-#include "core/fake_editor.h"
+#include "support/fake_editor.h"
 #include "support/fixture.h"
 
 namespace ace::test {

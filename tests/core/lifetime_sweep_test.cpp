@@ -1,8 +1,8 @@
 #include <ace/core/actions_engine.h>
 
-#include "core/fake_editor.h"
 #include "sim/sim_list.h"
 #include "sim/sim_tree.h"
+#include "support/fake_editor.h"
 #include "support/sweep.h"
 
 namespace ace::test {

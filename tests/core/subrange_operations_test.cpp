@@ -1,6 +1,6 @@
 #include <ace/core/module_table.h>
 
-#include "core/fake_editor.h"
+#include "support/fake_editor.h"
 #include "support/store_fixture.h"
 
 namespace ace::test {

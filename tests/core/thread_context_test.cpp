@@ -4,7 +4,7 @@
 
 #include <ace/core/actions_engine.h>
 
-#include "core/fake_editor.h"
+#include "support/fake_editor.h"
 #include "support/fixture.h"
 
 namespace ace::test {

@@ -1,4 +1,4 @@
-#include "core/fake_editor.h"
+#include "support/fake_editor.h"
 #include "support/store_fixture.h"
 
 namespace ace::test {

@@ -1,8 +1,8 @@
 /// An engine whose lists were read from a file, of a host that answers by itself.
 #pragma once
 
-#include "core/fake_editor.h"
 #include "support/every_kind.h"
+#include "support/fake_editor.h"
 
 namespace ace::test {
 

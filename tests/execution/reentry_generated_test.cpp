@@ -2,8 +2,8 @@
 /// afterwards counts and elements agree, and a refused call has changed nothing. A sample runs by
 /// default, a larger one of the calls in which messages run; ACE_PROVE=1 in the environment runs
 /// all, and ACE_SEED another sample.
-#include "core/fake_editor.h"
 #include "execution/lists_of_every_kind.h"
+#include "support/fake_editor.h"
 #include "support/list_agreement.h"
 #include "support/sample.h"
 

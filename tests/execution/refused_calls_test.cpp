@@ -1,6 +1,6 @@
 /// A call that ends with error 10 because a list runs has changed nothing.
-#include "core/fake_editor.h"
 #include "execution/lists_of_every_kind.h"
+#include "support/fake_editor.h"
 #include "support/list_agreement.h"
 #include "support/store_fixture.h"
 

@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "core/store_model.h"
+#include "support/store_model.h"
 
 namespace ace::test {
 

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "core/fake_editor.h"
+#include "support/fake_editor.h"
 #include "support/store_fixture.h"
 
 namespace ace::test {

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "core/store_model.h"
+#include "support/store_model.h"
 
 namespace ace::test {
 

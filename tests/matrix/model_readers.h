@@ -1,8 +1,8 @@
 /// The engine's arrays as those of the models, and back.
 #pragma once
 
-#include "core/store_model.h"
 #include "support/store_fixture.h"
+#include "support/store_model.h"
 
 namespace ace::test {
 

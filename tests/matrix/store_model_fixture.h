@@ -3,8 +3,8 @@
 
 #include <random>
 
-#include "core/fake_editor.h"
 #include "matrix/model_readers.h"
+#include "support/fake_editor.h"
 #include "support/sample.h"
 
 namespace ace::test {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/model_lists.h"
+#include "support/model_lists.h"
 
 namespace ace::test {
 
