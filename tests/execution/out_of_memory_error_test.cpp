@@ -51,6 +51,28 @@ TEST(OutOfMemoryError, ACopyOfAModuleLeavesNoCountBeforeItsArray) {
     }
 }
 
+/// A generator that is not there, told in a dialog, on an object of its own for each run.
+struct LostGenerator {
+    LostGenerator() { Fill(engine.State().MainTest, FreqList, {Follow(L"a generator")}); }
+    void Run() { RunFrequency(engine); }
+    ThreadContext context;
+    aceActionsEngine engine{context};
+};
+
+TEST(OutOfMemoryError, AFailureWithoutMemoryForItsDialogIsError7OrPassedOver) {
+    LostGenerator().Run();  // makes the texts that are made once
+    LostGenerator undisturbed;
+    const std::size_t count = AllocationsOf([&] { undisturbed.Run(); });
+    EXPECT_GE(count, 2U) << "the dialog takes the name, and its text";
+    for (std::size_t n = 1; n <= count; ++n) {
+        LostGenerator lost;
+        const FailingAllocations failing(n, false);
+        const std::int32_t error = AnyErrorOf([&] { lost.Run(); });
+        EXPECT_TRUE(failing.WasHit()) << "allocation " << n;
+        EXPECT_THAT(error, ::testing::AnyOf(0, Errors::OutOfMemory)) << "allocation " << n;
+    }
+}
+
 /// A host that has every failed statement run again.
 class AgainHost : public IHostFactory {
   public:
