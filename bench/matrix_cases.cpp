@@ -143,8 +143,9 @@ Work LookUpSteps(std::int32_t tests) {
         std::size_t found = 0;
         for (std::int32_t test = 0; test < tests; ++test) {
             for (std::int32_t step = 0; step < Edge * Edge; ++step) {
-                found += steps->engine.VKSStepHaveActions(Template::TestKey(test),
-                                                          Template::StepKey(step));
+                const bool hasActions = steps->engine.VKSStepHaveActions(Template::TestKey(test),
+                                                                         Template::StepKey(step));
+                found += hasActions ? 1U : 0U;
             }
         }
         Answered(found);

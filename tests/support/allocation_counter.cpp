@@ -50,8 +50,9 @@ std::size_t ace::test::AllocationCount() {
     return allocations;
 }
 
-ace::test::FailingAllocations::FailingAllocations(std::size_t n, bool forEver) {
-    failing = allocations + n;
+ace::test::FailingAllocations::FailingAllocations(std::size_t n, bool forEver)
+    : x_number(allocations + n) {
+    failing = x_number;
     failForEver = forEver;
 }
 
@@ -60,5 +61,5 @@ ace::test::FailingAllocations::~FailingAllocations() {
 }
 
 bool ace::test::FailingAllocations::WasHit() const {
-    return allocations >= failing;
+    return allocations >= x_number;
 }

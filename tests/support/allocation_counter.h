@@ -27,6 +27,9 @@ class FailingAllocations {
     FailingAllocations& operator=(const FailingAllocations&) = delete;
     /// That allocation has been asked for.
     bool WasHit() const;
+
+  private:
+    std::size_t x_number;  ///< of that allocation, since the thread began
 };
 
 }  // namespace ace::test
