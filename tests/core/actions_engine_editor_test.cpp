@@ -130,10 +130,10 @@ TEST_F(EngineEditor, AnEngineThatIsDroppedWhileItsEditorLoadsIsShownAllTheSame) 
     EXPECT_EQ(editor->list, &list);
 }
 
-TEST_F(EngineEditor, AnEditorThatIsNotBuiltYetSaysSoAndLeavesNone) {
+TEST_F(EngineEditor, TheEditorIsMadeWhenThereIsNoneAndStaysWhenItsControlsAreMissing) {
     context.Editor.reset();
-    EXPECT_EQ(ErrorOf([&] { engine->LoadEditor(&list, &tree); }), 4099);
-    EXPECT_EQ(context.Editor, nullptr);
+    EXPECT_EQ(ErrorOf([&] { engine->LoadEditor(nullptr, nullptr); }), Errors::ObjectNotSet);
+    EXPECT_NE(context.Editor, nullptr);
     EXPECT_EQ(host->journal.LinesOf(L"TraceLog.ReportError").size(), 1U);
 }
 

@@ -345,8 +345,6 @@ TEST_F(Lifetime, AnOperationThatIsNotBuiltYetSaysSoWithItsName) {
         return {};
     };
     Array2D<String> texts;
-    EXPECT_EQ(errorText([&] { engine->LoadEditor(nullptr, nullptr); }),
-              L"4099 LoadEditor is not built yet");
     EXPECT_EQ(errorText([&] { engine->PrintStrings(aceTemplate, *engine, texts, 0); }),
               L"4099 PrintStrings is not built yet");
 }

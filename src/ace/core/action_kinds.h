@@ -44,6 +44,7 @@ struct ActionKind {
 /// A bit for each kind of a set; a kind outside the members is in none.
 class KindSet {
   public:
+    constexpr KindSet() = default;
     template <class... Kinds>
     constexpr explicit KindSet(Kinds... kinds) : x_bits(((1U << kinds) | ...)) {}
     /// The bit is looked at first: in a list where most kinds are in no set, that decides.
@@ -52,7 +53,7 @@ class KindSet {
     }
 
   private:
-    std::uint32_t x_bits;
+    std::uint32_t x_bits = 0;
 };
 
 /// Number of kinds.

@@ -70,6 +70,9 @@ struct aceAPI {
 
 /// Parameter of the five device kinds: set, check, monitor, amplifier, switch unit.
 struct aceSetDevice {
+    /// `LastCheck` before the first check.
+    static constexpr float NeverChecked = -1.0F;
+
     String DevName;                           ///< name in the host's device list
     std::shared_ptr<IDevice> Device;          ///< run-time: the general device object
     std::shared_ptr<IMonitorDevice> MoniDev;  ///< run-time: the monitoring device

@@ -220,9 +220,8 @@ bool SetOrCheck(DeviceRun& run, Boolean isSet, std::int32_t moduleKind) {
         WriteStartLine(context, SetCheckLines, {});
     }
     run.settings = OpenModuleSettings(context, static_cast<aceModul>(moduleKind));
-    run.section = L"Actions";
-    AppendInteger(run.section, run.record.ChanNo);
-    run.section += L"-Device";
+    run.section.clear();
+    AppendDeviceSection(run.section, run.record.ChanNo);
     const DeviceKind kind = FindRecordsDevice(run, isSet);
     if (kind == DeviceKind::NotFound) {
         return false;

@@ -6,8 +6,6 @@ namespace ace::modActions {
 
 namespace {
 
-constexpr float NeverChecked = -1.0F;
-
 /// Beyond the range of a single: error 6.
 float SingleOf(double number) {
     constexpr auto Largest = static_cast<double>(std::numeric_limits<float>::max());
@@ -54,7 +52,7 @@ void ReadCheckEut(EntryLine& line) {
     if (line.FieldCount() > 9) {
         line.Set(LineField::LoadingPos, record.LoadingPos, line.Number(line.Field(9)) != 0.0);
     }
-    record.LastCheck = NeverChecked;
+    record.LastCheck = aceSetDevice::NeverChecked;
 }
 
 void WriteCheckEut(LineText& text, const p_Action& action) {

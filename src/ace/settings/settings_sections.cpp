@@ -1,5 +1,6 @@
 #include <ace/core/actions_engine.h>
 #include <ace/core/held_lists.h>
+#include <ace/core/text.h>
 #include <ace/settings/action_line.h>
 #include <ace/settings/settings_sections.h>
 #include <ace/settings/wireless_sections.h>
@@ -189,6 +190,12 @@ std::shared_ptr<ISettingsFile> GetSettFile(EngineState& state) {
     return Guarded(state.Context, [&](const Statements& stmt) {
         return stmt([&] { return OpenModuleSettings(state.Context, state.Modul); });
     });
+}
+
+void AppendDeviceSection(String& text, std::int32_t number) {
+    text += L"Actions";
+    AppendInteger(text, number);
+    text += L"-Device";
 }
 
 void aceActionsEngine::LoadActions(const String& FileName, std::int32_t SubRanges, aceModul Modul) {

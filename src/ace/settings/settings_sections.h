@@ -36,5 +36,7 @@ std::shared_ptr<ISettingsFile> OpenModuleSettings(ThreadContext& context, aceMod
 
 /// The same for the kind that the object serves. Handled.
 std::shared_ptr<ISettingsFile> GetSettFile(EngineState& state);
+/// Appends the name of the section in which a device's settings stand, for the number of an action.
+void AppendDeviceSection(String& text, std::int32_t number);
 
 }  // namespace ace

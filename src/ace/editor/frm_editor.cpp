@@ -1,0 +1,190 @@
+#include <utility>
+
+#include <ace/core/change_flag.h>
+#include <ace/core/held_lists.h>
+#include <ace/core/module_columns.h>
+#include <ace/core/not_built_yet.h>
+#include <ace/core/text.h>
+#include <ace/editor/action_text.h>
+#include <ace/editor/frm_editor.h>
+#include <ace/editor/moment_tree.h>
+#include <ace/editor/offered_kinds.h>
+
+namespace ace {
+
+namespace {
+
+constexpr TraceLines LoadLines = EditorLines(L"LoadEditor");
+
+/// Takes the link away first: the editor is done with the control, whatever that answers.
+template <class ControlOfHost>
+void Unlink(ControlOfHost*& link) {
+    if (ControlOfHost* const old = std::exchange(link, nullptr)) {
+        old->SetEvents(nullptr);
+    }
+}
+
+/// Links `control` in the place of the one before. A control that doesn't take the events isn't
+/// linked, because nobody would tell when it goes.
+template <class ControlOfHost, class Events>
+void Link(ControlOfHost*& link, ControlOfHost* control, Events& events) {
+    Unlink(link);
+    if (control == nullptr) {
+        Raise(Errors::ObjectNotSet);
+    }
+    control->SetEvents(&events);
+    link = control;
+}
+
+}  // namespace
+
+frmEditor::frmEditor(ThreadContext& context)
+    : Form(L"frmEditor", 0, 6000.0F, 4000.0F), x_parts(context) {}
+
+frmEditor::~frmEditor() {
+    DropLinks();
+}
+
+void frmEditor::Loaded() {
+    x_parts.context.Language().TranslateForm(*this);
+}
+
+// ---- controls of the host ----------------------------------------------------------------------
+
+void frmEditor::SetTreeControl(ITreeControl* tree) {
+    Link(x_parts.m_View, tree, x_treeEvents);
+    tree->SetUp({.images = imlActions()});
+}
+
+void frmEditor::SetListControl(IListControl* list) {
+    Link(x_parts.m_List, list, x_listEvents);
+    list->SetUp({.images = imlActions()});
+    list->Clear();
+    const Boolean emiTemplate = x_parts.engine != nullptr && x_parts.engine->EmiTemplate;
+    for (const p_ActionTypes type : OfferedKinds(x_parts.moduleKind, emiTemplate)) {
+        const ActionKind& kind = *FindActionKind(type);
+        list->Add(L"ACT:" + IntegerText(type), TextOf(x_parts.context, kind.palette),
+                  String(kind.icon));
+    }
+}
+
+void frmEditor::DropLinks() noexcept {
+    ResumeNext next;
+    next([&] { Unlink(x_parts.m_View); });
+    next([&] { Unlink(x_parts.m_List); });
+}
+
+/// So that nobody works on a tree that shows half of a module.
+void frmEditor::DropHalfBuilt() noexcept {
+    ResumeNext next;
+    if (x_parts.m_View != nullptr) {
+        next([&] { x_parts.m_View->Clear(); });
+    }
+    DropLinks();
+}
+
+// ---- lists -------------------------------------------------------------------------------------
+
+void frmEditor::GetMainActions(ModuleLists& store) {
+    CopyModule(aceTemplate, CopyFor::Store, x_parts.lists, store);
+}
+void frmEditor::GetMoniActions(ModuleLists& store) {
+    CopyModule(aceMonitoring, CopyFor::Store, x_parts.lists, store);
+}
+void frmEditor::GetEMSAutoActionsGeneral(ModuleLists& store) {
+    CopyModule(aceEMSAutoTemplateGeneral, CopyFor::Store, x_parts.lists, store);
+}
+void frmEditor::GetEMSAutoActions(ModuleLists& store) {
+    CopyModule(aceEMSAutoTemplate, CopyFor::Store, x_parts.lists, store);
+}
+void frmEditor::GetEMIAutoActions(ModuleLists& store) {
+    CopyModule(aceEMIAutoTemplate, CopyFor::Store, x_parts.lists, store);
+}
+void frmEditor::GetTSActions(ModuleLists& store) {
+    CopyModule(aceTSTemplate, CopyFor::Store, x_parts.lists, store);
+}
+void frmEditor::GetAziChartActions(ModuleLists& store) {
+    CopyModule(aceAziChart, CopyFor::Store, x_parts.lists, store);
+}
+void frmEditor::GetVKSActions(ModuleLists& store) {
+    CopyModule(aceVKSTemplate, CopyFor::Store, x_parts.lists, store);
+}
+void frmEditor::GetVKSDUTActions(ModuleLists& store) {
+    CopyMatrix(x_parts.lists, store);
+}
+void frmEditor::GetVKSDUTGlobActions(ModuleLists& store) {
+    p_Subrange copy = x_parts.lists.VKSDUTGlob;
+    store.VKSDUTGlob = std::move(copy);
+}
+
+void frmEditor::TakeLists(const ModuleLists& lists) {
+    const std::shared_ptr<frmEditor> alive = shared_from_this();
+    const std::shared_ptr<EngineState> engine = Required(x_parts.engine);
+    Guarded(x_parts.context, [&](const Statements& stmt) {
+        stmt([&] { RequireFreeModule(*engine, x_parts.moduleKind); });
+        stmt([&] { CopyModule(x_parts.moduleKind, CopyFor::Store, lists, x_parts.lists); });
+        ShowModule(stmt);
+        stmt([&] { SetChange(*engine, true); });
+    });
+}
+
+// ---- showing -----------------------------------------------------------------------------------
+
+void frmEditor::ShowModule(const Statements& stmt) {
+    try {
+        BuildTree(x_parts, stmt);
+    } catch (...) {
+        DropHalfBuilt();
+        throw;
+    }
+}
+
+void frmEditor::LoadEditor(aceModul moduleKind, const std::shared_ptr<EngineState>& engine) {
+    const std::shared_ptr<frmEditor> alive = shared_from_this();
+    const auto message = [&] { return L"Modul = " + IntegerText(moduleKind); };
+    try {
+        Logged(x_parts.context, LoadLines, message, [&](const Statements& stmt) {
+            x_parts.moduleKind = moduleKind;
+            x_parts.engine = engine;
+            stmt([&] { CopyModule(moduleKind, CopyFor::Editor, *engine, x_parts.lists); });
+            BuildTree(x_parts, stmt);
+        });
+    } catch (...) {
+        DropHalfBuilt();
+        throw;
+    }
+}
+
+void frmEditor::SetSubrange(std::int32_t number) {
+    const std::shared_ptr<frmEditor> alive = shared_from_this();
+    ace::SetSubrange(x_parts, number);
+}
+
+/// All references in one step.
+void frmEditor::Unload() {
+    DropLinks();
+    x_parts.engine.reset();
+    x_parts.held = {};
+}
+
+// ---- acts of the operator ----------------------------------------------------------------------
+
+void frmEditor::TreeEvents::DoubleClicked() {
+    RaiseNotBuiltYet(L"editing an action");
+}
+void frmEditor::TreeEvents::DraggedOver(const DragData&, std::int32_t& effect, std::int32_t, float,
+                                        float) {
+    effect = DropEffects::None;
+}
+void frmEditor::TreeEvents::Dropped(const DragData&, std::int32_t&, std::int32_t, float, float) {
+    RaiseNotBuiltYet(L"dropping an action");
+}
+void frmEditor::ListEvents::DoubleClicked() {
+    RaiseNotBuiltYet(L"adding an action");
+}
+
+std::shared_ptr<IEditor> MakeEditor(ThreadContext& context) {
+    return std::make_shared<frmEditor>(context);
+}
+
+}  // namespace ace

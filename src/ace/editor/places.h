@@ -1,0 +1,39 @@
+/// Places in the lists: what a node of the tree stands for, and which list that is.
+#pragma once
+
+#include <optional>
+
+#include <ace/core/moment_table.h>
+#include <ace/editor/editor_parts.h>
+
+namespace ace {
+
+/// A place in the lists of a module.
+struct Place {
+    p_PerformTimes time = ptStartTest;
+    std::int32_t subrange = 0;  ///< number of the set, from 0; 0 for a set that the module has once
+    std::int32_t position = 0;  ///< of a line, from 1; of a moment the number of its lines
+    bool operator==(const Place&) const = default;
+};
+
+/// The number behind the three letters of a key; 0 where none stands there. Error 6 beyond the
+/// 32-bit integers.
+std::int32_t NumberOfKey(StringView key);
+/// The letters and, where the module has numbered sets for that moment, the number of its node.
+String KeyOfMoment(const MomentRow& moment, std::int32_t number);
+/// True for the key of a line, false for that of a moment or a group.
+bool IsLineKey(StringView key);
+
+/// What `Node` stands for. A line: its moment, and its place among the lines that show. A moment:
+/// itself, behind its last line. A group: its first moment. Intentional: the trigger stands first
+/// under a channel, and the channel stands for its no-go list; so the position of a channel stays
+/// as it came, as that of every group whose first child isn't the moment that it stands for. A part
+/// for which a node says nothing stays as it came too. Whether the module has such a list is not
+/// asked. Errors of the tree, of which no node is 91, come out. Traced and handled.
+void GetPosition(EditorParts& parts, TreeNode Node, Place& place);
+
+/// The list of a place; none where the module has no such moment or no set of that number, such as
+/// on a group of the matrix.
+std::optional<ActionList> FindList(EditorParts& parts, p_PerformTimes time, std::int32_t subrange);
+
+}  // namespace ace
