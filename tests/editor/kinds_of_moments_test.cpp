@@ -33,6 +33,9 @@ struct Place {
     StringView dropped;  ///< kinds that aren't dropped from the list
     StringView moved;    ///< lines that aren't moved or copied
 };
+void PrintTo(const Place& place, std::ostream* out) {
+    *out << ::testing::PrintToString(place.key) << " of module " << place.module;
+}
 
 constexpr Place Places[] = {
     {aceTemplate, L"EFR", L"Freq", ButFreq, ButFreqDropped, ButFreq},
