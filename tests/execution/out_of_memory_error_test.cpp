@@ -14,6 +14,20 @@
 namespace ace::test {
 namespace {
 
+/// The sets of `target` are all of `from` or all of `to`, with their count and, in the matrix, with
+/// their keys.
+void ExpectWholeSets(aceModul moduleKind, const ModuleLists& target, const ModuleLists& from,
+                     const ModuleLists& to) {
+    for (const NumberedSets& numbered : ModuleTable[moduleKind].AllNumbered()) {
+        const auto isThatOf = [&](const ModuleLists& other) {
+            return target.*numbered.sets == other.*numbered.sets &&
+                   target.*numbered.count == other.*numbered.count &&
+                   (moduleKind != aceVKSDUT || target.VKSDUTIds == other.VKSDUTIds);
+        };
+        EXPECT_TRUE(isThatOf(from) || isThatOf(to));
+    }
+}
+
 /// Fails each allocation of the copy in turn; a sample of them by default.
 void CopyWithoutMemory(aceModul moduleKind, CopyFor purpose, const ModuleLists& from,
                        const ModuleLists& to) {
@@ -35,6 +49,7 @@ void CopyWithoutMemory(aceModul moduleKind, CopyFor purpose, const ModuleLists& 
         EXPECT_TRUE(wasHit) << "allocation " << n;
         EXPECT_EQ(error, Errors::OutOfMemory);
         EXPECT_THAT(ListAgreement::Breaches(target), ::testing::IsEmpty()) << "allocation " << n;
+        ExpectWholeSets(moduleKind, target, from, to);
     }
 }
 
@@ -48,6 +63,26 @@ TEST(OutOfMemoryError, ACopyOfAModuleLeavesNoCountBeforeItsArray) {
             CopyWithoutMemory(module.moduleKind, purpose, full.State(), {});
             CopyWithoutMemory(module.moduleKind, purpose, {}, full.State());
         }
+    }
+}
+
+/// What is copied element by element.
+TEST(OutOfMemoryError, ACopyOverAsManyElementsLeavesThemWholeAndAllOrNone) {
+    for (const ModuleRow& module : ModuleTable) {
+        ThreadContext context;
+        aceActionsEngine full(context);
+        FillModule(full.State(), module.moduleKind);
+        ModuleLists other = full.State();
+        for (const NumberedSets& numbered : module.AllNumbered()) {
+            for (p_Subrange& set : other.*numbered.sets) {
+                Fill(set, EnterList, {WaitFor(1)});
+            }
+            other.*numbered.count = 1;
+        }
+        if (module.moduleKind == aceVKSDUT) {
+            other.VKSDUTIds(0, 0) = 5e9;
+        }
+        CopyWithoutMemory(module.moduleKind, CopyFor::Store, full.State(), other);
     }
 }
 

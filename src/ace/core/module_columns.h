@@ -14,9 +14,12 @@ enum class CopyFor {
 };
 
 /// Copies the fields of one module kind from `from` to `to`, in the order of the table; all others
-/// stay. A kind outside the members copies nothing. While a list of `to` is held: error 10, and
-/// nothing has been copied. After error 7 what stands before in the order has been copied, and a
-/// count goes with its arrays. No messages run.
+/// stay. A kind outside the members copies nothing. What is equal in both stays where it is: a
+/// fixed set, an array of texts or numbers, and each element of numbered sets with the same bounds.
+/// So an edit costs what comparing costs, and what was found by place in an equal array is found
+/// there still. While a list of `to` is held: error 10, and nothing has been copied, equal or not.
+/// After error 7 what stands before in the order has been copied, and a count goes with its arrays,
+/// all of them or none. No messages run.
 void CopyModule(std::int32_t moduleKind, CopyFor purpose, const ModuleLists& from, ModuleLists& to);
 
 /// The part of `CopyModule` of the matrix without its global lists: rows, tables, template number

@@ -19,7 +19,8 @@ class ThreadContext;
 /// `Unload` let messages run.
 ///
 /// Each Get operation copies the editor's working lists of one module back into `store`, in the
-/// order of `CopyModule` for the store; a failure leaves those before it replaced.
+/// order of `CopyModule` for the store; a failure leaves those before it replaced. What is equal is
+/// left where it stands, so that handing all lists back costs what comparing them costs.
 /// `GetVKSDUTActions` hands out the matrix, and `GetVKSDUTGlobActions` its global lists.
 class IEditor {
   public:

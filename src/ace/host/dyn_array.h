@@ -151,7 +151,8 @@ class DynArray {
 
     /// Same bounds and same elements; holds do not count.
     friend bool operator==(const DynArray& a, const DynArray& b) {
-        return a.x_lower == b.x_lower && a.x_items == b.x_items;
+        // Most lists of a set have nothing, and after an edit all sets are compared.
+        return (a.x_size | b.x_size) == 0 || a.HoldsSame(b);
     }
 
   private:
@@ -166,6 +167,10 @@ class DynArray {
         if (!IsAllocated()) {
             Raise(Errors::SubscriptOutOfRange);
         }
+    }
+    /// Apart, so that the question whether there is anything to compare stays small.
+    [[gnu::noinline]] bool HoldsSame(const DynArray& other) const {
+        return x_lower == other.x_lower && x_items == other.x_items;
     }
     std::size_t Offset(std::int32_t index) const {
         const auto offset = static_cast<std::uint64_t>(std::int64_t{index} - x_lower);
