@@ -56,5 +56,6 @@ std::vector<Case> DocumentCases();
 std::vector<Case> FileCases();
 std::vector<Case> StoreCases();
 std::vector<Case> MatrixCases();
+std::vector<Case> EditorCases();
 
 }  // namespace ace::bench

@@ -7,8 +7,9 @@
 
 namespace ace::bench {
 
-/// The calls that are counted. Two are none of the host's: `Line`, a line that a settings file
-/// handed out or took, and `Found`, a look-up that was answered with what it looked for.
+/// The calls that are counted; `Node` is a node that a tree was given. Two are none of the host's:
+/// `Line`, a line that a settings file handed out or took, and `Found`, a look-up that was answered
+/// with what it looked for.
 enum class Call : std::size_t {
     Yield,
     TraceQuestion,
@@ -23,10 +24,11 @@ enum class Call : std::size_t {
     Generator,
     Channel,
     Path,
+    Node,
     Line,
     Found,
 };
-inline constexpr std::size_t CallKinds = 15;
+inline constexpr std::size_t CallKinds = 16;
 /// By `Call`.
 using CallCounts = std::array<std::size_t, CallKinds>;
 

@@ -68,7 +68,7 @@ void AddLeaf(const MatrixWalk& walk, const Cell& cell, const String& parent,
 /// Answers the key.
 String AddGroup(const MatrixWalk& walk, const Cell& cell, const String& parent,
                 const String& caption) {
-    const String key =
+    String key =
         L"TST" + IntegerText(cell[0]) + L'_' + IntegerText(cell[1]) + L'_' + IntegerText(cell[2]);
     walk.add({.key = key,
               .parent = parent,
