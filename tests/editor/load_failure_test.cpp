@@ -147,6 +147,36 @@ TEST_F(LoadFailure, ReportThatAsksForACallAgainGetsTheWholeTree) {
     }
 }
 
+/// The tree stood before the list was asked for anything.
+TEST_F(LoadFailure, AnyCallOfTheListThatFailsLeavesTheTree) {
+    MakeTest();
+    Show(aceTemplate);
+    const Lines before = Tree();
+    std::size_t k = 1;
+    for (;; ++k) {
+        host->faults.Clear();
+        host->faults.FailOperation(L"List.", k, 5);
+        if (ErrorOfLoad() == 0) {
+            break;
+        }
+        EXPECT_EQ(Tree(), before) << k;
+        EXPECT_TRUE(tree.Press(std::nullopt)) << k;
+    }
+    EXPECT_GE(k, 11U);  // three to set it up, and eight kinds
+}
+
+TEST_F(LoadFailure, ReportThatAsksForACallOfTheListAgainGetsAllKinds) {
+    Show(aceTemplate);
+    const Lines before = LinesOf(list.Text());
+    for (std::size_t k = 1; host->reportAnswers.empty(); ++k) {
+        host->faults.Clear();
+        host->faults.FailOperation(L"List.", k, 5);
+        host->reportAnswers = {5};
+        EXPECT_EQ(ErrorOfLoad(), 0) << k;
+        EXPECT_EQ(LinesOf(list.Text()), before) << k;
+    }
+}
+
 // ---- controls ----------------------------------------------------------------------------------
 
 TEST_F(LoadFailure, WithoutATreeNothingIsShownOrOffered) {

@@ -193,5 +193,85 @@ TEST_F(MatrixLeaves, GlobalListsBehindASortedMatrixStandInTheirOrder) {
                              L"ASA \"After specific Actions\" ACT expanded"}));
 }
 
+// ---- the order of adding -----------------------------------------------------------------------
+
+/// Two bandwidths and two powers, and the frequency of the test mode alone.
+class MatrixNodes : public ShownMatrix {
+  protected:
+    MatrixNodes() {
+        SetFrequencies({{0.0, L"idle"}});
+        SetBandwidths({L"20 MHz", L"80 MHz"});
+        SetPowers({L"high", L"low"});
+    }
+    /// Keys in the order in which the nodes came.
+    Lines Keys() {
+        Lines keys;
+        for (const TreeNode node : tree.Nodes()) {
+            keys.push_back(tree.Key(node));
+        }
+        return keys;
+    }
+};
+
+TEST_F(MatrixNodes, BothHeadsOfTheTestModeComeBeforeWhatIsBelowThem) {
+    SetInfluence(false, true, true);
+    SetRows({{-1, 0, 0},
+             {0, 0, 0},
+             {-1, 0, 1},
+             {0, 0, 1},
+             {-1, 1, 0},
+             {0, 1, 0},
+             {-1, 1, 1},
+             {0, 1, 1}});
+
+    ShowMode(0);
+
+    EXPECT_EQ(Keys(), (Lines{L"TST0_-1_-1", L"TST-1_-1_-1", L"TST-1_0_-1", L"STE1", L"STE3",
+                             L"TST-1_1_-1", L"STE5", L"STE7", L"TST0_0_-1", L"STE0", L"STE2",
+                             L"TST0_1_-1", L"STE4", L"STE6"}));
+}
+
+TEST_F(MatrixNodes, BothLeavesOfTheTestModeComeWithTheTestModeFirst) {
+    SetRows({{-1, -1, -1}, {0, -1, -1}});
+    ShowMode(0);
+    EXPECT_EQ(Keys(), (Lines{L"STE1", L"STE0"}));
+}
+
+TEST_F(MatrixNodes, LinesComeWhenAllNodesStand) {
+    SetInfluence(true, true, false);
+    SetRows({{0, 1, -1}, {0, 0, -1}});
+    FillRow(0, {Camera});
+    FillRow(1, {PathA});
+
+    ShowMode(1);
+
+    EXPECT_EQ(Keys(),
+              (Lines{L"TST-1_0_-1", L"STE1", L"TST-1_1_-1", L"STE0", L"CHI0STE0", L"CHI0STE1"}));
+}
+
+TEST_F(MatrixNodes, DimensionWithoutEntriesHasNothingToSplit) {
+    SetInfluence(true, true, true);
+    State().VKSDUTBandwidthCount = 0;
+
+    ShowMode(0);
+    EXPECT_EQ(Keys(), Lines{L"TST0_-1_-1"});
+    ShowMode(1);
+    EXPECT_EQ(Keys(), Lines{});
+    ShowMode(2);
+    EXPECT_EQ(Keys(), (Lines{L"TST-1_-1_0", L"TST-1_-1_1"}));
+}
+
+TEST_F(MatrixNodes, CountsDecideAndNotTheBoundsOfTheTables) {
+    SetInfluence(false, true, true);
+    SetRows({{-1, 0, 0}});
+    State().VKSDUTFreqCount = 0;
+    State().VKSDUTBandwidthCount = 1;
+    State().VKSDUTPowerCount = 1;
+
+    ShowMode(0);
+
+    EXPECT_EQ(Keys(), (Lines{L"TST-1_-1_-1", L"TST-1_0_-1", L"STE0"}));
+}
+
 }  // namespace
 }  // namespace ace::test

@@ -107,6 +107,15 @@ TEST_F(ModuleTreeRules, StepOfAnEmissionTestHasATextOfItsOwnWithoutABound) {
     EXPECT_EQ(Below(L"EMI10"), (Lines{L"BEF10 T(9090)", L"AFT10 T(9091)"}));
 }
 
+TEST_F(ModuleTreeRules, ModuleOutsideTheMembersHasNoNodesAndTheKindsOfAll) {
+    for (const std::int32_t module : {-1, 9}) {
+        Show(static_cast<aceModul>(module));
+        EXPECT_EQ(Tree(), Lines{}) << module;
+        EXPECT_EQ(LinesOf(list.Text()).size(), 5U) << module;
+        EXPECT_EQ(ErrorOf([&] { engine->EditorSelectSubrange(1); }), 91) << module;
+    }
+}
+
 // ---- wireless tests ----------------------------------------------------------------------------
 
 TEST_F(ModuleTreeRules, TestsStandInTheHostsOrderUnderItsNamesWithTheNumberOfTheStore) {

@@ -192,6 +192,20 @@ TEST_F(PrintLines, MonitorThatWasNeverUsedIsError91) {
     EXPECT_EQ(TakeEffects(), Lines{Reported(91, L"object variable not set")});
 }
 
+// ---- failures ----------------------------------------------------------------------------------
+
+TEST_F(PrintLines, ReportThatAsksForALineAgainGetsItOnce) {
+    const std::vector<p_Action> actions{WaitFor(1000), Comment(true), Camera};
+    const String whole = Printed(actions);
+    for (std::size_t k = 1; host->reportAnswers.empty(); ++k) {
+        host->faults.Clear();
+        host->faults.FailOperation(L"Language.", k, 5);
+        host->reportAnswers = {5};
+        EXPECT_EQ(Printed(actions), whole) << k;
+    }
+    EXPECT_EQ(whole, L"   T(9063): \t1.000 s\r   T(9069), T(9080)\r   T(9065): \tCamera\r");
+}
+
 // ---- trace lines -------------------------------------------------------------------------------
 
 TEST_F(PrintLines, MomentAndNumberStandInTheStartLineUnderTheNameOfTheEditor) {

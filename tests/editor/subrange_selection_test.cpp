@@ -165,6 +165,29 @@ TEST_F(SubrangeSelection, ModuleIsThatOfTheLastLoad) {
     EXPECT_EQ(tree.Key(tree.Selected()), L"SUR1");
 }
 
+TEST_F(SubrangeSelection, FailureIsToldByTheFormAndByTheEngine) {
+    MakeTwo();
+    Show(aceTemplate);
+    EXPECT_EQ(ErrorOf([&] { engine->EditorSelectSubrange(3); }), 91);
+    const String reported = Reported(91, L"object variable not set");
+    EXPECT_EQ(host->journal.LinesOf(L"TraceLog.ReportError"), (Lines{reported, reported}));
+    EXPECT_EQ(host->journal.LinesOf(L"Tree.Select"), Lines{});
+}
+
+TEST_F(SubrangeSelection, AnyCallThatFailsIsMadeAgainWhenTheReportAsksForIt) {
+    const Lines whole{L"ESR0", L"LSR0", L"SUR1", L"ESR1", L"LSR1", L"> SUR1"};
+    EXPECT_EQ(OpenAfterSecond(aceTemplate), whole);
+    for (std::size_t k = 1; host->reportAnswers.empty(); ++k) {
+        ExpandAll();
+        tree.Select({});
+        host->faults.FailOperation(L"Tree.", k, 5);
+        host->reportAnswers = {5};
+        EXPECT_EQ(ErrorOf([&] { engine->EditorSelectSubrange(2); }), 0) << k;
+        host->faults.Clear();
+        EXPECT_EQ(Open(), whole) << k;
+    }
+}
+
 TEST_F(SubrangeSelection, WholeJournal) {
     MakeTwo();
     Show(aceTemplate);
