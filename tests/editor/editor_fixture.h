@@ -1,23 +1,15 @@
-/// An engine with an open editor on a tree and a list in memory.
+/// An open editor, and the edits that an operator makes in it.
 #pragma once
 
 #include <ace/editor/edit_operations.h>
 #include <ace/editor/frm_editor.h>
 
-#include "sim/sim_list.h"
-#include "sim/sim_tree.h"
-#include "support/engine_fixture.h"
+#include "editor/shown_editor.h"
 
 namespace ace::test {
 
-/// Tests fill the lists of `State()` and open the editor on them. The journal starts behind that.
-class EditorTest : public EngineTest {
+class EditorTest : public ShownEditor {
   protected:
-    void Open(aceModul moduleKind) {
-        State().Modul = moduleKind;
-        engine->LoadEditor(&list, &tree);
-        host->journal.Clear();
-    }
     /// What the rooms of the open editor share.
     EditorParts& Parts() { return std::dynamic_pointer_cast<frmEditor>(context.Editor)->Parts(); }
     /// Opens what the node stands in and selects it, as the operator does. The journal starts
@@ -39,9 +31,6 @@ class EditorTest : public EngineTest {
         }
         return lines;
     }
-
-    sim::SimTree tree{*host};
-    sim::SimList list{*host};
 };
 
 }  // namespace ace::test

@@ -13,7 +13,7 @@ class EditorLinks : public ShownEditor {
 };
 
 TEST_F(EditorLinks, ReleaseGivesBothControlsBackAndLeavesWhatTheyShow) {
-    Show(aceTemplate);
+    Open(aceTemplate);
     const Lines before = Tree();
 
     engine->Release();
@@ -24,7 +24,7 @@ TEST_F(EditorLinks, ReleaseGivesBothControlsBackAndLeavesWhatTheyShow) {
 }
 
 TEST_F(EditorLinks, BehindAReleaseASubrangeIsNotSelected) {
-    Show(aceTemplate);
+    Open(aceTemplate);
     engine->Release();
     TakeEffects();
     engine->EditorSelectSubrange(1);
@@ -32,10 +32,10 @@ TEST_F(EditorLinks, BehindAReleaseASubrangeIsNotSelected) {
 }
 
 TEST_F(EditorLinks, LoadBehindAReleaseShowsAgain) {
-    Show(aceTemplate);
+    Open(aceTemplate);
     const Lines before = Tree();
     engine->Release();
-    Show(aceTemplate);
+    Open(aceTemplate);
     EXPECT_EQ(Tree(), before);
     EXPECT_TRUE(tree.Press(std::nullopt));
 }
@@ -64,30 +64,30 @@ TEST_F(EditorLinks, TreeThatHasGoneCanBeReplaced) {
     auto brief = std::make_unique<sim::SimTree>(*host);
     engine->LoadEditor(&list, brief.get());
     brief.reset();
-    Show(aceTemplate);
+    Open(aceTemplate);
     EXPECT_TRUE(IsThere(L"SUR0"));
 }
 
 TEST_F(EditorLinks, ControlThatCannotBeGivenBackHindersNoRelease) {
-    Show(aceTemplate);
+    Open(aceTemplate);
     host->faults.FailOperation(L"Tree.SetEvents", 1, 5);
     engine->Release();
     EXPECT_EQ(host->journal.LinesOf(L"List."), Lines{ListGivenBack});
     EXPECT_FALSE(context.Editor);
     host->faults.Clear();
-    Show(aceTemplate);
+    Open(aceTemplate);
     EXPECT_TRUE(IsThere(L"SUR0"));
 }
 
 /// The host forgot to release. The editor stays for the next engine, and for the controls.
 TEST_F(EditorLinks, EditorOutlivesAnEngineThatGoesWithoutARelease) {
-    Show(aceTemplate);
+    Open(aceTemplate);
     engine.reset();
     EXPECT_TRUE(tree.Press(std::nullopt));
     EXPECT_TRUE(context.Editor);
 
     engine = std::make_unique<aceActionsEngine>(context);
-    Show(aceAziChart);
+    Open(aceAziChart);
 
     EXPECT_EQ(Tree().front(), L"ETE \"T(9096)\" ACT");
 }

@@ -1,3 +1,4 @@
+#include "editor/shown_actions.h"
 #include "editor/shown_editor.h"
 
 namespace ace::test {
@@ -72,7 +73,7 @@ TEST_F(LoadFailure, SecondLeafWithoutARowIsToldByTheFormAndByTheEngine) {
 
 TEST_F(LoadFailure, FailedReloadGivesUpTheListOfTheLoadBefore) {
     MakeTest();
-    Show(aceTemplate);
+    Open(aceTemplate);
     MakeMatrixWithoutRows();
     EXPECT_EQ(ErrorOfLoad(), 457);
 
@@ -109,7 +110,7 @@ TEST_F(LoadFailure, ClearThatFailsAsWellLeavesTheFirstError) {
 
 TEST_F(LoadFailure, NextLoadIsAsGoodAsTheFirst) {
     MakeTest();
-    Show(aceTemplate);
+    Open(aceTemplate);
     const Lines before = Tree();
     host->faults.FailOperation(L"Tree.AddChild", 4, 5);
     EXPECT_EQ(ErrorOfLoad(), 5);
@@ -136,7 +137,7 @@ TEST_F(LoadFailure, ChangeStillFindsTheListsAfterIt) {
 
 TEST_F(LoadFailure, ReportThatAsksForACallAgainGetsTheWholeTree) {
     MakeTest();
-    Show(aceTemplate);
+    Open(aceTemplate);
     const Lines before = Tree();
     for (std::size_t k = 1; host->reportAnswers.empty(); ++k) {
         host->faults.Clear();
@@ -150,7 +151,7 @@ TEST_F(LoadFailure, ReportThatAsksForACallAgainGetsTheWholeTree) {
 /// The tree stood before the list was asked for anything.
 TEST_F(LoadFailure, AnyCallOfTheListThatFailsLeavesTheTree) {
     MakeTest();
-    Show(aceTemplate);
+    Open(aceTemplate);
     const Lines before = Tree();
     std::size_t k = 1;
     for (;; ++k) {
@@ -166,7 +167,7 @@ TEST_F(LoadFailure, AnyCallOfTheListThatFailsLeavesTheTree) {
 }
 
 TEST_F(LoadFailure, ReportThatAsksForACallOfTheListAgainGetsAllKinds) {
-    Show(aceTemplate);
+    Open(aceTemplate);
     const Lines before = LinesOf(list.Text());
     for (std::size_t k = 1; host->reportAnswers.empty(); ++k) {
         host->faults.Clear();
@@ -202,7 +203,7 @@ TEST_F(LoadFailure, TreeThatHasGoneIsError91) {
 
 TEST_F(LoadFailure, TreeOfTheLoadBeforeIsGivenBack) {
     MakeTest();
-    Show(aceTemplate);
+    Open(aceTemplate);
     sim::SimTree other{*host};
     engine->LoadEditor(&list, &other);
     EXPECT_FALSE(tree.Press(std::nullopt));

@@ -1,3 +1,4 @@
+#include "editor/shown_actions.h"
 #include "editor/shown_editor.h"
 
 namespace ace::test {
@@ -74,7 +75,7 @@ TEST_F(LoadJournal, SingleTestWithASubrangeAndAnAction) {
 /// The texts of a node are asked for directly before it is added.
 TEST_F(LoadJournal, TextsAreAskedForOneByOneInTheOrderOfTheirUse) {
     Fill(State().EMSAutoGeneral, EnterList, {PathA, Comment(true)});
-    Show(aceEMSAutoTemplateGeneral);
+    Open(aceEMSAutoTemplateGeneral);
     host->journal.Clear();
     engine->LoadEditor(&list, &tree);
 
@@ -140,7 +141,7 @@ TEST_F(LoadJournal, GroupOfTheMatrixIsSorted) {
     State().VKSDUTPowerCount = 1;
     State().VKSDUTPowerNames.Redim(0, 0);
     State().VKSDUTPowerNames[0] = L"low";
-    Show(aceVKSDUT);
+    Open(aceVKSDUT);
     engine->LoadEditor(&list, &tree);
 
     EXPECT_EQ(host->journal.LinesOf(L"Tree.SetChildrenSorted"),
@@ -149,11 +150,11 @@ TEST_F(LoadJournal, GroupOfTheMatrixIsSorted) {
 
 TEST_F(LoadJournal, SecondLoadOnTheSameTreeEmptiesItAndBuildsItAnew) {
     Fill(State().AziChart, EnterList, {Camera});
-    Show(aceAziChart);
+    Open(aceAziChart);
     const Lines before = Tree();
     tree.Select(tree.Find(L"LTE"));
 
-    Show(aceAziChart);
+    Open(aceAziChart);
 
     EXPECT_EQ(Tree(), before);
     EXPECT_FALSE(tree.Selected());
@@ -161,7 +162,7 @@ TEST_F(LoadJournal, SecondLoadOnTheSameTreeEmptiesItAndBuildsItAnew) {
 
 TEST_F(LoadJournal, SubrangeThatIsAddedShowsAtOnce) {
     State().MainSubrangeCount = 0;
-    Show(aceTemplate);
+    Open(aceTemplate);
     engine->AddSubrange(1);
     engine->AddSubrange(2);
     EXPECT_TRUE(IsThere(L"SUR0"));

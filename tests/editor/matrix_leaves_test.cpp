@@ -1,3 +1,4 @@
+#include "editor/shown_actions.h"
 #include "editor/shown_matrix.h"
 
 namespace ace::test {
@@ -16,7 +17,7 @@ TEST_F(MatrixLeaves, TheFirstOfEqualRowsIsTheLeafs) {
     SetRows({{5.2e9, -1, -1}, {2.4e9, -1, -1}, {5.2e9, -1, -1}});
     FillRow(2, {WaitFor(1000)});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), (Lines{L"STE1 \"2.4 GHz\" ACT expanded", L"STE0 \"5.2 GHz\" ACT expanded"}));
 }
@@ -26,7 +27,7 @@ TEST_F(MatrixLeaves, RowsBehindTheCountAreNoRows) {
     SetRows({{2.4e9, -1, -1}, {5.2e9, -1, -1}});
     State().VKSStepCount = 1;
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), (Lines{L"STE0 \"2.4 GHz\" ACT expanded", L"STE-1 \"5.2 GHz\" ACT expanded"}));
 }
@@ -35,7 +36,7 @@ TEST_F(MatrixLeaves, AFrequencyIsComparedExactly) {
     SetInfluence(true, false, false);
     SetRows({{2.4e9 + 0.001, -1, -1}, {5.2e9, -1, -1}});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), (Lines{L"STE-1 \"2.4 GHz\" ACT expanded", L"STE1 \"5.2 GHz\" ACT expanded"}));
 }
@@ -46,7 +47,7 @@ TEST_F(MatrixLeaves, ARowWithoutALeafShowsNothingAndFailsNothing) {
     FillRow(1, {Camera});
     FillRow(2, {CloseTheDoor});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), (Lines{L"STE1 \"All Frequencies\" ACT expanded",
                              L"  CHI0STE1 \"T(9065): Camera\" EUT expanded"}));
@@ -56,7 +57,7 @@ TEST_F(MatrixLeaves, OnlyTheEnterListOfARowShows) {
     SetRows({{-1, -1, -1}});
     Fill(State().VKSSteps[0], LeaveList, {Camera});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), Lines{L"STE0 \"All Frequencies\" ACT expanded"});
 }
@@ -66,7 +67,7 @@ TEST_F(MatrixLeaves, ALeafWithoutARowHasNoActions) {
     SetRows({{5.2e9, -1, -1}});
     FillRow(0, {WaitFor(1000)});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), (Lines{L"STE-1 \"2.4 GHz\" ACT expanded", L"STE0 \"5.2 GHz\" ACT expanded",
                              L"  CHI0STE0 \"T(9063): 1.000 s\" WAI expanded"}));
@@ -76,12 +77,12 @@ TEST_F(MatrixLeaves, ASecondLeafWithoutARowFailsTheLoad) {
     SetInfluence(true, false, false);
     SetRows({{-1, -1, -1}});
 
-    EXPECT_EQ(ErrorOf([&] { ShowMode(0); }), 457);
+    EXPECT_EQ(ErrorOf([&] { OpenMode(0); }), 457);
     EXPECT_EQ(Tree(), Lines{});
 }
 
 TEST_F(MatrixLeaves, WithoutAnyRowOneLeafShows) {
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), Lines{L"STE-1 \"All Frequencies\" ACT expanded"});
 }
@@ -92,7 +93,7 @@ TEST_F(MatrixLeaves, AFrequencyOfZeroWithoutInfluenceGivesTwoLeavesAndNoneForAll
     SetFrequencies({{2.4e9, L"2.4 GHz"}, {0.0, L"idle"}});
     SetRows({{-1, -1, -1}, {0.0, -1, -1}});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), (Lines{L"STE1 \"idle\" ACT expanded", L"STE0 \"Testmode\" ACT expanded"}));
 }
@@ -101,7 +102,7 @@ TEST_F(MatrixLeaves, TheTwoLeavesStandSortedByTheirTextsNotInTheOrderOfTheirAddi
     SetFrequencies({{0.0, L"Zero"}});
     SetRows({{-1, -1, -1}, {0.0, -1, -1}});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), (Lines{L"STE0 \"Testmode\" ACT expanded", L"STE1 \"Zero\" ACT expanded"}));
 }
@@ -110,7 +111,7 @@ TEST_F(MatrixLeaves, TheFirstFrequencyOfZeroNamesTheTestMode) {
     SetFrequencies({{2.4e9, L"2.4 GHz"}, {0.0, L"idle"}, {0.0, L"mute"}});
     SetRows({{-1, -1, -1}, {0.0, -1, -1}});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree().front(), L"STE1 \"idle\" ACT expanded");
 }
@@ -119,7 +120,7 @@ TEST_F(MatrixLeaves, AFrequencyNearlyZeroIsNoTestMode) {
     SetFrequencies({{1e-300, L"idle"}});
     SetRows({{-1, -1, -1}});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), Lines{L"STE0 \"All Frequencies\" ACT expanded"});
 }
@@ -131,7 +132,7 @@ TEST_F(MatrixLeaves, TheGroupOfTheZeroFrequencysNameHoldsTheRowsOfAllFrequencies
     SetInfluence(false, false, true);
     SetRows({{-1, -1, 0}, {0.0, -1, 0}});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(),
               (Lines{L"TST0_-1_-1 \"idle\" SGL expanded", L"  STE0 \"low\" ACT expanded",
@@ -144,7 +145,7 @@ TEST_F(MatrixLeaves, ActionsOfASortedLeafKeepTheOrderOfTheirList) {
     SetRows({{-1, -1, -1}});
     FillRow(0, {Tell(L"Z"), Tell(L"A"), Tell(L"M")});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), (Lines{L"STE0 \"All Frequencies\" ACT expanded",
                              L"  CHI0STE0 \"T(9064): Z\" NOT expanded",
@@ -157,7 +158,7 @@ TEST_F(MatrixLeaves, EqualCaptionsStandInTheOrderOfTheirTable) {
     SetInfluence(true, false, false);
     SetRows({{2.4e9, -1, -1}, {5.2e9, -1, -1}, {1e9, -1, -1}});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), (Lines{L"STE2 \"Other\" ACT expanded", L"STE0 \"Same\" ACT expanded",
                              L"STE1 \"SAME\" ACT expanded"}));
@@ -168,16 +169,16 @@ TEST_F(MatrixLeaves, SortingByTextPutsTenBeforeTwo) {
     SetInfluence(true, false, false);
     SetRows({{2e6, -1, -1}, {10e6, -1, -1}});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Tree(), (Lines{L"STE1 \"10 MHz\" ACT expanded", L"STE0 \"2 MHz\" ACT expanded"}));
 }
 
 TEST_F(MatrixLeaves, ModuleBehindAMatrixIsNotSorted) {
     SetRows({{-1, -1, -1}});
-    ShowMode(0);
+    OpenMode(0);
 
-    Show(aceAziChart);
+    Open(aceAziChart);
 
     EXPECT_EQ(Tree(),
               (Lines{L"ETE \"T(9096)\" ACT", L"EFR \"T(9103)\" ACT", L"LTE \"T(9097)\" ACT"}));
@@ -185,9 +186,9 @@ TEST_F(MatrixLeaves, ModuleBehindAMatrixIsNotSorted) {
 
 TEST_F(MatrixLeaves, GlobalListsBehindASortedMatrixStandInTheirOrder) {
     SetRows({{-1, -1, -1}});
-    ShowMode(0);
+    OpenMode(0);
 
-    ShowMode(3);
+    OpenMode(3);
 
     EXPECT_EQ(Tree(), (Lines{L"BSA \"Before specific Actions\" ACT expanded",
                              L"ASA \"After specific Actions\" ACT expanded"}));
@@ -224,7 +225,7 @@ TEST_F(MatrixNodes, BothHeadsOfTheTestModeComeBeforeWhatIsBelowThem) {
              {-1, 1, 1},
              {0, 1, 1}});
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Keys(), (Lines{L"TST0_-1_-1", L"TST-1_-1_-1", L"TST-1_0_-1", L"STE1", L"STE3",
                              L"TST-1_1_-1", L"STE5", L"STE7", L"TST0_0_-1", L"STE0", L"STE2",
@@ -233,7 +234,7 @@ TEST_F(MatrixNodes, BothHeadsOfTheTestModeComeBeforeWhatIsBelowThem) {
 
 TEST_F(MatrixNodes, BothLeavesOfTheTestModeComeWithTheTestModeFirst) {
     SetRows({{-1, -1, -1}, {0, -1, -1}});
-    ShowMode(0);
+    OpenMode(0);
     EXPECT_EQ(Keys(), (Lines{L"STE1", L"STE0"}));
 }
 
@@ -243,7 +244,7 @@ TEST_F(MatrixNodes, LinesComeWhenAllNodesStand) {
     FillRow(0, {Camera});
     FillRow(1, {PathA});
 
-    ShowMode(1);
+    OpenMode(1);
 
     EXPECT_EQ(Keys(),
               (Lines{L"TST-1_0_-1", L"STE1", L"TST-1_1_-1", L"STE0", L"CHI0STE0", L"CHI0STE1"}));
@@ -253,11 +254,11 @@ TEST_F(MatrixNodes, DimensionWithoutEntriesHasNothingToSplit) {
     SetInfluence(true, true, true);
     State().VKSDUTBandwidthCount = 0;
 
-    ShowMode(0);
+    OpenMode(0);
     EXPECT_EQ(Keys(), Lines{L"TST0_-1_-1"});
-    ShowMode(1);
+    OpenMode(1);
     EXPECT_EQ(Keys(), Lines{});
-    ShowMode(2);
+    OpenMode(2);
     EXPECT_EQ(Keys(), (Lines{L"TST-1_-1_0", L"TST-1_-1_1"}));
 }
 
@@ -268,7 +269,7 @@ TEST_F(MatrixNodes, CountsDecideAndNotTheBoundsOfTheTables) {
     State().VKSDUTBandwidthCount = 1;
     State().VKSDUTPowerCount = 1;
 
-    ShowMode(0);
+    OpenMode(0);
 
     EXPECT_EQ(Keys(), (Lines{L"TST-1_-1_-1", L"TST-1_0_-1", L"STE0"}));
 }

@@ -1,3 +1,4 @@
+#include "editor/shown_actions.h"
 #include "editor/shown_matrix.h"
 
 namespace ace::test {
@@ -56,7 +57,7 @@ class MatrixTrees : public ShownMatrix {
         SetRows(Rows(mode));
         FillRow(0, {WaitFor(1000)});
         FillRow(State().VKSStepCount - 1, {Camera});
-        ShowMode(mode);
+        OpenMode(mode);
         return Tree();
     }
     /// The trees of a mode, each with a heading.

@@ -1,3 +1,4 @@
+#include "editor/shown_actions.h"
 #include "editor/shown_editor.h"
 
 namespace ace::test {
@@ -45,7 +46,7 @@ class ModuleTreeRules : public ShownEditor {
 TEST_F(ModuleTreeRules, TemplateWithoutSubrangesHasThreeMomentsAndTheStopIsTheLast) {
     for (const std::int32_t count : {-1, 0}) {
         State().MainSubrangeCount = count;
-        Show(aceTemplate);
+        Open(aceTemplate);
         EXPECT_EQ(Tree(),
                   (Lines{L"ETE \"T(9051)\" ACT", L"EFR \"T(9052)\" ACT", L"LTE \"T(9056)\" ACT"}))
             << count;
@@ -53,30 +54,30 @@ TEST_F(ModuleTreeRules, TemplateWithoutSubrangesHasThreeMomentsAndTheStopIsTheLa
 }
 
 TEST_F(ModuleTreeRules, CountOfZeroOrBelowShowsNoNumberedNodesInAnyModule) {
-    Show(aceMonitoring);
+    Open(aceMonitoring);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9051)", L"EFR T(9052)", L"ATL T(9104)", L"MLC T(9087)",
                               L"LTE T(9056)"}));
-    Show(aceEMSAutoTemplate);
+    Open(aceEMSAutoTemplate);
     EXPECT_EQ(Roots(), Lines{});
-    Show(aceEMIAutoTemplate);
+    Open(aceEMIAutoTemplate);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9051)", L"EFR T(9052)", L"LTE T(9056)"}));
-    Show(aceTSTemplate);
+    Open(aceTSTemplate);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9092)", L"LTE T(9093)"}));
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9092)", L"LTE T(9093)"}));
 }
 
 TEST_F(ModuleTreeRules, SpareEntryBehindTheCountDoesNotShow) {
     MakeSets(&ModuleLists::MainSubranges, &ModuleLists::MainSubrangeCount, 3);
     State().MainSubrangeCount = 2;
-    Show(aceTemplate);
+    Open(aceTemplate);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9051)", L"EFR T(9052)", L"SUR0 T(9053) 1", L"SUR1 T(9053) 2",
                               L"LTE T(9056)"}));
 }
 
 TEST_F(ModuleTreeRules, CycleAndStopOfMonitoringStandBehindAllChannelsInThisOrder) {
     MakeSets(&ModuleLists::MoniChannels, &ModuleLists::MoniChannelCount, 2);
-    Show(aceMonitoring);
+    Open(aceMonitoring);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9051)", L"EFR T(9052)", L"ATL T(9104)", L"CHA0 T(21000) 1",
                               L"CHA1 T(21000) 2", L"MLC T(9087)", L"LTE T(9056)"}));
 }
@@ -86,20 +87,20 @@ TEST_F(ModuleTreeRules, NumberOfACaptionCountsFromOneBehindABlankButInASequence)
     MakeSets(&ModuleLists::MoniChannels, &ModuleLists::MoniChannelCount, 10);
     MakeSets(&ModuleLists::EMSAutoSteps, &ModuleLists::EMSAutoStepCount, 10);
     MakeSets(&ModuleLists::TSTests, &ModuleLists::TSTestCount, 10);
-    Show(aceTemplate);
+    Open(aceTemplate);
     EXPECT_EQ(CaptionOf(L"SUR9"), L"T(9053) 10");
-    Show(aceMonitoring);
+    Open(aceMonitoring);
     EXPECT_EQ(CaptionOf(L"CHA9"), L"T(21000) 10");
-    Show(aceEMSAutoTemplate);
+    Open(aceEMSAutoTemplate);
     EXPECT_EQ(CaptionOf(L"STE9"), L"T(9058) 10");
-    Show(aceTSTemplate);
+    Open(aceTSTemplate);
     EXPECT_EQ(CaptionOf(L"TST9"), L"T(9101)10");
 }
 
 /// Intentional: the eleventh step has the words of the moments below it.
 TEST_F(ModuleTreeRules, StepOfAnEmissionTestHasATextOfItsOwnWithoutABound) {
     MakeSets(&ModuleLists::EMIAutoSteps, &ModuleLists::EMIAutoStepCount, 12);
-    Show(aceEMIAutoTemplate);
+    Open(aceEMIAutoTemplate);
     EXPECT_EQ(CaptionOf(L"EMI0"), L"T(9080)");
     EXPECT_EQ(CaptionOf(L"EMI9"), L"T(9089)");
     EXPECT_EQ(CaptionOf(L"EMI10"), L"T(9090)");
@@ -109,7 +110,7 @@ TEST_F(ModuleTreeRules, StepOfAnEmissionTestHasATextOfItsOwnWithoutABound) {
 
 TEST_F(ModuleTreeRules, ModuleOutsideTheMembersHasNoNodesAndTheKindsOfAll) {
     for (const std::int32_t module : {-1, 9}) {
-        Show(static_cast<aceModul>(module));
+        Open(static_cast<aceModul>(module));
         EXPECT_EQ(Tree(), Lines{}) << module;
         EXPECT_EQ(LinesOf(list.Text()).size(), 5U) << module;
         EXPECT_EQ(ErrorOf([&] { engine->EditorSelectSubrange(1); }), 91) << module;
@@ -120,7 +121,7 @@ TEST_F(ModuleTreeRules, ModuleOutsideTheMembersHasNoNodesAndTheKindsOfAll) {
 
 TEST_F(ModuleTreeRules, TestsStandInTheHostsOrderUnderItsNamesWithTheNumberOfTheStore) {
     MakeTests({L"a", L"b"}, {L"b", L"a"}, {L"Name of b", L"Name of a"});
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     EXPECT_EQ(Roots(),
               (Lines{L"ETE T(9092)", L"TST1 Name of b", L"TST0 Name of a", L"LTE T(9093)"}));
 }
@@ -128,45 +129,45 @@ TEST_F(ModuleTreeRules, TestsStandInTheHostsOrderUnderItsNamesWithTheNumberOfThe
 TEST_F(ModuleTreeRules, EmptyKeyIsNeverMatched) {
     MakeTests({L"", L"b"}, {L"", L"b"}, {L"Nameless", L"Name of b"});
     MakeSteps({L""}, {L"Lost"});
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9092)", L"TST1 Name of b", L"LTE T(9093)"}));
     EXPECT_FALSE(IsThere(L"STE0"));
 }
 
 TEST_F(ModuleTreeRules, TestThatTheStoreDoesNotHaveIsLeftOut) {
     MakeTests({L"a", L"b"}, {L"x", L"b"}, {L"Unknown", L"Name of b"});
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9092)", L"TST1 Name of b", L"LTE T(9093)"}));
 }
 
 TEST_F(ModuleTreeRules, KeysOfTestsAreComparedExactly) {
     MakeTests({L"a", L"b "}, {L"A", L"b"}, {L"One", L"Two"});
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9092)", L"LTE T(9093)"}));
 }
 
 TEST_F(ModuleTreeRules, HostsListIsCutAtTheNumberOfTests) {
     MakeTests({L"a", L"b"}, {L"x", L"b", L"a"}, {L"Unknown", L"Name of b", L"Name of a"});
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9092)", L"TST1 Name of b", L"LTE T(9093)"}));
 }
 
 TEST_F(ModuleTreeRules, FirstOfTwoEqualKeysInTheStoreIsTheTest) {
     MakeTests({L"a", L"a"}, {L"a", L"x"}, {L"Name of a", L"Unknown"});
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     EXPECT_EQ(Roots(), (Lines{L"ETE T(9092)", L"TST0 Name of a", L"LTE T(9093)"}));
 }
 
 TEST_F(ModuleTreeRules, TestThatTheHostNamesTwiceFailsTheLoad) {
     MakeTests({L"a", L"b"}, {L"a", L"a"}, {L"Name of a", L"The same"});
-    EXPECT_EQ(ErrorOf([&] { Show(aceVKSTemplate); }), 457);
+    EXPECT_EQ(ErrorOf([&] { Open(aceVKSTemplate); }), 457);
     EXPECT_EQ(Tree(), Lines{});
 }
 
 TEST_F(ModuleTreeRules, StepsOfATestStandBetweenItsMomentsInTheOrderOfAllSteps) {
     MakeTests({L"a", L"b"}, {L"a", L"b"}, {L"Name of a", L"Name of b"});
     MakeSteps({L"b", L"a", L"b", L"a"}, {L"One", L"Two", L"Three", L"Four"});
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     EXPECT_EQ(Below(L"TST0"), (Lines{L"BFT0 T(9094)", L"STE1 Two", L"STE3 Four", L"ATT0 T(9095)"}));
     EXPECT_EQ(Below(L"TST1"),
               (Lines{L"BFT1 T(9094)", L"STE0 One", L"STE2 Three", L"ATT1 T(9095)"}));
@@ -176,7 +177,7 @@ TEST_F(ModuleTreeRules, StepBehindTheCountDoesNotShow) {
     MakeTests({L"a"}, {L"a"}, {L"Name of a"});
     MakeSteps({L"a", L"a"}, {L"One", L"Two"});
     State().VKSStepCount = 1;
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     EXPECT_EQ(Below(L"TST0"), (Lines{L"BFT0 T(9094)", L"STE0 One", L"ATT0 T(9095)"}));
 }
 
@@ -185,7 +186,7 @@ TEST_F(ModuleTreeRules, MomentOfAWirelessTestStandsOpenWhenItHasActions) {
     MakeTests({L"a", L"b"}, {L"a", L"b"}, {L"Name of a", L"Name of b"});
     Fill(State().VKSTests[0], EnterList, {Camera});
     Fill(State().VKSTests[1], LeaveList, {Camera});
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     EXPECT_TRUE(IsExpanded(L"BFT0"));
     EXPECT_FALSE(IsExpanded(L"ATT0"));
     EXPECT_FALSE(IsExpanded(L"BFT1"));
@@ -196,7 +197,7 @@ TEST_F(ModuleTreeRules, MomentOfAWirelessTestStandsOpenWhenItHasActions) {
 
 TEST_F(ModuleTreeRules, EngineOfTheLastLoadIsShownWhicheverAsksForASubrange) {
     MakeSets(&ModuleLists::MainSubranges, &ModuleLists::MainSubrangeCount, 2);
-    Show(aceTemplate);
+    Open(aceTemplate);
     aceActionsEngine other(context);
     other.State().Modul = aceMonitoring;
     other.State().MoniChannelCount = 2;
@@ -210,10 +211,10 @@ TEST_F(ModuleTreeRules, EngineOfTheLastLoadIsShownWhicheverAsksForASubrange) {
 
 TEST_F(ModuleTreeRules, ListsShowAsTheyWereWhenTheyWereLoaded) {
     Fill(State().AziChart, EnterList, {Camera});
-    Show(aceAziChart);
+    Open(aceAziChart);
     Fill(State().AziChart, EnterList, {Camera, PathA});
     EXPECT_EQ(Below(L"ETE"), Lines{L"CHI0ETE T(9065): Camera"});
-    Show(aceAziChart);
+    Open(aceAziChart);
     EXPECT_EQ(Below(L"ETE"),
               (Lines{L"CHI0ETE T(9065): Camera", L"CHI1ETE T(9074): Unit --> Path A"}));
 }

@@ -1,3 +1,4 @@
+#include "editor/shown_actions.h"
 #include "editor/shown_editor.h"
 
 namespace ace::test {
@@ -37,7 +38,7 @@ TEST_F(ModuleTrees, SingleTestWithItsSubranges) {
     Fill(Numbered(&ModuleLists::MainSubranges, 2), LeaveList,
          {Comment(true), Comment(false), Action(atTestStop)});
 
-    Show(aceTemplate);
+    Open(aceTemplate);
 
     EXPECT_EQ(Tree(), GoldenLines("editor/template.txt"));
 }
@@ -56,7 +57,7 @@ TEST_F(ModuleTrees, MonitoringWithItsLoopAndChannels) {
     Fill(first, LeaveList, {Tcp(L"gen", 5025, L"OUTP ON")});
     Fill(Numbered(&ModuleLists::MoniChannels, 1), EnterList, {Ask(L"Lamp green?")});
 
-    Show(aceMonitoring);
+    Open(aceMonitoring);
 
     EXPECT_EQ(Tree(), GoldenLines("editor/monitoring.txt"));
 }
@@ -65,7 +66,7 @@ TEST_F(ModuleTrees, GeneralListsOfASusceptibilityTestStandOpen) {
     Fill(State().EMSAutoGeneral, EnterList, {PathA});
     Fill(State().EMSAutoGeneral, FreqList, {Camera});  // runs, but has no moment here
 
-    Show(aceEMSAutoTemplateGeneral);
+    Open(aceEMSAutoTemplateGeneral);
 
     EXPECT_EQ(Tree(), GoldenLines("editor/susceptibility_general.txt"));
 }
@@ -76,7 +77,7 @@ TEST_F(ModuleTrees, StepsOfASusceptibilityTestStandOpen) {
     Fill(Numbered(&ModuleLists::EMSAutoSteps, 1), LeaveList, {Camera});  // nothing shows it
     Fill(Numbered(&ModuleLists::EMSAutoSteps, 2), EnterList, {PathA, CloseTheDoor});
 
-    Show(aceEMSAutoTemplate);
+    Open(aceEMSAutoTemplate);
 
     EXPECT_EQ(Tree(), GoldenLines("editor/susceptibility_steps.txt"));
 }
@@ -89,7 +90,7 @@ TEST_F(ModuleTrees, BothMomentsOfAnEmissionStepStandOpenWithWhatComesBeforeIt) {
     Fill(Numbered(&ModuleLists::EMIAutoSteps, 0), EnterList, {Action(atProtRec)});
     Fill(Numbered(&ModuleLists::EMIAutoSteps, 1), LeaveList, {Action(atParkAcc)});
 
-    Show(aceEMIAutoTemplate);
+    Open(aceEMIAutoTemplate);
 
     EXPECT_EQ(Tree(), GoldenLines("editor/emission.txt"));
 }
@@ -102,7 +103,7 @@ TEST_F(ModuleTrees, BothMomentsOfATestInASequenceStandOpenWithWhatComesBeforeIt)
     Fill(Numbered(&ModuleLists::TSTests, 0), LeaveList, {Amplifier(L"Amplifier", 2)});
     Fill(Numbered(&ModuleLists::TSTests, 1), EnterList, {WaitFor(250)});
 
-    Show(aceTSTemplate);
+    Open(aceTSTemplate);
 
     EXPECT_EQ(Tree(), GoldenLines("editor/sequence.txt"));
 }
@@ -112,7 +113,7 @@ TEST_F(ModuleTrees, AzimuthChart) {
     Fill(State().AziChart, FreqList, {Device(atSetDevice, L"Turntable")});
     Fill(State().AziChart, LeaveList, {Action(atParkAcc)});
 
-    Show(aceAziChart);
+    Open(aceAziChart);
 
     EXPECT_EQ(Tree(), GoldenLines("editor/azimuth.txt"));
 }
@@ -128,7 +129,7 @@ TEST_F(ModuleTrees, WirelessTestsStandInTheHostsOrderWithTheirSteps) {
          {Device(atMonitorEUT, L"Camera"), Ask(L"Lamp green?")});
     Fill(Numbered(&ModuleLists::VKSSteps, 3), EnterList, {Camera});  // a step of no test
 
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
 
     EXPECT_EQ(Tree(), GoldenLines("editor/wireless_tests.txt"));
 }

@@ -7,7 +7,7 @@ namespace {
 class Palette : public ShownEditor {
   protected:
     Lines Offered(const String& heading, aceModul moduleKind) {
-        Show(moduleKind);
+        Open(moduleKind);
         return Journal(L"== " + heading + L" ==", LinesOf(list.Text()));
     }
     bool Offers(StringView icon) const { return list.Text().find(icon) != String::npos; }
@@ -33,17 +33,17 @@ TEST_F(Palette, EachModuleOffersItsKindsBehindTheFiveOfAll) {
 TEST_F(Palette, OnlyASingleTestAsksWhetherItMeasuresEmission) {
     for (std::int32_t module = aceMonitoring; module < ModulCount; ++module) {
         State().EmiTemplate = false;
-        Show(static_cast<aceModul>(module));
+        Open(static_cast<aceModul>(module));
         const String offered = list.Text();
         State().EmiTemplate = true;
-        Show(static_cast<aceModul>(module));
+        Open(static_cast<aceModul>(module));
         EXPECT_EQ(LinesOf(list.Text()), LinesOf(offered)) << module;
     }
 }
 
 TEST_F(Palette, AutomaticTestsAreNoEmissionTemplatesByThemselves) {
     State().IsAutoModule = true;
-    Show(aceTemplate);
+    Open(aceTemplate);
     EXPECT_TRUE(Offers(L"SWA"));
     EXPECT_FALSE(Offers(L"TRC"));
 }
@@ -51,7 +51,7 @@ TEST_F(Palette, AutomaticTestsAreNoEmissionTemplatesByThemselves) {
 TEST_F(Palette, CaptionsAreTheHostsTextsButForQuestionAndMonitor) {
     host->texts[9031] = L"Set device";
     host->texts[9064] = L"Notification";
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
 
     const Lines offered = LinesOf(list.Text());
     EXPECT_EQ(offered.front(), L"ACT:3 \"Set device\" DEV");
@@ -60,15 +60,15 @@ TEST_F(Palette, CaptionsAreTheHostsTextsButForQuestionAndMonitor) {
 }
 
 TEST_F(Palette, NextLoadFillsTheListAnew) {
-    Show(aceMonitoring);
-    Show(aceEMSAutoTemplate);
+    Open(aceMonitoring);
+    Open(aceEMSAutoTemplate);
     EXPECT_EQ(LinesOf(list.Text()).size(), 6U);
 }
 
 /// The host adds subranges while the list stands: nothing else is offered for that.
 TEST_F(Palette, SubrangesThatComeLeaveTheListAlone) {
     State().MainSubrangeCount = 0;
-    Show(aceTemplate);
+    Open(aceTemplate);
     State().EmiTemplate = true;
     engine->AddSubrange(1);
     EXPECT_TRUE(Offers(L"SWA"));

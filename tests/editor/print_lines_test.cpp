@@ -1,6 +1,6 @@
 #include <ace/editor/action_text.h>
 
-#include "editor/shown_editor.h"
+#include "editor/shown_actions.h"
 
 namespace ace::test {
 namespace {

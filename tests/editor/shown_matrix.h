@@ -57,9 +57,9 @@ class ShownMatrix : public ShownEditor {
     void FillRow(std::int32_t row, const std::vector<p_Action>& actions) {
         Fill(State().VKSSteps[row], EnterList, actions);
     }
-    void ShowMode(std::int32_t mode) {
+    void OpenMode(std::int32_t mode) {
         State().VKSDUTTemplate = mode;
-        Show(aceVKSDUT);
+        Open(aceVKSDUT);
     }
 };
 

@@ -1,3 +1,4 @@
+#include "editor/shown_actions.h"
 #include "editor/shown_editor.h"
 
 namespace ace::test {
@@ -23,7 +24,7 @@ class SubrangeSelection : public ShownEditor {
     }
     /// Keys of the nodes that are expanded, in the order of the tree, and "> " and the key of the
     /// one that is selected.
-    Lines Open() {
+    Lines Opened() {
         Lines open;
         for (const TreeNode node : tree.Nodes()) {
             if (tree.IsExpanded(node)) {
@@ -43,10 +44,10 @@ class SubrangeSelection : public ShownEditor {
     /// The second set is chosen in a tree that stands wide open.
     Lines OpenAfterSecond(aceModul moduleKind) {
         MakeTwo();
-        Show(moduleKind);
+        Open(moduleKind);
         ExpandAll();
         engine->EditorSelectSubrange(2);
-        return Open();
+        return Opened();
     }
 };
 
@@ -79,62 +80,62 @@ TEST_F(SubrangeSelection, WirelessTestOpensWithItsMoments) {
 
 TEST_F(SubrangeSelection, MomentsThatAreClosedAreOpened) {
     MakeTwo();
-    Show(aceTemplate);
+    Open(aceTemplate);
     engine->EditorSelectSubrange(1);
-    EXPECT_EQ(Open(), (Lines{L"SUR0", L"ESR0", L"LSR0", L"> SUR0"}));
+    EXPECT_EQ(Opened(), (Lines{L"SUR0", L"ESR0", L"LSR0", L"> SUR0"}));
 }
 
 TEST_F(SubrangeSelection, StepsOfASusceptibilityTestAreNotCollapsed) {
     MakeTwo();
     Fill(State().EMSAutoSteps[1], EnterList, {WaitFor(1), Camera});
-    Show(aceEMSAutoTemplate);
+    Open(aceEMSAutoTemplate);
     engine->EditorSelectSubrange(2);
-    EXPECT_EQ(Open(), (Lines{L"STE0", L"STE1", L"CHI0STE1", L"CHI1STE1", L"> STE1"}));
+    EXPECT_EQ(Opened(), (Lines{L"STE0", L"STE1", L"CHI0STE1", L"CHI1STE1", L"> STE1"}));
 }
 
 TEST_F(SubrangeSelection, ModulesWithoutSubrangesOnlyCollapse) {
     for (const aceModul module : {aceEMSAutoTemplateGeneral, aceAziChart}) {
-        Show(module);
+        Open(module);
         tree.Select(tree.Find(L"ETE"));
         ExpandAll();
         engine->EditorSelectSubrange(1);
-        EXPECT_EQ(Open(), Lines{L"> ETE"}) << module;
+        EXPECT_EQ(Opened(), Lines{L"> ETE"}) << module;
     }
 }
 
 TEST_F(SubrangeSelection, NumberBelowOneOnlyCollapses) {
     MakeTwo();
-    Show(aceTemplate);
+    Open(aceTemplate);
     for (const std::int32_t number : {0, -1, -100}) {
         tree.Select(tree.Find(L"EFR"));
         ExpandAll();
         engine->EditorSelectSubrange(number);
-        EXPECT_EQ(Open(), (Lines{L"ESR0", L"LSR0", L"ESR1", L"LSR1", L"> EFR"})) << number;
+        EXPECT_EQ(Opened(), (Lines{L"ESR0", L"LSR0", L"ESR1", L"LSR1", L"> EFR"})) << number;
     }
 }
 
 TEST_F(SubrangeSelection, NumberBelowOneLeavesTheStepsOfASusceptibilityTestAlone) {
     MakeTwo();
-    Show(aceEMSAutoTemplate);
+    Open(aceEMSAutoTemplate);
     engine->EditorSelectSubrange(0);
-    EXPECT_EQ(Open(), (Lines{L"STE0", L"STE1"}));
+    EXPECT_EQ(Opened(), (Lines{L"STE0", L"STE1"}));
 }
 
 TEST_F(SubrangeSelection, MissingNumberIsAnErrorBehindTheCollapseAndTheSelectionStays) {
     MakeTwo();
-    Show(aceTemplate);
+    Open(aceTemplate);
     tree.Select(tree.Find(L"EFR"));
     ExpandAll();
     EXPECT_EQ(ErrorOf([&] { engine->EditorSelectSubrange(3); }), 91);
-    EXPECT_EQ(Open(), (Lines{L"ESR0", L"LSR0", L"ESR1", L"LSR1", L"> EFR"}));
+    EXPECT_EQ(Opened(), (Lines{L"ESR0", L"LSR0", L"ESR1", L"LSR1", L"> EFR"}));
 }
 
 TEST_F(SubrangeSelection, MissingStepOfASusceptibilityTestIsAnErrorThatChangesNothing) {
     MakeTwo();
-    Show(aceEMSAutoTemplate);
+    Open(aceEMSAutoTemplate);
     tree.Select(tree.Find(L"STE0"));
     EXPECT_EQ(ErrorOf([&] { engine->EditorSelectSubrange(3); }), 91);
-    EXPECT_EQ(Open(), (Lines{L"STE0", L"STE1", L"> STE0"}));
+    EXPECT_EQ(Opened(), (Lines{L"STE0", L"STE1", L"> STE0"}));
 }
 
 /// The number is that of the test in the store, which need not be its place in the tree.
@@ -142,14 +143,14 @@ TEST_F(SubrangeSelection, WirelessTestIsChosenByItsPlaceInTheStore) {
     MakeTwo();
     State().VKSHostUKeys[0] = L"B";
     State().VKSHostUKeys[1] = L"A";
-    Show(aceVKSTemplate);
+    Open(aceVKSTemplate);
     engine->EditorSelectSubrange(1);
     EXPECT_EQ(tree.Key(tree.Selected()), L"TST0");
     EXPECT_EQ(tree.Caption(tree.Selected()), L"B");
 }
 
 TEST_F(SubrangeSelection, MatrixHasNoStartOfTheTestToBeginWith) {
-    Show(aceVKSDUT);
+    Open(aceVKSDUT);
     const Lines before = Tree();
     for (const std::int32_t number : {0, 1}) {
         EXPECT_EQ(ErrorOf([&] { engine->EditorSelectSubrange(number); }), 91) << number;
@@ -159,7 +160,7 @@ TEST_F(SubrangeSelection, MatrixHasNoStartOfTheTestToBeginWith) {
 
 TEST_F(SubrangeSelection, ModuleIsThatOfTheLastLoad) {
     MakeTwo();
-    Show(aceTemplate);
+    Open(aceTemplate);
     State().Modul = aceMonitoring;
     engine->EditorSelectSubrange(2);
     EXPECT_EQ(tree.Key(tree.Selected()), L"SUR1");
@@ -167,7 +168,7 @@ TEST_F(SubrangeSelection, ModuleIsThatOfTheLastLoad) {
 
 TEST_F(SubrangeSelection, FailureIsToldByTheFormAndByTheEngine) {
     MakeTwo();
-    Show(aceTemplate);
+    Open(aceTemplate);
     EXPECT_EQ(ErrorOf([&] { engine->EditorSelectSubrange(3); }), 91);
     const String reported = Reported(91, L"object variable not set");
     EXPECT_EQ(host->journal.LinesOf(L"TraceLog.ReportError"), (Lines{reported, reported}));
@@ -184,13 +185,13 @@ TEST_F(SubrangeSelection, AnyCallThatFailsIsMadeAgainWhenTheReportAsksForIt) {
         host->reportAnswers = {5};
         EXPECT_EQ(ErrorOf([&] { engine->EditorSelectSubrange(2); }), 0) << k;
         host->faults.Clear();
-        EXPECT_EQ(Open(), whole) << k;
+        EXPECT_EQ(Opened(), whole) << k;
     }
 }
 
 TEST_F(SubrangeSelection, WholeJournal) {
     MakeTwo();
-    Show(aceTemplate);
+    Open(aceTemplate);
     host->tracing = true;
     engine->EditorSelectSubrange(2);
 

@@ -1,3 +1,4 @@
+#include "editor/shown_actions.h"
 #include "editor/shown_editor.h"
 
 namespace ace::test {
@@ -12,7 +13,7 @@ class TreeDeviceLines : public ShownEditor {
                                                          : State().VKSDUTGlob;
         State().VKSDUTTemplate = 3;
         Fill(set, EnterList, {action});
-        Show(moduleKind);
+        Open(moduleKind);
         const TreeNode line = tree.FirstChild(tree.FirstRoot());
         return tree.Image(line) + L" " + tree.Caption(line);
     }

@@ -1,3 +1,4 @@
+#include "editor/shown_actions.h"
 #include "editor/shown_editor.h"
 
 namespace ace::test {
@@ -14,7 +15,7 @@ class TreeLines : public ShownEditor {
                                                          : State().VKSDUTGlob;
         State().VKSDUTTemplate = 3;
         Fill(set, EnterList, actions);
-        Show(moduleKind);
+        Open(moduleKind);
         Lines shown;
         for (TreeNode line = tree.FirstChild(tree.FirstRoot()); line;
              line = tree.NextSibling(line)) {
@@ -41,6 +42,11 @@ TEST_F(TreeLines, KindsWithoutARecordShowWithAnEmptyParameter) {
                      L"NBB T(9072)"}));
 }
 
+TEST_F(TreeLines, KindsWithoutARecordShowWhateverTheParameterHolds) {
+    EXPECT_EQ(Shown({Action(atProtRec, aceWait{1}), Action(atGotoSingle, 7)}),
+              (Lines{L"REC T(9068)", L"SGL T(9042)"}));
+}
+
 TEST_F(TreeLines, OtherKindsWithAnEmptyParameterDoNotShow) {
     for (const p_ActionTypes kind :
          {atWait, atNotify, atRemote, atSetDevice, atCheckEut, atTrackFreq, atComment, atSwitchAmp,
@@ -59,7 +65,7 @@ TEST_F(TreeLines, KindsAboveTheLastOneDoNotShow) {
 TEST_F(TreeLines, KeyIsThePlaceInTheListAlsoBehindEntriesThatDoNotShow) {
     Fill(State().AziChart, EnterList,
          {Broken(), WaitFor(1000), Action(static_cast<p_ActionTypes>(18), aceWait{1}), Camera});
-    Show(aceAziChart);
+    Open(aceAziChart);
     EXPECT_EQ(Tree(), (Lines{L"ETE \"T(9096)\" ACT", L"  CHI1ETE \"T(9063): 1.000 s\" WAI",
                              L"  CHI3ETE \"T(9065): Camera\" EUT", L"EFR \"T(9103)\" ACT",
                              L"LTE \"T(9097)\" ACT"}));
