@@ -177,8 +177,7 @@ std::vector<Case> EditorCases() {
             [](std::int32_t size) { return OpenOn(FillMatrix, size); },
             Calls(Loads + Many, Groups + Nodes)),
         // AddAction, DeleteAction: each finds its place and shows the list
-        Growing("add and delete an action in a list", "action", AddAndDelete,
-                Calls(6, Nodes + 1)),
+        Growing("add and delete an action in a list", "action", AddAndDelete, Calls(6, Nodes + 1)),
     };
 }
 
