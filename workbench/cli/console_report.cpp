@@ -30,16 +30,6 @@ constexpr StringView Results[] = {
     L"stopped by an error",
 };
 
-String SubrangesText(const TestSetUp& setUp) {
-    const ModuleWords& words = ModuleWordsOf(setUp.moduleKind);
-    if (setUp.moduleKind == aceVKSDUT) {
-        return L", template " + std::to_wstring(setUp.subRanges);
-    }
-    return words.one.empty()
-               ? String()
-               : L", " + Counted(static_cast<std::size_t>(setUp.subRanges), words.one, words.many);
-}
-
 /// "3 questions (2 Yes, 1 without answer)": the details that are not 0.
 String Detailed(StringView one, StringView many,
                 std::initializer_list<std::pair<std::size_t, StringView>> details) {
@@ -119,13 +109,11 @@ String ErrorsText(const Summary& summary) {
 
 void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock,
                                bool isReal) {
-    const ModuleWords& words = ModuleWordsOf(setUp.moduleKind);
     PrintPair(L"File", file);
     if (!setUp.title.empty()) {
         PrintPair(L"Title", setUp.title);
     }
-    PrintPair(L"Module", std::to_wstring(setUp.moduleKind) + L" " + String(words.name) + L": " +
-                             String(words.words) + SubrangesText(setUp));
+    PrintPair(L"Module", ModuleText(setUp.moduleKind, setUp.subRanges));
     if (setUp.moduleKind == aceVKSDUT) {
         PrintPair(L"Matrix", MatrixText(setUp.matrix));
     }

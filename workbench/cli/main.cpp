@@ -7,6 +7,7 @@
 
 #include "workbench/cli/interrupts.h"
 #include "workbench/cli/run_command.h"
+#include "workbench/cli/tree_command.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/words/wording.h"
 
@@ -14,7 +15,7 @@ namespace {
 
 using namespace ace::workbench;
 
-constexpr const char* ExitCodes =
+constexpr const char* RunExitCodes =
     "Exit codes:\n"
     "  0  the test finished\n"
     "  1  stopped by an answer, an action or the user (Ctrl-C, SIGTERM, SIGHUP, SIGQUIT)\n"
@@ -24,21 +25,34 @@ constexpr const char* ExitCodes =
     "  4  a file can't be read or makes no sense; no test was run\n"
     "  5  the command line makes no sense; no test was run\n";
 
+constexpr const char* TreeExitCodes =
+    "Exit codes:\n"
+    "  0  the tree is printed\n"
+    "  3  the tree can't be built, or the output can't be written\n"
+    "  4  a file can't be read or makes no sense\n"
+    "  5  the command line makes no sense\n";
+
 /// What is tested.
-void AddTestOptions(CLI::App* run, RunArguments& arguments) {
-    run->add_option("FILE", arguments.file, "the settings file")->required()->type_name("");
-    run->add_option("--module", arguments.module,
-                    "module kind, 0 to 8 or a name such as aceTemplate; otherwise the file's "
-                    "[Workbench] Module")
+void AddSetUpOptions(CLI::App* command, SetUpArguments& arguments) {
+    command->add_option("FILE", arguments.file, "the settings file")->required()->type_name("");
+    command
+        ->add_option("--module", arguments.module,
+                     "module kind, 0 to 8 or a name such as aceTemplate; otherwise the file's "
+                     "[Workbench] Module")
         ->type_name("M");
-    run->add_option("--subranges", arguments.subRanges,
-                    "number of subranges, channels, steps or tests; otherwise the file's "
-                    "[Workbench] SubRanges")
+    command
+        ->add_option("--subranges", arguments.subRanges,
+                     "number of subranges, channels, steps or tests; otherwise the file's "
+                     "[Workbench] SubRanges")
         ->type_name("N");
-    run->add_option("--template", arguments.matrixTemplate,
-                    "template number of a matrix, 0 to 3; otherwise --subranges or the file's "
-                    "[Workbench] SubRanges")
+    command
+        ->add_option("--template", arguments.matrixTemplate,
+                     "template number of a matrix, 0 to 3; otherwise --subranges or the file's "
+                     "[Workbench] SubRanges")
         ->type_name("N");
+}
+
+void AddSweeps(CLI::App* run, RunArguments& arguments) {
     run->add_option("--sweep", arguments.sweeps,
                     "such as 80MHz..1GHz/1%; given more than once: one for each subrange, the last "
                     "for all that follow; otherwise the file's [Workbench.Subrange<n>]")
@@ -81,9 +95,20 @@ void AddHostOptions(CLI::App* run, RunArguments& arguments) {
 void AddRun(CLI::App& app, RunArguments& arguments) {
     CLI::App* const run = app.add_subcommand(
         "run", "Loads a settings file and drives its test; prints one line per effect.");
-    AddTestOptions(run, arguments);
+    AddSetUpOptions(run, arguments);
+    AddSweeps(run, arguments);
     AddHostOptions(run, arguments);
-    run->footer(ExitCodes);
+    run->footer(RunExitCodes);
+}
+
+CLI::App* AddTree(CLI::App& app, SetUpArguments& arguments) {
+    CLI::App* const tree = app.add_subcommand(
+        "tree",
+        "Prints the moments of a settings file's test with their actions, for reading and for "
+        "diff.");
+    AddSetUpOptions(tree, arguments);
+    tree->footer(TreeExitCodes);
+    return tree;
 }
 
 int Fail(const CommandError& error) {
@@ -104,15 +129,25 @@ bool WaitForStandardInput(const std::function<bool()>& isInterrupted) {
     return true;
 }
 
-int RunWith(const RunArguments& arguments) {
+Outcome RunWith(const RunArguments& arguments) {
+    CatchInterrupts();
+    return RunCommand(arguments, {.out = std::cout,
+                                  .isTerminal = isatty(STDOUT_FILENO) != 0,
+                                  .isInterrupted = IsInterrupted,
+                                  .input = {.stream = &std::cin,
+                                            .isTerminal = isatty(STDIN_FILENO) != 0,
+                                            .wait = WaitForStandardInput}});
+}
+
+Outcome PrintTree(const SetUpArguments& arguments) {
+    TreeCommand(arguments, std::cout);
+    return Outcome::Finished;
+}
+
+/// The exit code of a command, which prints to the standard output.
+int ExitCodeOf(const std::function<Outcome()>& command) {
     try {
-        const Outcome outcome =
-            RunCommand(arguments, {.out = std::cout,
-                                   .isTerminal = isatty(STDOUT_FILENO) != 0,
-                                   .isInterrupted = IsInterrupted,
-                                   .input = {.stream = &std::cin,
-                                             .isTerminal = isatty(STDIN_FILENO) != 0,
-                                             .wait = WaitForStandardInput}});
+        const Outcome outcome = command();
         if (!std::cout.flush()) {
             return Fail(
                 {Outcome::Failed,
@@ -126,6 +161,14 @@ int RunWith(const RunArguments& arguments) {
     }
 }
 
+/// The command line that would have helped.
+ace::String HelpFor(const CLI::App& app) {
+    const std::vector<CLI::App*> commands = app.get_subcommands();
+    return L"ace-workbench " +
+           (commands.empty() ? ace::String() : FromUtf8(commands.front()->get_name()) + L" ") +
+           L"--help";
+}
+
 }  // namespace
 
 // NOLINTNEXTLINE(bugprone-exception-escape): without memory for its options a program can only end.
@@ -133,19 +176,20 @@ int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);  // so that the stream knows what it has read ahead
     CLI::App app{"Reference host of the actions engine"};
     app.require_subcommand(0, 1);
-    app.footer(ExitCodes);
-    RunArguments arguments;
-    AddRun(app, arguments);
+    app.footer("ace-workbench run --help and ace-workbench tree --help tell more.");
+    RunArguments toRun;
+    SetUpArguments toPrint;
+    AddRun(app, toRun);
+    const CLI::App* const tree = AddTree(app, toPrint);
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {
         return app.exit(success);
     } catch (const CLI::ParseError& error) {
-        return Fail({Outcome::WrongUse, FromUtf8(error.what()) + L" (ace-workbench run --help)"});
+        return Fail({Outcome::WrongUse, FromUtf8(error.what()) + L" (" + HelpFor(app) + L")"});
     }
     if (app.get_subcommands().empty()) {
         return Fail({Outcome::WrongUse, L"say what to do, such as: ace-workbench run FILE"});
     }
-    CatchInterrupts();
-    return RunWith(arguments);
+    return ExitCodeOf([&] { return tree->parsed() ? PrintTree(toPrint) : RunWith(toRun); });
 }

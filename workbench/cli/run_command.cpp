@@ -6,7 +6,6 @@
 #include "workbench/cli/run_outputs.h"
 #include "workbench/devices/device_file.h"
 #include "workbench/files/text_encoding.h"
-#include "workbench/files/text_lines.h"
 #include "workbench/files/trace_file.h"
 #include "workbench/session/bench_host.h"
 #include "workbench/words/wording.h"
@@ -15,33 +14,8 @@ namespace ace::workbench {
 
 namespace {
 
-SetUpOptions ReadOptions(const RunArguments& arguments) {
-    SetUpOptions options;
-    if (arguments.module) {
-        const String text = FromUtf8(*arguments.module);
-        const ModuleWords* module = FindModuleWords(text);
-        if (module == nullptr) {
-            RefuseUse(L"--module: \"" + text + L"\" is no module: 0 to 8, or a name such as " +
-                      L"aceTemplate");
-        }
-        options.moduleKind = module->moduleKind;
-    }
-    if (arguments.subRanges) {
-        const String text = FromUtf8(*arguments.subRanges);
-        options.subRanges = WholeInteger(text);
-        if (!options.subRanges || *options.subRanges < 0 || *options.subRanges > MostSubranges) {
-            RefuseUse(L"--subranges: \"" + text + L"\" is no whole number from 0 to " +
-                      std::to_wstring(MostSubranges));
-        }
-    }
-    if (arguments.matrixTemplate) {
-        const String text = FromUtf8(*arguments.matrixTemplate);
-        options.matrixTemplate = WholeInteger(text);
-        if (!options.matrixTemplate || *options.matrixTemplate < 0 || *options.matrixTemplate > 3) {
-            RefuseUse(L"--template: \"" + text + L"\" is no template number: 0 by frequency, " +
-                      L"1 by bandwidth, 2 by power, 3 the lists for all rows");
-        }
-    }
+SetUpOptions ReadRunOptions(const RunArguments& arguments) {
+    SetUpOptions options = ReadOptions(arguments);
     for (const std::string& text : arguments.sweeps) {
         try {
             options.sweeps.push_back(ParseSweep(FromUtf8(text)));
@@ -63,35 +37,14 @@ Clock ReadClock(const RunArguments& arguments) {
     return text == "real" ? Clock::Real : Clock::Virtual;
 }
 
-/// What `read` finds at `path`; a file that is missing or can't be read is a bad file.
-template <class Read>
-auto Existing(const std::string& path, Read&& read) {
-    try {
-        if (auto content = read(path)) {
-            return *std::move(content);
-        }
-    } catch (const RunTimeError& error) {
-        RefuseFile(error.Description());
-    }
-    RefuseFile(FromUtf8(path) + L": there is no such file");
-}
-
-/// The text of a file in any of the encodings of settings files.
-String ReadText(const std::string& file) {
-    return Existing(file, ReadTextFile);
-}
-
-SettingsDocument ExistingDocument(const std::string& file) {
-    return Existing(file, [](const std::string& path) { return LoadDocument(path); });
-}
-
 Answers ReadAnswers(const RunArguments& arguments) {
-    return arguments.answers ? Answers(ReadText(*arguments.answers), FromUtf8(*arguments.answers))
-                             : Answers();
+    return arguments.answers
+               ? Answers(ExistingText(*arguments.answers), FromUtf8(*arguments.answers))
+               : Answers();
 }
 
 std::shared_ptr<FaultRules> ReadFaults(const RunArguments& arguments) {
-    return arguments.faults ? std::make_shared<FaultRules>(ReadText(*arguments.faults),
+    return arguments.faults ? std::make_shared<FaultRules>(ExistingText(*arguments.faults),
                                                            FromUtf8(*arguments.faults))
                             : std::make_shared<FaultRules>();
 }
@@ -207,7 +160,7 @@ std::unique_ptr<IOperator> MakeOperator(const RunArguments& arguments,
 }  // namespace
 
 Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& surroundings) {
-    const SetUpOptions options = ReadOptions(arguments);
+    const SetUpOptions options = ReadRunOptions(arguments);
     const Clock clock = ReadClock(arguments);
     CheckOutputs(arguments);
     const String file = FromUtf8(arguments.file);

@@ -7,17 +7,14 @@
 #include <string>
 #include <vector>
 
+#include "workbench/cli/set_up_arguments.h"
 #include "workbench/cli/terminal_operator.h"
 #include "workbench/session/session.h"
 
 namespace ace::workbench {
 
 /// The arguments as the user wrote them, in UTF-8.
-struct RunArguments {
-    std::string file;
-    std::optional<std::string> module;
-    std::optional<std::string> subRanges;
-    std::optional<std::string> matrixTemplate;  ///< template number of a matrix
+struct RunArguments : SetUpArguments {
     std::vector<std::string> sweeps;
     std::optional<std::string> answers;  ///< path of an answers file
     std::optional<std::string> trace;    ///< path of a trace file

@@ -23,6 +23,15 @@ constexpr ModuleWords Modules[ModulCount] = {
     {aceVKSDUT, L"aceVKSDUT", L"wireless matrix of the device under test", {}, {}, true, false},
 };
 
+String SubrangesText(const ModuleWords& module, std::int32_t subRanges) {
+    if (module.moduleKind == aceVKSDUT) {
+        return L", template " + std::to_wstring(subRanges);
+    }
+    return module.one.empty()
+               ? String()
+               : L", " + Counted(static_cast<std::size_t>(subRanges), module.one, module.many);
+}
+
 }  // namespace
 
 std::span<const ModuleWords> AllModules() {
@@ -41,6 +50,12 @@ const ModuleWords* FindModuleWords(StringView numberOrName) {
         }
     }
     return nullptr;
+}
+
+String ModuleText(aceModul moduleKind, std::int32_t subRanges) {
+    const ModuleWords& module = ModuleWordsOf(moduleKind);
+    return std::to_wstring(moduleKind) + L" " + String(module.name) + L": " + String(module.words) +
+           SubrangesText(module, subRanges);
 }
 
 }  // namespace ace::workbench

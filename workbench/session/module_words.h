@@ -24,5 +24,7 @@ std::span<const ModuleWords> AllModules();
 const ModuleWords& ModuleWordsOf(aceModul moduleKind);
 /// By number or name, in any case of the letters; none when there is no such kind.
 const ModuleWords* FindModuleWords(StringView numberOrName);
+/// "0 aceTemplate: single test, 3 subranges"; of a matrix the number is that of its template.
+String ModuleText(aceModul moduleKind, std::int32_t subRanges);
 
 }  // namespace ace::workbench

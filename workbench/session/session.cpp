@@ -2,11 +2,10 @@
 
 #include <algorithm>
 
-#include <ace/core/actions_engine.h>
 #include <ace/core/operation.h>
 
 #include "workbench/session/effect_words.h"
-#include "workbench/session/load_place.h"
+#include "workbench/session/loaded_engines.h"
 #include "workbench/words/frequency.h"
 #include "workbench/words/wording.h"
 
@@ -63,24 +62,11 @@ Session::~Session() {
 }
 
 void Session::Load(const String& fileName) {
-    LoadInto(x_engine, fileName, x_setUp.moduleKind);
-    if (x_setUp.moduleKind == aceEMSAutoTemplateGeneral && x_setUp.subRanges > 0) {
-        LoadInto(x_steps, fileName, aceEMSAutoTemplate);
-    }
-    AnnounceWireless(*x_engine, x_setUp);
+    LoadedEngines engines = LoadEngines(x_context, x_setUp, fileName);
+    x_engine = std::move(engines.engine);
+    x_steps = std::move(engines.steps);
     x_summary.wirelessSteps =
         static_cast<std::size_t>(std::ranges::count(x_plan, MomentCall::VKSStep, &Moment::call));
-}
-
-void Session::LoadInto(std::unique_ptr<_aceActionsEngine>& engine, const String& fileName,
-                       aceModul moduleKind) {
-    LoadPlace place(x_context);
-    try {
-        engine = std::make_unique<aceActionsEngine>(x_context);
-        engine->LoadActions(fileName, x_setUp.subRanges, moduleKind);
-    } catch (...) {
-        RefuseFile(place.Describe(fileName, CurrentRunTimeError()));
-    }
 }
 
 Outcome Session::Run() {

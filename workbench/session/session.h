@@ -72,8 +72,6 @@ class Session {
     ThreadContext& Context() { return x_context; }
 
   private:
-    void LoadInto(std::unique_ptr<_aceActionsEngine>& engine, const String& fileName,
-                  aceModul moduleKind);
     void RunMoment(const Moment& moment);
     void CallEngine(const Moment& moment);
     void TakeVerdict(const Moment& step, Verdict verdict);

@@ -354,24 +354,32 @@ std::size_t CombinationsOf(const Matrix& matrix) {
     return matrix.frequencies.size() * matrix.bandwidths.size() * matrix.powers.size();
 }
 
-TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
-                    const SetUpOptions& options) {
+TestSetUp ReadListsSetUp(const SettingsDocument& document, const String& path,
+                         const SetUpOptions& options) {
     const Reader reader(document, path);
     TestSetUp setUp;
     setUp.moduleKind = ReadModul(reader, options);
     setUp.subRanges = ReadSubRanges(reader, options, setUp.moduleKind);
     setUp.title = reader.Text(MainSection, L"Title").value_or(String());
-    setUp.testKind = reader.Integer(MainSection, L"TestKind", 0, AnyNumber);
-    ReadSweeps(reader, options, setUp);
-    RequireBounded(reader, options, setUp);
-    if (setUp.moduleKind == aceMonitoring) {
-        ReadChannels(reader, setUp);
-    } else if (setUp.moduleKind == aceVKSTemplate) {
+    if (setUp.moduleKind == aceVKSTemplate) {
         ReadWirelessTests(reader, setUp);
     } else if (setUp.moduleKind == aceVKSDUT) {
         ReadMatrix(reader, setUp);
     }
     ReadPlaceholders(document, setUp);
+    return setUp;
+}
+
+TestSetUp ReadSetUp(const SettingsDocument& document, const String& path,
+                    const SetUpOptions& options) {
+    const Reader reader(document, path);
+    TestSetUp setUp = ReadListsSetUp(document, path, options);
+    setUp.testKind = reader.Integer(MainSection, L"TestKind", 0, AnyNumber);
+    ReadSweeps(reader, options, setUp);
+    RequireBounded(reader, options, setUp);
+    if (setUp.moduleKind == aceMonitoring) {
+        ReadChannels(reader, setUp);
+    }
     return setUp;
 }
 

@@ -100,6 +100,11 @@ struct TestSetUp {
     std::vector<String> notes;  ///< what the user should know before the test, one line each
 };
 
+/// The part of `ReadSetUp` that the lists of a test need: all but its frequencies, its kind and
+/// what its channels go by.
+TestSetUp ReadListsSetUp(const SettingsDocument& document, const String& path,
+                         const SetUpOptions& options);
+
 /// Works out the test. `path` is for messages. Raises `CommandError`: `BadFile` for a key or a
 /// sweep of the file that makes no sense, with its place, `WrongUse` for an option that makes none,
 /// and where neither the file nor an option says what is needed.

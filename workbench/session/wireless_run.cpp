@@ -35,20 +35,33 @@ struct Pair {
     Value value;
 };
 
+/// One member of each element.
+template <class Element, class Source>
+DynArray<Element> ArrayOf(const std::vector<Source>& elements, Element Source::*member) {
+    DynArray<Element> array;
+    array.Redim(0, static_cast<std::int32_t>(elements.size()) - 1);
+    std::int32_t i = 0;
+    for (const Source& element : elements) {
+        array[i++] = element.*member;
+    }
+    return array;
+}
+
 void SetPairs(Engine& engine, const std::vector<Pair>& pairs) {
     if (pairs.empty()) {
         return;
     }
-    const auto last = static_cast<std::int32_t>(pairs.size()) - 1;
-    DynArray<String> names;
-    DynArray<Value> values;
-    names.Redim(0, last);
-    values.Redim(0, last);
-    for (std::int32_t i = 0; i <= last; ++i) {
-        names[i] = pairs[static_cast<std::size_t>(i)].name;
-        values[i] = pairs[static_cast<std::size_t>(i)].value;
-    }
+    const DynArray<String> names = ArrayOf(pairs, &Pair::name);
+    const DynArray<Value> values = ArrayOf(pairs, &Pair::value);
     engine.SetVKSReplaceVar(names, values);
+}
+
+/// The file has no names for tests.
+void AnnounceTests(Engine& engine, const std::vector<WirelessTest>& tests) {
+    if (!tests.empty()) {
+        const DynArray<String> keys = ArrayOf(tests, &WirelessTest::key);
+        engine.SetVKSTests(keys, keys);
+    }
 }
 
 std::vector<Pair> PairsOf(const TestSetUp& setUp) {
@@ -86,6 +99,7 @@ void AnnounceWireless(Engine& engine, const TestSetUp& setUp) {
     if (setUp.moduleKind == aceVKSDUT) {
         AnnounceMatrix(engine, setUp.matrix);
     } else if (setUp.moduleKind == aceVKSTemplate) {
+        AnnounceTests(engine, setUp.tests);
         SetPairs(engine, PairsOf(setUp));
     }
 }

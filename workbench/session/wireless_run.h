@@ -9,8 +9,9 @@
 namespace ace::workbench {
 
 /// Tells a freshly loaded engine what the host knows: to a matrix its tables and what influences
-/// it, to wireless tests their placeholders. Other modules are told nothing. Rows of the file that
-/// the tables and flags rule out are gone afterwards.
+/// it, to wireless tests their order and names, which are their keys, and their placeholders. Other
+/// modules are told nothing. Rows of the file that the tables and flags rule out are gone
+/// afterwards.
 void AnnounceWireless(_aceActionsEngine& engine, const TestSetUp& setUp);
 
 /// Gives the engine the placeholders of a matrix row: those of the set-up, which win, then

@@ -1,0 +1,23 @@
+/// The engines of a test, with what the host of the test tells them.
+#pragma once
+
+#include <memory>
+
+#include <ace/core/actions_engine_interface.h>
+#include <ace/core/thread_context.h>
+
+#include "workbench/session/set_up.h"
+
+namespace ace::workbench {
+
+/// A susceptibility test has its steps in an engine of their own.
+struct LoadedEngines {
+    std::unique_ptr<_aceActionsEngine> engine;
+    std::unique_ptr<_aceActionsEngine> steps;  ///< none for any other test, and without steps
+};
+
+/// Loads the lists of a test and announces its wireless tests or its matrix. A failure is
+/// `CommandError` `BadFile`, one line with file, line, section and reason.
+LoadedEngines LoadEngines(ThreadContext& context, const TestSetUp& setUp, const String& fileName);
+
+}  // namespace ace::workbench
