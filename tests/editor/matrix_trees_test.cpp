@@ -100,9 +100,10 @@ TEST_F(MatrixTrees, GlobalListsShowAloneAndAlikeWhateverTheMatrixIs) {
     Fill(State().VKSDUTGlob, LeaveList, {Camera});
     for (const bool hasTestMode : {false, true}) {
         SetTestMode(hasTestMode);
-        for (const bool hasInfluence : {false, true}) {
-            EXPECT_EQ(TreeWith(3, hasInfluence, hasInfluence, hasInfluence),
-                      GoldenLines("editor/matrix_global.txt"));
+        for (std::uint32_t flags = 0; flags < 8; ++flags) {
+            EXPECT_EQ(TreeWith(3, (flags & 4) != 0, (flags & 2) != 0, (flags & 1) != 0),
+                      GoldenLines("editor/matrix_global.txt"))
+                << flags;
         }
     }
 }
