@@ -325,5 +325,31 @@ TEST_F(EntryTest, HoldThatEndsBeforeTheStatementIsTriedAgainLetsTheEntryBeAdded)
     EXPECT_EQ(count, 3);
 }
 
+// ---- finding a key -----------------------------------------------------------------------------
+
+TEST(FindKeyTest, TheFirstOfEqualKeysIsFoundToTheLetter) {
+    const DynArray<String> keys = ArrayOf<String>({L"a", L"B", L"A", L"A", L""});
+    EXPECT_EQ(FindKey(keys, 5, L"A"), 2);
+    EXPECT_EQ(FindKey(keys, 5, L"b"), -1);
+    EXPECT_EQ(FindKey(keys, 5, L""), 4);
+}
+
+TEST(FindKeyTest, WhatStandsBehindTheCountIsNotAsked) {
+    const DynArray<String> keys = ArrayOf<String>({L"A", L"B"});
+    EXPECT_EQ(FindKey(keys, 1, L"B"), -1);
+    EXPECT_EQ(FindKey(keys, 0, L"A"), -1);
+    EXPECT_EQ(FindKey(keys, -1, L"A"), -1);
+    EXPECT_EQ(FindKey({}, 0, L"A"), -1) << "no array, but none is needed";
+}
+
+TEST(FindKeyTest, AnArrayThatEndsBeforeTheKeyIsErrorNine) {
+    constexpr std::int64_t MostAndOne = std::int64_t{1} << 31U;
+    const DynArray<String> keys = ArrayOf<String>({L"A", L"B"});
+    EXPECT_EQ(FindKey(keys, MostAndOne, L"B"), 1);
+    EXPECT_EQ(ErrorOf([&] { FindKey(keys, MostAndOne, L"C"); }), 9);
+    EXPECT_EQ(ErrorOf([&] { FindKey(keys, 3, L"C"); }), 9);
+    EXPECT_EQ(ErrorOf([&] { FindKey({}, 1, L"A"); }), 9);
+}
+
 }  // namespace
 }  // namespace ace::test

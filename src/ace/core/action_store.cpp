@@ -38,16 +38,6 @@ String MoveMessage(std::int32_t source, std::int32_t destination) {
 
 // ---- wireless tests ------------------------------------------------------------------------
 
-/// Index of the first of the elements 0 to `last` that is `key`, to the letter; -1 for none.
-std::int32_t FindKey(const DynArray<String>& keys, std::int32_t last, const String& key) {
-    for (std::int32_t i = 0; i <= last; ++i) {
-        if (keys[i] == key) {
-            return i;
-        }
-    }
-    return -1;
-}
-
 /// Intentional: the key goes behind the last one wherever the test went; the keys are not shifted.
 void AddTest(EngineState& state, const Statements& stmt, const String& key, std::int32_t& index) {
     const std::int32_t count = stmt([&] { return CheckedSum(state.VKSTestCount, 1); });
@@ -96,8 +86,8 @@ void CloseTextGap(const Statements& stmt, DynArray<String>& texts, std::int32_t 
 /// Intentional: the spare element is searched too, so an empty key removes the last test. Below 0
 /// the keys stay as they are, unlike the two arrays beside them.
 void DeleteTest(EngineState& state, const Statements& stmt, const String& key) {
-    const std::int32_t found =
-        stmt([&] { return FindKey(state.VKSTestUKeys, state.VKSTestCount, key); });
+    const std::int32_t found = stmt(
+        [&] { return FindKey(state.VKSTestUKeys, std::int64_t{state.VKSTestCount} + 1, key); });
     if (found < 0) {
         return;
     }
@@ -135,7 +125,7 @@ void DeleteStep(EngineState& state, const Statements& stmt, std::int32_t found) 
 void DeleteStepsOf(EngineState& state, const Statements& stmt, const String& key) {
     for (;;) {
         const std::int32_t found =
-            stmt([&] { return FindKey(state.VKSStepUKeys, state.VKSStepCount - 1, key); });
+            stmt([&] { return FindKey(state.VKSStepUKeys, state.VKSStepCount, key); });
         if (found < 0) {
             return;
         }
@@ -259,6 +249,15 @@ void RequireFreeForMove(const EngineState& state, const NumberedSets& numbered) 
 }
 
 }  // namespace
+
+std::int32_t FindKey(const DynArray<String>& keys, std::int64_t count, const String& key) {
+    for (std::int32_t i = 0; i < count; ++i) {
+        if (keys[i] == key) {
+            return i;
+        }
+    }
+    return -1;
+}
 
 void CopyEntry(const p_Subrange& source, p_Subrange& target) {
     try {

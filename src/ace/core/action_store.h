@@ -57,6 +57,10 @@ void CloseGap(const Statements& stmt, DynArray<T>& array, std::int32_t index, st
     });
 }
 
+/// Index of the first of the `count` elements from 0 on that is `key`, to the letter; -1 for none.
+/// Error 9 where the array ends before the key is found; a count of 0 or less asks no element.
+std::int32_t FindKey(const DynArray<String>& keys, std::int64_t count, const String& key);
+
 /// Without memory for the copy, error 7, the target, which may have been given up before, is left
 /// empty and not half filled.
 void CopyEntry(const p_Subrange& source, p_Subrange& target);

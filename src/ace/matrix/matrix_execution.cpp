@@ -1,3 +1,4 @@
+#include <ace/core/action_store.h>
 #include <ace/core/actions_engine.h>
 #include <ace/execution/walks.h>
 #include <ace/host/checked_numbers.h>
@@ -8,20 +9,11 @@ namespace ace {
 
 namespace {
 
-std::int32_t FindTest(const EngineState& state, const String& key) {
-    for (std::int32_t i = 0; i < state.VKSTestCount; ++i) {
-        if (state.VKSTestUKeys[i] == key) {
-            return i;
-        }
-    }
-    return -1;
-}
-
 Boolean RunTest(EngineState& state, const String& key, const ListFields& list) {
     if (state.Modul != aceVKSTemplate) {
         return false;
     }
-    const std::int32_t index = FindTest(state, key);
+    const std::int32_t index = FindKey(state.VKSTestUKeys, state.VKSTestCount, key);
     return IsInRange(state, state.VKSTests, index)
                ? WirelessWalk(state, NumberedPlace{&ModuleLists::VKSTests, index, list},
                               aceVKSTemplate)
