@@ -120,10 +120,6 @@ void AnnounceTests(aceActionsEngine& engine) {
     }();
     engine.SetVKSTests(keys, keys);
 }
-void TakeRequest(aceActionsEngine& engine) {
-    Value comment;
-    engine.GetCheckEutAction(comment);
-}
 void CountRowsActions(aceActionsEngine& engine) {
     double frequency = 2.4e9;
     std::int32_t bandwidth = 0;

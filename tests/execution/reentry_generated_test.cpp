@@ -52,10 +52,6 @@ void AnnounceTests(aceActionsEngine& engine) {
     keys.Redim(0, 1);
     engine.SetVKSTests(keys, keys);
 }
-void TakeRequest(aceActionsEngine& engine) {
-    Value comment;
-    engine.GetCheckEutAction(comment);
-}
 /// Everything that only answers.
 void AskAll(aceActionsEngine& engine) {
     double frequency = 2.4e9;

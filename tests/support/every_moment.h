@@ -42,6 +42,12 @@ inline void RunStop(aceActionsEngine& engine) {
     engine.StopTest();
 }
 
+/// What the host is asked for at present, between two moments.
+inline void TakeRequest(aceActionsEngine& engine) {
+    Value comment;
+    engine.GetCheckEutAction(comment);
+}
+
 /// All of them; those of `MomentTable`, and the every-frequency list that it leaves out.
 inline constexpr MomentCall EveryMoment[] = {
     {"StartTest", aceTemplate, ptStartTest, RunStart},
