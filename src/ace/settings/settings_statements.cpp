@@ -1,3 +1,5 @@
+#include <optional>
+
 #include <ace/settings/action_line.h>
 #include <ace/settings/settings_statements.h>
 
@@ -26,10 +28,10 @@ void SettingsStatements::ReadElement(DynArray<p_Subrange>& sets, std::int32_t in
 }
 
 void SettingsStatements::WriteLists(const String& section, const p_Subrange& set) const {
-    const DynArray<p_Action>::Hold enter(set.Enter);
-    const DynArray<p_Action>::Hold leave(set.Leave);
-    const DynArray<p_Action>::Hold frequency(set.Freq);
-    const DynArray<p_Action>::Hold mlc(set.Mlc);
+    std::optional<DynArray<p_Action>::Hold> holds[std::size(ActionLists)];
+    for (std::size_t i = 0; i < std::size(ActionLists); ++i) {
+        holds[i].emplace(set.*ActionLists[i].actions);
+    }
     Do([&] { modActions::WriteActionList(x_state.Context, x_settings, section, set); });
 }
 
