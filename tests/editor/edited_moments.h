@@ -106,6 +106,7 @@ class EveryModule : public EditorTest {
             }
         }
         FillNames();
+        State().Modul = aceTemplate;
     }
     /// A wireless template shows both of its tests, each with a step; the matrix shows its row of
     /// 2.4 GHz, and a leaf for 5 GHz, of which it has no row.
@@ -114,8 +115,6 @@ class EveryModule : public EditorTest {
         Open(moduleKind);
     }
     const ModuleLists& Store() { return State(); }
-    /// The number of seconds of the next wait, which no list has so far.
-    double x_next = 0.0;
 
   private:
     void FillSet(p_Subrange& set) {
@@ -124,7 +123,7 @@ class EveryModule : public EditorTest {
             std::vector<p_Action> waits;
             ++count;
             for (std::int32_t i = 0; i < count; ++i) {
-                waits.push_back(WaitFor(++x_next * 1000.0));
+                waits.push_back(WaitFor(++x_last * 1000.0));
             }
             Fill(set, *list, waits);
         }
@@ -148,6 +147,8 @@ class EveryModule : public EditorTest {
         state.VKSDUTFreqs[1] = 5e9;
         state.VKSDUTFreqNames = Two(L"2.4 GHz", L"5 GHz");
     }
+
+    double x_last = 0.0;  ///< seconds of the last wait; no two are alike
 };
 
 }  // namespace ace::test
