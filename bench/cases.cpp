@@ -16,7 +16,7 @@ std::function<Work()> PieceOf(const Case& one, const std::string& name) {
 std::vector<Case> AllCases() {
     std::vector<Case> all = WalkCases();
     for (const auto& more : {KindCases(), MixCases(), SectionCases(), DocumentCases(), FileCases(),
-                             StoreCases(), MatrixCases(), EditorCases()}) {
+                             StoreCases(), HandBackCases(), MatrixCases(), EditorCases()}) {
         all.insert(all.end(), more.begin(), more.end());
     }
     return all;

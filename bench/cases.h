@@ -55,6 +55,7 @@ std::vector<Case> SectionCases();
 std::vector<Case> DocumentCases();
 std::vector<Case> FileCases();
 std::vector<Case> StoreCases();
+std::vector<Case> HandBackCases();
 std::vector<Case> MatrixCases();
 std::vector<Case> EditorCases();
 

@@ -6,6 +6,7 @@ namespace {
 
 bool counting = false;
 CallCounts counts{};
+volatile std::size_t sink = 0;
 
 }  // namespace
 
@@ -24,6 +25,13 @@ bool HostsCount() {
 
 CallCounts& Counted() {
     return counts;
+}
+
+void Answered(std::size_t found) {
+    sink = found;
+    if (counting) {
+        Count<true>(Call::Found, found);
+    }
 }
 
 }  // namespace ace::bench

@@ -8,8 +8,8 @@
 namespace ace::bench {
 
 /// The calls that are counted; `Node` is a node that a tree was given. Two are none of the host's:
-/// `Line`, a line that a settings file handed out or took, and `Found`, a look-up that was answered
-/// with what it looked for.
+/// `Line`, a line that a settings file handed out or took, and `Found`, a look-up or a comparison
+/// that found what it looked for.
 enum class Call : std::size_t {
     Yield,
     TraceQuestion,
@@ -50,6 +50,10 @@ class CountingCalls {
 bool HostsCount();
 /// What has been counted so far.
 CallCounts& Counted();
+
+/// Takes how many look-ups or comparisons have found what they looked for, so that none is left out
+/// of the program, and counts them where hosts count.
+void Answered(std::size_t found);
 
 /// Counts a call of a host that counts.
 template <bool Counts>

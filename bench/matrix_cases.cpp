@@ -19,16 +19,6 @@ constexpr std::size_t RowsOf(std::int32_t frequencies) {
     return static_cast<std::size_t>(frequencies) * Edge * Edge;
 }
 
-volatile std::size_t sink = 0;
-
-/// What was found is the result of a look-up, and can be counted.
-void Answered(std::size_t found) {
-    sink = found;
-    if (HostsCount()) {
-        Count<true>(Call::Found, found);
-    }
-}
-
 /// An action in each list, so that a look-up which finds nothing answers otherwise.
 void FillEach(DynArray<p_Subrange>& sets) {
     for (p_Subrange& set : sets) {
