@@ -12,6 +12,7 @@ SimList::~SimList() {
 }
 
 void SimList::SetEvents(IListEvents* events) {
+    x_events = nullptr;
     x_host.Call(L"List.SetEvents", CallText(events != nullptr));
     x_events = events;
 }

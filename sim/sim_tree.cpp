@@ -81,6 +81,7 @@ SimTree::Node& SimTree::At(TreeNode node) const {
 }
 
 void SimTree::SetEvents(ITreeEvents* events) {
+    x_events = nullptr;
     Enter(L"Tree.SetEvents", CallText(events != nullptr));
     x_events = events;
 }

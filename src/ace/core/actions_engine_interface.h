@@ -55,8 +55,9 @@ class _aceActionsEngine {
     /// numbered sections 1 to `SubRanges` are read; for `aceVKSDUT` it is the template number. More
     /// than 100,000 sections are error 7, and no list is replaced; a wireless test that asks for
     /// more steps ends the load there. A damaged line ends the load with its error: what was read
-    /// before it stays. While a list that would be replaced runs:
-    /// error 10. No messages run. Handled.
+    /// before it stays. While a list that would be replaced runs: error 10. An open editor keeps
+    /// the lists that it shows, and its next edit writes them over those that were read, so call
+    /// `LoadEditor` again. No messages run. Handled.
     virtual void LoadActions(const String& FileName, std::int32_t SubRanges, aceModul Modul) = 0;
     /// Writes the lists of the module loaded last; of a new object those of a single test, which
     /// are empty. Raises what `WriteActionLists` raises.
@@ -65,10 +66,14 @@ class _aceActionsEngine {
     /// `ActionsTree` shows the moments and their actions, and is built first. They stay the host's.
     /// One that goes before `Release` tells the editor; what needs it is error 91 from then on, in
     /// the operations that load an open editor again too. Either may be none: error 91 where it is
-    /// first used, and the editor's form is there by then. Messages may run while the form is made;
-    /// an editor that is released there is error 91. Handled.
+    /// first used, and the editor's form is there by then. When the tree can't be built, it is
+    /// empty and neither control is linked any more; an error of the list leaves the tree. Messages
+    /// may run while the form is made; an editor that is released there is error 91. Handled.
     virtual void LoadEditor(IListControl* ActionsList, ITreeControl* ActionsTree) = 0;
-    /// Selects subrange `Number` in an open editor. Handled.
+    /// Collapses the tree of an open editor, and selects and opens subrange `Number`, from 1; below
+    /// that it is collapsed alone. Nothing without an editor, and nothing is selected in the
+    /// general lists of an automatic test and in azimuth charts. A number without a node is error
+    /// 91, when the tree is collapsed; in the matrix every number is. Handled.
     virtual void EditorSelectSubrange(std::int32_t Number) = 0;
     /// Makes room for a subrange, channel, step or test at `Index`; one above the count appends. An
     /// entry before others keeps a copy of the frequency list that stood there; a still higher

@@ -162,7 +162,7 @@ constexpr Column Matrix[] = {CopyCounted<&L::VKSStepCount, &L::VKSSteps, &L::VKS
                              Copy<&L::VKSInfByFreq>,
                              Copy<&L::VKSInfByBandwidth>,
                              Copy<&L::VKSInfByPower>};
-constexpr Column MatrixWithGlobal[] = {CopyMatrix, Copy<&L::VKSDUTGlob>};
+constexpr Column MatrixWithGlobal[] = {CopyMatrix, CopyMatrixGlobal};
 
 using Columns = std::span<const Column>;
 
@@ -206,6 +206,11 @@ void CopyModule(std::int32_t moduleKind, CopyFor purpose, const ModuleLists& fro
 void CopyMatrix(const ModuleLists& from, ModuleLists& to) {
     RequireFree(to.VKSSteps);
     CopyAll(Matrix, from, to);
+}
+
+void CopyMatrixGlobal(const ModuleLists& from, ModuleLists& to) {
+    RequireFree(to.VKSDUTGlob);
+    Copy<&L::VKSDUTGlob>(from, to);
 }
 
 }  // namespace ace

@@ -26,4 +26,7 @@ void CopyModule(std::int32_t moduleKind, CopyFor purpose, const ModuleLists& fro
 /// and influence flags.
 void CopyMatrix(const ModuleLists& from, ModuleLists& to);
 
+/// The rest of it: the global lists.
+void CopyMatrixGlobal(const ModuleLists& from, ModuleLists& to);
+
 }  // namespace ace

@@ -14,8 +14,8 @@ class ITreeControl;
 class ThreadContext;
 
 /// The one editor of a thread: a form that works on a copy of a module's lists and shows it in two
-/// controls of the host. The link to a control is none before it is set, after an error of
-/// `LoadEditor`, and once the control has gone: what needs it is error 91 then. Only `Load` and
+/// controls of the host. The link to a control is none before it is set, after a tree that could
+/// not be built, and once the control has gone: what needs it is error 91 then. Only `Load` and
 /// `Unload` let messages run.
 ///
 /// Each Get operation copies the editor's working lists of one module back into `store`, in the
@@ -44,9 +44,11 @@ class IEditor {
     virtual void GetVKSDUTActions(ModuleLists& store) = 0;
     virtual void GetVKSDUTGlobActions(ModuleLists& store) = 0;
     /// Takes what `CopyFor::Store` names of its module out of `lists`, as after an edit: shows it
-    /// and hands it on to the engine's store, where `Change` is set. Keys and names stay as they
-    /// are. While a list of the module runs: error 10, and nothing is taken or shown. A step back
-    /// to earlier lists is made so.
+    /// and hands it on to the engine's store, where `Change` is set. Keys and names of tests and
+    /// steps stay as they are. While a list of the module runs: error 10, and nothing is taken or
+    /// shown. A step back to earlier lists is made so. When the tree can't be built, the links are
+    /// none as after `LoadEditor`: the lists are taken, and the store has them with the next
+    /// `Change`.
     virtual void TakeLists(const ModuleLists& lists) = 0;
     /// Remembers `moduleKind` and `engine`, which keeps the state and not the context, copies the
     /// lists of the module out of it, and builds the tree again; the list of kinds stays as it is.

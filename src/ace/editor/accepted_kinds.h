@@ -10,6 +10,8 @@
 
 namespace ace {
 
+// A number outside the kinds is in no row of a rule: what refuses some kinds accepts it.
+
 /// The node on which something is to come.
 struct RuleTarget {
     StringView key;

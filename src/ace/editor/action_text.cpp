@@ -194,7 +194,7 @@ struct Details {
 };
 
 /// Indexed by kind.
-constexpr Details OfKind[ActionKindCount] = {
+constexpr Details DetailsOfKind[ActionKindCount] = {
     {AddSeconds},
     {AddTreeMessage, AddPrintedMessage},
     {AddTreeCommand, AddPrintedCommand},
@@ -235,7 +235,7 @@ void AppendPrinted(ThreadContext& context, aceModul moduleKind, const p_Action& 
         return;
     }
     String text = L"   " + TextOf(context, kind->printTitle);
-    AddDetail(OfKind[kind->kind].print, {context, moduleKind, action, PrintSeparator, text});
+    AddDetail(DetailsOfKind[kind->kind].print, {context, moduleKind, action, PrintSeparator, text});
     lines += text + L'\r';
 }
 
@@ -252,7 +252,7 @@ std::optional<String> TreeText(ThreadContext& context, aceModul moduleKind,
         return std::nullopt;
     }
     String text = TextOf(context, kind->title);
-    AddDetail(OfKind[kind->kind].tree, {context, moduleKind, action, TreeSeparator, text});
+    AddDetail(DetailsOfKind[kind->kind].tree, {context, moduleKind, action, TreeSeparator, text});
     return text;
 }
 

@@ -40,34 +40,14 @@ void Show(const Statements& stmt, EditorParts& parts, const Place& place, const 
 }
 
 void MarkChanged(const Statements& stmt, const EditorParts& parts) {
-    stmt([&] { SetChange(EngineOf(parts), true); });
+    stmt([&] { SetChange(*Required(parts.engine), true); });
 }
 
 // ---- deleting ------------------------------------------------------------------------------
 
-/// The moments of a group that are cleared together, in their order.
-constexpr p_PerformTimes OfSubrange[] = {ptEnterSubRange, ptLeaveSubrange};
-constexpr p_PerformTimes OfChannel[] = {ptTrigger, ptNoGo, ptGo};
-/// Moments that are not cleared.
-constexpr StringView NotCleared[] = {L"BSA", L"ASA"};
-
-/// The moments that are cleared with a node that is not a line.
-std::vector<p_PerformTimes> ClearedWith(StringView key) {
-    if (key.starts_with(L"SUR")) {
-        return {std::begin(OfSubrange), std::end(OfSubrange)};
-    }
-    if (key.starts_with(L"CHA")) {
-        return {std::begin(OfChannel), std::end(OfChannel)};
-    }
-    const bool isKept =
-        std::ranges::any_of(NotCleared, [&](StringView kept) { return key.starts_with(kept); });
-    const std::optional<p_PerformTimes> time = TimeOfKey(key);
-    return time && !isKept ? std::vector{*time} : std::vector<p_PerformTimes>();
-}
-
 void Clear(const Statements& stmt, EditorParts& parts, StringView key) {
     bool isCleared = false;
-    for (const p_PerformTimes time : ClearedWith(key)) {
+    for (const p_PerformTimes time : stmt([&] { return ClearedWith(key); })) {
         const Place place{time, stmt([&] { return NumberOfKey(key); }), 0};
         if (const std::optional<ActionList> list = ListAt(stmt, parts, place)) {
             ClearEntries(*list);
@@ -105,9 +85,9 @@ void OnSelectedList(EditorParts& parts, StringView procedure, Body&& body) {
 void AddAction(EditorParts& parts, Boolean NewSection) {
     OnSelectedList(parts, L"AddAction",
                    [&](const Statements& stmt, const Place& place, const ActionList& list) {
-                       EngineState& engine =
-                           stmt([&]() -> EngineState& { return EngineOf(parts); });
-                       InsertEntry(stmt, engine, parts.held, list, place.position, NewSection);
+                       const std::shared_ptr<EngineState> engine =
+                           stmt([&] { return Required(parts.engine); });
+                       InsertEntry(stmt, *engine, parts.held, list, place.position, NewSection);
                        Show(stmt, parts, place, list, true);
                        MarkChanged(stmt, parts);
                    });

@@ -2,11 +2,13 @@
 /// that the tree has selected, shows the moment that it has touched and hands the lists of the
 /// module on to the engine's store (`SetChange`), where all that the host sees of them stands.
 ///
-/// All are traced and handled. No node selected, no tree and no engine are error 91. A node without
-/// a list in this module (a group of the matrix, the leaf of no row) is asked first: nothing
-/// happens there, and the flag of changes stays as it was. While a list of the module runs, the
-/// store refuses with error 10: the editor has the edit and the flag is set, and the store gets it
-/// with the next edit. No messages run.
+/// All are traced and handled. No node selected, no tree and no engine are error 91, a line or an
+/// entry that the list doesn't have is error 9. A node without a list in this module (a group of
+/// the matrix, the leaf of no row) is asked first: nothing happens there, and the flag of changes
+/// stays as it was. A failure behind the edit, when the moment is shown or the lists are handed on,
+/// leaves the edit in the editor's list; the store gets it with the next edit, unless the editor is
+/// loaded again before that. While a list of the module runs, the store refuses so with error 10,
+/// and the flag is set. No messages run.
 #pragma once
 
 #include <ace/editor/editor_parts.h>
@@ -18,7 +20,7 @@ namespace ace {
 /// the editor's list: the store gets it with the next edit.
 void AddAction(EditorParts& parts, Boolean NewSection);
 /// Changes the entry of the selected line into the held action, if they differ, and shows its
-/// moment anew in any case.
+/// moment anew also if they don't.
 void ModifyAction(EditorParts& parts);
 /// The part of `ModifyAction` that changes `Entry`, which stands in the editor's lists.
 void ChangeAction(EditorParts& parts, p_Action& Entry);
@@ -32,8 +34,8 @@ void MoveAction(EditorParts& parts, p_PerformTimes PerformTime, std::int32_t Sub
                 std::int32_t From, std::int32_t To);
 /// Holds a copy of the selected line's entry.
 void GetAction(EditorParts& parts);
-/// The number of entries of the list of the selected line, and the line's place in it from 0. Both
-/// stay as they came on a node without a list.
+/// The number of entries of the selected line's list, and the line's place among those that show,
+/// from 0. Both stay as they came on a node without a list.
 void GetSelectedList(EditorParts& parts, std::int32_t& Count, std::int32_t& Index);
 
 }  // namespace ace

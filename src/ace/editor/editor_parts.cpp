@@ -9,8 +9,4 @@ ITreeControl& ViewOf(const EditorParts& parts) {
     return *parts.m_View;
 }
 
-EngineState& EngineOf(const EditorParts& parts) {
-    return *Required(parts.engine);
-}
-
 }  // namespace ace

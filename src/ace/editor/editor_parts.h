@@ -27,7 +27,5 @@ struct EditorParts {
 
 /// The linked tree; error 91 without a link.
 ITreeControl& ViewOf(const EditorParts& parts);
-/// The engine whose lists are edited; error 91 before the first load.
-EngineState& EngineOf(const EditorParts& parts);
 
 }  // namespace ace

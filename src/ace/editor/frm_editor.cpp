@@ -113,15 +113,14 @@ void frmEditor::GetVKSDUTActions(ModuleLists& store) {
     CopyMatrix(x_parts.lists, store);
 }
 void frmEditor::GetVKSDUTGlobActions(ModuleLists& store) {
-    p_Subrange copy = x_parts.lists.VKSDUTGlob;
-    store.VKSDUTGlob = std::move(copy);
+    CopyMatrixGlobal(x_parts.lists, store);
 }
 
 void frmEditor::TakeLists(const ModuleLists& lists) {
     const std::shared_ptr<frmEditor> alive = shared_from_this();
-    const std::shared_ptr<EngineState> engine = Required(x_parts.engine);
     Guarded(x_parts.context, [&](const Statements& stmt) {
-        stmt([&] { RequireFreeModule(*engine, x_parts.moduleKind); });
+        const std::shared_ptr<EngineState> engine = stmt([&] { return Required(x_parts.engine); });
+        stmt([&] { RequireFreeModule(*engine, engine->Modul); });
         stmt([&] { CopyModule(x_parts.moduleKind, CopyFor::Store, lists, x_parts.lists); });
         ShowModule(stmt);
         stmt([&] { SetChange(*engine, true); });

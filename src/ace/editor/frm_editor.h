@@ -10,7 +10,7 @@ namespace ace {
 
 /// Keeps its own copy of the lists and hands it to the engine's store with each change. It keeps
 /// the engine's state, not the host's object, so that an edit finds its store until `Release`, and
-/// links to the controls until one of the three sides goes.
+/// links to the controls until the control, the form or a tree that could not be built ends them.
 class frmEditor : public Form, public IEditor, public std::enable_shared_from_this<frmEditor> {
   public:
     explicit frmEditor(ThreadContext& context);
@@ -46,7 +46,7 @@ class frmEditor : public Form, public IEditor, public std::enable_shared_from_th
     /// error 4099, and nothing may be dropped.
     class TreeEvents : public ITreeEvents {
       public:
-        explicit TreeEvents(EditorParts& parts) : x_parts(parts) {}
+        explicit TreeEvents(frmEditor& editor) : x_editor(editor) {}
         void DoubleClicked() override;
         void MouseDown(std::int32_t, std::int32_t, float, float) override {}
         void MouseMoved(std::int32_t, std::int32_t, float, float) override {}
@@ -57,22 +57,22 @@ class frmEditor : public Form, public IEditor, public std::enable_shared_from_th
         void Dropped(const DragData& data, std::int32_t& effect, std::int32_t shift, float x,
                      float y) override;
         void DragEnded() override {}
-        void ControlGone() noexcept override { x_parts.m_View = nullptr; }
+        void ControlGone() noexcept override { x_editor.x_parts.m_View = nullptr; }
 
       private:
-        EditorParts& x_parts;
+        frmEditor& x_editor;
     };
     /// The same for the list of kinds.
     class ListEvents : public IListEvents {
       public:
-        explicit ListEvents(EditorParts& parts) : x_parts(parts) {}
+        explicit ListEvents(frmEditor& editor) : x_editor(editor) {}
         void DoubleClicked() override;
         void DragStarted(DragData&) override {}
         void DragEnded() override {}
-        void ControlGone() noexcept override { x_parts.m_List = nullptr; }
+        void ControlGone() noexcept override { x_editor.x_parts.m_List = nullptr; }
 
       private:
-        EditorParts& x_parts;
+        frmEditor& x_editor;
     };
 
     void ShowModule(const Statements& stmt);
@@ -80,8 +80,8 @@ class frmEditor : public Form, public IEditor, public std::enable_shared_from_th
     void DropHalfBuilt() noexcept;
 
     EditorParts x_parts;
-    TreeEvents x_treeEvents{x_parts};
-    ListEvents x_listEvents{x_parts};
+    TreeEvents x_treeEvents{*this};
+    ListEvents x_listEvents{*this};
 };
 
 }  // namespace ace

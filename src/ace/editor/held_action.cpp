@@ -6,7 +6,7 @@ namespace ace {
 
 namespace {
 
-/// One kind that is compared: whether the held record differs from the entry's.
+/// What a comparison looks at.
 struct Comparison {
     ThreadContext& context;
     const WorkingRecords& held;
@@ -122,7 +122,7 @@ bool SwitchUnitDiffers(const Comparison& c) {
 
 /// Indexed by kind; none for those without a record.
 using Compare = bool (*)(const Comparison& comparison);
-constexpr Compare OfKind[ActionKindCount] = {
+constexpr Compare Comparisons[ActionKindCount] = {
     WaitDiffers,      NotifyDiffers,     RemoteDiffers, DeviceDiffers, CheckDiffers,  TrackDiffers,
     CommentDiffers,   nullptr,           nullptr,       nullptr,       nullptr,       nullptr,
     AmplifierDiffers, SwitchUnitDiffers, MacroDiffers,  nullptr,       NotifyDiffers, CheckDiffers};
@@ -141,7 +141,7 @@ struct TakeRecord {
     void operator()(std::monostate) const {}
 };
 
-ActionParameter RecordOfType(const WorkingRecords& records, RecordType type) {
+ActionParameter WorkingRecord(const WorkingRecords& records, RecordType type) {
     switch (type) {
         case RecordType::Wait:
             return records.Wait;
@@ -208,7 +208,7 @@ p_Action ActionFromRecords(const HeldAction& held) {
     const ActionKind* const kind = FindActionKind(held.Action.ActionType);
     p_Action action = held.Action;
     action.Parameter =
-        kind != nullptr ? RecordOfType(held.Records, kind->record) : ActionParameter();
+        kind != nullptr ? WorkingRecord(held.Records, kind->record) : ActionParameter();
     return action;
 }
 
@@ -218,7 +218,7 @@ bool Differs(ThreadContext& context, const HeldAction& held, const p_Action& ent
     if (entry.ActionType != kind || FindActionKind(kind) == nullptr) {
         return true;
     }
-    const Compare differs = OfKind[kind];
+    const Compare differs = Comparisons[kind];
     return differs != nullptr && differs({context, held.Records, entry, deviceSettingsChanged});
 }
 

@@ -14,16 +14,22 @@ String DeviceSection(std::int32_t number) {
     return name;
 }
 
+/// What a section holds, as a text whose lines end with CR LF.
+String SectionText(ISettingsFile& settings, const String& section) {
+    String text;
+    for (const String& line : settings.GetSection(section)) {
+        text += line + L"\r\n";
+    }
+    return text;
+}
+
 void CopySection(const Statements& stmt, EngineState& engine, const String& from,
                  const String& to) {
     const std::shared_ptr<ISettingsFile> settings = stmt([&] { return GetSettFile(engine); });
     if (!settings) {
         return;
     }
-    String text;
-    for (const String& line : stmt([&] { return settings->GetSection(from); })) {
-        text += line + L"\r\n";
-    }
+    const String text = stmt([&] { return SectionText(*settings, from); });
     stmt([&] { settings->SetSection(to, text); });
     stmt([&] { settings->Release(); });
 }
@@ -32,13 +38,16 @@ void GiveSection(const Statements& stmt, EngineState& engine, HeldAction& held) 
     std::int32_t& counter = engine.Context.DeviceSectionCounter;
     const std::int32_t number = stmt([&] { return CheckedSum(counter, 1); });
     counter = number;
-    auto record = stmt([&] { return RecordOf<aceSetDevice>(held.Action); });
+    aceSetDevice record = stmt([&] { return RecordOf<aceSetDevice>(held.Action); });
     const std::int32_t old = std::exchange(record.ChanNo, number);
-    held.Records.SetDevice = record;
+    stmt([&] { held.Records.SetDevice = record; });
     held.Action.Parameter = std::move(record);
-    CopySection(stmt, engine, DeviceSection(old), DeviceSection(number));
+    const String from = stmt([&] { return DeviceSection(old); });
+    const String to = stmt([&] { return DeviceSection(number); });
+    CopySection(stmt, engine, from, to);
 }
 
+/// The held action as it comes into a list.
 p_Action EntryOf(const HeldAction& held, Boolean newSection) {
     p_Action entry = held.Action;
     entry.IgnoreErr = false;
@@ -51,20 +60,19 @@ p_Action EntryOf(const HeldAction& held, Boolean newSection) {
 
 }  // namespace
 
+/// The others make room when nothing can fail any more.
 void InsertEntry(const Statements& stmt, EngineState& engine, HeldAction& held,
                  const ActionList& list, std::int32_t position, Boolean newSection) {
-    const std::int32_t count = list.count;
-    stmt([&] { list.actions.RedimPreserve(count); });
-    const std::int32_t place = position <= count ? position : count;
-    for (std::int32_t i = count - 1; i >= place; --i) {
-        stmt([&] { list.actions[i + 1] = list.actions[i]; });
-    }
+    const std::int32_t last = list.count;
+    stmt([&] { list.actions.RedimPreserve(last); });
     if (newSection && held.Action.ActionType == atSetDevice) {
         GiveSection(stmt, engine, held);
     }
     p_Action entry = stmt([&] { return EntryOf(held, newSection); });
-    list.count = count + 1;
-    stmt([&] { list.actions[place] = entry; });
+    const std::int32_t place = position <= last ? position : last;
+    stmt([&] { list.actions.MoveElement(last, place); });
+    list.count = last + 1;
+    list.actions[place] = std::move(entry);
 }
 
 void RemoveEntry(const Statements& stmt, const ActionList& list, std::int32_t index) {
@@ -80,17 +88,9 @@ void RemoveEntry(const Statements& stmt, const ActionList& list, std::int32_t in
 }
 
 void MoveEntry(const Statements& stmt, const ActionList& list, std::int32_t from, std::int32_t to) {
-    if (from < 0 || to < 0 || from > list.count || to > list.count) {
-        return;
+    if (from >= 0 && to >= 0 && from <= list.count && to <= list.count) {
+        stmt([&] { list.actions.MoveElement(from, to); });
     }
-    p_Action kept = stmt([&] { return list.actions[from]; });
-    for (std::int32_t i = from; i > to; --i) {
-        stmt([&] { list.actions[i] = list.actions[i - 1]; });
-    }
-    for (std::int32_t i = from; i < to; ++i) {
-        stmt([&] { list.actions[i] = list.actions[i + 1]; });
-    }
-    stmt([&] { list.actions[to] = std::move(kept); });
 }
 
 void ClearEntries(const ActionList& list) {

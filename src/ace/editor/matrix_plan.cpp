@@ -65,11 +65,15 @@ void AddLeaf(const MatrixWalk& walk, const Cell& cell, const String& parent,
     walk.add({.key = L"STE" + IntegerText(row), .parent = parent, .caption = {0, caption}});
 }
 
+String GroupKey(const Cell& cell) {
+    return L"TST" + IntegerText(cell[0]) + L'_' + IntegerText(cell[1]) + L'_' +
+           IntegerText(cell[2]);
+}
+
 /// Answers the key.
 String AddGroup(const MatrixWalk& walk, const Cell& cell, const String& parent,
                 const String& caption) {
-    String key =
-        L"TST" + IntegerText(cell[0]) + L'_' + IntegerText(cell[1]) + L'_' + IntegerText(cell[2]);
+    String key = GroupKey(cell);
     walk.add({.key = key,
               .parent = parent,
               .caption = {0, caption},
@@ -108,10 +112,6 @@ void AddInner(const MatrixWalk& walk, const Cell& group, const Cell& leaf, const
     }
 }
 
-String GroupKey(std::int32_t frequencyIndex) {
-    return L"TST" + IntegerText(frequencyIndex) + L"_-1_-1";
-}
-
 void AddOuter(const MatrixWalk& walk, const Axis& outer, std::int32_t index,
               const String& caption) {
     const Cell cell = With(Undivided, outer, index);
@@ -140,7 +140,7 @@ void AddTestModes(const MatrixWalk& walk, const String& caption) {
     AddHead(walk, cell(TestModeIndex), cell(0), caption);
     AddHead(walk, cell(NotSplit), cell(NotSplit), L"Testmode");
     for (const std::int32_t index : {TestModeIndex, NotSplit}) {
-        AddInner(walk, cell(index + 1), cell(index), GroupKey(index + 1));
+        AddInner(walk, cell(index + 1), cell(index), GroupKey(cell(index + 1)));
     }
 }
 

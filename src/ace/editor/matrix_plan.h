@@ -3,16 +3,17 @@
 
 #include <ace/core/place_index.h>
 #include <ace/editor/tree_plan.h>
+#include <ace/settings/wireless_sections.h>
 
 namespace ace {
 
-/// How the matrix is shown: by which of its dimensions, or its global lists. Any other number shows
-/// nothing.
+/// How the matrix is shown, which its template number says: by which of its dimensions, or its
+/// global lists. Any other number shows nothing.
 enum MatrixMode : std::int32_t {
     MatrixByFrequency = 0,
     MatrixByBandwidth = 1,
     MatrixByPower = 2,
-    MatrixGlobalLists = 3,
+    MatrixGlobalLists = GlobalTemplate,
 };
 
 /// The first row, from 0, with this key; -1 for none. `frequencyIndex` is a place in the table of

@@ -31,7 +31,7 @@ void AddLine(EditorParts& parts, ITreeControl& tree, TreeNode moment, const Stri
              const p_Action& action, std::int32_t index) {
     const std::optional<String> text = TreeText(parts.context, parts.moduleKind, action);
     if (text) {
-        tree.AddChild(moment, L"CHI" + IntegerText(index) + momentKey, *text,
+        tree.AddChild(moment, KeyOfLine(index, momentKey), *text,
                       String(FindActionKind(action.ActionType)->icon));
     }
 }

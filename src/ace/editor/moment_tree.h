@@ -11,7 +11,8 @@ std::vector<String> imlActions();
 
 /// Clears the linked tree and builds it from the lists of the module, as statements of the
 /// operation `stmt`: each node, and behind each moment its lines. Error 91 without a tree, 457 for
-/// a key that comes twice, 9 for arrays that are shorter than their counts.
+/// a key that comes twice, 9 for arrays that are shorter than their counts, 13 for an action with
+/// another kind's record; errors of the language data and of the tree come out.
 void BuildTree(EditorParts& parts, const Statements& stmt);
 
 /// Puts a line for each action of a list below its moment, in the place of those that stand there,

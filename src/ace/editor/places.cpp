@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <cmath>
+#include <span>
 
 #include <ace/core/operation.h>
 #include <ace/core/text.h>
@@ -9,21 +11,38 @@ namespace ace {
 
 namespace {
 
-constexpr StringView LineKey = L"CHI";
+constexpr const wchar_t* LineKey = L"CHI";
 constexpr std::size_t LettersOfKey = 3;
 
-/// A group, and the moment for which it stands.
+using Times = std::span<const p_PerformTimes>;
+
+constexpr p_PerformTimes OfSubrange[] = {ptEnterSubRange, ptLeaveSubrange};
+constexpr p_PerformTimes OfChannel[] = {ptTrigger, ptNoGo, ptGo};
+
+/// A group, the moment for which it stands, and those that are cleared with it.
 struct GroupRow {
     StringView key;
     p_PerformTimes time;
     bool hasNumber;
     StringView firstChild;  ///< gives the position, if it is the first
+    Times cleared = {};
 };
 constexpr GroupRow Groups[] = {
-    {L"SUR", ptEnterSubRange, true, L"ESR"}, {L"EMI", ptBefore, true, L"BEF"},
-    {L"TST", ptBeforeTest, true, L"BFT"},    {L"ATL", ptBeforeTest, false, L"BFT"},
-    {L"CHA", ptNoGo, true, L"NGO"},
+    {L"SUR", ptEnterSubRange, true, L"ESR", OfSubrange},
+    {L"EMI", ptBefore, true, L"BEF"},
+    {L"TST", ptBeforeTest, true, L"BFT"},
+    {L"ATL", ptBeforeTest, false, L"BFT"},
+    {L"CHA", ptNoGo, true, L"NGO", OfChannel},
 };
+
+/// Moments that are not cleared.
+constexpr StringView NotCleared[] = {L"BSA", L"ASA"};
+
+const GroupRow* FindGroup(StringView key) {
+    const auto row = std::ranges::find_if(
+        Groups, [&](const GroupRow& group) { return key.starts_with(group.key); });
+    return row != std::end(Groups) ? row : nullptr;
+}
 
 /// Of the moments before and after a test only sequences and wireless templates have several.
 bool HasNumber(aceModul moduleKind, p_PerformTimes time) {
@@ -48,18 +67,17 @@ void PlaceOfLine(ITreeControl& tree, TreeNode node, Place& place) {
 }
 
 void PlaceOfGroup(ITreeControl& tree, TreeNode node, StringView key, Place& place) {
-    for (const GroupRow& group : Groups) {
-        if (!key.starts_with(group.key)) {
-            continue;
-        }
-        place.time = group.time;
-        if (group.hasNumber) {
-            place.subrange = NumberOfKey(key);
-        }
-        const TreeNode first = tree.FirstChild(node);
-        if (first && tree.Key(first).starts_with(group.firstChild)) {
-            place.position = tree.ChildCount(first);
-        }
+    const GroupRow* const group = FindGroup(key);
+    if (group == nullptr) {
+        return;
+    }
+    place.time = group->time;
+    if (group->hasNumber) {
+        place.subrange = NumberOfKey(key);
+    }
+    const TreeNode first = tree.FirstChild(node);
+    if (first && tree.Key(first).starts_with(group->firstChild)) {
+        place.position = tree.ChildCount(first);
     }
 }
 
@@ -98,8 +116,22 @@ String KeyOfMoment(const MomentRow& moment, std::int32_t number) {
     return key;
 }
 
+String KeyOfLine(std::int32_t index, const String& momentKey) {
+    return LineKey + IntegerText(index) + momentKey;
+}
+
 bool IsLineKey(StringView key) {
     return key.starts_with(LineKey);
+}
+
+std::vector<p_PerformTimes> ClearedWith(StringView key) {
+    if (const GroupRow* const group = FindGroup(key)) {
+        return {group->cleared.begin(), group->cleared.end()};
+    }
+    const bool isKept =
+        std::ranges::any_of(NotCleared, [&](StringView kept) { return key.starts_with(kept); });
+    const std::optional<p_PerformTimes> time = TimeOfKey(key);
+    return time && !isKept ? std::vector{*time} : std::vector<p_PerformTimes>();
 }
 
 void GetPosition(EditorParts& parts, TreeNode Node, Place& place) {

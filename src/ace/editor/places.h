@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include <ace/core/moment_table.h>
 #include <ace/editor/editor_parts.h>
@@ -21,8 +22,15 @@ struct Place {
 std::int32_t NumberOfKey(StringView key);
 /// The letters and, where the module has numbered sets for that moment, the number of its node.
 String KeyOfMoment(const MomentRow& moment, std::int32_t number);
+/// The key of the line of an entry, from 0, below the moment of that key.
+String KeyOfLine(std::int32_t index, const String& momentKey);
 /// True for the key of a line, false for that of a moment or a group.
 bool IsLineKey(StringView key);
+
+/// The moments that are cleared with the node of a key that is no line's, in their order; none
+/// where nothing is. Intentional: that are the groups but subranges and channels, and the two
+/// global lists of the matrix.
+std::vector<p_PerformTimes> ClearedWith(StringView key);
 
 /// What `Node` stands for. A line: its moment, and its place among the lines that show. A moment:
 /// itself, behind its last line. A group: its first moment. Intentional: the trigger stands first

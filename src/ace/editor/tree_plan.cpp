@@ -34,10 +34,15 @@ struct ModulePlan {
     std::span<const NodeRow> last = {};
 };
 
-constexpr NodeRow TemplateFirst[] = {{L"ETE", 9051}, {L"EFR", 9052}};
+/// Before and after a test of a sequence or of a wireless template.
+constexpr std::int32_t BeforeTestText = 9094;
+constexpr std::int32_t AfterTestText = 9095;
+
+/// Of single tests and emission tests.
+constexpr NodeRow TestFirst[] = {{L"ETE", 9051}, {L"EFR", 9052}};
 constexpr NodeRow TemplateEach[] = {
     {L"SUR", 9053, {}, Numbering::Behind}, {L"ESR", 9054, L"SUR"}, {L"LSR", 9055, L"SUR"}};
-constexpr NodeRow TestEnds[] = {{L"LTE", 9056}};
+constexpr NodeRow TestLast[] = {{L"LTE", 9056}};
 
 constexpr NodeRow MonitoringFirst[] = {
     {L"ETE", 9051}, {L"EFR", 9052}, {L"ATL", 9104}, {L"BFT", 9098, L"ATL"}, {L"ATT", 9099, L"ATL"}};
@@ -57,25 +62,27 @@ constexpr NodeRow EmiEach[] = {{L"EMI", 9080, {}, Numbering::OfTexts},
                                {L"BEF", 9090, L"EMI", Numbering::None, Expands::WithEnter},
                                {L"AFT", 9091, L"EMI", Numbering::None, Expands::WithEnter}};
 
-constexpr NodeRow SequenceFirst[] = {{L"ETE", 9092}};
-constexpr NodeRow SequenceEach[] = {{L"TST", 9101, {}, Numbering::Joined},
-                                    {L"BFT", 9094, L"TST", Numbering::None, Expands::WithEnter},
-                                    {L"ATT", 9095, L"TST", Numbering::None, Expands::WithEnter}};
-constexpr NodeRow SequenceLast[] = {{L"LTE", 9093}};
+/// Of sequences and wireless templates.
+constexpr NodeRow TestsFirst[] = {{L"ETE", 9092}};
+constexpr NodeRow SequenceEach[] = {
+    {L"TST", 9101, {}, Numbering::Joined},
+    {L"BFT", BeforeTestText, L"TST", Numbering::None, Expands::WithEnter},
+    {L"ATT", AfterTestText, L"TST", Numbering::None, Expands::WithEnter}};
+constexpr NodeRow TestsLast[] = {{L"LTE", 9093}};
 
 constexpr NodeRow AzimuthFirst[] = {{L"ETE", 9096}, {L"EFR", 9103}};
 constexpr NodeRow AzimuthLast[] = {{L"LTE", 9097}};
 
 /// Indexed by `aceModul`; the wireless template has a walk of its own between its ends.
 constexpr ModulePlan Plans[ModulCount] = {
-    {TemplateFirst, TemplateEach, TestEnds},
+    {TestFirst, TemplateEach, TestLast},
     {MonitoringFirst, MonitoringEach, MonitoringLast},
     {GeneralFirst, {}, GeneralLast},
     {{}, EmsSteps, {}},
-    {TemplateFirst, EmiEach, TestEnds},
-    {SequenceFirst, SequenceEach, SequenceLast},
+    {TestFirst, EmiEach, TestLast},
+    {TestsFirst, SequenceEach, TestsLast},
     {AzimuthFirst, {}, AzimuthLast},
-    {SequenceFirst, {}, SequenceLast},
+    {TestsFirst, {}, TestsLast},
     {},
 };
 
@@ -173,18 +180,16 @@ void AddWirelessStep(const ModuleLists& lists, std::int32_t step, const String& 
 /// `test` is the place under which the lists are kept, `shown` the place in the host's order.
 void AddWirelessTest(const ModuleLists& lists, std::int32_t test, std::int32_t shown,
                      std::span<const std::int32_t> steps, const NodeSink& add) {
-    constexpr std::int32_t BeforeText = 9094;
-    constexpr std::int32_t AfterText = 9095;
     const PlannedNode group = WirelessNode(L"TST", test, {}, {0, lists.VKSHostNames[shown]});
     add(group);
     const p_Subrange& set = lists.VKSTests[test];
-    PlannedNode before = WirelessNode(L"BFT", test, group.key, {BeforeText, {}});
+    PlannedNode before = WirelessNode(L"BFT", test, group.key, {BeforeTestText, {}});
     before.isExpanded = set.Enter.IsAllocated();
     add(before);
     for (const std::int32_t step : steps) {
         AddWirelessStep(lists, step, group.key, add);
     }
-    PlannedNode after = WirelessNode(L"ATT", test, group.key, {AfterText, {}});
+    PlannedNode after = WirelessNode(L"ATT", test, group.key, {AfterTestText, {}});
     after.isExpanded = set.Leave.IsAllocated();
     add(after);
 }
