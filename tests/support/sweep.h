@@ -22,6 +22,7 @@ struct SweepRig {
     std::shared_ptr<sim::SimHost> host;
     ThreadContext context;
     std::unique_ptr<aceActionsEngine> engine;
+    std::shared_ptr<void> kept;  ///< of the row's own, such as controls; goes before the others
 
     /// Makes an engine and all services, so that what happens on first use only is out of the way.
     aceActionsEngine& MakeEngine();
@@ -53,6 +54,9 @@ struct SweepRow {
     std::function<String(const SweepRig&)> state;  ///< what the operation leaves, as text
     std::vector<SweepStep> steps;                  ///< all host calls in order, questions included
     bool repeatable = true;  ///< after a failure the operation can be called again and goes through
+    /// A statement that is tried again has left no effect. False where one makes several calls: the
+    /// state is the same afterwards, but calls before the one that failed come twice.
+    bool effectsOnce = true;
 };
 void PrintTo(const SweepRow& row, std::ostream* out);
 
