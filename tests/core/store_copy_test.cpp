@@ -126,19 +126,16 @@ struct RunWrite {
     std::string name;
     std::function<void(DynArray<p_Action>& actions)> write;
 };
+/// Puts a device into the field of the action that has such a record.
+template <class Record, class Interface>
+RunWrite Reference(const std::string& name, std::shared_ptr<Interface> Record::*field,
+                   const OpaqueDevice& device) {
+    constexpr std::int32_t Place = std::is_same_v<Record, aceSetDevice> ? 3 : 4;
+    return {name, [=, reference = device.As<Interface>()](DynArray<p_Action>& actions) {
+                RecordOf<Record>(actions[Place]).*field = reference;
+            }};
+}
 std::vector<RunWrite> RunWrites(const OpaqueDevice& device) {
-    const auto set = [&](auto field, auto interface) {
-        return [=](DynArray<p_Action>& actions) {
-            RecordOf<aceSetDevice>(actions[3]).*field =
-                device.As<typename decltype(interface)::element_type>();
-        };
-    };
-    const auto track = [&](auto field, auto interface) {
-        return [=](DynArray<p_Action>& actions) {
-            RecordOf<aceTrackFreq>(actions[4]).*field =
-                device.As<typename decltype(interface)::element_type>();
-        };
-    };
     using Set = aceSetDevice;
     using Track = aceTrackFreq;
     return {
@@ -148,17 +145,17 @@ std::vector<RunWrite> RunWrites(const OpaqueDevice& device) {
         {"placeholders", [](auto& actions) { RecordOf<aceRemote>(actions[1]).vks.count = 1; }},
         {"Freq of a macro", [](auto& actions) { RecordOf<aceAPI>(actions[2]).Freq = 30e6; }},
         {"LastCheck", [](auto& actions) { RecordOf<Set>(actions[3]).LastCheck = 7.5F; }},
-        {"Device", set(&Set::Device, Set().Device)},
-        {"MoniDev", set(&Set::MoniDev, Set().MoniDev)},
-        {"BcGen", set(&Set::BcGen, Set().BcGen)},
-        {"AmplDev", set(&Set::AmplDev, Set().AmplDev)},
-        {"SwitchDev", set(&Set::SwitchDev, Set().SwitchDev)},
-        {"SigPath", set(&Set::SigPath, Set().SigPath)},
+        Reference("Device", &Set::Device, device),
+        Reference("MoniDev", &Set::MoniDev, device),
+        Reference("BcGen", &Set::BcGen, device),
+        Reference("AmplDev", &Set::AmplDev, device),
+        Reference("SwitchDev", &Set::SwitchDev, device),
+        Reference("SigPath", &Set::SigPath, device),
         {"Freq of a device", [](auto& actions) { RecordOf<Track>(actions[4]).Freq = 30e6; }},
-        {"MoniDev that follows", track(&Track::MoniDev, Track().MoniDev)},
-        {"GenDev", track(&Track::GenDev, Track().GenDev)},
-        {"SigPath that follows", track(&Track::SigPath, Track().SigPath)},
-        {"CalTable", track(&Track::CalTable, Track().CalTable)},
+        Reference("MoniDev that follows", &Track::MoniDev, device),
+        Reference("GenDev", &Track::GenDev, device),
+        Reference("SigPath that follows", &Track::SigPath, device),
+        Reference("CalTable", &Track::CalTable, device),
         {"the frequency alone",
          [](auto& actions) { actions[4].Parameter = std::int32_t{30000000}; }},
     };
@@ -199,7 +196,7 @@ TEST(StoreCopyTest, WhatTheEditorStillHoldsOfARunComesBackAsByAWholeCopy) {
 
 // ---- elements that came and went ---------------------------------------------------------------
 
-/// Each as the lists of the editor and of the store.
+/// Each stands in the editor, and each in the store.
 std::vector<DynArray<p_Subrange>> OtherBounds() {
     std::vector<DynArray<p_Subrange>> others(5);
     others[1].Redim(0, 0);
@@ -276,7 +273,7 @@ TEST(StoreCopyTest, AnElementThatIsReplacedSharesNothingWithTheEditor) {
     EXPECT_EQ(store.MainSubranges[1].Enter[0].ActionType, atWait);
 }
 
-/// A matrix of two rows with its tables.
+/// A matrix of three rows with its tables.
 L Matrix() {
     L lists = FilledLists(aceVKSDUT);
     lists.VKSDUTIds.Redim(0, 2, 0, 2);
