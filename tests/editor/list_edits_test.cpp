@@ -185,7 +185,7 @@ TEST_F(ListEdits, AMoveTakesAnEntryOutAndPutsItInAtItsNewPlace) {
 TEST_F(ListEdits, AMoveToTheCountIsLetThroughAndEndsAtTheArray) {
     Make({1, 2, 3, 4});
     EXPECT_EQ(ErrorOf([&] { Move(0, 4); }), 9);
-    EXPECT_THAT(Elements(), ElementsAre(2, 3, 4, 4)) << "those before it had moved";
+    EXPECT_THAT(Elements(), ElementsAre(1, 2, 3, 4)) << "nothing has moved";
     Make({1, 2, 3, 4}, 3);
     Move(0, 3);
     EXPECT_THAT(Elements(), ElementsAre(2, 3, 4, 1)) << "an array that is longer has the place";

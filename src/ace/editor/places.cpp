@@ -39,7 +39,7 @@ constexpr GroupRow Groups[] = {
 constexpr StringView NotCleared[] = {L"BSA", L"ASA"};
 
 const GroupRow* FindGroup(StringView key) {
-    const auto row = std::ranges::find_if(
+    const auto* const row = std::ranges::find_if(
         Groups, [&](const GroupRow& group) { return key.starts_with(group.key); });
     return row != std::end(Groups) ? row : nullptr;
 }

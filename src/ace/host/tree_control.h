@@ -73,8 +73,8 @@ class ITreeControl {
   public:
     virtual ~ITreeControl() = default;
     /// Tells who hears of the operator's acts, and of the end of the control: one that goes while
-    /// it has events calls `ControlGone`. They stay the editor's; none ends that. A call that raises
-    /// leaves the control without events.
+    /// it has events calls `ControlGone`. They stay the editor's; none ends that. A call that
+    /// raises leaves the control without events.
     virtual void SetEvents(ITreeEvents* events) = 0;
     /// A host with a look of its own may leave out what it likes.
     virtual void SetUp(const TreeSetUp&) {}
