@@ -115,6 +115,22 @@ struct aceTrackFreq {
     bool operator==(const aceTrackFreq&) const = default;
 };
 
+/// Ends the record's references to devices, tables and paths.
+inline void ForgetDevices(aceSetDevice& record) {
+    record.Device.reset();
+    record.MoniDev.reset();
+    record.BcGen.reset();
+    record.AmplDev.reset();
+    record.SwitchDev.reset();
+    record.SigPath.reset();
+}
+inline void ForgetDevices(aceTrackFreq& record) {
+    record.MoniDev.reset();
+    record.GenDev.reset();
+    record.SigPath.reset();
+    record.CalTable.reset();
+}
+
 /// What an action carries: nothing, the record of its kind, or a bare 32-bit integer, which
 /// `NewFrequency` leaves in a tracking action outside `aceTemplate`.
 using ActionParameter = std::variant<std::monostate, aceWait, aceNotify, aceRemote, aceAPI,

@@ -38,21 +38,13 @@ void CleanRemote(ThreadContext& context, const p_Action& action) {
 void CleanTrackFreq(ThreadContext& context, const p_Action& action) {
     aceTrackFreq& record = context.ReaderRecords.TrackFreq;
     record = RecordOf<aceTrackFreq>(action);
-    record.MoniDev.reset();
-    record.GenDev.reset();
-    record.SigPath.reset();
-    record.CalTable.reset();
+    ForgetDevices(record);
 }
 
 void CleanSetDevice(ThreadContext& context, const p_Action& action) {
     aceSetDevice& record = context.ReaderRecords.SetDevice;
     record = RecordOf<aceSetDevice>(action);
-    record.Device.reset();
-    record.MoniDev.reset();
-    record.BcGen.reset();
-    record.AmplDev.reset();
-    record.SwitchDev.reset();
-    record.SigPath.reset();
+    ForgetDevices(record);
 }
 
 void CleanAction(ThreadContext& context, const p_Action& action) {

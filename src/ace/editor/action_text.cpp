@@ -130,18 +130,33 @@ void AddGpibAddress(String& text, std::int32_t address) {
     text += L':' + IntegerText(address % AddressesOfBoard);
 }
 
+/// The program alone, where there is no command.
+bool AddProgram(const Line& line, const aceRemote& record) {
+    line.text += line.separator;
+    line.text += record.Command.empty() ? FilePart(record.Program) : StringView();
+    return record.Command.empty();
+}
+
+/// The instrument on a bus or a port; false for another interface.
+bool AddInstrument(String& text, const aceRemote& record) {
+    if (record.Iface == aceRemote::Gpib) {
+        AddGpibAddress(text, record.GpibAddress);
+        return true;
+    }
+    if (record.Iface == aceRemote::Serial) {
+        text += L"COM" + IntegerText(record.SerComPort);
+        return true;
+    }
+    return false;
+}
+
+/// Intentional: the tree takes every other interface for a connection, the print those above.
 void AddTreeCommand(const Line& line) {
     const auto& record = RecordOf<aceRemote>(line.action);
-    line.text += line.separator;
-    if (record.Command.empty()) {
-        line.text += FilePart(record.Program);
+    if (AddProgram(line, record)) {
         return;
     }
-    if (record.Iface == aceRemote::Gpib) {
-        AddGpibAddress(line.text, record.GpibAddress);
-    } else if (record.Iface == aceRemote::Serial) {
-        line.text += L"COM" + IntegerText(record.SerComPort);
-    } else {
+    if (!AddInstrument(line.text, record)) {
         line.text += L"\\\\" + record.TcpHost;
         line.text += line.IsWireless() ? L':' + IntegerText(record.TcpPort) : String();
     }
@@ -154,16 +169,10 @@ void AddTreeCommand(const Line& line) {
 /// Intentional: nothing says that a command was cut.
 void AddPrintedCommand(const Line& line) {
     const auto& record = RecordOf<aceRemote>(line.action);
-    line.text += line.separator;
-    if (record.Command.empty()) {
-        line.text += FilePart(record.Program);
+    if (AddProgram(line, record)) {
         return;
     }
-    if (record.Iface == aceRemote::Gpib) {
-        AddGpibAddress(line.text, record.GpibAddress);
-    } else if (record.Iface == aceRemote::Serial) {
-        line.text += L"COM" + IntegerText(record.SerComPort);
-    } else if (record.Iface > aceRemote::Serial) {
+    if (!AddInstrument(line.text, record) && record.Iface > aceRemote::Serial) {
         line.text += L"\\\\" + record.TcpHost;
     }
     line.text += L", \"" + record.Command.substr(0, ShortCommand) + L'"';

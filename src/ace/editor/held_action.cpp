@@ -177,19 +177,11 @@ struct WithoutRun {
     }
     void operator()(aceAPI& record) const { record.Freq = 0.0; }
     void operator()(aceSetDevice& record) const {
-        record.Device.reset();
-        record.MoniDev.reset();
-        record.BcGen.reset();
-        record.AmplDev.reset();
-        record.SwitchDev.reset();
-        record.SigPath.reset();
+        ForgetDevices(record);
         record.LastCheck = aceSetDevice::NeverChecked;
     }
     void operator()(aceTrackFreq& record) const {
-        record.MoniDev.reset();
-        record.GenDev.reset();
-        record.SigPath.reset();
-        record.CalTable.reset();
+        ForgetDevices(record);
         record.Freq = 0.0;
     }
     template <class Other>

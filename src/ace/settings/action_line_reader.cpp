@@ -52,10 +52,7 @@ void ResetTrackFreq(aceTrackFreq& record) {
     record.GenName.clear();
     record.SigPathName.clear();
     record.TableName.clear();
-    record.MoniDev.reset();
-    record.GenDev.reset();
-    record.SigPath.reset();
-    record.CalTable.reset();
+    ForgetDevices(record);
     record.TableType = TableType;
     record.TableMeasClass = 0;
     record.AskOnMeasStart = false;
