@@ -3,11 +3,11 @@
 /// there is memory. A sample runs by default, as `Sample` says.
 #include <ace/core/module_columns.h>
 
-#include "execution/lists_of_every_kind.h"
 #include "execution/quiet_host.h"
 #include "support/allocation_counter.h"
 #include "support/error_of.h"
 #include "support/list_agreement.h"
+#include "support/lists_of_every_kind.h"
 #include "support/sample.h"
 
 namespace ace::test {

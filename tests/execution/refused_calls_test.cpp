@@ -1,7 +1,7 @@
 /// A call that ends with error 10 because a list runs has changed nothing.
-#include "execution/lists_of_every_kind.h"
 #include "support/fake_editor.h"
 #include "support/list_agreement.h"
+#include "support/lists_of_every_kind.h"
 #include "support/store_fixture.h"
 
 namespace ace::test {
