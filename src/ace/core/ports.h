@@ -16,7 +16,8 @@ class ThreadContext;
 /// The one editor of a thread: a form that works on a copy of a module's lists and shows it in two
 /// controls of the host. The link to a control is none before it is set, after a tree that could
 /// not be built, and once the control has gone: what needs it is error 91 then. Only `Load` and
-/// `Unload` let messages run.
+/// `Unload` let messages run. While an operation works, those that set a link or replace lists are
+/// error 10, with nothing changed: a host has called back where it must not.
 ///
 /// Each Get operation copies the editor's working lists of one module back into `store`, in the
 /// order of `CopyModule` for the store; a failure leaves those before it replaced. What is equal is

@@ -72,7 +72,7 @@ void DeleteLine(const Statements& stmt, EditorParts& parts, TreeNode line) {
 /// Runs `body` as a traced operation on the list of the selected node, where it has one.
 template <class Body>
 void OnSelectedList(EditorParts& parts, StringView procedure, Body&& body) {
-    Logged(parts.context, EditorLines(procedure), NoMessage, [&](const Statements& stmt) {
+    WorkAlone(parts, procedure, [&](const Statements& stmt) {
         const Place place = SelectedPlace(stmt, parts);
         if (const std::optional<ActionList> list = ListAt(stmt, parts, place)) {
             body(stmt, place, *list);
@@ -113,7 +113,7 @@ void ChangeAction(EditorParts& parts, p_Action& Entry) {
 }
 
 void DeleteAction(EditorParts& parts) {
-    Logged(parts.context, EditorLines(L"DeleteAction"), NoMessage, [&](const Statements& stmt) {
+    WorkAlone(parts, L"DeleteAction", [&](const Statements& stmt) {
         const TreeNode node = SelectedNode(stmt, parts);
         const String key = stmt([&] { return ViewOf(parts).Key(node); });
         if (IsLineKey(key)) {
@@ -126,7 +126,7 @@ void DeleteAction(EditorParts& parts) {
 
 void MoveAction(EditorParts& parts, p_PerformTimes PerformTime, std::int32_t Subrange,
                 std::int32_t From, std::int32_t To) {
-    Logged(parts.context, EditorLines(L"MoveAction"), NoMessage, [&](const Statements& stmt) {
+    WorkAlone(parts, L"MoveAction", [&](const Statements& stmt) {
         const Place place{PerformTime, Subrange, 0};
         if (const std::optional<ActionList> list = ListAt(stmt, parts, place)) {
             MoveEntry(stmt, *list, From, To);

@@ -8,7 +8,8 @@
 /// stays as it was. A failure behind the edit, when the moment is shown or the lists are handed on,
 /// leaves the edit in the editor's list; the store gets it with the next edit, unless the editor is
 /// loaded again before that. While a list of the module runs, the store refuses so with error 10,
-/// and the flag is set. No messages run.
+/// and the flag is set. No messages run; inside another operation of the editor all end
+/// with error 10 and change nothing.
 #pragma once
 
 #include <ace/editor/editor_parts.h>

@@ -2,11 +2,31 @@
 
 namespace ace {
 
-ITreeControl& ViewOf(const EditorParts& parts) {
-    if (parts.m_View == nullptr) {
+namespace {
+
+template <class ControlOfHost>
+ControlOfHost& Linked(ControlOfHost* link) {
+    if (link == nullptr) {
         Raise(Errors::ObjectNotSet);
     }
-    return *parts.m_View;
+    return *link;
+}
+
+}  // namespace
+
+ITreeControl& ViewOf(const EditorParts& parts) {
+    return Linked(parts.m_View);
+}
+
+IListControl& PaletteOf(const EditorParts& parts) {
+    return Linked(parts.m_List);
+}
+
+OwnWork::OwnWork(EditorParts& parts) : x_parts(parts) {
+    if (parts.isAtWork) {
+        Raise(Errors::ArrayInUse);
+    }
+    parts.isAtWork = true;
 }
 
 }  // namespace ace

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ace/core/engine_state.h>
+#include <ace/core/operation.h>
 #include <ace/editor/held_action.h>
 #include <ace/host/list_control.h>
 #include <ace/host/tree_control.h>
@@ -23,9 +24,38 @@ struct EditorParts {
     HeldAction held;
     Boolean AddNew;                 ///< the dialog was opened for a new action
     Boolean deviceSettingsChanged;  ///< in the dialog
+    std::weak_ptr<void> form;       ///< of which these are the parts
+    bool isAtWork = false;          ///< an operation uses the lists, see `OwnWork`
 };
 
 /// The linked tree; error 91 without a link.
 ITreeControl& ViewOf(const EditorParts& parts);
+/// The linked list of kinds; error 91 without a link.
+IListControl& PaletteOf(const EditorParts& parts);
+
+/// Has the lists for itself while it lives: an operation goes through them from one call of the
+/// host to the next, and another one that the host makes in such a call must not change them.
+class OwnWork {
+  public:
+    /// Error 10 while another operation works.
+    explicit OwnWork(EditorParts& parts);
+    ~OwnWork() { x_parts.isAtWork = false; }
+    OwnWork(const OwnWork&) = delete;
+    OwnWork& operator=(const OwnWork&) = delete;
+
+  private:
+    EditorParts& x_parts;
+};
+
+/// Runs `body` as a traced operation that has the lists for itself. The form, and the parts with
+/// it, live until the end, whoever releases the editor meanwhile.
+template <class Body>
+void WorkAlone(EditorParts& parts, StringView procedure, Body&& body) {
+    const std::shared_ptr<void> alive = parts.form.lock();
+    Logged(parts.context, EditorLines(procedure), NoMessage, [&](const Statements& stmt) {
+        const OwnWork work = stmt([&] { return OwnWork(parts); });
+        body(stmt);
+    });
+}
 
 }  // namespace ace

@@ -52,19 +52,21 @@ void frmEditor::Loaded() {
 // ---- controls of the host ----------------------------------------------------------------------
 
 void frmEditor::SetTreeControl(ITreeControl* tree) {
+    const OwnWork work(x_parts);
     Link(x_parts.m_View, tree, x_treeEvents);
-    tree->SetUp({.images = imlActions()});
+    ViewOf(x_parts).SetUp({.images = imlActions()});
 }
 
 void frmEditor::SetListControl(IListControl* list) {
+    const OwnWork work(x_parts);
     Link(x_parts.m_List, list, x_listEvents);
-    list->SetUp({.images = imlActions()});
-    list->Clear();
+    PaletteOf(x_parts).SetUp({.images = imlActions()});
+    PaletteOf(x_parts).Clear();
     const Boolean emiTemplate = x_parts.engine != nullptr && x_parts.engine->EmiTemplate;
     for (const p_ActionTypes type : OfferedKinds(x_parts.moduleKind, emiTemplate)) {
         const ActionKind& kind = *FindActionKind(type);
-        list->Add(L"ACT:" + IntegerText(type), TextOf(x_parts.context, kind.palette),
-                  String(kind.icon));
+        const String caption = TextOf(x_parts.context, kind.palette);
+        PaletteOf(x_parts).Add(L"ACT:" + IntegerText(type), caption, String(kind.icon));
     }
 }
 
@@ -119,6 +121,7 @@ void frmEditor::GetVKSDUTGlobActions(ModuleLists& store) {
 void frmEditor::TakeLists(const ModuleLists& lists) {
     const std::shared_ptr<frmEditor> alive = shared_from_this();
     Guarded(x_parts.context, [&](const Statements& stmt) {
+        const OwnWork work = stmt([&] { return OwnWork(x_parts); });
         const std::shared_ptr<EngineState> engine = stmt([&] { return Required(x_parts.engine); });
         stmt([&] { RequireFreeModule(*engine, engine->Modul); });
         stmt([&] { CopyModule(x_parts.moduleKind, CopyFor::Store, lists, x_parts.lists); });
@@ -141,15 +144,19 @@ void frmEditor::ShowModule(const Statements& stmt) {
 void frmEditor::LoadEditor(aceModul moduleKind, const std::shared_ptr<EngineState>& engine) {
     const std::shared_ptr<frmEditor> alive = shared_from_this();
     const auto message = [&] { return L"Modul = " + IntegerText(moduleKind); };
+    const bool isRefused = x_parts.isAtWork;
     try {
         Logged(x_parts.context, LoadLines, message, [&](const Statements& stmt) {
+            const OwnWork work = stmt([&] { return OwnWork(x_parts); });
             x_parts.moduleKind = moduleKind;
             x_parts.engine = engine;
             stmt([&] { CopyModule(moduleKind, CopyFor::Editor, *engine, x_parts.lists); });
             BuildTree(x_parts, stmt);
         });
     } catch (...) {
-        DropHalfBuilt();
+        if (!isRefused) {
+            DropHalfBuilt();
+        }
         throw;
     }
 }
@@ -183,7 +190,9 @@ void frmEditor::ListEvents::DoubleClicked() {
 }
 
 std::shared_ptr<IEditor> MakeEditor(ThreadContext& context) {
-    return std::make_shared<frmEditor>(context);
+    const auto editor = std::make_shared<frmEditor>(context);
+    editor->Parts().form = editor;
+    return editor;
 }
 
 }  // namespace ace

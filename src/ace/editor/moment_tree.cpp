@@ -10,8 +10,8 @@ namespace ace {
 namespace {
 
 /// The node of a key; error 91 when it is missing.
-TreeNode NodeOf(ITreeControl& tree, const String& key) {
-    const TreeNode node = tree.Find(key);
+TreeNode NodeOf(const EditorParts& parts, const String& key) {
+    const TreeNode node = ViewOf(parts).Find(key);
     if (!node) {
         Raise(Errors::ObjectNotSet);
     }
@@ -20,55 +20,54 @@ TreeNode NodeOf(ITreeControl& tree, const String& key) {
 
 // ---- lines ---------------------------------------------------------------------------------
 
-void RemoveLines(const Statements& stmt, ITreeControl& tree, TreeNode moment) {
-    const auto first = [&] { return stmt([&] { return tree.FirstChild(moment); }); };
+void RemoveLines(const EditorParts& parts, const Statements& stmt, TreeNode moment) {
+    const auto first = [&] { return stmt([&] { return ViewOf(parts).FirstChild(moment); }); };
     for (TreeNode line = first(); line; line = first()) {
-        stmt([&] { tree.Remove(line); });
+        stmt([&] { ViewOf(parts).Remove(line); });
     }
 }
 
-void AddLine(EditorParts& parts, ITreeControl& tree, TreeNode moment, const String& momentKey,
-             const p_Action& action, std::int32_t index) {
+void AddLine(EditorParts& parts, TreeNode moment, const String& momentKey, const p_Action& action,
+             std::int32_t index) {
     const std::optional<String> text = TreeText(parts.context, parts.moduleKind, action);
     if (text) {
-        tree.AddChild(moment, KeyOfLine(index, momentKey), *text,
-                      String(FindActionKind(action.ActionType)->icon));
+        ViewOf(parts).AddChild(moment, KeyOfLine(index, momentKey), *text,
+                               String(FindActionKind(action.ActionType)->icon));
     }
 }
 
-void AddLines(EditorParts& parts, const Statements& stmt, ITreeControl& tree, TreeNode moment,
-              const String& momentKey, const DynArray<p_Action>& actions) {
+void AddLines(EditorParts& parts, const Statements& stmt, TreeNode moment, const String& momentKey,
+              const DynArray<p_Action>& actions) {
     if (!actions.IsAllocated()) {
         return;
     }
     for (std::int32_t i = actions.LowerBound(); i <= actions.UpperBound(); ++i) {
-        stmt([&] { AddLine(parts, tree, moment, momentKey, actions[i], i); });
+        stmt([&] { AddLine(parts, moment, momentKey, actions[i], i); });
     }
 }
 
 /// A control of the kind that hosts know redraws a group when it is closed and opened again.
 /// Intentional: it is open afterwards.
-void RedrawParent(const Statements& stmt, ITreeControl& tree, TreeNode moment) {
-    const TreeNode group = stmt([&] { return tree.Parent(moment); });
+void RedrawParent(const EditorParts& parts, const Statements& stmt, TreeNode moment) {
+    const TreeNode group = stmt([&] { return ViewOf(parts).Parent(moment); });
     if (group) {
-        stmt([&] { tree.SetExpanded(group, false); });
-        stmt([&] { tree.SetExpanded(group, true); });
+        stmt([&] { ViewOf(parts).SetExpanded(group, false); });
+        stmt([&] { ViewOf(parts).SetExpanded(group, true); });
     }
 }
 
 void ReplaceLines(EditorParts& parts, const Statements& stmt, const MomentRow& row,
                   const DynArray<p_Action>& actions, Boolean expanded, std::int32_t number) {
     const String key = KeyOfMoment(row, number);
-    ITreeControl& tree = stmt([&]() -> ITreeControl& { return ViewOf(parts); });
-    const TreeNode moment = stmt([&] { return tree.Find(key); });
+    const TreeNode moment = stmt([&] { return ViewOf(parts).Find(key); });
     if (!moment) {
         return;
     }
-    RemoveLines(stmt, tree, moment);
-    AddLines(parts, stmt, tree, moment, key, actions);
-    stmt([&] { tree.SetExpanded(moment, expanded); });
+    RemoveLines(parts, stmt, moment);
+    AddLines(parts, stmt, moment, key, actions);
+    stmt([&] { ViewOf(parts).SetExpanded(moment, expanded); });
     if (parts.moduleKind == aceVKSTemplate) {
-        RedrawParent(stmt, tree, moment);
+        RedrawParent(parts, stmt, moment);
     }
 }
 
@@ -80,16 +79,16 @@ String CaptionText(ThreadContext& context, const NodeCaption& caption) {
 }
 
 TreeNode AddNode(EditorParts& parts, const PlannedNode& planned) {
-    ITreeControl& tree = ViewOf(parts);
     const String caption = CaptionText(parts.context, planned.caption);
     const String icon(planned.icon);
     if (planned.isSibling) {
-        return tree.AddSibling(NodeOf(tree, String(StartKey)), planned.key, caption, icon);
+        return ViewOf(parts).AddSibling(NodeOf(parts, String(StartKey)), planned.key, caption,
+                                        icon);
     }
     if (planned.parent.empty()) {
-        return tree.AddRoot(planned.key, caption, icon);
+        return ViewOf(parts).AddRoot(planned.key, caption, icon);
     }
-    return tree.AddChild(NodeOf(tree, planned.parent), planned.key, caption, icon);
+    return ViewOf(parts).AddChild(NodeOf(parts, planned.parent), planned.key, caption, icon);
 }
 
 void AddWithLines(EditorParts& parts, const Statements& stmt, const PlannedNode& planned) {
@@ -119,9 +118,8 @@ void ShowRows(EditorParts& parts, const Statements& stmt) {
 }
 
 void ExpandAll(EditorParts& parts, const Statements& stmt) {
-    ITreeControl& tree = stmt([&]() -> ITreeControl& { return ViewOf(parts); });
-    for (const TreeNode node : stmt([&] { return tree.Nodes(); })) {
-        stmt([&] { tree.SetExpanded(node, true); });
+    for (const TreeNode node : stmt([&] { return ViewOf(parts).Nodes(); })) {
+        stmt([&] { ViewOf(parts).SetExpanded(node, true); });
     }
 }
 
@@ -141,22 +139,22 @@ constexpr StringView SubrangeKeys[ModulCount] = {L"SUR", L"CHA", {},     L"STE",
                                                  L"TST", {},     L"TST", {}};
 
 /// From the root "ETE" on.
-void CollapseRoots(const Statements& stmt, ITreeControl& tree) {
-    TreeNode root = stmt([&] { return NodeOf(tree, String(StartKey)); });
+void CollapseRoots(const EditorParts& parts, const Statements& stmt) {
+    TreeNode root = stmt([&] { return NodeOf(parts, String(StartKey)); });
     while (root) {
-        stmt([&] { tree.SetExpanded(root, false); });
-        root = stmt([&] { return tree.NextSibling(root); });
+        stmt([&] { ViewOf(parts).SetExpanded(root, false); });
+        root = stmt([&] { return ViewOf(parts).NextSibling(root); });
     }
 }
 
-void SelectAndExpand(const Statements& stmt, ITreeControl& tree, const String& key) {
-    const TreeNode node = stmt([&] { return NodeOf(tree, key); });
-    stmt([&] { tree.Select(node); });
-    stmt([&] { tree.SetExpanded(node, true); });
-    TreeNode child = stmt([&] { return tree.FirstChild(node); });
+void SelectAndExpand(const EditorParts& parts, const Statements& stmt, const String& key) {
+    const TreeNode node = stmt([&] { return NodeOf(parts, key); });
+    stmt([&] { ViewOf(parts).Select(node); });
+    stmt([&] { ViewOf(parts).SetExpanded(node, true); });
+    TreeNode child = stmt([&] { return ViewOf(parts).FirstChild(node); });
     while (child) {
-        stmt([&] { tree.SetExpanded(child, true); });
-        child = stmt([&] { return tree.NextSibling(child); });
+        stmt([&] { ViewOf(parts).SetExpanded(child, true); });
+        child = stmt([&] { return ViewOf(parts).NextSibling(child); });
     }
 }
 
@@ -195,14 +193,14 @@ void DisplayTree(EditorParts& parts, p_PerformTimes PerfTime, const DynArray<p_A
 void SetSubrange(EditorParts& parts, std::int32_t Number) {
     const auto message = [&] { return L"Number = " + IntegerText(Number); };
     Logged(parts.context, EditorLines(L"SetSubrange"), message, [&](const Statements& stmt) {
-        ITreeControl& tree = stmt([&]() -> ITreeControl& { return ViewOf(parts); });
+        stmt([&] { ViewOf(parts); });
         if (parts.moduleKind != aceEMSAutoTemplate) {
-            CollapseRoots(stmt, tree);
+            CollapseRoots(parts, stmt);
         }
         const bool isMember = FindModule(parts.moduleKind) != nullptr;
         const StringView letters = isMember ? SubrangeKeys[parts.moduleKind] : StringView();
         if (Number >= 0 && !letters.empty()) {
-            SelectAndExpand(stmt, tree, String(letters) + IntegerText(Number));
+            SelectAndExpand(parts, stmt, String(letters) + IntegerText(Number));
         }
     });
 }

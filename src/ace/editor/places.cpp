@@ -50,23 +50,24 @@ bool HasNumber(aceModul moduleKind, p_PerformTimes time) {
     return !isOfTest || moduleKind == aceTSTemplate || moduleKind == aceVKSTemplate;
 }
 
-std::int32_t PlaceAmongSiblings(ITreeControl& tree, TreeNode parent, TreeNode node) {
+std::int32_t PlaceAmongSiblings(const EditorParts& parts, TreeNode parent, TreeNode node) {
     std::int32_t place = 1;
-    for (TreeNode at = tree.FirstChild(parent); at && at != node; at = tree.NextSibling(at)) {
+    for (TreeNode at = ViewOf(parts).FirstChild(parent); at && at != node;
+         at = ViewOf(parts).NextSibling(at)) {
         ++place;
     }
     return place;
 }
 
-void PlaceOfLine(ITreeControl& tree, TreeNode node, Place& place) {
-    const TreeNode parent = tree.Parent(node);
-    const String key = tree.Key(parent);
+void PlaceOfLine(const EditorParts& parts, TreeNode node, Place& place) {
+    const TreeNode parent = ViewOf(parts).Parent(node);
+    const String key = ViewOf(parts).Key(parent);
     place.time = TimeOfKey(key).value_or(place.time);
     place.subrange = NumberOfKey(key);
-    place.position = PlaceAmongSiblings(tree, parent, node);
+    place.position = PlaceAmongSiblings(parts, parent, node);
 }
 
-void PlaceOfGroup(ITreeControl& tree, TreeNode node, StringView key, Place& place) {
+void PlaceOfGroup(const EditorParts& parts, TreeNode node, StringView key, Place& place) {
     const GroupRow* const group = FindGroup(key);
     if (group == nullptr) {
         return;
@@ -75,25 +76,24 @@ void PlaceOfGroup(ITreeControl& tree, TreeNode node, StringView key, Place& plac
     if (group->hasNumber) {
         place.subrange = NumberOfKey(key);
     }
-    const TreeNode first = tree.FirstChild(node);
-    if (first && tree.Key(first).starts_with(group->firstChild)) {
-        place.position = tree.ChildCount(first);
+    const TreeNode first = ViewOf(parts).FirstChild(node);
+    if (first && ViewOf(parts).Key(first).starts_with(group->firstChild)) {
+        place.position = ViewOf(parts).ChildCount(first);
     }
 }
 
 void FindPosition(EditorParts& parts, TreeNode node, Place& place) {
-    ITreeControl& tree = ViewOf(parts);
-    const String key = tree.Key(node);
+    const String key = ViewOf(parts).Key(node);
     if (IsLineKey(key)) {
-        PlaceOfLine(tree, node, place);
+        PlaceOfLine(parts, node, place);
     } else if (const std::optional<p_PerformTimes> time = TimeOfKey(key)) {
         place.time = *time;
         if (HasNumber(parts.moduleKind, *time)) {
             place.subrange = NumberOfKey(key);
         }
-        place.position = tree.ChildCount(node);
+        place.position = ViewOf(parts).ChildCount(node);
     } else {
-        PlaceOfGroup(tree, node, key, place);
+        PlaceOfGroup(parts, node, key, place);
     }
 }
 

@@ -1,0 +1,327 @@
+/// Whatever the host does in any call while the editor works: memory stays sound, the outcome is an
+/// error or an answer, and the editor opens again. Trees, lists, language data and trace logs let
+/// no messages run, but a host may have its own view of that. A sample runs by default; ACE_PROVE=1
+/// in the environment runs all, and ACE_SEED another sample.
+#include <ace/editor/edit_operations.h>
+#include <ace/editor/frm_editor.h>
+
+#include "sim/sim_list.h"
+#include "sim/sim_tree.h"
+#include "support/every_operation.h"
+#include "support/list_agreement.h"
+#include "support/sample.h"
+
+namespace ace::test {
+namespace {
+
+/// Two lines and a device with a section of its own in every list.
+p_Subrange ThreeActions() {
+    p_Subrange set;
+    for (const ListFields& list : ActionLists) {
+        Fill(set, list, {Tell(L"Close the door"), OnDevice(atSetDevice, L"EUT"), WaitFor(5)});
+    }
+    return set;
+}
+
+/// An engine of one module whose editor is open, and a second pair of controls.
+class OpenEditor {
+  public:
+    explicit OpenEditor(aceModul moduleKind) {
+        host->journal.KeepNone();
+        host->tracing = true;
+        host->files[L"lists.ini"] = sim::ParseSections(L"[ActionsOnTest]\nNumOfEnterActions=0\n");
+        host->files[L"damaged.ini"] = sim::ParseSections(L"[ActionsOnTest]\nstray\n");
+        host->files[L"empty.ini"] = {};
+        for (String& name : context.ModuleFileNames) {
+            name = L"lists.ini";
+        }
+        EngineState& state = engine->State();
+        FillModule(state, moduleKind, ThreeActions());
+        state.VKSHostUKeys = state.VKSTestUKeys;
+        state.VKSHostNames = state.VKSTestUKeys;
+        if (moduleKind == aceVKSDUT) {
+            FillTables();
+        }
+        engine->LoadEditor(list.get(), tree.get());
+        Hold(Parts()->held, OnDevice(atSetDevice, L"EUT"));
+    }
+    ~OpenEditor() { host->beforeCall = nullptr; }
+    OpenEditor(const OpenEditor&) = delete;
+    OpenEditor& operator=(const OpenEditor&) = delete;
+
+    /// None when there is no editor.
+    EditorParts* Parts() const {
+        const auto form = std::dynamic_pointer_cast<frmEditor>(context.Editor);
+        return form ? &form->Parts() : nullptr;
+    }
+    void Select(const String& key) const { tree->Select(tree->Find(key)); }
+    /// A host may let go of a control that is linked, but not in a call on such a control.
+    void EndTree() {
+        for (auto* const one : {&tree, &otherTree}) {
+            if (Parts() != nullptr && *one && Parts()->m_View == one->get() &&
+                !operation.starts_with(L"Tree.")) {
+                one->reset();
+            }
+        }
+    }
+    void EndList() {
+        for (auto* const one : {&list, &otherList}) {
+            if (Parts() != nullptr && *one && Parts()->m_List == one->get() &&
+                !operation.starts_with(L"List.")) {
+                one->reset();
+            }
+        }
+    }
+
+    String operation;  ///< the call of the host that is in progress
+
+    std::shared_ptr<KindsHost> host = std::make_shared<KindsHost>();
+    ThreadContext context{host};
+    std::unique_ptr<aceActionsEngine> engine = std::make_unique<aceActionsEngine>(context);
+    std::unique_ptr<sim::SimTree> tree = std::make_unique<sim::SimTree>(*host);
+    std::unique_ptr<sim::SimList> list = std::make_unique<sim::SimList>(*host);
+    std::unique_ptr<sim::SimTree> otherTree = std::make_unique<sim::SimTree>(*host);
+    std::unique_ptr<sim::SimList> otherList = std::make_unique<sim::SimList>(*host);
+
+  private:
+    /// By frequency, so that rows show.
+    void FillTables() const {
+        EngineState& state = engine->State();
+        state.VKSDUTTemplate = 0;
+        state.VKSInfByBandwidth = state.VKSInfByPower = false;
+        engine->AddVKSDUTFreq(L"2.4 GHz", 2.4e9);
+        engine->AddVKSDUTFreq(L"5 GHz", 5e9);
+    }
+};
+
+// ---- what the editor is at ---------------------------------------------------------------------
+
+struct EditorWork {
+    const char* name;
+    aceModul moduleKind;
+    StringView selected;
+    void (*run)(OpenEditor& open);
+};
+
+void OpenOther(OpenEditor& open) {
+    open.engine->LoadEditor(open.otherList.get(), open.otherTree.get());
+}
+void OpenAgain(OpenEditor& open) {
+    open.context.Editor->LoadEditor(open.engine->State().Modul,
+                                    open.engine->State().shared_from_this());
+}
+void Add(OpenEditor& open) {
+    AddAction(*open.Parts(), true);
+}
+void Delete(OpenEditor& open) {
+    DeleteAction(*open.Parts());
+}
+void Modify(OpenEditor& open) {
+    Hold(open.Parts()->held, WaitFor(7));
+    ModifyAction(*open.Parts());
+}
+void TakeOther(OpenEditor& open) {
+    const ModuleLists lists = open.Parts()->lists;
+    open.context.Editor->TakeLists(lists);
+}
+
+const EditorWork Works[] = {
+    {"LoadEditor of a template", aceTemplate, {}, OpenOther},
+    {"LoadEditor of monitoring", aceMonitoring, {}, OpenOther},
+    {"LoadEditor of wireless tests", aceVKSTemplate, {}, OpenOther},
+    {"LoadEditor of a matrix", aceVKSDUT, {}, OpenOther},
+    {"building the tree again", aceTemplate, {}, OpenAgain},
+    {"building the wireless tree again", aceVKSTemplate, {}, OpenAgain},
+    {"building the matrix again", aceVKSDUT, {}, OpenAgain},
+    {"AddAction", aceTemplate, L"ESR1", Add},
+    {"AddAction on a line", aceVKSTemplate, L"CHI1STE0", Add},
+    {"AddAction on a group", aceMonitoring, L"CHA1", Add},
+    {"ModifyAction", aceTemplate, L"CHI0LSR0", Modify},
+    {"DeleteAction", aceMonitoring, L"CHI1TRI1", Delete},
+    {"DeleteAction of a group", aceMonitoring, L"CHA0", Delete},
+    {"DeleteAction of a row", aceVKSDUT, L"STE1", Delete},
+    {"MoveAction",
+     aceTemplate,
+     {},
+     [](OpenEditor& open) { MoveAction(*open.Parts(), ptEnterSubRange, 0, 0, 2); }},
+    {"GetAction", aceTemplate, L"CHI2ESR0", [](OpenEditor& open) { GetAction(*open.Parts()); }},
+    {"SetSubrange",
+     aceTemplate,
+     {},
+     [](OpenEditor& open) { open.engine->EditorSelectSubrange(2); }},
+    {"TakeLists", aceEMIAutoTemplate, {}, TakeOther},
+    {"AddSubrange", aceTemplate, {}, [](OpenEditor& open) { open.engine->AddSubrange(2); }},
+    {"MoveSubrange", aceTSTemplate, {}, [](OpenEditor& open) { open.engine->MoveSubrange(1, 2); }},
+    {"Release", aceTemplate, {}, [](OpenEditor& open) { open.engine->Release(); }},
+};
+
+// ---- what the host does meanwhile --------------------------------------------------------------
+
+struct HostAct {
+    const char* name;
+    void (*call)(OpenEditor& open);
+};
+
+template <void (*Edit)(EditorParts& parts)>
+void OnParts(OpenEditor& open) {
+    if (EditorParts* const parts = open.Parts()) {
+        Edit(*parts);
+    }
+}
+
+const HostAct Acts[] = {
+    {"LoadEditor", [](auto& open) { open.engine->LoadEditor(open.list.get(), open.tree.get()); }},
+    {"LoadEditor with other controls", OpenOther},
+    {"LoadEditor of another engine",
+     [](auto& open) {
+         aceActionsEngine(open.context).LoadEditor(open.list.get(), open.tree.get());
+     }},
+    {"Release", [](auto& open) { open.engine->Release(); }},
+    {"Release and LoadEditor",
+     [](auto& open) {
+         open.engine->Release();
+         OpenOther(open);
+     }},
+    {"the end of the engine", [](auto& open) { open.engine.reset(); }},
+    {"Release and the end of the engine",
+     [](auto& open) {
+         open.engine->Release();
+         open.engine.reset();
+     }},
+    {"the end of the tree", [](auto& open) { open.EndTree(); }},
+    {"the end of the list", [](auto& open) { open.EndList(); }},
+    {"the end of both controls and Release",
+     [](auto& open) {
+         open.EndTree();
+         open.EndList();
+         open.engine->Release();
+     }},
+    {"AddSubrange", [](auto& open) { open.engine->AddSubrange(1, L"T9"); }},
+    {"DeleteSubrange", [](auto& open) { open.engine->DeleteSubrange(1, FirstTest); }},
+    {"Change true", [](auto& open) { open.engine->Change(true); }},
+    {"EditorSelectSubrange", [](auto& open) { open.engine->EditorSelectSubrange(1); }},
+    {"AddAction", OnParts<[](EditorParts& parts) { AddAction(parts, true); }>},
+    {"ModifyAction", OnParts<ModifyAction>},
+    {"DeleteAction", OnParts<DeleteAction>},
+    {"GetAction", OnParts<GetAction>},
+    {"MoveAction",
+     OnParts<[](EditorParts& parts) { MoveAction(parts, ptEnterSubRange, 1, 0, 1); }>},
+    {"TakeLists", TakeOther},
+};
+
+// ---- one run -----------------------------------------------------------------------------------
+
+/// A work of the editor on fresh lists; in its `place`-th call of the host, from 1, `act` runs
+/// once.
+class InterruptedWork {
+  public:
+    explicit InterruptedWork(const EditorWork& work) : x_work(work), x_open(work.moduleKind) {
+        if (!work.selected.empty()) {
+            x_open.Select(String(work.selected));
+        }
+    }
+    /// The place of no call.
+    static constexpr std::size_t Never = 0;
+
+    /// Calls of the host so far.
+    std::size_t Calls() const { return x_calls; }
+    /// What the host did in the midst ended with error 10.
+    bool WasRefused() const { return x_wasRefused; }
+    template <class Act>
+    void Run(std::size_t place, const char* name, Act&& act) {
+        SCOPED_TRACE(std::string(name) + " in " + x_work.name + ", call " + std::to_string(place));
+        x_open.host->beforeCall = [&](StringView operation, const auto&) {
+            if (++x_calls > MostCalls) {
+                throw RunTimeError(TooManyCalls, L"this work does not end");
+            }
+            if (x_calls == place) {
+                x_open.operation = operation;
+                Interrupt(act);
+            }
+        };
+        EXPECT_NE(ErrorOf([&] { x_work.run(x_open); }), TooManyCalls);
+        x_open.host->beforeCall = nullptr;
+        EXPECT_TRUE(x_calls >= place || place == Never);
+        Judge();
+    }
+
+  private:
+    static constexpr std::size_t MostCalls = 100000;
+    static constexpr std::int32_t TooManyCalls = 9999;
+
+    /// What is refused leaves the editor's lists as they were.
+    template <class Act>
+    void Interrupt(Act& act) {
+        std::optional<ModuleLists> before;
+        if (x_open.Parts() != nullptr) {
+            before = x_open.Parts()->lists;
+        }
+        x_wasRefused = ErrorOf([&] { act(x_open); }) == Errors::ArrayInUse;
+        if (x_wasRefused && before && x_open.Parts() != nullptr) {
+            EXPECT_TRUE(x_open.Parts()->lists == *before);
+        }
+    }
+    void Judge() {
+        if (x_open.Parts() != nullptr) {
+            EXPECT_THAT(ListAgreement::Breaches(x_open.Parts()->lists), ::testing::IsEmpty());
+        }
+        if (x_open.engine) {
+            EXPECT_THAT(ListAgreement::Breaches(x_open.engine->State()), ::testing::IsEmpty());
+        }
+        aceActionsEngine fresh(x_open.context);
+        FillModule(fresh.State(), aceTemplate, ThreeActions());
+        sim::SimTree tree(*x_open.host);
+        sim::SimList list(*x_open.host);
+        EXPECT_EQ(ErrorOf([&] { fresh.LoadEditor(&list, &tree); }), 0);
+        tree.Select(tree.Find(L"CHI2ESR1"));
+        EXPECT_EQ(ErrorOf([&] { DeleteAction(*x_open.Parts()); }), 0);
+        EXPECT_EQ(fresh.State().MainSubranges[1].EnterCount, 2);
+        fresh.Release();
+    }
+
+    const EditorWork& x_work;
+    OpenEditor x_open;
+    std::size_t x_calls = 0;
+    bool x_wasRefused = false;
+};
+
+std::size_t CallsOf(const EditorWork& work) {
+    InterruptedWork undisturbed(work);
+    undisturbed.Run(InterruptedWork::Never, "nothing", [](OpenEditor&) {});
+    return undisturbed.Calls();
+}
+
+TEST(EditorReentry, WhateverTheHostDoesWithTheEditorInAnyOfItsCallsMemoryStaysSound) {
+    Sample sample(60);
+    std::size_t refused = 0;
+    for (const EditorWork& work : Works) {
+        const std::size_t calls = CallsOf(work);
+        EXPECT_GE(calls, 1U) << work.name;
+        for (std::size_t i = 0; i < calls * std::size(Acts); ++i) {
+            if (sample.Takes()) {
+                const HostAct& act = Acts[i % std::size(Acts)];
+                InterruptedWork run(work);
+                run.Run(i / std::size(Acts) + 1, act.name, act.call);
+                refused += run.WasRefused() ? 1U : 0U;
+            }
+        }
+    }
+    EXPECT_GT(refused, 0U) << "a sample without a refused call proves little";
+}
+
+TEST(EditorReentry, EveryOperationOfTheEngineInAnyOfItsCallsDoesSoToo) {
+    Sample sample(1000);
+    for (const EditorWork& work : Works) {
+        const std::size_t calls = CallsOf(work);
+        for (std::size_t i = 0; i < calls * std::size(EveryOperation); ++i) {
+            if (sample.Takes()) {
+                const OperationRow& row = EveryOperation[i % std::size(EveryOperation)];
+                InterruptedWork(work).Run(i / std::size(EveryOperation) + 1, row.name,
+                                          [&](OpenEditor& open) { row.call(*open.engine); });
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace ace::test
