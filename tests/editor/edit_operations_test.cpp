@@ -354,6 +354,31 @@ TEST_F(EditOperations, TheCountOfTheListIsThatOfItsEntriesAndNotOfItsLines) {
     EXPECT_EQ(index, 1);
 }
 
+TEST_F(EditOperations, AnEmptyMomentHasNoLineInItsList) {
+    OpenThreeWaits();
+    Select(L"LTE");
+    std::int32_t count = 77;
+    std::int32_t index = 77;
+    GetSelectedList(Parts(), count, index);
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(index, -1);
+    HoldNew(Tell(L"before"));
+    EXPECT_EQ(ErrorOf([&] { GetAction(Parts()); }), 9);
+    EXPECT_EQ(Parts().held.Action, Tell(L"before"));
+}
+
+TEST_F(EditOperations, ALineOfTheHostsOwnHasNoEntryInTheList) {
+    OpenThreeWaits();
+    tree.AddChild(tree.Find(L"ETE"), L"CHI9ETE", L"", L"");
+    Select(L"CHI9ETE");
+    EXPECT_EQ(ErrorOf([&] { ModifyAction(Parts()); }), 9);
+    EXPECT_EQ(ErrorOf([&] { GetAction(Parts()); }), 9);
+    EXPECT_FALSE(engine->Change());
+    HoldNew(WaitFor(9000));
+    AddAction(Parts(), true);
+    ExpectStart({WaitFor(1000), WaitFor(2000), WaitFor(3000), WaitFor(9000)});
+}
+
 TEST_F(EditOperations, TheTwoThatOnlyLookWriteTraceLinesToo) {
     Trace(L"CHI1ETE");
     GetAction(Parts());

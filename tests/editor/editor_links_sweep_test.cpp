@@ -97,6 +97,64 @@ Steps TakeSteps() {
                      left);
 }
 
+// ---- wireless trees ----------------------------------------------------------------------------
+
+/// A load of an editor whose form is ready, around the building of a tree that shows no list. The
+/// last of the kinds on offer have words of their own.
+Steps LoadAround(const Steps& build, int texts, int words, const String& tree) {
+    const String closed = Links(L"0[]", None, None);
+    const String open = Links(L"0[]", L"linked " + tree, L"linked");
+    Steps offered = Raised(1, {L"List.SetEvents"}, Links(L"0[]", L"linked " + tree, None)) +
+                    Raised(1, {L"List.SetUp", L"List.Clear"}, open);
+    for (int kind = 0; kind < texts; ++kind) {
+        offered = offered + Raised(1, {L"Language.Text", L"List.Add"}, open);
+    }
+    for (int kind = 0; kind < words; ++kind) {
+        offered = offered + Raised(1, {L"List.Add"}, open);
+    }
+    return Raised(1, {L"TraceLog.IsEnabled", L"Tree.SetEvents"}, closed) +
+           Raised(1, {L"Tree.SetUp"}, Links(L"0[]", L"linked", None)) +
+           Operation(2, closed, Raised(2, {L"Tree.SetRootsSorted", L"Tree.Clear"}, closed) + build,
+                     closed) +
+           offered + Raised(1, {L"TraceLog.IsEnabled"}, open);
+}
+
+/// A moment without actions is shown, and what follows behind it.
+Steps EmptyDisplay(const std::vector<String>& behind) {
+    const String left = Links(L"0[]", None, None);
+    return Operation(3, left,
+                     Raised(3, {L"Tree.Find", L"Tree.FirstChild", L"Tree.SetExpanded"}, left) +
+                         Raised(3, behind, left),
+                     left);
+}
+/// A node, and its moment in a wireless template, whose group is closed and opened again.
+Steps WirelessNode(const std::vector<String>& calls, bool isInGroup) {
+    const std::vector<String> redrawn = {L"Tree.Parent", L"Tree.SetExpanded", L"Tree.SetExpanded"};
+    return Raised(2, calls, Links(L"0[]", None, None)) +
+           EmptyDisplay(isInGroup ? redrawn : std::vector<String>{L"Tree.Parent"});
+}
+Steps LoadWirelessSteps() {
+    const std::vector<String> child = {L"Language.Text", L"Tree.Find", L"Tree.AddChild"};
+    const Steps build =
+        WirelessNode({L"Language.Text", L"Tree.AddRoot"}, false) +
+        Raised(2, {L"Tree.AddRoot"}, Links(L"0[]", None, None)) + WirelessNode(child, true) +
+        WirelessNode({L"Tree.Find", L"Tree.AddChild"}, true) + WirelessNode(child, true) +
+        WirelessNode({L"Language.Text", L"Tree.Find", L"Tree.AddSibling"}, false);
+    return LoadAround(build, 7, 2, L"ETE TST0+ BFT0 STE0 ATT0 LTE");
+}
+
+/// A group of one frequency with a leaf for its one bandwidth.
+Steps LoadMatrixSteps() {
+    const Steps build = Raised(2,
+                               {L"Tree.AddRoot", L"Tree.SetChildrenSorted", L"Tree.Find",
+                                L"Tree.AddChild", L"Tree.SetRootsSorted"},
+                               Links(L"0[]", None, None)) +
+                        EmptyDisplay({}) +
+                        Raised(2, {L"Tree.Nodes", L"Tree.SetExpanded", L"Tree.SetExpanded"},
+                               Links(L"0[]", None, None));
+    return LoadAround(build, 7, 0, L"TST0_-1_-1+ STE0+");
+}
+
 // ---- selecting ---------------------------------------------------------------------------------
 
 /// A template with one subrange, where all four roots are expanded.
@@ -136,6 +194,29 @@ void PrepareForm(SweepRig& rig) {
     rig.context.Editor->Load();
     ControlsOf(rig).form = rig.context.Editor;
 }
+/// A wireless test with a step.
+void PrepareWireless(SweepRig& rig) {
+    PrepareForm(rig);
+    EngineState& state = rig.engine->State();
+    FillModule(state, aceVKSTemplate, {});
+    state.VKSTestCount = state.VKSStepCount = 1;
+    state.VKSHostUKeys = state.VKSHostNames = state.VKSTestUKeys;
+}
+/// A matrix with a row of 2.4 GHz in its only bandwidth.
+void PrepareMatrix(SweepRig& rig) {
+    PrepareForm(rig);
+    EngineState& state = rig.engine->State();
+    FillModule(state, aceVKSDUT, {});
+    state.VKSDUTTemplate = 0;
+    state.VKSInfByBandwidth = true;
+    state.VKSStepCount = state.VKSDUTFreqCount = state.VKSDUTBandwidthCount = 1;
+    state.VKSDUTIds(0, 0) = 2.4e9;
+    state.VKSDUTIds(0, 1) = 0.0;
+    state.VKSDUTFreqs.Redim(0, 0);
+    state.VKSDUTFreqs[0] = 2.4e9;
+    state.VKSDUTFreqNames.Redim(0, 0);
+    state.VKSDUTBandwidthNames.Redim(0, 0);
+}
 void Load(SweepRig& rig) {
     rig.engine->LoadEditor(&ControlsOf(rig).list, &ControlsOf(rig).tree);
 }
@@ -166,6 +247,8 @@ std::vector<SweepRow> Rows() {
     return {
         {"LoadEditor", PrepareForm, Load, LinksLeft, LoadSteps(), true, false},
         {"LoadEditorAgain", PrepareOpen, Load, LinksLeft, LoadAgainSteps(), true, false},
+        {"LoadWireless", PrepareWireless, Load, LinksLeft, LoadWirelessSteps(), true, false},
+        {"LoadMatrix", PrepareMatrix, Load, LinksLeft, LoadMatrixSteps(), true, false},
         {"TakeLists", PrepareOpen, Take, TakenLeft, TakeSteps(), false},
         {"EditorSelectSubrange", PrepareTemplate,
          [](SweepRig& rig) { rig.engine->EditorSelectSubrange(1); }, LinksLeft, SelectSteps()},

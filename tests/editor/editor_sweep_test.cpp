@@ -154,6 +154,37 @@ Steps GetListSteps() {
     return Begun(PositionOfFirstLine(left), left) + Raised(1, {L"TraceLog.IsEnabled"}, left);
 }
 
+// ---- groups ------------------------------------------------------------------------------------
+
+/// A template with one subrange, of which no start list tells; both its moments are empty.
+Steps ClearGroupSteps() {
+    const auto left = [](const String& tree) { return EditLeft(L"0[]", L"0[]", tree); };
+    const auto shown = [&](const String& tree, const String& collapsed) {
+        return Raised(
+                   2,
+                   {L"TraceLog.IsEnabled", L"Tree.Find", L"Tree.FirstChild", L"Tree.SetExpanded"},
+                   left(tree)) +
+               Raised(2, {L"TraceLog.IsEnabled"}, left(collapsed));
+    };
+    const String before = L"ETE EFR SUR0* ESR0+ LSR0+ LTE";
+    const String half = L"ETE EFR SUR0* ESR0 LSR0+ LTE";
+    const String after = L"ETE EFR SUR0* ESR0 LSR0 LTE";
+    return Raised(1, {L"TraceLog.IsEnabled", L"Tree.Selected", L"Tree.Key"}, left(before)) +
+           shown(before, half) + shown(half, after) +
+           Raised(1, {L"TraceLog.IsEnabled"}, left(after));
+}
+/// The subrange stands for the first of its moments.
+Steps GetGroupSteps() {
+    const String left = EditLeft(L"0[]", L"0[]", L"ETE EFR SUR0* ESR0+ LSR0+ LTE");
+    return Begun(Operation(
+                     2, left,
+                     Raised(2, {L"Tree.Key", L"Tree.FirstChild", L"Tree.Key", L"Tree.ChildCount"},
+                            left),
+                     left),
+                 left) +
+           Raised(1, {L"TraceLog.IsEnabled"}, left);
+}
+
 // ---- rows --------------------------------------------------------------------------------------
 
 void PrepareMoment(SweepRig& rig) {
@@ -172,6 +203,15 @@ void PrepareLine(SweepRig& rig) {
 void PrepareDevice(SweepRig& rig) {
     const p_Action device = OnDevice(atSetDevice, L"Generator");
     OpenHolding(rig, {device}, L"ETE", device);
+}
+void PrepareSubrange(SweepRig& rig) {
+    MakeClosed(rig, {}, aceTemplate);
+    rig.engine->State().MainSubranges.Redim(0, 0);
+    rig.engine->State().MainSubrangeCount = 1;
+    Open(rig, L"SUR0");
+    sim::SimTree& tree = ControlsOf(rig).tree;
+    tree.SetExpanded(tree.Find(L"ESR0"), true);
+    tree.SetExpanded(tree.Find(L"LSR0"), true);
 }
 void LookAtTheList(SweepRig& rig) {
     std::int32_t count = 0;
@@ -206,6 +246,9 @@ std::vector<SweepRow> Rows() {
             "ClearMoment", PrepareMoment, [](auto& rig) { DeleteAction(PartsOf(rig)); },
             ClearSteps()),
         Edit(
+            "ClearSubrange", PrepareSubrange, [](auto& rig) { DeleteAction(PartsOf(rig)); },
+            ClearGroupSteps()),
+        Edit(
             "MoveAction", PrepareTwo, [](auto& rig) { Move(rig, 1); }, MoveSteps()),
         Edit(
             "MoveActionTraced", PrepareTracedMoment, [](auto& rig) { Move(rig, 0); },
@@ -213,6 +256,7 @@ std::vector<SweepRow> Rows() {
         {"GetAction", PrepareLine, [](SweepRig& rig) { GetAction(PartsOf(rig)); }, HeldLeft,
          GetSteps()},
         Edit("GetSelectedList", PrepareLine, LookAtTheList, GetListSteps()),
+        Edit("GetSelectedListOfAGroup", PrepareSubrange, LookAtTheList, GetGroupSteps()),
     };
 }
 
