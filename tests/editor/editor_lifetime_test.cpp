@@ -116,6 +116,34 @@ TEST_F(EditorLifetime, WithoutItsListOfKindsTheEditorWorksOn) {
     EXPECT_EQ(Store().MainTest.Enter[Store().MainTest.EnterCount - 1], Tell(L"late"));
 }
 
+// ---- a form that is used before it is open -----------------------------------------------------
+
+TEST_F(EditorLifetime, AFormThatWasNeverLoadedOffersTheKindsOfATemplate) {
+    const std::shared_ptr<IEditor> form = MakeEditor(context);
+    form->SetListControl(&list);
+    EXPECT_NE(list.Text().find(L"ACT:12 "), String::npos) << "amplifiers";
+    EXPECT_EQ(list.Text().find(L"ACT:5 "), String::npos) << "followers are those of emission";
+}
+
+TEST_F(EditorLifetime, ALoadOfAFormWithoutATreeTakesTheListsAndIsError91) {
+    const auto form = std::dynamic_pointer_cast<frmEditor>(MakeEditor(context));
+    form->SetListControl(&list);
+    const auto load = [&] { form->LoadEditor(aceTemplate, State().shared_from_this()); };
+    EXPECT_EQ(ErrorOf(load), 91);
+    EXPECT_EQ(form->Parts().lists.MainTest, Store().MainTest);
+    EXPECT_EQ(form->Parts().m_List, nullptr);
+}
+
+TEST_F(EditorLifetime, AModuleOutsideTheMembersHasAnEmptyTreeAndNoSubranges) {
+    Open(static_cast<aceModul>(99));
+    EXPECT_EQ(Tree(), Lines{});
+    tree.SetExpanded(tree.AddRoot(L"ETE", L"", L""), true);
+    tree.AddRoot(L"SUR0", L"", L"");
+    engine->EditorSelectSubrange(1);
+    EXPECT_FALSE(tree.IsExpanded(tree.Find(L"ETE")));
+    EXPECT_FALSE(tree.Selected());
+}
+
 // ---- Release -----------------------------------------------------------------------------------
 
 TEST_F(EditorLifetime, BehindAReleaseAChangeIsError91WithTheFlagSet) {

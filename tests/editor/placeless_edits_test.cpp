@@ -1,3 +1,5 @@
+#include <ace/editor/moment_tree.h>
+
 #include "editor/edited_moments.h"
 
 namespace ace::test {
@@ -105,6 +107,15 @@ TEST_F(PlacelessMoves, AMoveInAMomentThatTheModuleHasNotDoesNothing) {
     MoveAction(Parts(), ptEnterSubRange, 2, 0, 1);
     MoveAction(Parts(), ptEnterSubRange, -1, 0, 1);
     ExpectNothingDone(before);
+}
+
+TEST_F(PlacelessMoves, AMomentThatTheModuleHasNotIsShownNowhere) {
+    OpenModule(aceTemplate);
+    tree.AddRoot(L"STE0", L"", L"");
+    host->journal.Clear();
+    DisplayTree(Parts(), ptStep, Store().MainTest.Freq, true, 0);
+    EXPECT_EQ(host->journal.LinesOf(L"Tree"), Lines{});
+    EXPECT_EQ(LinesBelow(L"STE0"), Lines{});
 }
 
 TEST_F(PlacelessMoves, WithoutAnEngineAnAdditionIsError91BeforeAnythingIsInserted) {
