@@ -6,35 +6,59 @@
 
 namespace ace::test {
 
+inline aceNotify NotifyOf(const ModelRecord& record) {
+    aceNotify made;
+    made.Message = (record.isCapital ? L"M" : L"m") + std::to_wstring(record.content);
+    made.GeneratorOff = record.content % 2 != 0;
+    return made;
+}
+inline aceRemote RemoteOf(const ModelRecord& record) {
+    const String digits = std::to_wstring(record.content);
+    aceRemote made;
+    made.Command = record.content % 4 == 0 ? String() : L"c" + digits;
+    made.Iface = record.content % 3;
+    made.GpibAddress = 100 + record.content % 30;
+    made.SerComPort = made.TcpPort = record.content;
+    made.TcpHost = L"h" + digits;
+    made.Program = L"x\\p" + digits;
+    return made;
+}
+inline aceSetDevice DeviceOf(const ModelRecord& record) {
+    const String digits = std::to_wstring(record.content);
+    aceSetDevice made;
+    made.DevName = L"d" + digits;
+    made.ChanNo = record.section;
+    made.LastCheck = aceSetDevice::NeverChecked;
+    made.AmpState = record.content % 6;
+    made.Path = L"p" + digits;
+    return made;
+}
+inline aceTrackFreq TrackOf(const ModelRecord& record) {
+    const String digits = std::to_wstring(record.content);
+    aceTrackFreq made;
+    made.MoniName = L"o" + digits;
+    made.GenName = record.content % 2 != 0 ? L"g" + digits : String();
+    return made;
+}
+inline aceAPI MacroOf(const ModelRecord& record) {
+    aceAPI made;
+    made.Program = L"a" + std::to_wstring(record.content);
+    return made;
+}
 inline ActionParameter ParameterOf(int type, const ModelRecord& record) {
-    const std::int32_t content = record.content;
-    const String digits = std::to_wstring(content);
-    const bool isOdd = content % 2 != 0;
     switch (type) {
         case WaitRecord:
-            return aceWait{content * 1000.0};
+            return aceWait{record.content * 1000.0};
         case NotifyRecord:
-            return aceNotify{.Message = (record.isCapital ? L"M" : L"m") + digits,
-                             .GeneratorOff = isOdd};
+            return NotifyOf(record);
         case RemoteRecord:
-            return aceRemote{.Command = content % 4 == 0 ? String() : L"c" + digits,
-                             .Iface = content % 3,
-                             .GpibAddress = 100 + content % 30,
-                             .SerComPort = content,
-                             .TcpHost = L"h" + digits,
-                             .TcpPort = content,
-                             .Program = L"x\\p" + digits};
+            return RemoteOf(record);
         case DeviceRecord:
-            return aceSetDevice{.DevName = L"d" + digits,
-                                .ChanNo = record.section,
-                                .LastCheck = aceSetDevice::NeverChecked,
-                                .AmpState = content % 6,
-                                .Path = L"p" + digits};
+            return DeviceOf(record);
         case TrackRecord:
-            return aceTrackFreq{.MoniName = L"o" + digits,
-                                .GenName = isOdd ? L"g" + digits : String()};
+            return TrackOf(record);
         default:
-            return aceAPI{.Program = L"a" + digits};
+            return MacroOf(record);
     }
 }
 

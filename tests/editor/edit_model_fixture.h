@@ -57,15 +57,15 @@ class EditModelTest : public EditorTest, public ::testing::WithParamInterface<Ed
         }
         return action;
     }
-    void FillAtRandom(ModelList& list) {
+    void FillAtRandom(ModelList& actions) {
         for (int i = Draw(0, 3); i > 0; --i) {
-            list.push_back(DrawAction());
+            actions.push_back(DrawAction());
         }
     }
     void FillAtRandom(ModelSet& set) {
-        for (ModelList ModelSet::*list :
+        for (ModelList ModelSet::*actions :
              {&ModelSet::enter, &ModelSet::leave, &ModelSet::freq, &ModelSet::mlc}) {
-            FillAtRandom(set.*list);
+            FillAtRandom(set.*actions);
         }
     }
     void HoldBoth(const ModelAction& action) {
@@ -112,13 +112,14 @@ class EditModelTest : public EditorTest, public ::testing::WithParamInterface<Ed
         CompareSets(members.steps, model.steps);
     }
     /// Key and caption of each line below a moment.
-    std::vector<std::pair<String, String>> ExpectedLines(const ModelList& list, const String& key) {
+    std::vector<std::pair<String, String>> ExpectedLines(const ModelList& actions,
+                                                         const String& key) {
         std::vector<std::pair<String, String>> lines;
-        for (std::size_t i = 0; i < list.size(); ++i) {
-            if (list[i].IsVisible()) {
+        for (std::size_t i = 0; i < actions.size(); ++i) {
+            if (actions[i].IsVisible()) {
                 lines.emplace_back(L"CHI" + std::to_wstring(i) + key,
-                                   String(ModelTitles[list[i].kind]) +
-                                       DetailOf(list[i], model.module >= aceVKSTemplate));
+                                   String(ModelTitles[actions[i].kind]) +
+                                       DetailOf(actions[i], model.module >= aceVKSTemplate));
             }
         }
         return lines;

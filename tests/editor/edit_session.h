@@ -7,16 +7,16 @@ namespace ace::test {
 
 struct EditModel {
     int module = 0;
-    ModelSet first;
-    ModelSet second;
-    ModelSets numbered;
-    ModelSets steps;  ///< of wireless tests, or the rows of the matrix
+    ModelSet first{};
+    ModelSet second{};
+    ModelSets numbered{};
+    ModelSets steps{};  ///< of wireless tests, or the rows of the matrix
     bool change = false;
     int sectionCounter = 100;
-    std::map<int, std::wstring> sections;  ///< of devices, in the settings file
+    std::map<int, std::wstring> sections{};  ///< of devices, in the settings file
 
-    ModelAction held;
-    std::array<ModelRecord, RecordTypes> records;
+    ModelAction held{};
+    std::array<ModelRecord, RecordTypes> records{};
 
     static constexpr int OutOfBounds = 9;
     static constexpr int Mismatch = 13;

@@ -11,10 +11,10 @@ namespace ace::workbench {
 
 /// The arguments as the user wrote them, in UTF-8.
 struct SetUpArguments {
-    std::string file;
-    std::optional<std::string> module;
-    std::optional<std::string> subRanges;
-    std::optional<std::string> matrixTemplate;  ///< template number of a matrix
+    std::string file{};
+    std::optional<std::string> module{};
+    std::optional<std::string> subRanges{};
+    std::optional<std::string> matrixTemplate{};  ///< template number of a matrix
 };
 
 /// `CommandError` `WrongUse` for one that makes no sense.

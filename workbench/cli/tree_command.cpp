@@ -50,7 +50,7 @@ void AppendRows(ITreeControl& tree, std::vector<Row>& rows) {
         }
         rows.push_back(RowOf(tree, node, open.size()));
         for (const OpenNode& above : open) {
-            rows[above.row].actions += rows.back().isAction ? 1 : 0;
+            rows[above.row].actions += rows.back().isAction ? 1U : 0U;
         }
         open.push_back({node, rows.size() - 1});
         node = tree.FirstChild(node);
