@@ -119,13 +119,13 @@ class EveryModule : public EditorTest {
   private:
     void FillSet(p_Subrange& set) {
         std::int32_t count = 0;
-        for (const ListFields* list : {&EnterList, &LeaveList, &FreqList, &MlcList}) {
+        for (const ListFields* fields : {&EnterList, &LeaveList, &FreqList, &MlcList}) {
             std::vector<p_Action> waits;
             ++count;
             for (std::int32_t i = 0; i < count; ++i) {
                 waits.push_back(WaitFor(++x_last * 1000.0));
             }
-            Fill(set, *list, waits);
+            Fill(set, *fields, waits);
         }
     }
     static DynArray<String> Two(const String& first, const String& second) {

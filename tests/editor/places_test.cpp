@@ -219,10 +219,10 @@ class Lists : public EveryModule, public ::testing::WithParamInterface<EditedMom
 TEST_P(Lists, AMomentHasItsListInTheEditorsCopy) {
     const EditedMoment& moment = GetParam();
     OpenModule(moment.moduleKind, moment.matrix);
-    const std::optional<ActionList> list = FindList(Parts(), moment.time, moment.Subrange());
-    ASSERT_TRUE(list.has_value());
-    EXPECT_EQ(&list->count, &moment.Count(Parts().lists));
-    EXPECT_EQ(&list->actions, &moment.Actions(Parts().lists));
+    const std::optional<ActionList> found = FindList(Parts(), moment.time, moment.Subrange());
+    ASSERT_TRUE(found.has_value());
+    EXPECT_EQ(&found->count, &moment.Count(Parts().lists));
+    EXPECT_EQ(&found->actions, &moment.Actions(Parts().lists));
 }
 INSTANTIATE_TEST_SUITE_P(Moments, Lists, ::testing::ValuesIn(EditedMoments),
                          [](const auto& row) { return row.param.name; });
