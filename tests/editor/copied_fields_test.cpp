@@ -131,6 +131,25 @@ TEST_F(CopiedFields, AWaitAndAKindWithoutARecordAreCopiedAsTheyAre) {
     ExpectCopies(Action(atTestStop, 30), Action(atTestStop, 30), Action(atTestStop, 30));
 }
 
+/// A drag takes a line, deletes it, and adds it elsewhere.
+TEST_F(CopiedFields, ALineThatIsDraggedToAnotherMomentHasItsHandleThereAndNowhereElse) {
+    aceRemote dragged;
+    dragged.Command = L"*RST";
+    dragged.DrvHdl = 5;
+    aceRemote source = dragged;
+    source.vks = Variables();
+    Fill(State().MainTest, EnterList, {Action(atRemote, source), WaitFor(1000)});
+    Open(aceTemplate);
+    Select(L"CHI0ETE");
+    GetAction(Parts());
+    DeleteAction(Parts());
+    Select(L"LTE");
+    AddAction(Parts(), false);
+    EXPECT_EQ(State().MainTest.EnterCount, 1);
+    EXPECT_EQ(State().MainTest.Enter[0], WaitFor(1000));
+    EXPECT_EQ(State().MainTest.Leave[0], Action(atRemote, dragged));
+}
+
 TEST_F(CopiedFields, WhatIsHeldKeepsWhatTheCopyIsWithout) {
     aceRemote source;
     source.Command = L"*RST";
