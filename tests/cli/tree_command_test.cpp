@@ -122,6 +122,19 @@ TEST_F(TreeCommandTest, WhatAFileSaysOfFrequenciesDoesNotMatter) {
     EXPECT_THAT(tree, StartsWith("Module     6 aceAziChart: azimuth chart\n\n* At the start"));
 }
 
+TEST_F(TreeCommandTest, AnActionWhoseKeywordItsListLacksIsNoted) {
+    EXPECT_EQ(
+        TreeOfText("[Workbench]\nModule=3\nSubRanges=1\n[ActionsOnStep1]\n"
+                   "NumOfEnterActions=2\nEnterAction1=RS232:MODE RUN,3\n"
+                   "EnterAction2=WAIT:5\n"),
+        "Module     3 aceEMSAutoTemplate: steps of an automatic susceptibility test, 1 step\n"
+        "Note       [ActionsOnStep1] \"EnterAction1=RS232:MODE RUN,3\": its list does not know "
+        "this keyword, so the action fails when it runs\n"
+        "\n"
+        "* Step no. 1: 1 action\n"
+        "  [WAI] Wait: 0.005 s\n");
+}
+
 TEST_F(TreeCommandTest, ControlCharactersOfAFileNeverReachTheTerminal) {
     EXPECT_THAT(Nodes("[Workbench]\nModule=6\n[ActionsOnAzimuthChart]\nNumOfEnterActions=1\n"
                       "EnterAction1=NOTIFY:red \x1b[31m alert,,0\n"),

@@ -97,30 +97,38 @@ void AppendTree(const std::shared_ptr<SessionHost>& host, _aceActionsEngine& eng
     AppendRows(tree, rows);
 }
 
-std::vector<Row> ReadRows(const TestSetUp& setUp, const String& file) {
+/// What is printed below the head.
+struct Content {
+    std::vector<String> notes;
+    std::vector<Row> rows;
+};
+
+Content ReadContent(const TestSetUp& setUp, const String& file) {
     const auto host = std::make_shared<SessionHost>();
     host->journal.KeepNone();
     ThreadContext context(host);
     const LoadedEngines engines = LoadEngines(context, setUp, file);
-    std::vector<Row> rows;
+    Content content{engines.notes, {}};
     for (const auto* engine : {&engines.engine, &engines.steps}) {
         if (*engine != nullptr) {
-            AppendTree(host, **engine, file, rows);
+            AppendTree(host, **engine, file, content.rows);
         }
     }
-    return rows;
+    return content;
 }
 
-void Print(ConsoleReport& report, const TestSetUp& setUp, const std::vector<Row>& rows) {
+void Print(ConsoleReport& report, const TestSetUp& setUp, const Content& content) {
     if (!setUp.title.empty()) {
         report.PrintPair(L"Title", setUp.title);
     }
     report.PrintPair(L"Module", ModuleText(setUp.moduleKind, setUp.subRanges));
-    for (const String& note : setUp.notes) {
-        report.PrintPair(L"Note", note);
+    for (const auto* notes : {&setUp.notes, &content.notes}) {
+        for (const String& note : *notes) {
+            report.PrintPair(L"Note", note);
+        }
     }
-    report.PrintText(rows.empty() ? L"\nno moments" : L"\n");
-    for (const Row& row : rows) {
+    report.PrintText(content.rows.empty() ? L"\nno moments" : L"\n");
+    for (const Row& row : content.rows) {
         report.PrintText(LineOf(row));
     }
 }
@@ -132,11 +140,11 @@ void TreeCommand(const SetUpArguments& arguments, std::ostream& out) {
     const SetUpOptions options = ReadOptions(arguments);
     const String file = FromUtf8(arguments.file);
     const TestSetUp setUp = ReadListsSetUp(ExistingDocument(arguments.file), file, options);
-    const std::vector<Row> rows = ReadRows(setUp, file);
+    const Content content = ReadContent(setUp, file);
 
     std::ostringstream text;
     ConsoleReport report(text, false);
-    Print(report, setUp, rows);
+    Print(report, setUp, content);
     out << text.str();
 }
 

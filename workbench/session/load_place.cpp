@@ -35,6 +35,11 @@ void LoadPlace::SectionStarts(StringView section) {
 }
 
 void LoadPlace::LineIsRead(const LineReport& report) {
+    if (report.meaning == LineMeaning::UnknownKeyword) {
+        x_passedOver.push_back(
+            L"[" + String(report.section) + L"] " + QuotedLine(String(report.line)) +
+            L": its list does not know this keyword, so the action fails when it runs");
+    }
     if (report.error != 0) {
         x_section = report.section;
         x_lineIndex = report.lineIndex;

@@ -1,12 +1,15 @@
-/// Where in a file a load stopped, and why.
+/// Where in a file a load stopped, and why; and which actions it passed over.
 #pragma once
+
+#include <vector>
 
 #include <ace/core/thread_context.h>
 #include <ace/settings/line_observer.h>
 
 namespace ace::workbench {
 
-/// Watches a load from its construction to its end and keeps the line that stopped it.
+/// Watches a load from its construction to its end and keeps the line that stopped it, and those of
+/// actions whose keyword their list doesn't know.
 class LoadPlace final : public ILineObserver {
   public:
     explicit LoadPlace(ThreadContext& context);
@@ -20,6 +23,8 @@ class LoadPlace final : public ILineObserver {
     /// One line about a load of `fileName` that ended with `error`: file, line number, section, the
     /// line and what is wrong with it. Without a line that stopped it: what the error says.
     String Describe(const String& fileName, const RunTimeError& error) const;
+    /// One line about each action that was passed over, in the order of the load: section and line.
+    const std::vector<String>& PassedOver() const { return x_passedOver; }
 
   private:
     ThreadContext& x_context;
@@ -28,6 +33,7 @@ class LoadPlace final : public ILineObserver {
     std::int32_t x_lineIndex = -1;  ///< of the line that stopped the load; -1 for none
     String x_line;
     String x_reason;
+    std::vector<String> x_passedOver;
 };
 
 }  // namespace ace::workbench

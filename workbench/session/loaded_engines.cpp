@@ -11,7 +11,8 @@ namespace ace::workbench {
 namespace {
 
 std::unique_ptr<_aceActionsEngine> Load(ThreadContext& context, const TestSetUp& setUp,
-                                        const String& fileName, aceModul moduleKind) {
+                                        const String& fileName, aceModul moduleKind,
+                                        std::vector<String>& notes) {
     LoadPlace place(context);
     auto engine = std::make_unique<aceActionsEngine>(context);
     try {
@@ -19,6 +20,7 @@ std::unique_ptr<_aceActionsEngine> Load(ThreadContext& context, const TestSetUp&
     } catch (...) {
         RefuseFile(place.Describe(fileName, CurrentRunTimeError()));
     }
+    notes.insert(notes.end(), place.PassedOver().begin(), place.PassedOver().end());
     return engine;
 }
 
@@ -26,9 +28,9 @@ std::unique_ptr<_aceActionsEngine> Load(ThreadContext& context, const TestSetUp&
 
 LoadedEngines LoadEngines(ThreadContext& context, const TestSetUp& setUp, const String& fileName) {
     LoadedEngines engines;
-    engines.engine = Load(context, setUp, fileName, setUp.moduleKind);
+    engines.engine = Load(context, setUp, fileName, setUp.moduleKind, engines.notes);
     if (setUp.moduleKind == aceEMSAutoTemplateGeneral && setUp.subRanges > 0) {
-        engines.steps = Load(context, setUp, fileName, aceEMSAutoTemplate);
+        engines.steps = Load(context, setUp, fileName, aceEMSAutoTemplate, engines.notes);
     }
     AnnounceWireless(*engines.engine, setUp);
     return engines;

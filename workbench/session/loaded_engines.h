@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include <ace/core/actions_engine_interface.h>
 #include <ace/core/thread_context.h>
@@ -14,6 +15,7 @@ namespace ace::workbench {
 struct LoadedEngines {
     std::unique_ptr<_aceActionsEngine> engine;
     std::unique_ptr<_aceActionsEngine> steps;  ///< none for any other test, and without steps
+    std::vector<String> notes;                 ///< on actions of the file that the engines lack
 };
 
 /// Loads the lists of a test and announces its wireless tests or its matrix. A failure is
