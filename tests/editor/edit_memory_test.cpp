@@ -81,10 +81,10 @@ struct Desk {
     }
     EditorParts& Parts() { return std::dynamic_pointer_cast<frmEditor>(context.Editor)->Parts(); }
 
+    OneMomentTree tree;  // the controls outlive the editor, which gives them back when it goes
+    NoList list;
     ThreadContext context;
     aceActionsEngine engine{context};
-    OneMomentTree tree;
-    NoList list;
     ModuleLists earlier;  ///< with the fourth message alone
 };
 

@@ -3,6 +3,8 @@
 #include <sstream>
 
 #include <ace/core/operation.h>
+#include <ace/editor/places.h>
+#include <ace/editor/tree_plan.h>
 
 #include "sim/sim_list.h"
 #include "sim/sim_tree.h"
@@ -15,10 +17,6 @@
 namespace ace::workbench {
 
 namespace {
-
-/// The key of an action's line begins so.
-constexpr StringView LineKey = L"CHI";
-constexpr StringView MomentIcon = L"ACT";
 
 /// A node as it is printed.
 struct Row {
@@ -36,7 +34,7 @@ struct OpenNode {
 };
 
 Row RowOf(ITreeControl& tree, TreeNode node, std::size_t depth) {
-    return {depth, tree.Caption(node), tree.Image(node), tree.Key(node).starts_with(LineKey)};
+    return {depth, tree.Caption(node), tree.Image(node), IsLineKey(tree.Key(node))};
 }
 
 void AppendRows(ITreeControl& tree, std::vector<Row>& rows) {
