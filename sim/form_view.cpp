@@ -169,26 +169,28 @@ String PlaceText(const Control& control) {
                                     SizeText(control.width, control.height);
 }
 
-String ControlLine(const Control& control, std::size_t depth) {
+String ControlLine(const Control& control, Places places, std::size_t depth) {
     const KindRow& kind = KindOf(control);
     String line = String(2 * depth, L' ') + control.Name() + L" " + String(kind.name);
     if (kind.showsWords) {
         line += L" " + Quoted(WordsOf(control));
     }
-    line += kind.facts(control) + TipOf(control) + PlaceText(control);
+    line += kind.facts(control) + TipOf(control);
+    line += places == Places::Told ? PlaceText(control) : String();
     line += control.visible ? L"" : L" hidden";
     line += control.enabled ? L"" : L" disabled";
     return line + L"\n";
 }
 
-void AppendControls(String& text, const Form& form, const Container* parent, std::size_t depth) {
+void AppendControls(String& text, const Form& form, Places places, const Container* parent,
+                    std::size_t depth) {
     for (const Control* control : form.Controls()) {
         if (control->Parent() != parent) {
             continue;
         }
-        text += ControlLine(*control, depth);
+        text += ControlLine(*control, places, depth);
         if (const auto* const container = dynamic_cast<const Container*>(control)) {
-            AppendControls(text, form, container, depth + 1);
+            AppendControls(text, form, places, container, depth + 1);
         }
     }
 }
@@ -210,13 +212,17 @@ String FormText(const Form& form) {
 }
 
 String FormView(const Form& form) {
-    String text =
-        form.Name() + L" " + Quoted(form.title) + L", " + SizeText(form.width, form.height);
+    return FormView(form, Places::Told);
+}
+
+String FormView(const Form& form, Places places) {
+    String text = form.Name() + L" " + Quoted(form.title);
+    text += places == Places::Told ? L", " + SizeText(form.width, form.height) : String();
     if (form.Focus() != nullptr) {
         text += L", focus on " + form.Focus()->Name();
     }
     text += L"\n";
-    AppendControls(text, form, nullptr, 1);
+    AppendControls(text, form, places, nullptr, 1);
     return text;
 }
 

@@ -18,6 +18,12 @@ String FormText(const Form& form);
 /// holds, its place and size in twips unless all is left to the view, and "hidden" or "disabled".
 String FormView(const Form& form);
 
+/// Whether a view tells where things stand.
+enum class Places { Told, Left };
+/// The same; with `Places::Left` places and sizes, that of the form too, are left out, so that only
+/// the order and what shows is told.
+String FormView(const Form& form, Places places);
+
 /// The items of a menu: `1 "Change", 2 "Delete" checked`.
 String MenuText(const std::vector<MenuItem>& items);
 

@@ -74,6 +74,18 @@ TEST(FormView, ShowsWhereAControlStandsInItsParentUnlessThatIsLeftToTheView) {
     EXPECT_THAT(view, ::testing::HasSubstr(L"imgStop picture\n"));
 }
 
+TEST(FormView, PlacesAndSizesCanBeLeftOut) {
+    Everything form;
+    form.width = 1480.5F;
+    form.fraInner.top = 240.0F;
+    form.cmdOK.width = 1215.0F;
+    form.SetFocus(form.cmdOK);
+    const String view = sim::FormView(form, sim::Places::Left);
+    EXPECT_THAT(view, ::testing::StartsWith(L"Everything \"All kinds\", focus on cmdOK\n"));
+    EXPECT_THAT(view, ::testing::HasSubstr(L"    fraInner frame \"\" hidden\n"));
+    EXPECT_THAT(view, ::testing::HasSubstr(L"  cmdOK button \"&OK\" tip \"Take it\"\n"));
+}
+
 TEST(FormView, WhatAnOperatorReadsLeavesOutWhatAHiddenFrameHolds) {
     Everything form;
     EXPECT_EQ(sim::FormText(form),
