@@ -158,7 +158,7 @@ class EditRandomTest : public EditModelTest {
         EXPECT_EQ(ErrorOf([&] { GetAction(Parts()); }), read);
         ChangeHeld();
         const bool settingsChanged = Chance(20);
-        Parts().deviceSettingsChanged = settingsChanged;
+        Parts().DeviceSettingsChanged = settingsChanged;
         const int expected = model.Modify(key, settingsChanged);
         EXPECT_EQ(ErrorOf([&] { ModifyAction(Parts()); }), expected);
     }

@@ -81,7 +81,7 @@ std::vector<ChangeRow> WaitRows() {
         {"WaitLatch", entry, [](EditorParts& parts) { parts.held.Action.IgnoreErr = true; },
          IsDropped},
         {"WaitDeviceSettings", entry,
-         [](EditorParts& parts) { parts.deviceSettingsChanged = true; }, IsDropped},
+         [](EditorParts& parts) { parts.DeviceSettingsChanged = true; }, IsDropped},
     };
 }
 
@@ -220,7 +220,7 @@ std::vector<ChangeRow> DeviceRows(p_ActionTypes kind, const std::string& name) {
         OfDevice(name + "Name", kind, &D::DevName, L"Amplifier", Counts),
         OfDevice(name + "CaseOfTheName", kind, &D::DevName, L"eut", Counts),
         {name + "Settings", OnDevice(kind, L"EUT"),
-         [](EditorParts& parts) { parts.deviceSettingsChanged = true; }, hasSettings},
+         [](EditorParts& parts) { parts.DeviceSettingsChanged = true; }, hasSettings},
         OfDevice(name + "State", kind, &D::AmpState, 2, kind == atSwitchAmp),
         OfDevice(name + "Path", kind, &D::Path, L"A", kind == atSwitchUnit),
         OfDevice(name + "CommentToTable", kind, &D::CommToTable, true, isCheck),
@@ -248,7 +248,7 @@ std::vector<ChangeRow> KindRows() {
         const std::string name = "Kind" + std::to_string(kind);
         rows.push_back({name, Action(kind), DoNothing, IsDropped});
         rows.push_back({name + "Settings", Action(kind),
-                        [](EditorParts& parts) { parts.deviceSettingsChanged = true; }, IsDropped});
+                        [](EditorParts& parts) { parts.DeviceSettingsChanged = true; }, IsDropped});
         rows.push_back({name + "WithARecord", Action(kind, aceWait{5.0}), DoNothing, IsDropped});
     }
     for (const std::int32_t kind : {18, 99, -1}) {

@@ -54,7 +54,8 @@ TEST_F(LoadFailure, AnyCallOfTheTreeThatFailsEmptiesItAndEndsBothLinks) {
 
 TEST_F(LoadFailure, TextThatCannotBeHadFailsTheLoad) {
     MakeTest();
-    host->faults.FailOperation(L"Language.Text", 3, 5);
+    constexpr std::size_t ThirdNode = 6;  ///< behind three of the dialog
+    host->faults.FailOperation(L"Language.Text", ThirdNode, 5);
     EXPECT_EQ(ErrorOfLoad(), 5);
     ExpectNothingLeft();
 }
@@ -65,10 +66,11 @@ TEST_F(LoadFailure, SecondLeafWithoutARowIsToldByTheFormAndByTheEngine) {
 
     const String leaf = L"Tree.AddRoot(\"STE-1\", \"\", \"ACT\")";
     const String reported = Reported(457, L"the key is in use");
-    EXPECT_EQ(TakeEffects(),
-              Journal(L"Tree.SetEvents(true)", L"Tree.SetUp(19, 7, 1, 1, 1, 300, false)",
-                      L"Tree.SetRootsSorted(false)", L"Tree.Clear()", leaf, leaf, reported,
-                      L"Tree.Clear()", L"Tree.SetEvents(false)", reported));
+    EXPECT_EQ(
+        TakeEffects(),
+        Journal(DevicesAsked, L"Tree.SetEvents(true)", L"Tree.SetUp(19, 7, 1, 1, 1, 300, false)",
+                L"Tree.SetRootsSorted(false)", L"Tree.Clear()", leaf, leaf, reported,
+                L"Tree.Clear()", L"Tree.SetEvents(false)", reported));
 }
 
 TEST_F(LoadFailure, FailedReloadGivesUpTheListOfTheLoadBefore) {
@@ -88,7 +90,7 @@ TEST_F(LoadFailure, ActionThatCannotBeShownIsToldByEachOfTheThreeOperations) {
     EXPECT_EQ(ErrorOfLoad(), 13);
 
     EXPECT_EQ(TakeEffects(),
-              Journal(Start(L"aceActionsEngine (Code)", L"LoadEditor", L""),
+              Journal(Start(L"aceActionsEngine (Code)", L"LoadEditor", L""), DevicesAsked,
                       L"Tree.SetEvents(true)", L"Tree.SetUp(19, 7, 1, 1, 1, 300, false)",
                       Start(String(EditorCode), L"LoadEditor", L"Modul = 6"),
                       L"Tree.SetRootsSorted(false)", L"Tree.Clear()",

@@ -61,7 +61,7 @@ TEST_F(LoadJournal, SingleTestWithASubrangeAndAnAction) {
     const Lines start{Child(L"ETE", L"CHI0ETE", L"T(9063): 1.500 s", L"WAI")};
     EXPECT_EQ(
         LoadTraced(aceTemplate),
-        Journal(Started(EngineCode, L"LoadEditor"), TreeLinked,
+        Journal(Started(EngineCode, L"LoadEditor"), DevicesAsked, TreeLinked,
                 Started(EditorCode, L"LoadEditor", L"Modul = 0"), Emptied, Root(L"ETE", L"T(9051)"),
                 Displayed(L"0", L"0", start, L"ETE"), Root(L"EFR", L"T(9052)"),
                 Displayed(L"4", L"0", {}, L"EFR"), Root(L"SUR0", L"T(9053) 1"),
@@ -112,7 +112,7 @@ TEST_F(LoadJournal, MatrixIsBuiltThenSortedThenFilledRowByRowThenOpened) {
 
     const Lines line{Child(L"STE0", L"CHI0STE0", L"T(9074): Unit --> Path A", L"SWU")};
     EXPECT_EQ(LoadTraced(aceVKSDUT),
-              Journal(Started(EngineCode, L"LoadEditor"), TreeLinked,
+              Journal(Started(EngineCode, L"LoadEditor"), DevicesAsked, TreeLinked,
                       Started(EditorCode, L"LoadEditor", L"Modul = 8"), Emptied,
                       Root(L"STE0", L"All Frequencies"), L"Tree.SetRootsSorted(true)",
                       Displayed(L"8", L"0", line, L"STE0", true),
@@ -128,7 +128,7 @@ TEST_F(LoadJournal, ARowWithoutANodeLeavesTwoTraceLinesAndNoCallOfTheTree) {
     Fill(State().VKSSteps[0], EnterList, {PathA});
 
     EXPECT_EQ(LoadTraced(aceVKSDUT),
-              Journal(Started(EngineCode, L"LoadEditor"), TreeLinked,
+              Journal(Started(EngineCode, L"LoadEditor"), DevicesAsked, TreeLinked,
                       Started(EditorCode, L"LoadEditor", L"Modul = 8"), Emptied,
                       Started(EditorCode, L"DisplayTree", L"PerfTime = 8, Subrange = 0"),
                       End(L"DisplayTree"), End(L"LoadEditor"), ListLinked, FirstKinds,

@@ -23,6 +23,11 @@ class ShownEditor : public EngineTest {
     bool IsThere(const String& key) { return static_cast<bool>(tree.Find(key)); }
     bool IsExpanded(const String& key) { return tree.IsExpanded(tree.Find(key)); }
 
+    /// The dialog fills its lists of devices when the form is loaded, at the first load.
+    inline static const Lines DevicesAsked{L"DeviceList.DevicesOfClass(\"Generators\")",
+                                           L"DeviceList.DevicesOfClass(\"Monitoring\")",
+                                           L"DeviceList.DevicesOfClass(\"SignalPaths\")"};
+
     sim::SimTree tree{*host};
     sim::SimList list{*host};
 };

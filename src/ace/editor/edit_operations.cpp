@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include <ace/core/change_flag.h>
 #include <ace/core/operation.h>
 #include <ace/editor/edit_operations.h>
@@ -104,7 +102,7 @@ void ModifyAction(EditorParts& parts) {
 void ChangeAction(EditorParts& parts, p_Action& Entry) {
     Logged(parts.context, EditorLines(L"ChangeAction"), NoMessage, [&](const Statements& stmt) {
         const bool differs = stmt(
-            [&] { return Differs(parts.context, parts.held, Entry, parts.deviceSettingsChanged); });
+            [&] { return Differs(parts.context, parts.held, Entry, parts.DeviceSettingsChanged); });
         if (differs) {
             stmt([&] { Entry = ActionFromRecords(parts.held); });
             MarkChanged(stmt, parts);

@@ -22,6 +22,10 @@ IListControl& PaletteOf(const EditorParts& parts) {
     return Linked(parts.m_List);
 }
 
+Boolean EmiTemplate(const EditorParts& parts) {
+    return parts.engine != nullptr && parts.engine->EmiTemplate;
+}
+
 OwnWork::OwnWork(EditorParts& parts) : x_parts(parts) {
     if (parts.isAtWork) {
         Raise(Errors::ArrayInUse);

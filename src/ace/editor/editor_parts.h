@@ -4,6 +4,8 @@
 #include <ace/core/engine_state.h>
 #include <ace/core/operation.h>
 #include <ace/editor/held_action.h>
+#include <ace/editor/popup_menu.h>
+#include <ace/host/device_list.h>
 #include <ace/host/list_control.h>
 #include <ace/host/tree_control.h>
 
@@ -23,15 +25,24 @@ struct EditorParts {
     IListControl* m_List = nullptr;       ///< the host's list of kinds; none as above
     HeldAction held;
     Boolean AddNew;                 ///< the dialog was opened for a new action
-    Boolean deviceSettingsChanged;  ///< in the dialog
-    std::weak_ptr<void> form;       ///< of which these are the parts
-    bool isAtWork = false;          ///< an operation uses the lists, see `OwnWork`
+    Boolean DeviceSettingsChanged;  ///< the device or its settings were changed in the dialog
+    PopUpMenu usrPopUp;             ///< commands of the tree, or devices
+    PopUpMenu usr_PopupVKSVars;     ///< replace variables
+    Boolean PickingDevice;          ///< `usrPopUp` serves the choice of a device
+    Boolean PickingSigPath;         ///< that of a signal path
+    /// The devices in the menu that was opened last; an empty spare stands behind them.
+    std::vector<DeviceRecord> DevicePickList;
+    std::weak_ptr<void> form;  ///< of which these are the parts
+    bool isAtWork = false;     ///< an operation uses the lists, see `OwnWork`
 };
 
 /// The linked tree; error 91 without a link.
 ITreeControl& ViewOf(const EditorParts& parts);
 /// The linked list of kinds; error 91 without a link.
 IListControl& PaletteOf(const EditorParts& parts);
+
+/// The template of the engine measures emission; false without an engine.
+Boolean EmiTemplate(const EditorParts& parts);
 
 /// Has the lists for itself while it lives: an operation goes through them from one call of the
 /// host to the next, and another one that the host makes in such a call must not change them.

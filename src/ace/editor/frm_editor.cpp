@@ -3,10 +3,12 @@
 #include <ace/core/change_flag.h>
 #include <ace/core/held_lists.h>
 #include <ace/core/module_columns.h>
-#include <ace/core/not_built_yet.h>
 #include <ace/core/text.h>
 #include <ace/editor/action_text.h>
+#include <ace/editor/context_menu.h>
+#include <ace/editor/drag_text.h>
 #include <ace/editor/frm_editor.h>
+#include <ace/editor/input_texts.h>
 #include <ace/editor/moment_tree.h>
 #include <ace/editor/offered_kinds.h>
 
@@ -14,6 +16,7 @@ namespace ace {
 
 namespace {
 
+constexpr std::int32_t TitleText = InputTexts::Actions;
 constexpr TraceLines LoadLines = EditorLines(L"LoadEditor");
 
 /// Takes the link away first: the editor is done with the control, whatever that answers.
@@ -39,7 +42,9 @@ void Link(ControlOfHost*& link, ControlOfHost* control, Events& events) {
 }  // namespace
 
 frmEditor::frmEditor(ThreadContext& context)
-    : Form(L"frmEditor", 0, 6000.0F, 4000.0F), x_parts(context) {}
+    : Form(L"frmEditor", TitleText, 0.0F, 0.0F), x_parts(context) {
+    x_parts.usrPopUp.onClick = [this](const MenuItem& chosen) { RunMenuChoice(chosen); };
+}
 
 frmEditor::~frmEditor() {
     DropLinks();
@@ -47,6 +52,7 @@ frmEditor::~frmEditor() {
 
 void frmEditor::Loaded() {
     x_parts.context.Language().TranslateForm(*this);
+    x_dialog.FillLists();
 }
 
 // ---- controls of the host ----------------------------------------------------------------------
@@ -62,11 +68,10 @@ void frmEditor::SetListControl(IListControl* list) {
     Link(x_parts.m_List, list, x_listEvents);
     PaletteOf(x_parts).SetUp({.images = imlActions()});
     PaletteOf(x_parts).Clear();
-    const Boolean emiTemplate = x_parts.engine != nullptr && x_parts.engine->EmiTemplate;
-    for (const p_ActionTypes type : OfferedKinds(x_parts.moduleKind, emiTemplate)) {
+    for (const p_ActionTypes type : OfferedKinds(x_parts.moduleKind, EmiTemplate(x_parts))) {
         const ActionKind& kind = *FindActionKind(type);
         const String caption = TextOf(x_parts.context, kind.palette);
-        PaletteOf(x_parts).Add(L"ACT:" + IntegerText(type), caption, String(kind.icon));
+        PaletteOf(x_parts).Add(DragTextOfKind(type), caption, String(kind.icon));
     }
 }
 
@@ -168,25 +173,29 @@ void frmEditor::SetSubrange(std::int32_t number) {
 
 /// All references in one step.
 void frmEditor::Unload() {
+    const std::shared_ptr<frmEditor> alive = shared_from_this();
+    if (!x_dialog.MayClose()) {
+        return;
+    }
     DropLinks();
     x_parts.engine.reset();
     x_parts.held = {};
 }
 
-// ---- acts of the operator ----------------------------------------------------------------------
+// ---- the dialog --------------------------------------------------------------------------------
 
-void frmEditor::TreeEvents::DoubleClicked() {
-    RaiseNotBuiltYet(L"editing an action");
+void frmEditor::KeyPressed(std::int32_t key) {
+    if (key == Keys::Escape) {
+        x_dialog.Cancel();
+    }
 }
-void frmEditor::TreeEvents::DraggedOver(const DragData&, std::int32_t& effect, std::int32_t, float,
-                                        float) {
-    effect = DropEffects::None;
-}
-void frmEditor::TreeEvents::Dropped(const DragData&, std::int32_t&, std::int32_t, float, float) {
-    RaiseNotBuiltYet(L"dropping an action");
-}
-void frmEditor::ListEvents::DoubleClicked() {
-    RaiseNotBuiltYet(L"adding an action");
+
+void frmEditor::RunMenuChoice(const MenuItem& chosen) {
+    if (x_parts.PickingDevice) {
+        x_dialog.device.picker.DeviceChosen(chosen.caption);
+    } else {
+        RunCommand(x_parts, x_dialog, chosen.command);
+    }
 }
 
 std::shared_ptr<IEditor> MakeEditor(ThreadContext& context) {

@@ -3,8 +3,7 @@
 #pragma once
 
 #include <ace/core/operation.h>
-#include <ace/editor/editor_parts.h>
-#include <ace/host/forms.h>
+#include <ace/editor/interaction.h>
 
 namespace ace {
 
@@ -40,48 +39,19 @@ class frmEditor : public Form, public IEditor, public std::enable_shared_from_th
 
   protected:
     void Loaded() override;
+    void KeyPressed(std::int32_t key) override;
+    void FrameClosed() override { x_dialog.Cancel(); }
 
   private:
-    /// The acts on the tree. They are not built yet: one that would change something says so with
-    /// error 4099, and nothing may be dropped.
-    class TreeEvents : public ITreeEvents {
-      public:
-        explicit TreeEvents(frmEditor& editor) : x_editor(editor) {}
-        void DoubleClicked() override;
-        void MouseDown(std::int32_t, std::int32_t, float, float) override {}
-        void MouseMoved(std::int32_t, std::int32_t, float, float) override {}
-        void MouseUp(std::int32_t, std::int32_t, float, float) override {}
-        void DragStarted(DragData&, std::int32_t&) override {}
-        void DraggedOver(const DragData& data, std::int32_t& effect, std::int32_t shift, float x,
-                         float y) override;
-        void Dropped(const DragData& data, std::int32_t& effect, std::int32_t shift, float x,
-                     float y) override;
-        void DragEnded() override {}
-        void ControlGone() noexcept override { x_editor.x_parts.m_View = nullptr; }
-
-      private:
-        frmEditor& x_editor;
-    };
-    /// The same for the list of kinds.
-    class ListEvents : public IListEvents {
-      public:
-        explicit ListEvents(frmEditor& editor) : x_editor(editor) {}
-        void DoubleClicked() override;
-        void DragStarted(DragData&) override {}
-        void DragEnded() override {}
-        void ControlGone() noexcept override { x_editor.x_parts.m_List = nullptr; }
-
-      private:
-        frmEditor& x_editor;
-    };
-
+    void RunMenuChoice(const MenuItem& chosen);
     void ShowModule(const Statements& stmt);
     void DropLinks() noexcept;
     void DropHalfBuilt() noexcept;
 
     EditorParts x_parts;
-    TreeEvents x_treeEvents{*this};
-    ListEvents x_listEvents{*this};
+    ActionDialog x_dialog{*this, x_parts};
+    TreeEvents x_treeEvents{x_parts, x_dialog};
+    ListEvents x_listEvents{x_parts, x_dialog};
 };
 
 }  // namespace ace

@@ -139,6 +139,12 @@ void GetPosition(EditorParts& parts, TreeNode Node, Place& place) {
            [&](const Statements& stmt) { stmt([&] { FindPosition(parts, Node, place); }); });
 }
 
+bool ReachesList(EditorParts& parts, TreeNode node) {
+    Place place;
+    FindPosition(parts, node, place);
+    return FindList(parts, place.time, place.subrange).has_value();
+}
+
 std::optional<ActionList> FindList(EditorParts& parts, p_PerformTimes time, std::int32_t subrange) {
     const MomentRow* const moment = FindMoment(parts.moduleKind, time);
     if (moment == nullptr || !HasSet(parts.lists, *moment, subrange)) {

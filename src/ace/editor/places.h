@@ -44,4 +44,7 @@ void GetPosition(EditorParts& parts, TreeNode Node, Place& place);
 /// on a group of the matrix.
 std::optional<ActionList> FindList(EditorParts& parts, p_PerformTimes time, std::int32_t subrange);
 
+/// Whether an action can come to where `node` stands. Errors of the tree come out.
+bool ReachesList(EditorParts& parts, TreeNode node);
+
 }  // namespace ace

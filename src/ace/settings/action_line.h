@@ -24,6 +24,11 @@ inline constexpr ListKeys ActionListKeys[] = {
 /// matrix. More is error 7, so that a damaged number can't exhaust the memory.
 inline constexpr std::int32_t MostEntries = 100000;
 
+/// Gives the fields of a device action what its line leaves unsaid: no device, no flag but that of
+/// the cycle, a cycle of 20 s, a wait of 10 s, amplifier state 2. Paths, section number and the
+/// objects of the device's kind stay.
+void ResetSetDevice(aceSetDevice& record);
+
 namespace modActions {
 
 /// Fills the four lists of `target` from a section. An empty or missing section empties them; a

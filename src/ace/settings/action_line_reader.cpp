@@ -11,22 +11,6 @@ namespace ace {
 
 namespace {
 
-void ResetSetDevice(aceSetDevice& record) {
-    constexpr double CycleTime = 20.0;
-    constexpr float WaitTime = 10.0F;
-    constexpr std::int32_t AmpState = 2;
-    record.DevName.clear();
-    record.SigPathName.clear();
-    record.Device.reset();
-    record.SigPath.reset();
-    record.StopTest = record.CommToTable = record.Notify = false;
-    record.LoadingPos = record.WaitState = false;
-    record.UseTimeCyc = true;
-    record.CycleTime = CycleTime;
-    record.WaitTime = WaitTime;
-    record.AmpState = AmpState;
-}
-
 /// A record that comes from a line has no replace variables.
 void ResetVariables(aceVKSVar& variables) {
     variables.count = 0;
@@ -285,6 +269,22 @@ void EmptyAllLists(p_Subrange& target) {
 }
 
 }  // namespace
+
+void ResetSetDevice(aceSetDevice& record) {
+    constexpr double CycleTime = 20.0;
+    constexpr float WaitTime = 10.0F;
+    constexpr std::int32_t AmpState = 2;
+    record.DevName.clear();
+    record.SigPathName.clear();
+    record.Device.reset();
+    record.SigPath.reset();
+    record.StopTest = record.CommToTable = record.Notify = false;
+    record.LoadingPos = record.WaitState = false;
+    record.UseTimeCyc = true;
+    record.CycleTime = CycleTime;
+    record.WaitTime = WaitTime;
+    record.AmpState = AmpState;
+}
 
 void modActions::ReadSection(ThreadContext& context, ISettingsFile& settings, const String& section,
                              p_Subrange& target, ILineObserver* observer) {
