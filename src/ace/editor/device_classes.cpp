@@ -24,8 +24,8 @@ std::vector<String> MonitorsFor(ThreadContext& context, std::int32_t use) {
     return names;
 }
 
-bool IsOfClass(ThreadContext& context, IDevice& device, StringView deviceClass) {
-    return context.DeviceList().ClassName(device.DeviceClass()) == deviceClass;
+String ClassOf(ThreadContext& context, IDevice& device) {
+    return context.DeviceList().ClassName(device.DeviceClass());
 }
 
 }  // namespace ace

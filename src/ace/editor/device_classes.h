@@ -15,7 +15,7 @@ std::vector<String> NamesOfClass(ThreadContext& context, StringView deviceClass)
 /// Of the monitoring devices those that can be used so; `use` is a bit of `IMonitorDevice`. One
 /// that the host cannot hand over, or that is no such device, is left out.
 std::vector<String> MonitorsFor(ThreadContext& context, std::int32_t use);
-/// True for a device of the class.
-bool IsOfClass(ThreadContext& context, IDevice& device, StringView deviceClass);
+/// Section key of a device's class, see `DeviceClasses`. As above.
+String ClassOf(ThreadContext& context, IDevice& device);
 
 }  // namespace ace

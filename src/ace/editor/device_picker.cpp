@@ -162,7 +162,7 @@ void DevicePicker::EditSettings(const std::shared_ptr<ISettingsFile>& settings) 
 /// A device of a kind that is set or checked.
 void DevicePicker::TakeEditedDevice(const std::shared_ptr<IDevice>& device) {
     ThreadContext& context = x_parts.context;
-    const bool isGenerator = IsOfClass(context, *device, DeviceClasses::BcGenerators);
+    const bool isGenerator = ClassOf(context, *device) == DeviceClasses::BcGenerators;
     Record().BcGen = isGenerator ? std::dynamic_pointer_cast<IBcGenerator>(device) : nullptr;
     Record().MoniDev = isGenerator ? nullptr : std::dynamic_pointer_cast<IMonitorDevice>(device);
     x_fields.ShowSignalPath(isGenerator);
@@ -230,8 +230,9 @@ void DevicePicker::ShowSettings(IDevice& device, const std::shared_ptr<ISettings
 }
 
 /// The host's store is told of those that it keeps, which are all but the monitoring devices'.
-void DevicePicker::ShowStoredSettings(const std::shared_ptr<IDevice>& device) {
-    if (!IsOfClass(x_parts.context, *device, DeviceClasses::Monitoring)) {
+void DevicePicker::ShowStoredSettings(const std::shared_ptr<IDevice>& device,
+                                      const String& deviceClass) {
+    if (deviceClass != DeviceClasses::Monitoring) {
         x_parts.context.DeviceSettings().SetDevice(x_fields.lblDevice.caption, StoreMode);
     }
     ShowSettings(*device, OpenedSettings());
@@ -245,7 +246,7 @@ void DevicePicker::DeviceClicked() {
         }
         const std::shared_ptr<IDevice> device = Required(Record().Device);
         const std::shared_ptr<ISettingsFile> settings = OpenedSettings();
-        if (IsOfClass(x_parts.context, *device, DeviceClasses::Monitoring)) {
+        if (ClassOf(x_parts.context, *device) == DeviceClasses::Monitoring) {
             std::int32_t mode = IsCheck() ? IMonitorDevice::UseToCheck : IMonitorDevice::UseToSet;
             Required(Record().MoniDev)->SetUseMode(mode);
         }

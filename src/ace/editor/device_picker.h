@@ -31,8 +31,9 @@ class DevicePicker {
     void FillSwitchPaths(const String& DeviceName, const String& Selected);
 
     /// Shows the short text of the settings that the section of the held action has for its device,
-    /// or that it has none. Errors of the host come out.
-    void ShowStoredSettings(const std::shared_ptr<IDevice>& device);
+    /// or that it has none; the host's store is told of a device whose settings it keeps. Errors of
+    /// the host come out.
+    void ShowStoredSettings(const std::shared_ptr<IDevice>& device, const String& deviceClass);
 
   private:
     void OpenDeviceMenu();

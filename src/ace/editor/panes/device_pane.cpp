@@ -174,15 +174,15 @@ void DevicePane::ShowEditedDevice(const Statements& stmt, const std::shared_ptr<
         });
         return;
     }
-    const bool isGenerator = HeldKind() == atSetDevice && stmt([&] {
-                                 return IsOfClass(Context(), *device, DeviceClasses::BcGenerators);
-                             });
+    const String deviceClass = stmt([&] { return ClassOf(Context(), *device); });
+    const bool isGenerator =
+        HeldKind() == atSetDevice && deviceClass == DeviceClasses::BcGenerators;
     if (isGenerator) {
         Record().BcGen = std::dynamic_pointer_cast<IBcGenerator>(device);
     } else {
         Record().MoniDev = std::dynamic_pointer_cast<IMonitorDevice>(device);
     }
-    stmt([&] { picker.ShowStoredSettings(device); });
+    stmt([&] { picker.ShowStoredSettings(device, deviceClass); });
     if (isGenerator) {
         fields.ShowSignalPath(true);
         fields.lblSwUnit.caption = Record().Path.empty()
