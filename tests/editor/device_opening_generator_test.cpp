@@ -1,0 +1,199 @@
+// Generators, missing devices and what an earlier dialog has left: how the pane of the device kinds
+// opens with them.
+#include "editor/bench_dialog.h"
+
+namespace ace::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+class GeneratorOpening : public BenchDialog {
+  protected:
+    GeneratorOpening() {
+        AddMonitor(L"Camera");
+        Add<sim::SimBcGenerator>(L"Radio");
+        Add<sim::SimSignalPath>(L"Path A");
+        Section(7) = {L"Gain=3"};
+    }
+    static p_Action Generator(const String& path, const String& signalPath,
+                              p_ActionTypes kind = atSetDevice) {
+        p_Action action = OnDevice(kind, L"Radio");
+        auto& record = std::get<aceSetDevice>(action.Parameter);
+        record.Path = path;
+        record.SigPathName = signalPath;
+        return action;
+    }
+    static Lines SettingsOfRadio() {
+        return Journal(Called(L"DeviceSettingsStore.SetDevice", L"Radio", 1), Opened(),
+                       SettingsRead(L"Radio", 7));
+    }
+    const aceSetDevice& Held() { return Parts().held.Records.SetDevice; }
+};
+
+TEST_F(GeneratorOpening, AGeneratorHasASecondBoxForItsPathAndItsSignalPathIsLookedUp) {
+    OpenTemplate({Generator(L"Output 1", L"Path A")});
+    EditLine({Sees(L"imgDevice"), Sees(L"imgSwitchUnit"), Reads(L"lblSwUnit", L"Output 1"),
+              Do([this](Form&) {
+                  EXPECT_TRUE(Held().BcGen);
+                  EXPECT_FALSE(Held().MoniDev);
+                  EXPECT_TRUE(Held().SigPath);
+              }),
+              Cancel()});
+    EXPECT_EQ(TakeCalls(), Journal(Found(L"Radio"), Classed(L"Radio", 2), SettingsOfRadio(),
+                                   Found(L"Path A"), DialogShown, DialogHidden));
+}
+
+TEST_F(GeneratorOpening, AGeneratorWithoutAPathSaysSoAlsoWhenItHasASignalPath) {
+    OpenTemplate({Generator(L"", L"Path A")});
+    EditLine({Reads(L"lblSwUnit", L"T(9147)"), Confirm()});
+    EXPECT_FALSE(engine->Change());
+    EXPECT_EQ(StoredDevice().SigPathName, L"Path A");
+}
+
+TEST_F(GeneratorOpening, AGeneratorWithoutASignalPathLooksNoneUp) {
+    OpenTemplate({Generator(L"Output 1", L"")});
+    EditLine({Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }), Cancel()});
+    EXPECT_THAT(host->journal.LinesOf(L"DeviceList.GetDevice"), ElementsAre(Found(L"Radio")));
+}
+
+TEST_F(GeneratorOpening, AGeneratorIsMovedDownForTheSecondBoxThatTakesItsPlace) {
+    struct Tops {
+        float device = 0.0F;
+        float unit = 0.0F;
+    };
+    const auto takeTops = [](Tops& tops) {
+        return Do([&tops](Form& form) {
+            tops = {form.Find(L"imgDevice")->top, form.Find(L"imgSwitchUnit")->top};
+        });
+    };
+    Tops plain;
+    Tops generator;
+    OpenTemplate({OnDevice(atSetDevice, L"Camera"), Generator(L"Output 1", L"Path A")});
+    EditLine({takeTops(plain), Cancel()});
+    EditLine({takeTops(generator), Cancel()}, L"CHI1ETE");
+    EXPECT_GT(generator.device, plain.device);
+    EXPECT_EQ(generator.unit, plain.device);
+}
+
+TEST_F(GeneratorOpening, AGeneratorThatIsCheckedHasThePlainPane) {
+    for (const p_ActionTypes kind : {atCheckEut, atMonitorEUT}) {
+        OpenTemplate({Generator(L"Output 1", L"Path A", kind)});
+        EditLine({Sees(L"imgDevice"), Misses(L"imgSwitchUnit"), Misses(L"lblSwUnit"),
+                  Do([this](Form&) { EXPECT_FALSE(Held().BcGen); }), Confirm()});
+        EXPECT_EQ(StoredDevice().Path, L"Output 1");
+        EXPECT_FALSE(engine->Change());
+    }
+}
+
+// ---- devices that are missing ------------------------------------------------------------------
+
+String MissingText(const String& name) {
+    return L"Device <" + name + L"> does not exist in the device list! Please adapt your settings!";
+}
+
+TEST_F(GeneratorOpening, AMissingDeviceIsToldAndTheDialogComesUpWithItsNameAndTheLastSettings) {
+    OpenTemplate({OnDevice(atSetDevice, L"Camera"), OnDevice(atSetDevice, L"Gone")});
+    EditLine({Cancel()});
+    AnswerBox(MissingText(L"Gone"));
+    EditLine({Reads(L"lblDevice", L"Gone"), Reads(L"lblDeviceSett", L"Gain=3"), Confirm()},
+             L"CHI1ETE");
+    EXPECT_EQ(TakeCalls(), Journal(Found(L"Gone"), BoxShown(MissingText(L"Gone"), 0, L"T(9021)"),
+                                   DialogShown, EntryTaken, DialogHidden));
+    EXPECT_EQ(StoredDevice(1).DevName, L"Gone");
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(GeneratorOpening, AMissingDeviceOfACheckCanBeConfirmedWithOtherBoxes) {
+    OpenTemplate({OnDevice(atCheckEut, L"Gone")});
+    AnswerBox(MissingText(L"Gone"));
+    EditLine({Tick(L"chkStopTest", true), Confirm()});
+    EXPECT_EQ(StoredDevice().DevName, L"Gone");
+    EXPECT_TRUE(StoredDevice().StopTest);
+    EXPECT_TRUE(engine->Change());
+}
+
+TEST_F(GeneratorOpening, AMissingDeviceBehindSettingsThatWereNoneIsRefused) {
+    OpenTemplate({OnDevice(atSetDevice, L"Gone")});
+    AddKind(atSetDevice, {Cancel()});
+    AnswerBox(MissingText(L"Gone"));
+    AnswerBox(L"T(9208)");
+    EditLine({Reads(L"lblDeviceSett", L"T(9148)"), Confirm(), Cancel()});
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(GeneratorOpening, ThePressOnAMissingDeviceOpensNothing) {
+    OpenTemplate({OnDevice(atSetDevice, L"Gone")});
+    AnswerBox(MissingText(L"Gone"));
+    EditLine({ForgetCalls(), Press(L"imgDevice"), Reads(L"lblDevice", L"Gone"), Cancel()});
+    EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), ElementsAre());
+    EXPECT_THAT(host->journal.LinesOf(L"DeviceSettingsStore"), ElementsAre());
+}
+
+// ---- what an earlier dialog has left -----------------------------------------------------------
+
+TEST_F(GeneratorOpening, TheSecondBoxOfAGeneratorIsGoneForTheNextDevice) {
+    OpenTemplate({Generator(L"Output 1", L"Path A"), OnDevice(atSetDevice, L"Camera"),
+                  OnDevice(atSetDevice, L"Gone")});
+    const std::vector<FormAct> isPlain{Sees(L"imgDevice"), Misses(L"imgSwitchUnit"),
+                                       Misses(L"lblSwUnit"), Cancel()};
+    EditLine({Cancel()});
+    EditLine(isPlain, L"CHI1ETE");
+    EditLine({Cancel()});
+    AnswerBox(MissingText(L"Gone"));
+    EditLine(isPlain, L"CHI2ETE");
+    EditLine({Cancel()});
+    AddKind(atSetDevice, isPlain);
+}
+
+TEST_F(GeneratorOpening, ANewActionHasNeitherGeneratorNorSignalPathOfTheOneBefore) {
+    OpenTemplate({Generator(L"Output 1", L"Path A")});
+    EditLine({Cancel()});
+    AnswerMenu(L"Radio");
+    AnswerSettings(L"Gain=5");
+    AddKind(atSetDevice, {Do([this](Form&) {
+                              EXPECT_FALSE(Held().BcGen);
+                              EXPECT_FALSE(Held().SigPath);
+                              EXPECT_EQ(Held().SigPathName, L"");
+                          }),
+                          Press(L"imgDevice"), Reads(L"lblSwUnit", L"T(9147)"), Confirm()});
+    EXPECT_EQ(StoredDevice(1).Path, L"");
+    EXPECT_EQ(StoredDevice(1).SigPathName, L"");
+}
+
+TEST_F(GeneratorOpening, ASecondDeviceIsNotHeldAsTheGeneratorOfTheOneBefore) {
+    OpenTemplate({Generator(L"Output 1", L"Path A"), OnDevice(atSetDevice, L"Camera")});
+    EditLine({Cancel()});
+    EditLine({Do([this](Form&) {
+                  EXPECT_FALSE(Held().BcGen);
+                  EXPECT_TRUE(Held().MoniDev);
+              }),
+              Confirm()},
+             L"CHI1ETE");
+    EXPECT_EQ(StoredDevice(1).Path, L"");
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(GeneratorOpening, SettingsThatWereChangedInACancelledDialogAreNoChangeOfTheNextOne) {
+    OpenTemplate({OnDevice(atSetDevice, L"Camera")});
+    AnswerSettings(L"Gain=5");
+    EditLine({Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=5"), Cancel()});
+    EditLine({Reads(L"lblDeviceSett", L"Gain=5"), Confirm()});
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(GeneratorOpening, ACancelledDialogLeavesWhatAPasteInserts) {
+    OpenTemplate({Generator(L"Output 1", L"Path A"), WaitFor(2000)});
+    Select(L"CHI1ETE");
+    host->user.ExpectMenu(L"T(9016)");
+    EXPECT_TRUE(tree.Press(L"CHI1ETE", MouseButtons::Right));
+    EXPECT_TRUE(tree.Release(L"CHI1ETE", MouseButtons::Right));
+    AddKind(atSetDevice, {Cancel()});
+    host->user.ExpectMenu(L"T(9017)");
+    EXPECT_TRUE(tree.Press(L"CHI1ETE", MouseButtons::Right));
+    EXPECT_TRUE(tree.Release(L"CHI1ETE", MouseButtons::Right));
+    EXPECT_EQ(State().MainTest.EnterCount, 3);
+    EXPECT_EQ(State().MainTest.Enter[2], WaitFor(2000));
+}
+
+}  // namespace
+}  // namespace ace::test

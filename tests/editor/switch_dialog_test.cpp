@@ -1,0 +1,194 @@
+// The dialogs of an amplifier and of a switch unit.
+#include "editor/bench_dialog.h"
+
+namespace ace::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class SwitchDialog : public BenchDialog {
+  protected:
+    SwitchDialog() {
+        Add<sim::SimAmplifier>(L"Amplifier");
+        Add<sim::SimSwitchUnit>(L"Relays")->paths = {L"A", L"B", L"b"};
+        Add<sim::SimSwitchUnit>(L"Matrix")->paths = {L"In", L"Out"};
+    }
+    static p_Action Amplifier(IAmplifierState state) {
+        p_Action action = OnDevice(atSwitchAmp, L"Amplifier");
+        std::get<aceSetDevice>(action.Parameter).AmpState = state;
+        return action;
+    }
+    static p_Action Unit(const String& name, const String& path) {
+        p_Action action = OnDevice(atSwitchUnit, name);
+        std::get<aceSetDevice>(action.Parameter).Path = path;
+        return action;
+    }
+    static Lines PathsAsked(const String& name) {
+        return {Found(name), Called(L"SwitchUnit.Paths", name)};
+    }
+    const aceSetDevice& Held() { return Parts().held.Records.SetDevice; }
+};
+
+// ---- amplifiers --------------------------------------------------------------------------------
+
+TEST_F(SwitchDialog, AChosenAmplifierIsTakenWithoutSettings) {
+    OpenTemplate();
+    AnswerMenu(L"Amplifier");
+    AddKind(atSwitchAmp, {Reads(L"lblDevice", L"T(9147)"), Press(L"imgAmplifier"), ForgetCalls(),
+                          Reads(L"lblDevice", L"Amplifier"), HasTip(L"lblDevice", L"Amplifier"),
+                          Do([this](Form&) { EXPECT_TRUE(Held().AmplDev); }),
+                          Choose(L"cboSwitchAmp", 3), Confirm()});
+    EXPECT_THAT(TakeCalls(), ElementsAre(EntryTaken, DialogHidden));
+    EXPECT_EQ(StoredDevice().DevName, L"Amplifier");
+    EXPECT_EQ(StoredDevice().AmpState, 3);
+    EXPECT_EQ(LinesBelow(L"ETE"), Lines{L"T(9073): Amplifier --> Operate"});
+}
+
+TEST_F(SwitchDialog, TheChoiceOfAnAmplifierAsksForNothingButTheDevice) {
+    OpenTemplate({Amplifier(1)});
+    AnswerMenu(L"Amplifier");
+    EditLine({ForgetCalls(), Press(L"imgAmplifier"), Cancel()});
+    EXPECT_EQ(TakeCalls(), Journal(ClassAsked(L"Amplifiers"), MenuShown(L"1 \"Amplifier\" checked"),
+                                   Found(L"Amplifier"), NameOf(L"Amplifier"), DialogHidden));
+}
+
+TEST_F(SwitchDialog, EachStateOfAnAmplifierIsTheItemOfItsNumber) {
+    const Lines states{L"Power Off", L"Power On", L"Standby", L"Operate", L"Reset"};
+    OpenTemplate({Amplifier(4)});
+    for (std::int32_t state = 0; state < 5; ++state) {
+        EditLine({Choose(L"cboSwitchAmp", state), Confirm()});
+        EXPECT_EQ(StoredDevice().AmpState, state);
+        EditLine({Offers(L"cboSwitchAmp", states),
+                  Reads(L"cboSwitchAmp", states[static_cast<std::size_t>(state)]), Cancel()});
+    }
+}
+
+TEST_F(SwitchDialog, AStateThatTheListLacksIsKept) {
+    OpenTemplate({Amplifier(7)});
+    EditLine({Reads(L"cboSwitchAmp", L""), Confirm()});
+    EXPECT_EQ(StoredDevice().AmpState, 7);
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(SwitchDialog, AnAmplifierThatIsMissingKeepsItsNameWithoutABox) {
+    OpenTemplate({Amplifier(1)});
+    host->bench.devices.clear();
+    EditLine({Reads(L"lblDevice", L"Amplifier"), Choose(L"cboSwitchAmp", 0), Confirm()});
+    EXPECT_EQ(TakeCalls(), Journal(Found(L"Amplifier"), DialogShown, EntryTaken, DialogHidden));
+    EXPECT_EQ(StoredDevice().DevName, L"Amplifier");
+    EXPECT_EQ(StoredDevice().AmpState, 0);
+}
+
+TEST_F(SwitchDialog, NeitherKindHasSettingsOrATest) {
+    OpenTemplate();
+    for (const p_ActionTypes kind : {atSwitchAmp, atSwitchUnit}) {
+        AddKind(kind, {Misses(L"imgDevice"), Misses(L"lblDeviceSett"), Misses(L"chkNotify"),
+                       Misses(L"chkWait"), Misses(L"txtWaitTime"), Misses(L"cmdTestAction(2)"),
+                       Cancel()});
+    }
+}
+
+// ---- switch units ------------------------------------------------------------------------------
+
+TEST_F(SwitchDialog, AChosenUnitBringsItsPathsOfWhichNoneIsChosen) {
+    OpenTemplate();
+    AnswerMenu(L"Relays");
+    AddKind(atSwitchUnit,
+            {Offers(L"cboSUPaths", {}), ForgetCalls(), Press(L"imgSwitchUnit"),
+             Reads(L"lblDevice", L"Relays"), Offers(L"cboSUPaths", {L"A", L"B", L"b"}),
+             Reads(L"cboSUPaths", L""), Do([this](Form&) { EXPECT_TRUE(Held().SwitchDev); }),
+             Choose(L"cboSUPaths", 1), Confirm()});
+    EXPECT_EQ(TakeCalls(),
+              Journal(ClassAsked(L"SwitchUnits"), MenuShown(L"1 \"Relays\", 2 \"Matrix\""),
+                      Found(L"Relays"), NameOf(L"Relays"), PathsAsked(L"Relays"), EntryTaken,
+                      DialogHidden));
+    EXPECT_EQ(StoredDevice().Path, L"B");
+    EXPECT_EQ(LinesBelow(L"ETE"), Lines{L"T(9074): Relays --> B"});
+}
+
+TEST_F(SwitchDialog, AUnitOfWhichNoPathIsChosenIsTakenWithoutOne) {
+    OpenTemplate({Unit(L"Relays", L"B")});
+    AnswerMenu(L"Matrix");
+    EditLine({Press(L"imgSwitchUnit"), Offers(L"cboSUPaths", {L"In", L"Out"}), Confirm()});
+    EXPECT_EQ(StoredDevice().DevName, L"Matrix");
+    EXPECT_EQ(StoredDevice().Path, L"");
+}
+
+TEST_F(SwitchDialog, TheSameUnitChosenAgainLosesItsPath) {
+    OpenTemplate({Unit(L"Relays", L"B")});
+    AnswerMenu(L"Relays");
+    EditLine({Press(L"imgSwitchUnit"), Reads(L"cboSUPaths", L""), Confirm()});
+    EXPECT_EQ(StoredDevice().Path, L"");
+    EXPECT_TRUE(engine->Change());
+}
+
+TEST_F(SwitchDialog, AnExistingUnitHasItsPathChosenByAnExactComparison) {
+    for (const auto& [path, index] :
+         std::initializer_list<std::pair<String, std::int32_t>>{{L"B", 1}, {L"b", 2}, {L"a", -1}}) {
+        OpenTemplate({Unit(L"Relays", path)});
+        EditLine({Offers(L"cboSUPaths", {L"A", L"B", L"b"}), Reads(L"cboSUPaths", path),
+                  Do([index = index](Form& form) {
+                      EXPECT_EQ(form.Find<DropDown>(L"cboSUPaths")->listIndex, index);
+                  }),
+                  Confirm()});
+        EXPECT_EQ(StoredDevice().Path, path);
+        EXPECT_FALSE(engine->Change());
+    }
+}
+
+TEST_F(SwitchDialog, AUnitThatIsMissingKeepsItsNameAndItsPathWithoutABox) {
+    OpenTemplate({Unit(L"Relays", L"B")});
+    host->bench.devices.clear();
+    EditLine({Reads(L"lblDevice", L"Relays"), Reads(L"cboSUPaths", L"B"), Confirm()});
+    EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), IsEmpty());
+    EXPECT_EQ(StoredDevice().Path, L"B");
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(SwitchDialog, ADeviceThatIsNoUnitLeavesTheListOfPathsAsItWas) {
+    const auto other =
+        std::make_shared<sim::SimDevice>(*host, L"Other", sim::SimClass::SwitchUnits);
+    host->bench.Keep(other);
+    OpenTemplate();
+    AnswerMenu(L"Relays");
+    AnswerMenu(L"Other");
+    AddKind(atSwitchUnit, {Press(L"imgSwitchUnit"), Choose(L"cboSUPaths", 2),
+                           Press(L"imgSwitchUnit"), Reads(L"lblDevice", L"Other"),
+                           Offers(L"cboSUPaths", {L"A", L"B", L"b"}), Reads(L"cboSUPaths", L"b"),
+                           Do([this](Form&) { EXPECT_FALSE(Held().SwitchDev); }), Cancel()});
+}
+
+TEST_F(SwitchDialog, APathOfTheDialogBeforeIsNotOfferedToANewUnit) {
+    OpenTemplate({Unit(L"Relays", L"B")});
+    EditLine({Cancel()});
+    AddKind(atSwitchUnit, {Reads(L"lblDevice", L"T(9147)"), Offers(L"cboSUPaths", {}),
+                           Reads(L"cboSUPaths", L""), Cancel()});
+}
+
+TEST_F(SwitchDialog, AUnitThatFailsToTellItsPathsEndsTheChoiceQuietly) {
+    OpenTemplate({Unit(L"Relays", L"B")});
+    AnswerMenu(L"Matrix");
+    EditLine({Do([this](Form&) { host->faults.FailOperation(L"SwitchUnit.Paths", 1, 57); }),
+              Press(L"imgSwitchUnit"), Cancel()});
+    EXPECT_THAT(host->journal.LinesOf(L"TraceLog.ReportError"), IsEmpty());
+    EXPECT_EQ(StoredDevice().DevName, L"Relays");
+}
+
+TEST_F(SwitchDialog, TheUnitOfAGeneratorsDialogBeforeHasItsOwnPlaceAgain) {
+    Add<sim::SimBcGenerator>(L"Radio");
+    Add<sim::SimSignalPath>(L"Path A");
+    Section(7) = {L"Gain=3"};
+    OpenTemplate({OnDevice(atSetDevice, L"Radio"), Unit(L"Relays", L"B")});
+    AnswerMenu(L"Path A");
+    EditLine({Press(L"imgSwitchUnit"), Cancel()});
+    AnswerMenu(L"Matrix");
+    EditLine({Misses(L"lblSwUnit"), ForgetCalls(), Press(L"imgSwitchUnit"),
+              Reads(L"lblDevice", L"Matrix"), Cancel()},
+             L"CHI1ETE");
+    EXPECT_THAT(host->journal.LinesOf(L"DeviceList.DevicesOfClass"),
+                ElementsAre(ClassAsked(L"SwitchUnits")));
+}
+
+}  // namespace
+}  // namespace ace::test
