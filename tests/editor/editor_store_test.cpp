@@ -114,6 +114,16 @@ TEST_F(StoreRules, TheMatrixIsHandedOnWithItsTables) {
     EXPECT_TRUE(Store().VKSInfByPower);
 }
 
+TEST_F(StoreRules, EqualGlobalListsOfTheMatrixStayWhereTheyStand) {
+    OpenModule(aceVKSDUT);
+    Fill(Parts().lists.VKSDUTGlob, EnterList, {Tell(L"before")});
+    engine->Change(true);
+    const p_Action* const first = &std::as_const(Store().VKSDUTGlob.Enter)[0];
+    Parts().lists.VKSInfByPower = !Parts().lists.VKSInfByPower;
+    engine->Change(true);
+    EXPECT_EQ(&std::as_const(Store().VKSDUTGlob.Enter)[0], first);
+}
+
 // ---- while a list runs -------------------------------------------------------------------------
 
 /// What happens while the first wait of the start list runs.
