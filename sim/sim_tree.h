@@ -66,8 +66,8 @@ class SimTree : public ITreeControl {
 
     bool Press(const std::optional<String>& key, std::int32_t button = MouseButtons::Left,
                std::int32_t shift = 0);
-    /// Moves the mouse by so many twips from where it went down, with the left button held.
-    bool MoveBy(float x, float y);
+    /// Moves the mouse by so many twips from where it went down, with these buttons held.
+    bool MoveBy(float x, float y, std::int32_t buttons = MouseButtons::Left);
     bool Release(const std::optional<String>& key, std::int32_t button = MouseButtons::Left,
                  std::int32_t shift = 0);
     /// Presses, releases and double-clicks.
@@ -87,6 +87,8 @@ class SimTree : public ITreeControl {
     bool BeginDrag(const String& from);
     /// What the drag of this tree carries; none while there is no such drag.
     const std::optional<DragData>& Dragged() const { return x_dragged; }
+    /// What may come of the drag of this tree that goes on, or of the last one.
+    std::int32_t AllowedEffects() const { return x_allowedEffects; }
     /// The drag of this tree is over, dropped or not. False when there is none.
     bool EndDrag();
     /// Selects a node as the keys do, of which nobody hears; without a key none is selected.

@@ -22,11 +22,11 @@ bool SimTree::Press(const std::optional<String>& key, std::int32_t button, std::
     return y.has_value();
 }
 
-bool SimTree::MoveBy(float x, float y) {
+bool SimTree::MoveBy(float x, float y, std::int32_t buttons) {
     if (x_events == nullptr) {
         return false;
     }
-    x_events->MouseMoved(MouseButtons::Left, 0, x_pressedX + x, x_pressedY + y);
+    x_events->MouseMoved(buttons, 0, x_pressedX + x, x_pressedY + y);
     return true;
 }
 
