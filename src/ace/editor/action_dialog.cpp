@@ -200,20 +200,19 @@ void ActionDialog::Confirm() {
     }
 }
 
-bool ActionDialog::MayClose() {
+void ActionDialog::AskToClose() {
     if (!x_form.IsShown()) {
-        return true;
+        return;
     }
     ILanguage& language = x_parts.context.Language();
     const std::int32_t answer = x_parts.context.UserDialogs().ShowMessageBox(
         language.Text(InputTexts::CloseAnyway), IUserDialogs::YesNo | IUserDialogs::Exclamation,
         language.Text(InputTexts::Actions));
-    if (answer != IUserDialogs::AnswerNo) {
+    if (answer == IUserDialogs::AnswerNo) {
+        Confirm();
+    } else {
         Cancel();
-        return true;
     }
-    Confirm();
-    return false;
 }
 
 // ---- test and variables ------------------------------------------------------------------------

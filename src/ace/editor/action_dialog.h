@@ -36,9 +36,9 @@ class ActionDialog {
     /// out, leave it open. Nothing when the dialog goes meanwhile.
     void Confirm();
     void Cancel() { x_form.Hide(); }
-    /// Somebody ends the editor: asks the operator when the dialog stands open. False when it is
-    /// not to be closed, and the entry is taken over as with OK. Messages run.
-    bool MayClose();
+    /// Somebody ends the editor: asks the operator when the dialog stands open, and closes it or
+    /// takes the entry over as with OK, which leaves it open when it is refused. Messages run.
+    void AskToClose();
 
   private:
     Form& x_form;

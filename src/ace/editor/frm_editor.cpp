@@ -171,15 +171,15 @@ void frmEditor::SetSubrange(std::int32_t number) {
     ace::SetSubrange(x_parts, number);
 }
 
-/// All references in one step.
+/// All references in one step. A dialog that a refused entry keeps open is still of its action.
 void frmEditor::Unload() {
     const std::shared_ptr<frmEditor> alive = shared_from_this();
-    if (!x_dialog.MayClose()) {
-        return;
-    }
+    x_dialog.AskToClose();
     DropLinks();
     x_parts.engine.reset();
-    x_parts.held = {};
+    if (!IsShown()) {
+        x_parts.held = {};
+    }
 }
 
 // ---- the dialog --------------------------------------------------------------------------------
