@@ -1,0 +1,218 @@
+#include "editor/mouse_acts.h"
+
+namespace ace::test {
+namespace {
+
+using ::testing::ElementsAre;
+
+/// The entries of a list as numbers, which are the seconds of its waits.
+using Seconds = std::vector<int>;
+
+std::vector<p_Action> WaitsOf(const Seconds& seconds) {
+    std::vector<p_Action> waits;
+    for (const int one : seconds) {
+        waits.push_back(WaitFor(one * 1000.0));
+    }
+    return waits;
+}
+
+class DroppedLines : public MouseTest, public ::testing::WithParamInterface<EditedMoment> {
+  protected:
+    ModuleLists WithWaits(const EditedMoment& moment, const Seconds& seconds) {
+        ModuleLists lists = Store();
+        SetEntries(moment, lists, WaitsOf(seconds));
+        return lists;
+    }
+    /// Opens the module of a moment whose list has waits of 0, 1, 2 and 3 seconds.
+    void OpenFourWaits(const EditedMoment& moment) {
+        SetEntries(moment, State(), WaitsOf({0, 1, 2, 3}));
+        OpenWhole(moment.moduleKind, moment.matrix);
+        engine->Change(false);
+    }
+    static String LineOf(const EditedMoment& moment, int index) {
+        return L"CHI" + std::to_wstring(index) + String(moment.key);
+    }
+};
+
+// ---- on a line of the same list ----------------------------------------------------------------
+
+struct MoveRow {
+    int from;
+    int to;
+    Seconds order;
+};
+const MoveRow MovesInAList[] = {
+    {0, 3, {1, 2, 3, 0}}, {3, 0, {3, 0, 1, 2}}, {1, 2, {0, 2, 1, 3}},
+    {2, 1, {0, 2, 1, 3}}, {0, 2, {1, 2, 0, 3}}, {3, 1, {0, 3, 1, 2}},
+};
+
+TEST_P(DroppedLines, OnALineOfItsListALineTakesItsPlaceWithEveryKey) {
+    const EditedMoment& moment = GetParam();
+    std::int32_t shift = 0;
+    for (const MoveRow& row : MovesInAList) {
+        OpenFourWaits(moment);
+        EXPECT_TRUE(tree.DragTo(LineOf(moment, row.from), LineOf(moment, row.to), shift));
+        EXPECT_THAT(Happened(), ElementsAre(DragComplete));
+        ExpectLists(WithWaits(moment, row.order), true);
+        shift = (shift + 1) % 4;
+    }
+}
+
+// ---- on its own moment -------------------------------------------------------------------------
+
+TEST_P(DroppedLines, OnItsMomentALineGoesToTheEndOrLeavesACopyThere) {
+    const EditedMoment& moment = GetParam();
+    const Seconds orders[] = {{0, 2, 3, 1}, {0, 1, 2, 3, 1}, {0, 1, 2, 3, 1}, {0, 1, 2, 3, 1}};
+    for (std::int32_t shift = 0; shift < 4; ++shift) {
+        OpenFourWaits(moment);
+        EXPECT_TRUE(tree.DragTo(LineOf(moment, 1), String(moment.key), shift));
+        EXPECT_THAT(Happened(), ElementsAre(DragComplete));
+        ExpectLists(WithWaits(moment, orders[shift]), true);
+    }
+}
+INSTANTIATE_TEST_SUITE_P(Moments, DroppedLines, ::testing::ValuesIn(EditedMoments),
+                         [](const auto& row) { return row.param.name; });
+
+// ---- on another moment -------------------------------------------------------------------------
+
+using LineDrops = DroppedLines;
+
+struct Pair {
+    const char* from;
+    const char* to;
+};
+constexpr Pair Pairs[] = {
+    {"TemplateFrequency", "TemplateLeaveSubrange"},
+    {"TemplateLeaveSubrange", "TemplateStart"},
+    {"MonitoringEnd", "MonitoringTrigger"},
+    {"MonitoringNoGo", "MonitoringAfterLoop"},
+    {"GeneralStart", "GeneralStop"},
+    {"EmissionAfter", "EmissionFrequency"},
+    {"SequenceStop", "SequenceBefore"},
+    {"AzimuthFrequency", "AzimuthStart"},
+    {"WirelessStep", "WirelessAfter"},
+    {"WirelessStart", "WirelessStep"},
+    {"MatrixBefore", "MatrixAfter"},
+};
+
+TEST_F(LineDrops, OnAnotherMomentALineIsMovedOrCopiedToItsEnd) {
+    for (const Pair& pair : Pairs) {
+        const EditedMoment& from = MomentNamed(pair.from);
+        const EditedMoment& to = MomentNamed(pair.to);
+        for (std::int32_t shift = 0; shift < 4; ++shift) {
+            SetEntries(to, State(), WaitsOf({7}));
+            OpenFourWaits(from);
+            ModuleLists expected =
+                WithWaits(from, shift == 0 ? Seconds{0, 1, 3} : Seconds{0, 1, 2, 3});
+            SetEntries(to, expected, WaitsOf({7, 2}));
+            EXPECT_TRUE(tree.DragTo(LineOf(from, 2), String(to.key), shift)) << pair.from;
+            EXPECT_THAT(Happened(), ElementsAre(DragComplete)) << pair.from;
+            ExpectLists(expected, true);
+        }
+    }
+}
+
+TEST_F(LineDrops, TheLastLineOfAListLeavesNoneBehind) {
+    OpenWhole(aceEMSAutoTemplate);
+    ModuleLists expected = Store();
+    const p_Action moved = expected.EMSAutoSteps[0].Enter[0];
+    const p_Action there = expected.EMSAutoSteps[1].Enter[0];
+    Fill(expected.EMSAutoSteps[0], EnterList, {});
+    Fill(expected.EMSAutoSteps[1], EnterList, {there, moved});
+    EXPECT_TRUE(tree.DragTo(L"CHI0STE0", L"STE1"));
+    ExpectLists(expected, true);
+    EXPECT_EQ(LinesBelow(L"STE0"), Lines{});
+}
+
+TEST_F(LineDrops, BetweenRowsOfTheMatrixALineIsMoved) {
+    OpenWhole(aceVKSDUT, RowsInGroups);
+    ModuleLists expected = Store();
+    const p_Action moved = expected.VKSSteps[0].Enter[0];
+    const p_Action there = expected.VKSSteps[1].Enter[0];
+    Fill(expected.VKSSteps[0], EnterList, {});
+    Fill(expected.VKSSteps[1], EnterList, {there, moved});
+    EXPECT_TRUE(tree.DragTo(L"CHI0STE0", L"STE1"));
+    EXPECT_THAT(Happened(), ElementsAre(DragComplete));
+    ExpectLists(expected, true);
+}
+
+TEST_F(LineDrops, OnASubrangeALineGoesBehindTheLastOneOfItsEntry) {
+    OpenWhole(aceTemplate);
+    ModuleLists expected = Store();
+    p_Subrange& set = expected.MainSubranges[1];
+    Fill(set, EnterList, {set.Enter[0], set.Leave[0]});
+    Fill(set, LeaveList, {set.Leave[1]});
+    EXPECT_TRUE(tree.DragTo(L"CHI0LSR1", L"SUR1"));
+    ExpectLists(expected, true);
+}
+
+TEST_F(LineDrops, TheTargetIsSelectedAndTheHighlightGoesWithTheDrag) {
+    OpenWhole(aceTemplate);
+    EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"LSR0", ShiftKeys::Control));
+    EXPECT_EQ(SelectedKey(), L"LSR0");
+    EXPECT_EQ(Highlighted(), L"");
+}
+
+// ---- the section of a device -------------------------------------------------------------------
+
+const Lines Settings = {L"Gain=3", L"Mode=on"};
+
+/// A template whose start list sets a device with section 7.
+class DroppedDevices : public MouseTest {
+  protected:
+    DroppedDevices() {
+        context.ModuleFileNames.fill(L"setup.ini");
+        host->files[L"setup.ini"][L"Actions7-Device"] = Settings;
+        Fill(State().MainTest, EnterList, {OnDevice(atSetDevice, L"Generator")});
+        Fill(State().MainTest, LeaveList, {});
+        OpenWhole(aceTemplate);
+    }
+    static std::vector<std::int32_t> Sections(const DynArray<p_Action>& actions,
+                                              std::int32_t count) {
+        std::vector<std::int32_t> sections;
+        for (std::int32_t i = 0; i < count; ++i) {
+            sections.push_back(std::get<aceSetDevice>(actions[i].Parameter).ChanNo);
+        }
+        return sections;
+    }
+    std::vector<std::int32_t> Starts() {
+        return Sections(Store().MainTest.Enter, Store().MainTest.EnterCount);
+    }
+    std::vector<std::int32_t> Stops() {
+        return Sections(Store().MainTest.Leave, Store().MainTest.LeaveCount);
+    }
+};
+
+TEST_F(DroppedDevices, ALineThatIsMovedKeepsItsSection) {
+    EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"LTE"));
+    EXPECT_EQ(Store().MainTest.EnterCount, 0);
+    EXPECT_THAT(Stops(), ElementsAre(7));
+    EXPECT_EQ(context.DeviceSectionCounter, 100);
+    EXPECT_EQ(host->files[L"setup.ini"].size(), 1U);
+}
+
+TEST_F(DroppedDevices, ACopyWithControlHasASectionOfItsOwn) {
+    EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"LTE", ShiftKeys::Control));
+    EXPECT_THAT(Starts(), ElementsAre(7));
+    EXPECT_THAT(Stops(), ElementsAre(101));
+    EXPECT_EQ(context.DeviceSectionCounter, 101);
+    EXPECT_EQ(host->files[L"setup.ini"][L"Actions101-Device"], Settings);
+    EXPECT_EQ(host->files[L"setup.ini"][L"Actions7-Device"], Settings);
+}
+
+TEST_F(DroppedDevices, ACopyWithAnyOtherKeysSharesTheSection) {
+    EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"LTE", ShiftKeys::Shift));
+    EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"LTE", ShiftKeys::Shift | ShiftKeys::Control));
+    EXPECT_THAT(Starts(), ElementsAre(7));
+    EXPECT_THAT(Stops(), ElementsAre(7, 7));
+    EXPECT_EQ(context.DeviceSectionCounter, 100);
+    EXPECT_EQ(host->files[L"setup.ini"].size(), 1U);
+}
+
+TEST_F(DroppedDevices, ACopyOnItsOwnMomentWithControlHasOneToo) {
+    EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"ETE", ShiftKeys::Control));
+    EXPECT_THAT(Starts(), ElementsAre(7, 101));
+}
+
+}  // namespace
+}  // namespace ace::test
