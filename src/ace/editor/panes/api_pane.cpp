@@ -82,23 +82,24 @@ void ApiPane::TellNotLoaded() {
     String text = Text(NotLoadedText);
     ReplaceAll(text, NamePlaceholder, filAPIProgram.fileName);
     filAPIProgram.fileName.clear();
-    HideParameters();
     Context().UserDialogs().ShowMessageBox(text, IUserDialogs::Critical, Text(LoadTitle));
 }
 
 /// What stands in front is kept first: the same program may have been chosen again.
 void ApiPane::ProgramChosen() {
     KeepField();
+    HideParameters();
+    x_macro.reset();
     if (filAPIProgram.fileName.empty()) {
-        HideParameters();
         return;
     }
-    x_macro = Required(Context().Factory().MakeApiMacro());
+    const std::shared_ptr<IApiMacro> macro = Required(Context().Factory().MakeApiMacro());
     Value unread;
-    if (!x_macro->Load(filAPIProgram.fileName, {}, {}, unread)) {
+    if (!macro->Load(filAPIProgram.fileName, {}, {}, unread)) {
         TellNotLoaded();
         return;
     }
+    x_macro = macro;
     aceAPI& record = Records().Api;
     if (!EqualNoCase(filAPIProgram.fileName, record.Program)) {
         record.Program = filAPIProgram.fileName;
@@ -111,7 +112,6 @@ void ApiPane::ShowParameters() {
     const std::int32_t count = Required(x_macro)->ParameterCount();
     if (count < 1) {
         record.Parameters = NoParameters();
-        HideParameters();
         return;
     }
     record.Parameters = Resized(record.Parameters, count);
@@ -119,8 +119,8 @@ void ApiPane::ShowParameters() {
     for (std::int32_t tab = 0; tab < count; ++tab) {
         tabAPIParameter.tabs.push_back({String(TabName) + IntegerText(ParameterOf(tab))});
     }
-    tabAPIParameter.visible = true;
     BringToFront(0);
+    tabAPIParameter.visible = true;
 }
 
 // ---- tabs --------------------------------------------------------------------------------------
@@ -178,9 +178,9 @@ void ApiPane::Show(const Statements& stmt, Boolean isNew) {
     HideParameters();
     aceAPI& record = Records().Api;
     record = stmt([&] { return RecordToShow<aceAPI>(isNew, WithoutParameters()); });
-    if (!EqualNoCase(filAPIProgram.fileName, record.Program)) {
+    if (!x_macro || !EqualNoCase(filAPIProgram.fileName, record.Program)) {
         stmt([&] { filAPIProgram.ChooseFile(Records().Api.Program); });
-    } else if (!record.Program.empty()) {
+    } else {
         stmt([&] { ShowParameters(); });
     }
 }

@@ -41,7 +41,7 @@ class ApiPane : public Pane {
     void KeepField();
     std::optional<Refusal> CheckParameter(std::int32_t tab);
 
-    std::shared_ptr<IApiMacro> x_macro;  ///< of the program that shows; none before the first
+    std::shared_ptr<IApiMacro> x_macro;  ///< of the program that shows; none without one
 };
 
 }  // namespace ace
