@@ -56,6 +56,15 @@ TEST_F(GeneratorOpening, AGeneratorWithoutASignalPathLooksNoneUp) {
     EXPECT_THAT(host->journal.LinesOf(L"DeviceList.GetDevice"), ElementsAre(Found(L"Radio")));
 }
 
+TEST_F(GeneratorOpening, ASignalPathThatIsMissingKeepsItsNameWithoutABox) {
+    OpenTemplate({Generator(L"Lost", L"Lost")});
+    EditLine({Reads(L"lblSwUnit", L"Lost"), Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }),
+              Confirm()});
+    EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), ElementsAre());
+    EXPECT_EQ(StoredDevice().SigPathName, L"Lost");
+    EXPECT_EQ(StoredDevice().Path, L"Lost");
+}
+
 TEST_F(GeneratorOpening, AGeneratorIsMovedDownForTheSecondBoxThatTakesItsPlace) {
     struct Tops {
         float device = 0.0F;
@@ -118,6 +127,24 @@ TEST_F(GeneratorOpening, AMissingDeviceBehindSettingsThatWereNoneIsRefused) {
     AnswerBox(MissingText(L"Gone"));
     AnswerBox(L"T(9208)");
     EditLine({Reads(L"lblDeviceSett", L"T(9148)"), Confirm(), Cancel()});
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(GeneratorOpening, AMissingDeviceThatARunHasHeldIsHeldNoMore) {
+    p_Action action = Generator(L"Output 1", L"Path A");
+    auto& record = std::get<aceSetDevice>(action.Parameter);
+    const auto radio = std::dynamic_pointer_cast<sim::SimBcGenerator>(host->bench.Device(L"Radio"));
+    record.Device = radio;
+    record.BcGen = radio;
+    OpenTemplate({action});
+    host->bench.devices.clear();
+    AnswerBox(MissingText(L"Radio"));
+    EditLine({Do([this](Form&) {
+                  EXPECT_FALSE(Held().Device);
+                  EXPECT_FALSE(Held().BcGen);
+              }),
+              Misses(L"imgSwitchUnit"), Confirm()});
+    EXPECT_EQ(StoredDevice().Path, L"Output 1");
     EXPECT_FALSE(engine->Change());
 }
 

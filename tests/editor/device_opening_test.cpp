@@ -154,6 +154,30 @@ TEST_F(DeviceOpening, AnExistingActionLooksItsDeviceUpAndReadsItsSettings) {
     }
 }
 
+TEST_F(DeviceOpening, TheSettingsAreThoseOfTheModulesFile) {
+    context.ModuleFileNames[1] = L"monitoring.ini";
+    host->files[L"monitoring.ini"][SectionOf(7)] = {L"Zoom=2"};
+    Fill(State().MoniEut, EnterList, {OnDevice(atSetDevice, L"Camera")});
+    Open(aceMonitoring);
+    AnswerMenu(L"Camera");
+    AnswerSettings(L"Zoom=5");
+    EditLine({Reads(L"lblDeviceSett", L"Zoom=2"), PressMouse(L"imgDevice", MouseButtons::Right),
+              Confirm()});
+    EXPECT_THAT(host->files[L"monitoring.ini"][SectionOf(7)], ElementsAre(L"Zoom=5"));
+    EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
+}
+
+TEST_F(DeviceOpening, WithoutASettingsFileADeviceHasNoSettings) {
+    host->missingFiles.insert(L"setup.ini");
+    OpenTemplate({OnDevice(atSetDevice, L"Camera")});
+    AnswerMenu(L"Camera");
+    AnswerSettings(L"Gain=9");
+    EditLine({Reads(L"lblDeviceSett", NoSettings), PressMouse(L"imgDevice", MouseButtons::Right),
+              Reads(L"lblDeviceSett", L"Gain=9"), Confirm()});
+    EXPECT_TRUE(engine->Change());
+    EXPECT_THAT(host->journal.LinesOf(L"SettingsFile"), IsEmpty());
+}
+
 TEST_F(DeviceOpening, SettingsThatAreEmptyReadAsNone) {
     for (const std::vector<String>& lines : {std::vector<String>{}, std::vector<String>{L""}}) {
         Section(7) = lines;

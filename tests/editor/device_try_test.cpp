@@ -85,6 +85,15 @@ TEST_F(DeviceTry, AnEntryThatIsRefusedIsNotTried) {
     }
 }
 
+TEST_F(DeviceTry, AnActionWithoutANameIsNotTried) {
+    for (const p_ActionTypes kind : {atSetDevice, atCheckEut, atMonitorEUT}) {
+        OpenTemplate({OnDevice(kind, L"")});
+        AnswerBox(L"Device <> does not exist in the device list! Please adapt your settings!");
+        EditLine({ForgetCalls(), Try(), Cancel()});
+        EXPECT_THAT(TakeCalls(), ElementsAre(DialogHidden));
+    }
+}
+
 TEST_F(DeviceTry, TheDialogGoesOnBehindATryAndTakesTheEntry) {
     OpenTemplate({OnDevice(atCheckEut, L"Camera")});
     EditLine({Tick(L"chkStopTest", true), Try(), Confirm()});
