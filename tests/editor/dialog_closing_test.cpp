@@ -194,6 +194,18 @@ TEST_P(CancelledDialog, NoBoxComesUpForAnInputThatIsGivenUp) {
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+/// Leaving the field for the button ends the input; the other two ways don't leave it.
+TEST_P(CancelledDialog, OnlyTheButtonEndsAnInputThatWasTyped) {
+    const bool isButton = std::string(GetParam().name) == "Button";
+    OpenWith(aceTemplate, {WaitFor(1500)});
+    if (isButton) {
+        host->user.ExpectBox(L"T(9201)");
+    }
+    ShowLine({sim::Type(L"txtWait", L"0"), GetParam().act});
+    EXPECT_THAT(Boxes(), SizeIs(isButton ? 1 : 0));
+    EXPECT_EQ(Stored(), WaitFor(1500));
+}
+
 TEST_F(DialogClosing, AnotherKeyDoesNothing) {
     OpenWith(aceTemplate);
     ShowNew(atWait, {sim::PressKey(13), SeeFocus(L"txtWait"), PressCancel});

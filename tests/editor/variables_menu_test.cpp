@@ -104,6 +104,19 @@ TEST_P(EachVariableField, AVariableTakesThePlaceOfWhatIsSelected) {
     Insert({sim::SelectText(GetParam().field, 0, 2)}, L"#POWER#");
 }
 
+TEST_P(EachVariableField, TheFieldsOfTheOtherPanesStayAsTheyWere) {
+    OpenWith(aceVKSTemplate, {GetParam().action});
+    host->user.ExpectMenu(L"DUT Power");
+    Acts acts{sim::Press(GetParam().button)};
+    for (const VariableField& other : VariableFields) {
+        if (other.field != GetParam().field) {
+            acts.push_back(See(other.field, L""));
+        }
+    }
+    acts.push_back(PressCancel);
+    ShowLine(acts);
+}
+
 TEST_P(EachVariableField, TheNextOneGoesOnBehindIt) {
     OpenWith(aceVKSTemplate, {GetParam().action});
     host->user.ExpectMenu(L"DUT Power");
