@@ -2,97 +2,13 @@
 /// error or an answer, and the editor opens again. Trees, lists, language data and trace logs let
 /// no messages run, but a host may have its own view of that. A sample runs by default; ACE_PROVE=1
 /// in the environment runs all, and ACE_SEED another sample.
-#include <ace/editor/edit_operations.h>
-#include <ace/editor/frm_editor.h>
-
-#include "sim/sim_list.h"
-#include "sim/sim_tree.h"
+#include "editor/broken_into_editor.h"
 #include "support/every_operation.h"
 #include "support/list_agreement.h"
 #include "support/sample.h"
 
 namespace ace::test {
 namespace {
-
-/// Two lines and a device with a section of its own in every list.
-p_Subrange ThreeActions() {
-    p_Subrange set;
-    for (const ListFields& list : ActionLists) {
-        Fill(set, list, {Tell(L"Close the door"), OnDevice(atSetDevice, L"EUT"), WaitFor(5)});
-    }
-    return set;
-}
-
-/// An engine of one module whose editor is open, and a second pair of controls.
-class OpenEditor {
-  public:
-    explicit OpenEditor(aceModul moduleKind) {
-        host->journal.KeepNone();
-        host->tracing = true;
-        host->files[L"lists.ini"] = sim::ParseSections(L"[ActionsOnTest]\nNumOfEnterActions=0\n");
-        host->files[L"damaged.ini"] = sim::ParseSections(L"[ActionsOnTest]\nstray\n");
-        host->files[L"empty.ini"] = {};
-        for (String& name : context.ModuleFileNames) {
-            name = L"lists.ini";
-        }
-        EngineState& state = engine->State();
-        FillModule(state, moduleKind, ThreeActions());
-        state.VKSHostUKeys = state.VKSTestUKeys;
-        state.VKSHostNames = state.VKSTestUKeys;
-        if (moduleKind == aceVKSDUT) {
-            FillTables();
-        }
-        engine->LoadEditor(list.get(), tree.get());
-        Hold(Parts()->held, OnDevice(atSetDevice, L"EUT"));
-    }
-    ~OpenEditor() { host->beforeCall = nullptr; }
-    OpenEditor(const OpenEditor&) = delete;
-    OpenEditor& operator=(const OpenEditor&) = delete;
-
-    /// None when there is no editor.
-    EditorParts* Parts() const {
-        const auto form = std::dynamic_pointer_cast<frmEditor>(context.Editor);
-        return form ? &form->Parts() : nullptr;
-    }
-    void Select(const String& key) const { tree->Select(tree->Find(key)); }
-    /// A host may let go of a control that is linked, but not in a call on such a control.
-    void EndTree() {
-        for (auto* const one : {&tree, &otherTree}) {
-            if (Parts() != nullptr && *one && Parts()->m_View == one->get() &&
-                !operation.starts_with(L"Tree.")) {
-                one->reset();
-            }
-        }
-    }
-    void EndList() {
-        for (auto* const one : {&list, &otherList}) {
-            if (Parts() != nullptr && *one && Parts()->m_List == one->get() &&
-                !operation.starts_with(L"List.")) {
-                one->reset();
-            }
-        }
-    }
-
-    String operation;  ///< the call of the host that is in progress
-
-    std::shared_ptr<KindsHost> host = std::make_shared<KindsHost>();
-    ThreadContext context{host};
-    std::unique_ptr<aceActionsEngine> engine = std::make_unique<aceActionsEngine>(context);
-    std::unique_ptr<sim::SimTree> tree = std::make_unique<sim::SimTree>(*host);
-    std::unique_ptr<sim::SimList> list = std::make_unique<sim::SimList>(*host);
-    std::unique_ptr<sim::SimTree> otherTree = std::make_unique<sim::SimTree>(*host);
-    std::unique_ptr<sim::SimList> otherList = std::make_unique<sim::SimList>(*host);
-
-  private:
-    /// By frequency, so that rows show.
-    void FillTables() const {
-        EngineState& state = engine->State();
-        state.VKSDUTTemplate = 0;
-        state.VKSInfByBandwidth = state.VKSInfByPower = false;
-        engine->AddVKSDUTFreq(L"2.4 GHz", 2.4e9);
-        engine->AddVKSDUTFreq(L"5 GHz", 5e9);
-    }
-};
 
 // ---- what the editor is at ---------------------------------------------------------------------
 
@@ -125,6 +41,43 @@ void TakeOther(OpenEditor& open) {
     open.context.Editor->TakeLists(lists);
 }
 
+// The mouse; its tree lives until the act has ended.
+void DropLineOn(OpenEditor& open, const String& key, std::int32_t shift) {
+    if (const std::shared_ptr<sim::SimTree> tree = open.tree) {
+        tree->DropAnyway({L"ACT:1000,DEV"}, key, shift);
+    }
+}
+void MoveLine(OpenEditor& open) {
+    DropLineOn(open, L"LSR1", 0);
+}
+void CopyLine(OpenEditor& open) {
+    DropLineOn(open, L"LSR1", ShiftKeys::Control);
+}
+void DropOnLine(OpenEditor& open) {
+    DropLineOn(open, L"CHI2ESR0", 0);
+}
+void DropKind(OpenEditor& open) {
+    if (const std::shared_ptr<sim::SimTree> tree = open.tree) {
+        tree->DropAnyway({L"ACT:0"}, L"LSR1");
+    }
+}
+void ChooseKind(OpenEditor& open) {
+    if (open.list) {
+        open.list->DoubleClick(L"ACT:0");
+    }
+}
+void EditLine(OpenEditor& open) {
+    if (const std::shared_ptr<sim::SimTree> tree = open.tree) {
+        tree->DoubleClick(L"CHI2ESR0");
+    }
+}
+void ClearByMenu(OpenEditor& open) {
+    if (const std::shared_ptr<sim::SimTree> tree = open.tree) {
+        tree->Press(L"ESR1", MouseButtons::Right);
+        tree->Release(L"ESR1", MouseButtons::Right);
+    }
+}
+
 const EditorWork Works[] = {
     {"LoadEditor of a template", aceTemplate, {}, OpenOther},
     {"LoadEditor of monitoring", aceMonitoring, {}, OpenOther},
@@ -153,6 +106,13 @@ const EditorWork Works[] = {
     {"AddSubrange", aceTemplate, {}, [](OpenEditor& open) { open.engine->AddSubrange(2); }},
     {"MoveSubrange", aceTSTemplate, {}, [](OpenEditor& open) { open.engine->MoveSubrange(1, 2); }},
     {"Release", aceTemplate, {}, [](OpenEditor& open) { open.engine->Release(); }},
+    {"a line that is moved", aceTemplate, L"CHI1ESR0", MoveLine},
+    {"a line that is copied", aceTemplate, L"CHI1ESR0", CopyLine},
+    {"a line on one of its list", aceTemplate, L"CHI1ESR0", DropOnLine},
+    {"a kind that is dropped", aceTemplate, {}, DropKind},
+    {"a kind that is chosen", aceTemplate, L"ESR1", ChooseKind},
+    {"a line that is edited", aceTemplate, {}, EditLine},
+    {"a command of the menu", aceTemplate, {}, ClearByMenu},
 };
 
 // ---- what the host does meanwhile --------------------------------------------------------------
@@ -207,6 +167,11 @@ const HostAct Acts[] = {
     {"MoveAction",
      OnParts<[](EditorParts& parts) { MoveAction(parts, ptEnterSubRange, 1, 0, 1); }>},
     {"TakeLists", TakeOther},
+    {"a drop of a line", MoveLine},
+    {"a drop of a kind", DropKind},
+    {"a double click on a kind", ChooseKind},
+    {"a double click on a line", EditLine},
+    {"a command of the menu", ClearByMenu},
 };
 
 // ---- one run -----------------------------------------------------------------------------------
@@ -289,6 +254,15 @@ std::size_t CallsOf(const EditorWork& work) {
     InterruptedWork undisturbed(work);
     undisturbed.Run(InterruptedWork::Never, "nothing", [](OpenEditor&) {});
     return undisturbed.Calls();
+}
+
+TEST(EditorReentry, UndisturbedTheMouseReachesTheStore) {
+    for (const auto work : {MoveLine, CopyLine, DropOnLine, DropKind, ChooseKind, ClearByMenu}) {
+        OpenEditor open(aceTemplate);
+        open.Select(L"CHI1ESR0");
+        work(open);
+        EXPECT_TRUE(open.engine->Change());
+    }
 }
 
 TEST(EditorReentry, WhateverTheHostDoesWithTheEditorInAnyOfItsCallsMemoryStaysSound) {

@@ -117,6 +117,7 @@ void TreeEvents::DoubleClicked() {
 }
 
 void TreeEvents::MouseDown(std::int32_t, std::int32_t, float x, float y) {
+    const std::shared_ptr<void> alive = x_parts.form.lock();
     if (const TreeNode node = ViewOf(x_parts).HitTest(x, y)) {
         ViewOf(x_parts).Select(node);
     }
@@ -126,6 +127,7 @@ void TreeEvents::MouseDown(std::int32_t, std::int32_t, float x, float y) {
 
 /// Intentional: moments can't be dragged, but what else has no icon of its own can.
 void TreeEvents::MouseMoved(std::int32_t buttons, std::int32_t, float x, float y) {
+    const std::shared_ptr<void> alive = x_parts.form.lock();
     const bool isFar = std::abs(x - x_pressedX) > DragDistanceX ||
                        std::abs(y - static_cast<float>(x_pressedY)) > DragDistanceY;
     if ((buttons & MouseButtons::Left) == 0 || !isFar) {
@@ -145,6 +147,7 @@ void TreeEvents::MouseUp(std::int32_t button, std::int32_t, float, float) {
 }
 
 void TreeEvents::DragStarted(DragData& data, std::int32_t& allowedEffects) {
+    const std::shared_ptr<void> alive = x_parts.form.lock();
     allowedEffects = DropEffects::Copy | DropEffects::Move | DropEffects::Link;
     data = {};
     if (const TreeNode node = ViewOf(x_parts).Selected()) {
@@ -159,6 +162,7 @@ void TreeEvents::DraggedOver(const DragData& data, std::int32_t& effect, std::in
     if (!data.text || !IsDragText(*data.text)) {
         return;
     }
+    const std::shared_ptr<void> alive = x_parts.form.lock();
     Guarded(x_parts.context, [&](const Statements& stmt) {
         TreeNode target = stmt([&] { return ViewOf(x_parts).HitTest(x, y); });
         if (!target) {
