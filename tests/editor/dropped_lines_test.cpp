@@ -136,14 +136,34 @@ TEST_F(LineDrops, BetweenRowsOfTheMatrixALineIsMoved) {
     ExpectLists(expected, true);
 }
 
-TEST_F(LineDrops, OnASubrangeALineGoesBehindTheLastOneOfItsEntry) {
-    OpenWhole(aceTemplate);
-    ModuleLists expected = Store();
-    p_Subrange& set = expected.MainSubranges[1];
-    Fill(set, EnterList, {set.Enter[0], set.Leave[0]});
-    Fill(set, LeaveList, {set.Leave[1]});
-    EXPECT_TRUE(tree.DragTo(L"CHI0LSR1", L"SUR1"));
-    ExpectLists(expected, true);
+/// A line, a group on which it is dropped, and the moment whose list takes it.
+struct GroupRow {
+    const char* from;
+    StringView group;
+    const char* to;
+    Seconds order;  ///< of that list, where 2 is the line that has come
+};
+const GroupRow LinesOnGroups[] = {
+    {"TemplateLeaveSubrange", L"SUR1", "TemplateEnterSubrange", {7, 8, 2}},
+    {"MonitoringTrigger", L"CHA1", "MonitoringNoGo", {2, 7, 8}},
+    {"MonitoringEnd", L"ATL", "MonitoringBeforeLoop", {7, 8, 2}},
+    {"EmissionStop", L"EMI1", "EmissionBefore", {7, 8, 2}},
+    {"SequenceAfter", L"TST1", "SequenceBefore", {7, 8, 2}},
+    {"WirelessStep", L"TST1", "WirelessBefore", {7, 8, 2}},
+};
+
+TEST_F(LineDrops, OnAGroupALineGoesToTheListOfItsMoment) {
+    for (const GroupRow& row : LinesOnGroups) {
+        const EditedMoment& from = MomentNamed(row.from);
+        const EditedMoment& to = MomentNamed(row.to);
+        SetEntries(to, State(), WaitsOf({7, 8}));
+        OpenFourWaits(from);
+        ModuleLists expected = WithWaits(from, {0, 1, 3});
+        SetEntries(to, expected, WaitsOf(row.order));
+        EXPECT_TRUE(tree.DragTo(LineOf(from, 2), String(row.group))) << row.from;
+        EXPECT_THAT(Happened(), ElementsAre(DragComplete)) << row.from;
+        ExpectLists(expected, true);
+    }
 }
 
 TEST_F(LineDrops, TheTargetIsSelectedAndTheHighlightGoesWithTheDrag) {

@@ -152,6 +152,20 @@ TEST_F(DropsOfARun, BehindTheRunTheSameDragMovesTheLine) {
     ExpectLists(expected, true);
 }
 
+/// As every edit of a run: the entry comes with the next one.
+TEST_F(DropsOfARun, OkToAKindThatIsDroppedIsError10AndTheDialogStays) {
+    OpenWhole(aceTemplate);
+    const ModuleLists before = Store();
+    ExpectDialog({sim::Do([](Form& form) {
+                      EXPECT_EQ(ErrorOf([&] { sim::Press(L"cmdOK")(form); }), 10);
+                      EXPECT_TRUE(form.IsShown());
+                  }),
+                  sim::Press(L"cmdCancel")});
+    RunAnd([&] { EXPECT_TRUE(tree.Drop(KindDragged(atWait), L"LTE")); });
+    EXPECT_EQ(Store(), before);
+    EXPECT_EQ(Parts().lists.MainTest.LeaveCount, 3);
+}
+
 TEST_F(DropsOfARun, OfAnotherModuleNothingIsRefused) {
     aceActionsEngine other(context);
     Fill(other.State().AziChart, EnterList, {WaitFor(1)});

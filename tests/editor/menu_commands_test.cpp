@@ -4,6 +4,7 @@
 namespace ace::test {
 namespace {
 
+using namespace std::string_literals;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -195,6 +196,24 @@ TEST_F(MenuCommands, NoCommandRaisesTheEventOfADrop) {
     ChooseFromMenu(L"CHI1ETE", Up);
     ChooseFromMenu(L"CHI1ETE", Delete);
     EXPECT_THAT(host->journal.LinesOf(L"DragComplete"), IsEmpty());
+}
+
+/// Both use the same menu.
+TEST_F(MenuCommands, BehindAMenuOfDevicesACommandIsACommandAgain) {
+    host->bench.Add<sim::SimMonitor>(*host, L"EUT");
+    OpenThreeWaits();
+    Select(L"LTE");
+    const auto openMenu = sim::PressMouse(L"imgDevice", MouseButtons::Left);
+    for (const std::optional<String>& chosen : {std::optional<String>(), std::optional(L"EUT"s)}) {
+        host->user.ExpectMenu(chosen);
+        if (chosen) {
+            host->user.ExpectSettings(std::nullopt);
+        }
+        ExpectDialog({openMenu, sim::Press(L"cmdCancel")});
+        EXPECT_TRUE(list.DoubleClick(L"ACT:3"));
+    }
+    ChooseFromMenu(L"CHI1ETE", Delete);
+    ExpectStart({WaitFor(1000), WaitFor(3000)});
 }
 
 // ---- failures ----------------------------------------------------------------------------------

@@ -142,6 +142,32 @@ TEST_F(MouseLifetime, BehindAnotherOpeningTheEntryGoesToTheNodeThatIsSelectedThe
     ExpectLists(expected, true);
 }
 
+// ---- another act while the dialog stands -------------------------------------------------------
+
+TEST_F(MouseLifetime, ADoubleClickWhileTheDialogStandsTakesItOver) {
+    ModuleLists expected = Store();
+    Fill(expected.MainTest, LeaveList, {WaitFor(9000), expected.MainTest.Leave[1]});
+    ExpectDialog({sim::Do([&](Form& form) {
+        ExpectDialog({sim::Type(L"txtWait", L"9"), sim::Press(L"cmdOK")});
+        EXPECT_TRUE(tree.DoubleClick(L"CHI0LTE"));
+        EXPECT_FALSE(form.IsShown()) << "its end ends both";
+    })});
+    EXPECT_EQ(ErrorOf([&] { list.DoubleClick(L"ACT:1"); }), 0);
+    ExpectLists(expected, true);
+}
+
+TEST_F(MouseLifetime, ADropWhileTheDialogStandsIsOneOfItsOwn) {
+    const ModuleLists before = Store();
+    ExpectDialog({sim::Do([&](Form&) {
+        ExpectCancel();
+        EXPECT_EQ(DropAWait(L"LTE"), 0);
+    })});
+    EXPECT_EQ(DropAWait(L"ETE"), 0);
+    EXPECT_THAT(Happened(),
+                ElementsAre(DialogShown, DialogShown, DialogHidden, DragComplete, DragComplete));
+    ExpectLists(before, false);
+}
+
 // ---- controls and engines that go --------------------------------------------------------------
 
 TEST_F(MouseLifetime, ATreeThatGoesWhileTheDialogStandsIsError91AtItsOk) {
