@@ -172,6 +172,9 @@ void DevicePicker::TakeEditedDevice(const std::shared_ptr<IDevice>& device) {
         Record().SigPath = path.empty() ? nullptr : FindDevice<ISignalPath>(context, path);
     }
     x_parts.DeviceSettingsChanged = true;
+    if (!IsStanding()) {
+        return;
+    }
     ForgetSettings();
     EditSettings(OpenedSettings());
     x_fields.imgDevice.toolTip = Text(ChooseTip);
@@ -199,7 +202,7 @@ void DevicePicker::DeviceChosen(const String& Name) {
         const bool isPath = x_parts.PickingSigPath;
         const bool hasBoth = x_fields.imgDevice.visible && x_fields.imgSwitchUnit.visible;
         const Label& label = isPath ? x_fields.lblSwUnit : x_fields.lblDevice;
-        if (hasBoth && Name == label.caption) {
+        if (!IsStanding() || (hasBoth && Name == label.caption)) {
             return;
         }
         if (isPath) {
@@ -253,6 +256,9 @@ void DevicePicker::DeviceClicked() {
         const String before = x_fields.lblDeviceSett.caption;
         x_parts.DeviceSettingsChanged = false;
         ShowSettings(*device, settings);
+        if (!IsStanding()) {
+            return;
+        }
         EditSettings(settings);
         if (x_fields.lblDeviceSett.caption != before) {
             x_parts.DeviceSettingsChanged = true;

@@ -24,7 +24,8 @@ class DevicePicker {
     /// The click on `imgSwitchUnit`: the menu of switch units, or of the signal paths of a
     /// broadcast generator.
     void SwitchUnitClicked();
-    /// A name is chosen in such a menu; `PickingSigPath` says what for.
+    /// A name is chosen in such a menu; `PickingSigPath` says what for. A dialog that has gone
+    /// meanwhile takes no device, and empties no section.
     void DeviceChosen(const String& Name);
     /// Fills the list of paths with those of a switch unit and chooses `Selected`, compared
     /// exactly; nothing for a device that is no switch unit. Errors of the host come out.
@@ -46,6 +47,8 @@ class DevicePicker {
     void ShowSettings(IDevice& device, const std::shared_ptr<ISettingsFile>& settings);
     void EditSettings(const std::shared_ptr<ISettingsFile>& settings);
     std::shared_ptr<ISettingsFile> OpenedSettings() const;
+    /// The dialog hasn't gone in a call in which messages ran: what is held is still its action.
+    bool IsStanding() const { return x_fields.fraAction.OfForm().IsShown(); }
 
     aceSetDevice& Record() const { return x_parts.held.Records.SetDevice; }
     std::int32_t HeldKind() const { return x_parts.held.Action.ActionType; }
