@@ -159,6 +159,13 @@ TEST_F(DragStart, ADragThatAnotherPartOfTheHostStartsCarriesTheSelectedLine) {
     EXPECT_TRUE(tree.EndDrag());
 }
 
+TEST_F(DragStart, OneThatAnotherPartStartsWithNothingSelectedCarriesNothing) {
+    OpenWhole(aceTemplate);
+    tree.StartDrag();
+    EXPECT_EQ(tree.Dragged(), DragData());
+    EXPECT_TRUE(tree.EndDrag());
+}
+
 TEST_F(DragStart, AKindOfTheListCarriesItsKey) {
     OpenWhole(aceMonitoring);
     for (const std::int32_t kind : {3, 2, 0, 1, 14, 4, 6, 13, 11, 9, 10, 8}) {
@@ -187,6 +194,14 @@ TEST_F(DragStart, TheEndOfADragFromTheListDoesSoToo) {
     EXPECT_TRUE(list.EndDrag());
     EXPECT_EQ(Highlighted(), L"");
     EXPECT_EQ(SelectedKey(), L"");
+}
+
+TEST_F(DragStart, ADragFromTheListEndsWithoutATreeToo) {
+    auto brief = std::make_unique<sim::SimTree>(*host);
+    engine->LoadEditor(&list, brief.get());
+    EXPECT_TRUE(list.Drag(L"ACT:0").has_value());
+    brief.reset();
+    EXPECT_EQ(ErrorOf([&] { list.EndDrag(); }), 0);
 }
 
 TEST_F(DragStart, DraggingChangesNothingUntilSomethingIsDropped) {

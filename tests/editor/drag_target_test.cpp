@@ -91,7 +91,8 @@ TEST_F(DragTarget, WhatHasNoTextOrAnotherOneCanNotBeDroppedAndHighlightsNothing)
 
 TEST_F(DragTarget, ANumberThatIsNoKindCanNotBeDropped) {
     OpenWhole(aceMonitoring);  // where a loop takes every kind
-    for (const StringView text : {L"ACT:", L"ACT:x", L"ACT:-1", L"ACT:18", L"ACT:999"}) {
+    for (const StringView text :
+         {L"ACT:", L"ACT:x", L"ACT:-1", L"ACT:18", L"ACT:999", L"ACT:12345678901234"}) {
         Select(L"LTE");
         EXPECT_EQ(EffectsOver({String(text)}, L"BFT"), Nothing) << testing::PrintToString(text);
         Select(L"CHI0LTE");

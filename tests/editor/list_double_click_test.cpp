@@ -76,6 +76,18 @@ TEST_F(ListDoubleClick, WithNothingSelectedInTheListNothingHappens) {
     EXPECT_EQ(SelectedKey(), L"");
 }
 
+TEST_F(ListDoubleClick, OnAnItemOfTheHostsOwnNothingHappens) {
+    OpenWhole(aceTemplate);
+    const ModuleLists before = Store();
+    for (const String key : {L"OWN:99", L"ACT:18", L"ACT:-1"}) {
+        list.Add(key, L"", L"");
+        EXPECT_TRUE(list.DoubleClick(key));
+        EXPECT_THAT(Happened(), IsEmpty()) << testing::PrintToString(key);
+        EXPECT_EQ(SelectedKey(), L"");
+        ExpectLists(before, false);
+    }
+}
+
 // ---- what is added -----------------------------------------------------------------------------
 
 TEST_F(ListDoubleClick, OnAMomentTheNewActionGoesBehindItsLastLine) {
