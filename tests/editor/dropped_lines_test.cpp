@@ -173,6 +173,29 @@ TEST_F(LineDrops, TheTargetIsSelectedAndTheHighlightGoesWithTheDrag) {
     EXPECT_EQ(Highlighted(), L"");
 }
 
+/// What is open is closed once: by the line that has opened it, wherever it goes.
+TEST_F(LineDrops, ALineThatIsMovedTakesItsOpenBusAlongAndACopyHasNone) {
+    const auto command = [](std::int32_t handle) {
+        aceRemote record;
+        record.Command = L"*RST";
+        record.DrvHdl = handle;
+        return Action(atRemote, record);
+    };
+    constexpr std::int32_t closed = -1;
+    for (std::int32_t shift = 0; shift < 4; ++shift) {
+        Fill(State().MainTest, EnterList, {command(5)});
+        Fill(State().MainTest, LeaveList, {});
+        OpenWhole(aceTemplate);
+        ModuleLists expected = Store();
+        Fill(expected.MainTest, LeaveList, {command(shift == 0 ? 5 : closed)});
+        if (shift == 0) {
+            Fill(expected.MainTest, EnterList, {});
+        }
+        EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"LTE", shift));
+        ExpectLists(expected, true);
+    }
+}
+
 // ---- the section of a device -------------------------------------------------------------------
 
 const Lines Settings = {L"Gain=3", L"Mode=on"};
