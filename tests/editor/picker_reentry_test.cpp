@@ -59,6 +59,17 @@ TEST_F(PickerReentry, SettingsWhoseDialogHasGoneAreNotEdited) {
     }
 }
 
+TEST_F(PickerReentry, ADialogThatAnotherOneOvertakesBeforeItIsShownIsNotShown) {
+    for (const StringView call : {L"DeviceList.GetDevice", L"Device.SettingsText"}) {
+        Select(L"CHI0ETE");
+        OpenSecondIn(call)(*std::dynamic_pointer_cast<frmEditor>(context.Editor));
+        EXPECT_TRUE(tree.DoubleClick(L"CHI0ETE"));
+        EXPECT_EQ(host->journal.LinesOf(L"FormHost.ShowModal").size(), 1U);
+        ExpectNothingDone();
+        EditLine({Reads(L"lblDevice", L"Camera"), Reads(L"lblDeviceSett", L"Gain=3"), Cancel()});
+    }
+}
+
 TEST_F(PickerReentry, SettingsThatAreConfirmedBehindAnotherDialogComeIntoTheSectionOfTheFirst) {
     AnswerSettings(L"Gain=9");
     EditLine({OpenSecondIn(L"DeviceSettingsStore.EditSettings"), Press(L"imgDevice")});

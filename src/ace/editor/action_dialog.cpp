@@ -136,11 +136,15 @@ void ActionDialog::ShowEditor(Boolean AddNew) {
     const std::shared_ptr<void> alive = x_parts.form.lock();
     const auto message = [&] { return L"AddNew = " + FormatGeneral(Value(AddNew), L'.'); };
     Logged(x_parts.context, ShowLines, message, [&](const Statements& stmt) {
+        const std::uint32_t own = ++x_shows;
         x_isConfirmed = false;
         x_parts.AddNew = AddNew;
         x_parts.DeviceSettingsChanged = false;
         if (Pane* const pane = PaneOfHeld()) {
             Prepare(stmt, *pane, AddNew);
+            if (own != x_shows) {
+                return;  // another dialog came and went while the host was asked for a device
+            }
             stmt([&] { x_form.ShowModal(x_parts.context.FormHost()); });
         } else {
             stmt([&] { Store(); });

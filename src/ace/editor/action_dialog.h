@@ -22,9 +22,10 @@ class ActionDialog {
     /// Fills the lists that stay; the form is loaded. Errors of the host come out.
     void FillLists();
     /// Edits the held action, a new one of its kind with `AddNew`, and comes back when the dialog
-    /// is closed; messages run meanwhile. A kind that has nothing to edit is added at once, or left
-    /// as it is. Errors of the host, and of the edit that OK makes of a kind without a pane, come
-    /// out; error 13 when the action has another kind's record. Traced and handled.
+    /// is closed; messages run meanwhile. One that another dialog overtakes before it is shown is
+    /// not shown. A kind that has nothing to edit is added at once, or left as it is. Errors of the
+    /// host, and of the edit that OK makes of a kind without a pane, come out; error 13 when the
+    /// action has another kind's record. Traced and handled.
     void ShowEditor(Boolean AddNew);
     /// The same for a new action of `kind`. One that is not confirmed leaves the held action.
     void ShowNew(p_ActionTypes kind);
@@ -67,6 +68,7 @@ class ActionDialog {
     void InsertVariable(const MenuItem& chosen);
 
     std::array<Pane*, 6> x_panes;  ///< by `DialogPane`
+    std::uint32_t x_shows = 0;     ///< dialogs that were asked for
     bool x_isConfirmed = false;    ///< the entry of the last show has come into the lists
 };
 
