@@ -79,10 +79,12 @@ sim::FormAct DialogOperator::DrawAct(const Form& form, const String& name) {
 
 // ---- what came of it ---------------------------------------------------------------------------
 
-/// The field of the sound is its text once the focus goes from there.
+/// The field of the sound is its text once the focus goes from there, if only for the time of a
+/// test that is refused.
 void DialogOperator::AfterSound(const Form& form, const String& name, bool isDone) {
     const bool wasThere = x_focus != nullptr && x_focus->Name() == L"txtSoundFile";
-    if (wasThere && form.Focus() != x_focus) {
+    const bool isElsewhere = name != L"txtSoundFile" && form.Find(name)->TakesFocus();
+    if (wasThere && (form.Focus() != x_focus || (isDone && isElsewhere))) {
         x_dialog->wave = x_soundText;
     }
     const bool isSound = x_dropped.size() > 4 && Lower(x_dropped).ends_with(L".wav");

@@ -119,7 +119,10 @@ class DialogRandomFixture : public FreeEditor, public ::testing::WithParamInterf
         model.sections = {{101, L"Title=first"}, {102, L"Title=second"}, {103, L"Title=third"}};
         mode = model.module == aceVKSDUT ? Draw(0, 3) : 0;
         if (sections.numbered != nullptr) {
-            model.numbered.count = Draw(model.module == aceVKSTemplate ? 1 : 0, 3);
+            // These two have next to nothing without.
+            const bool needsOne =
+                model.module == aceVKSTemplate || model.module == aceEMSAutoTemplate;
+            model.numbered.count = Draw(needsOne ? 1 : 0, 3);
             model.numbered.Resize(model.numbered.count - 1);
         }
         for (int test = 0; model.module == aceVKSTemplate && test < model.numbered.count; ++test) {
