@@ -65,8 +65,8 @@ class IEditor {
     virtual void SetSubrange(std::int32_t number) = 0;
     /// Ends the form and drops all that it refers to, the links with the rest. While its dialog is
     /// open, the operator is first asked whether to close it, and messages run. Yes drops the
-    /// entry. No takes it over as OK does and refuses the end: the form lives as long as somebody
-    /// holds it, and drops what it refers to then.
+    /// entry, No takes it over as OK does. One that is refused keeps the dialog open: the form
+    /// lives as long as somebody holds it, and has no engine to hand an entry to.
     virtual void Unload() = 0;
 };
 
