@@ -49,9 +49,10 @@ String TabFacts(const TabStrip& strip) {
 }
 
 String TextFacts(const TextBox& box) {
-    return box.selectionLength == 0 ? String()
-                                    : L" selected " + std::to_wstring(box.selectionStart) + L"+" +
-                                          std::to_wstring(box.selectionLength);
+    const String lines = box.multiLine ? L" of several lines" : L"";
+    return box.selectionLength == 0 ? lines
+                                    : lines + L" selected " + std::to_wstring(box.selectionStart) +
+                                          L"+" + std::to_wstring(box.selectionLength);
 }
 
 String ValueFacts(const ValueBox& box) {

@@ -206,7 +206,7 @@ class DialogRandomTest : public DialogRandomView {
     void Drop(const DragData& data, const std::optional<String>& key,
               const std::optional<String>& target, int shift) {
         const String text = data.text.value_or(String());
-        const int kind = IsHandled(text) && !IsLineDrag(text) ? DroppedKindIn(text) : -1;
+        const int kind = IsHandled(text) && !IsLineDrag(text) ? KindIn(text) : -1;
         const bool isNew = kind >= 0 && target && model.PlaceOf(*target);
         if (isNew) {
             ExpectNew(kind);

@@ -134,18 +134,12 @@ class DialogRandomView : public DialogRandomFixture, private __aceActionsEngine 
 
     static bool IsHandled(const String& text) { return text.starts_with(L"ACT:"); }
     static bool IsLineDrag(const String& text) { return text.starts_with(L"ACT:1000"); }
-    /// Of the palette; -1 for none.
+    /// Of the palette; -1 for none, of which nothing comes.
     static int KindIn(const String& text) {
         const String digits = text.substr(std::min<std::size_t>(4, text.size()));
         const bool isNumber =
             !digits.empty() && digits.find_first_not_of(L"0123456789") == String::npos;
         const int kind = isNumber ? std::stoi(digits) : -1;
-        return kind < ModelKinds ? kind : -1;
-    }
-    /// What a drop makes of it: up to four digits, 0 without any.
-    static int DroppedKindIn(const String& text) {
-        const String digits = text.substr(std::min<std::size_t>(4, text.size()), 4);
-        const int kind = static_cast<int>(std::wcstol(digits.c_str(), nullptr, 10));
         return kind < ModelKinds ? kind : -1;
     }
     int EffectBySelection(const String& target, int shift) {

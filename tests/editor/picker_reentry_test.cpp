@@ -20,12 +20,14 @@ class PickerReentry : public BenchDialog {
         std::get<aceSetDevice>(second.Parameter).ChanNo = 8;
         OpenTemplate({OnDevice(atSetDevice, L"Camera"), second});
     }
-    /// Inside the next call of an operation, the dialog of the second line opens and is cancelled.
+    /// Inside the next call of an operation, the dialog is closed, and that of the second line
+    /// opens and is cancelled.
     FormAct OpenSecondIn(StringView operation) {
         return Do([this, operation](Form&) {
             host->beforeCall = [this, operation](StringView called, sim::CallArguments) {
                 if (called == operation) {
                     host->beforeCall = nullptr;
+                    std::dynamic_pointer_cast<frmEditor>(context.Editor)->CloseByFrame();
                     host->user.Expect(
                         {L"frmEditor", {Reads(L"lblDevice", L"Probe"), Cancel()}, {}});
                     EXPECT_TRUE(tree.DoubleClick(L"CHI1ETE"));

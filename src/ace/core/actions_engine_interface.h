@@ -13,7 +13,7 @@ class __aceActionsEngine {  // NOLINT(bugprone-reserved-identifier): the host kn
   public:
     virtual ~__aceActionsEngine() = default;
     /// A drop on the editor's tree has been handled, also one that changed nothing: raised once, at
-    /// the end, on the object for which the editor was loaded last.
+    /// the end, on the object for which the editor had been loaded when it began.
     virtual void DragComplete() {}
 };
 

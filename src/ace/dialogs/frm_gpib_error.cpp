@@ -124,6 +124,7 @@ const ErrorRow* FindErrorRow(p_ActionTypes actionType, const DeviceErrorSubject&
 
 frmGpibError::frmGpibError(ThreadContext& context)
     : Form(L"frmGpibError", 9062, 5970.0F, 2355.0F), x_context(context) {
+    txtError.multiLine = true;
     cmdIgnore.onClick = [this] { Hide(); };
     cmdIgnoreAll.onClick = [this] {
         x_ignoreAll = true;

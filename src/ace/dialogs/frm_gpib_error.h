@@ -21,7 +21,7 @@ class frmGpibError : public Form {
                       const String& errorText);
 
     Label lblMessage{*this, L"lblMessage", {.left = 840, .top = 240, .width = 4845, .height = 195}};
-    /// Several lines, on the background colour of a menu.
+    /// On the background colour of a menu.
     TextBox txtError{*this, L"txtError", {.left = 840, .top = 600, .width = 4845, .height = 990}};
     Picture imgStop{*this, L"imgStop", {.left = 240, .top = 240, .width = 480, .height = 480}};
     Button cmdStopTest{*this,

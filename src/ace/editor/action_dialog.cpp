@@ -1,6 +1,7 @@
 #include <utility>
 
 #include <ace/core/action_kinds.h>
+#include <ace/core/held_lists.h>
 #include <ace/core/text.h>
 #include <ace/editor/action_dialog.h>
 #include <ace/editor/edit_operations.h>
@@ -75,7 +76,6 @@ void ActionDialog::WireButtons() {
             variables->onClick = [this] { ShowVariables(); };
         }
     }
-    x_parts.usr_PopupVKSVars.onClick = [this](const MenuItem& chosen) { InsertVariable(chosen); };
 }
 
 void ActionDialog::FillLists() {
@@ -126,34 +126,44 @@ void ActionDialog::BeginAt(Control* field) {
 }
 
 void ActionDialog::Prepare(const Statements& stmt, Pane& pane, Boolean isNew) {
+    x_form.GiveUpFocus();
     LayOut(pane);
     pane.Show(stmt, isNew);
     ShowVariableButton(pane);
     BeginAt(pane.FirstField());
 }
 
+/// Messages run while the pane is filled: what has changed the editor by then ends the show.
+void ActionDialog::Show(const Statements& stmt, Pane& pane, Boolean isNew) {
+    const std::shared_ptr<EngineState> engine = x_parts.engine;
+    const std::uint32_t show = ++x_parts.shows;
+    Prepare(stmt, pane, isNew);
+    if (x_parts.engine == engine && x_parts.shows == show) {
+        stmt([&] { x_form.ShowModal(x_parts.context.FormHost()); });
+    }
+}
+
 void ActionDialog::ShowEditor(Boolean AddNew) {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
+    RequireNoDialog(x_parts);
     const auto message = [&] { return L"AddNew = " + FormatGeneral(Value(AddNew), L'.'); };
     Logged(x_parts.context, ShowLines, message, [&](const Statements& stmt) {
-        const std::uint32_t own = ++x_shows;
         x_isConfirmed = false;
         x_parts.AddNew = AddNew;
         x_parts.DeviceSettingsChanged = false;
+        x_node = stmt([&] { return ViewOf(x_parts).Selected(); });
+        x_builds = x_parts.builds;
         if (Pane* const pane = PaneOfHeld()) {
-            Prepare(stmt, *pane, AddNew);
-            if (own != x_shows) {
-                return;  // another dialog came and went while the host was asked for a device
-            }
-            stmt([&] { x_form.ShowModal(x_parts.context.FormHost()); });
+            Show(stmt, *pane, AddNew);
         } else {
-            stmt([&] { Store(); });
+            Store();
         }
     });
 }
 
 void ActionDialog::ShowNew(p_ActionTypes kind) {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
+    RequireNoDialog(x_parts);
     const HeldBefore before(x_parts, x_isConfirmed);
     x_isConfirmed = false;
     x_parts.held.Action = p_Action{kind, {}, {}};
@@ -179,7 +189,16 @@ void ActionDialog::GetEntry(Boolean& Ok) {
     });
 }
 
+/// The entry is meant for the node for which the dialog was opened, whatever a host has selected
+/// meanwhile. A tree that was built anew may have another node in its place.
 void ActionDialog::Store() {
+    RequireFreeModule(*Required(x_parts.engine), x_parts.moduleKind);
+    if (x_builds != x_parts.builds) {
+        Raise(Errors::ArrayInUse);
+    }
+    if (ViewOf(x_parts).Selected() != x_node) {
+        ViewOf(x_parts).Select(x_node);
+    }
     if (x_parts.AddNew) {
         AddAction(x_parts, true);
     } else {
@@ -189,7 +208,7 @@ void ActionDialog::Store() {
 }
 
 void ActionDialog::Confirm() {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
     const bool wasShown = x_form.IsShown();
     x_form.SetFocus(cmdOK);
     x_parts.context.Platform().Yield();
@@ -212,17 +231,17 @@ void ActionDialog::AskToClose() {
     const std::int32_t answer = x_parts.context.UserDialogs().ShowMessageBox(
         language.Text(InputTexts::CloseAnyway), IUserDialogs::YesNo | IUserDialogs::Exclamation,
         language.Text(InputTexts::Actions));
-    if (answer == IUserDialogs::AnswerNo) {
-        Confirm();
-    } else {
+    if (answer != IUserDialogs::AnswerNo) {
         Cancel();
+    } else if (x_form.IsShown()) {
+        Confirm();
     }
 }
 
 // ---- test and variables ------------------------------------------------------------------------
 
 void ActionDialog::Test() {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
     Boolean isComplete;
     GetEntry(isComplete);
     if (isComplete) {
@@ -231,9 +250,12 @@ void ActionDialog::Test() {
 }
 
 void ActionDialog::ShowVariables() {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
-    x_parts.usr_PopupVKSVars.items = VariableItems(x_parts.moduleKind);
-    x_parts.usr_PopupVKSVars.PopUp(x_parts.context.UserDialogs());
+    const KeptAlive alive(x_parts);
+    PopUpMenu& menu = x_parts.usr_PopupVKSVars;
+    menu.items = VariableItems(x_parts.moduleKind);
+    if (const std::optional<MenuItem> chosen = menu.PopUp(x_parts.context.UserDialogs())) {
+        InsertVariable(*chosen);
+    }
 }
 
 void ActionDialog::InsertVariable(const MenuItem& chosen) {

@@ -21,11 +21,12 @@ class ActionDialog {
 
     /// Fills the lists that stay; the form is loaded. Errors of the host come out.
     void FillLists();
-    /// Edits the held action, a new one of its kind with `AddNew`, and comes back when the dialog
-    /// is closed; messages run meanwhile. One that another dialog overtakes before it is shown is
-    /// not shown. A kind that has nothing to edit is added at once, or left as it is. Errors of the
-    /// host, and of the edit that OK makes of a kind without a pane, come out; error 13 when the
-    /// action has another kind's record. Traced and handled.
+    /// Edits the held action, a new one of its kind with `AddNew`, for the node that is selected,
+    /// and comes back when the dialog is closed; messages run meanwhile. A kind that has nothing to
+    /// edit is added at once, or left as it is.
+    /// Error 10 while the dialog stands; errors of the host, and of the edit of a kind without a
+    /// pane, come out; error 13 when the action has another kind's record. Nothing shows when the
+    /// editor is ended, or used otherwise, while messages run before. Traced and handled.
     void ShowEditor(Boolean AddNew);
     /// The same for a new action of `kind`. One that is not confirmed leaves the held action.
     void ShowNew(p_ActionTypes kind);
@@ -34,7 +35,8 @@ class ActionDialog {
     void GetEntry(Boolean& Ok);
     /// OK: the focus leaves the field, messages run once, and the entry comes into the lists. Then
     /// the dialog is hidden. An entry that is not taken over, and an error of the edit, which comes
-    /// out, leave it open. Nothing when the dialog goes meanwhile.
+    /// out, leave it open: error 10 while a list of the module runs, and for good when the tree was
+    /// built anew since the dialog came up. Nothing when the dialog goes meanwhile.
     void Confirm();
     void Cancel() { x_form.Hide(); }
     /// Somebody ends the editor: asks the operator when the dialog stands open, and closes it or
@@ -58,6 +60,7 @@ class ActionDialog {
   private:
     Pane* PaneOfHeld() const;
     void WireButtons();
+    void Show(const Statements& stmt, Pane& pane, Boolean isNew);
     void Prepare(const Statements& stmt, Pane& pane, Boolean isNew);
     void LayOut(Pane& shown);
     void ShowVariableButton(Pane& pane) const;
@@ -68,8 +71,9 @@ class ActionDialog {
     void InsertVariable(const MenuItem& chosen);
 
     std::array<Pane*, 6> x_panes;  ///< by `DialogPane`
-    std::uint32_t x_shows = 0;     ///< dialogs that were asked for
     bool x_isConfirmed = false;    ///< the entry of the last show has come into the lists
+    TreeNode x_node;               ///< for which the dialog was opened
+    std::uint32_t x_builds = 0;    ///< of the tree at that time
 };
 
 }  // namespace ace

@@ -61,15 +61,9 @@ void MoveSelected(EditorParts& parts, std::int32_t places) {
     MoveAction(parts, place.time, place.subrange, place.position - 1, place.position - 1 + places);
 }
 
-}  // namespace
-
-void ShowContextMenu(EditorParts& parts, const Statements& stmt) {
+void FillMenu(EditorParts& parts, const Statements& stmt, TreeNode node) {
     std::vector<MenuItem>& items = parts.usrPopUp.items;
     items.clear();
-    const TreeNode node = stmt([&] { return ViewOf(parts).Selected(); });
-    if (!node) {
-        return;
-    }
     const bool isLine = stmt([&] { return IsLineKey(ViewOf(parts).Key(node)); });
     for (const Entry& entry : isLine ? EntriesOfLine(parts, stmt, node) : EntriesOfMoment(parts)) {
         if (entry.isOffered) {
@@ -79,9 +73,9 @@ void ShowContextMenu(EditorParts& parts, const Statements& stmt) {
     }
     parts.PickingDevice = false;
     parts.PickingSigPath = false;
-    stmt([&] { parts.usrPopUp.PopUp(parts.context.UserDialogs()); });
 }
 
+/// An edit is no statement of whoever asks for it: done again, it would be another edit.
 void RunCommand(EditorParts& parts, ActionDialog& dialog, std::int32_t command) {
     switch (command) {
         case Edit:
@@ -105,6 +99,25 @@ void RunCommand(EditorParts& parts, ActionDialog& dialog, std::int32_t command) 
             break;
         default:
             break;
+    }
+}
+
+}  // namespace
+
+void OpenContextMenu(EditorParts& parts, ActionDialog& dialog, const Statements& stmt) {
+    const TreeNode node = stmt([&] { return ViewOf(parts).Selected(); });
+    parts.usrPopUp.items.clear();
+    if (!node) {
+        return;
+    }
+    FillMenu(parts, stmt, node);
+    const std::uint32_t builds = parts.builds;
+    const std::optional<MenuItem> chosen =
+        stmt([&] { return parts.usrPopUp.PopUp(parts.context.UserDialogs()); });
+    const bool isMeant = chosen && !parts.PickingDevice && parts.builds == builds &&
+                         stmt([&] { return ViewOf(parts).Selected(); }) == node;
+    if (isMeant) {
+        RunCommand(parts, dialog, chosen->command);
     }
 }
 

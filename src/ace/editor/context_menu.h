@@ -5,11 +5,9 @@
 
 namespace ace {
 
-/// Shows the commands for the selected node at the mouse; nothing without one. The one that is
-/// chosen runs, while messages run. Statements of the operation `stmt`.
-void ShowContextMenu(EditorParts& parts, const Statements& stmt);
-/// Carries out a command of that menu; nothing for a number that is none. Errors of the edit come
-/// out.
-void RunCommand(EditorParts& parts, ActionDialog& dialog, std::int32_t command);
+/// Shows the commands for the selected node at the mouse, and carries out the one that is chosen;
+/// nothing without a node, or when another one is selected by then. Messages run. Statements of the
+/// operation `stmt`; errors of the edit come out.
+void OpenContextMenu(EditorParts& parts, ActionDialog& dialog, const Statements& stmt);
 
 }  // namespace ace

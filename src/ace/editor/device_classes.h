@@ -13,7 +13,8 @@ namespace ace {
 /// may run.
 std::vector<String> NamesOfClass(ThreadContext& context, StringView deviceClass);
 /// Of the monitoring devices those that can be used so; `use` is a bit of `IMonitorDevice`. One
-/// that the host cannot hand over, or that is no such device, is left out.
+/// that the host doesn't have, or that is no such device, is left out. Errors and messages as
+/// above.
 std::vector<String> MonitorsFor(ThreadContext& context, std::int32_t use);
 /// Section key of a device's class, see `DeviceClasses`. As above.
 String ClassOf(ThreadContext& context, IDevice& device);

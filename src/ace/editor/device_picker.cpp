@@ -73,7 +73,12 @@ void DevicePicker::OpenMenu(std::vector<String> names, std::int32_t emptyText,
             add(device.Name);
         }
     }
-    menu.PopUp(x_parts.context.UserDialogs());
+    const std::uint32_t show = x_parts.shows;
+    const std::optional<MenuItem> chosen = menu.PopUp(x_parts.context.UserDialogs());
+    const bool isMeant = x_parts.PickingDevice && x_parts.shows == show && IsDialogShown(x_parts);
+    if (chosen && isMeant) {
+        DeviceChosen(chosen->caption);
+    }
 }
 
 void DevicePicker::OpenDeviceMenu() {
@@ -148,28 +153,36 @@ void DevicePicker::ForgetSettings() {
 
 /// The host puts the outcome where the device's actions look for it.
 void DevicePicker::EditSettings(const std::shared_ptr<ISettingsFile>& settings) {
+    // Shown when it is written: settings that can't be are not taken for set.
     IDeviceSettingsStore& store = x_parts.context.DeviceSettings();
     store.SetDevice(x_fields.lblDevice.caption, StoreMode);
     store.StoreIn(settings, SectionOf(Record()));
     String text = x_fields.lblDeviceSett.caption;
     store.EditSettings(text);
-    x_fields.lblDeviceSett.caption = text;
     if (settings) {
         settings->Release();
     }
+    x_fields.lblDeviceSett.caption = text;
 }
 
-/// A device of a kind that is set or checked.
-void DevicePicker::TakeEditedDevice(const std::shared_ptr<IDevice>& device) {
+/// A device of a kind that is set or checked. Until its settings are begun anew it has none, so
+/// that it can't be taken over with those of another one.
+void DevicePicker::TakeEditedDevice(const Picked& picked) {
+    const std::shared_ptr<IDevice>& device = picked.device;
     ThreadContext& context = x_parts.context;
     const bool isGenerator = ClassOf(context, *device) == DeviceClasses::BcGenerators;
+    const String path = isGenerator ? Record().SigPathName : String();
+    const std::shared_ptr<ISignalPath> signalPath =
+        path.empty() ? nullptr : FindDevice<ISignalPath>(context, path);
+    const String noSettings = Text(InputTexts::NoSettings);
+    ShowDevice(picked);
+    x_fields.lblDeviceSett.caption = noSettings;
     Record().BcGen = isGenerator ? std::dynamic_pointer_cast<IBcGenerator>(device) : nullptr;
     Record().MoniDev = isGenerator ? nullptr : std::dynamic_pointer_cast<IMonitorDevice>(device);
     x_fields.ShowSignalPath(isGenerator);
     if (isGenerator) {
-        const String path = Record().SigPathName;
         x_fields.lblSwUnit.caption = path.empty() ? Text(InputTexts::NoDevice) : path;
-        Record().SigPath = path.empty() ? nullptr : FindDevice<ISignalPath>(context, path);
+        Record().SigPath = signalPath;
     }
     x_parts.DeviceSettingsChanged = true;
     if (!IsStanding()) {
@@ -180,19 +193,24 @@ void DevicePicker::TakeEditedDevice(const std::shared_ptr<IDevice>& device) {
     x_fields.imgDevice.toolTip = Text(ChooseTip);
 }
 
+void DevicePicker::ShowDevice(const Picked& picked) {
+    DeviceFields::ShowName(x_fields.lblDevice, picked.caption);
+    Record().Device = picked.device;
+    Record().DevName = picked.name;
+}
+
 void DevicePicker::TakeDevice(const String& name) {
     const std::shared_ptr<IDevice> device = Required(x_parts.context.DeviceList().GetDevice(name));
-    String deviceName = device->Name();
-    DeviceFields::ShowName(x_fields.lblDevice, name);
-    Record().Device = device;
-    Record().DevName = std::move(deviceName);
+    const Picked picked{name, device, device->Name()};
     if (HeldKind() == atSwitchAmp) {
+        ShowDevice(picked);
         Record().AmplDev = std::dynamic_pointer_cast<IAmplifier>(device);
     } else if (HeldKind() == atSwitchUnit) {
+        ShowDevice(picked);
         Record().SwitchDev = std::dynamic_pointer_cast<ISwitchUnit>(device);
         FillSwitchPaths(Record().DevName, {});
     } else {
-        TakeEditedDevice(device);
+        TakeEditedDevice(picked);
     }
 }
 
@@ -220,7 +238,9 @@ void DevicePicker::FillSwitchPaths(const String& DeviceName, const String& Selec
         return;
     }
     x_fields.cboSUPaths.Fill(unit->Paths());
-    ShowItemOf(x_fields.cboSUPaths, Selected);
+    if (!Selected.empty()) {
+        ShowItemOf(x_fields.cboSUPaths, Selected);
+    }
 }
 
 // ---- settings of the device --------------------------------------------------------------------

@@ -28,7 +28,8 @@ class DevicePicker {
     /// meanwhile takes no device, and empties no section.
     void DeviceChosen(const String& Name);
     /// Fills the list of paths with those of a switch unit and chooses `Selected`, compared
-    /// exactly; nothing for a device that is no switch unit. Errors of the host come out.
+    /// exactly, or none where that is empty; nothing for a device that is no switch unit. Errors of
+    /// the host come out.
     void FillSwitchPaths(const String& DeviceName, const String& Selected);
 
     /// Shows the short text of the settings that the section of the held action has for its device,
@@ -42,7 +43,14 @@ class DevicePicker {
     void Offer(std::vector<String> names);
     void TakeSignalPath(const String& name);
     void TakeDevice(const String& name);
-    void TakeEditedDevice(const std::shared_ptr<IDevice>& device);
+    /// A device that the host has handed over.
+    struct Picked {
+        String caption;  ///< by which it was chosen
+        std::shared_ptr<IDevice> device;
+        String name;  ///< its own, which may differ in case
+    };
+    void ShowDevice(const Picked& picked);
+    void TakeEditedDevice(const Picked& picked);
     void ForgetSettings();
     void ShowSettings(IDevice& device, const std::shared_ptr<ISettingsFile>& settings);
     void EditSettings(const std::shared_ptr<ISettingsFile>& settings);

@@ -39,7 +39,7 @@ std::optional<Selection> SelectionOf(EditorParts& parts) {
     return Selection{std::move(key), ViewOf(parts).Key(parent), isLine};
 }
 
-/// Between two lines: only those of one list change places.
+/// Between two lines: only within one list may the one take the other's place.
 std::int32_t EffectBetweenLines(EditorParts& parts, const Selection& selected, TreeNode target,
                                 StringView targetKey) {
     const String targetParent = ViewOf(parts).Key(ViewOf(parts).Parent(target));

@@ -14,6 +14,17 @@ ControlOfHost& Linked(ControlOfHost* link) {
 
 }  // namespace
 
+bool IsDialogShown(const EditorParts& parts) {
+    const std::shared_ptr<Form> form = parts.form.lock();
+    return form && form->IsShown();
+}
+
+void RequireNoDialog(const EditorParts& parts) {
+    if (IsDialogShown(parts)) {
+        Raise(Errors::ArrayInUse);
+    }
+}
+
 ITreeControl& ViewOf(const EditorParts& parts) {
     return Linked(parts.m_View);
 }

@@ -6,6 +6,7 @@
 #include <ace/editor/held_action.h>
 #include <ace/editor/popup_menu.h>
 #include <ace/host/device_list.h>
+#include <ace/host/forms.h>
 #include <ace/host/list_control.h>
 #include <ace/host/tree_control.h>
 
@@ -32,9 +33,25 @@ struct EditorParts {
     Boolean PickingSigPath;         ///< that of a signal path
     /// The devices in the menu that was opened last; an empty spare stands behind them.
     std::vector<DeviceRecord> DevicePickList;
-    std::weak_ptr<void> form;  ///< of which these are the parts
+    std::weak_ptr<Form> form;  ///< of which these are the parts
+    std::uint32_t shows = 0;   ///< rises with each show of the dialog
+    std::uint32_t builds = 0;  ///< rises whenever the tree is built anew
     bool isAtWork = false;     ///< an operation uses the lists, see `OwnWork`
 };
+
+/// Keeps what an act works with while it lives, whoever ends the editor or its engine meanwhile. An
+/// engine that goes may take its context along.
+struct KeptAlive {
+    explicit KeptAlive(const EditorParts& parts)
+        : context(parts.context.weak_from_this().lock()), form(parts.form.lock()) {}
+
+    std::shared_ptr<ThreadContext> context;  ///< none for one that nobody shares
+    std::shared_ptr<Form> form;
+};
+/// The dialog stands on the screen.
+bool IsDialogShown(const EditorParts& parts);
+/// Error 10 while it does: the operator can't do anything else then, and no host may.
+void RequireNoDialog(const EditorParts& parts);
 
 /// The linked tree; error 91 without a link.
 ITreeControl& ViewOf(const EditorParts& parts);
@@ -62,7 +79,7 @@ class OwnWork {
 /// it, live until the end, whoever releases the editor meanwhile.
 template <class Body>
 void WorkAlone(EditorParts& parts, StringView procedure, Body&& body) {
-    const std::shared_ptr<void> alive = parts.form.lock();
+    const KeptAlive alive(parts);
     Logged(parts.context, EditorLines(procedure), NoMessage, [&](const Statements& stmt) {
         const OwnWork work = stmt([&] { return OwnWork(parts); });
         body(stmt);

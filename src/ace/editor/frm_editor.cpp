@@ -5,7 +5,6 @@
 #include <ace/core/module_columns.h>
 #include <ace/core/text.h>
 #include <ace/editor/action_text.h>
-#include <ace/editor/context_menu.h>
 #include <ace/editor/drag_text.h>
 #include <ace/editor/frm_editor.h>
 #include <ace/editor/input_texts.h>
@@ -42,9 +41,7 @@ void Link(ControlOfHost*& link, ControlOfHost* control, Events& events) {
 }  // namespace
 
 frmEditor::frmEditor(ThreadContext& context)
-    : Form(L"frmEditor", TitleText, 0.0F, 0.0F), x_parts(context) {
-    x_parts.usrPopUp.onClick = [this](const MenuItem& chosen) { RunMenuChoice(chosen); };
-}
+    : Form(L"frmEditor", TitleText, 0.0F, 0.0F), x_parts(context) {}
 
 frmEditor::~frmEditor() {
     DropLinks();
@@ -187,14 +184,6 @@ void frmEditor::Unload() {
 void frmEditor::KeyPressed(std::int32_t key) {
     if (key == Keys::Escape) {
         x_dialog.Cancel();
-    }
-}
-
-void frmEditor::RunMenuChoice(const MenuItem& chosen) {
-    if (x_parts.PickingDevice) {
-        x_dialog.device.picker.DeviceChosen(chosen.caption);
-    } else {
-        RunCommand(x_parts, x_dialog, chosen.command);
     }
 }
 

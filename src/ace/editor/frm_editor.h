@@ -43,7 +43,6 @@ class frmEditor : public Form, public IEditor, public std::enable_shared_from_th
     void FrameClosed() override { x_dialog.Cancel(); }
 
   private:
-    void RunMenuChoice(const MenuItem& chosen);
     void ShowModule(const Statements& stmt);
     void DropLinks() noexcept;
     void DropHalfBuilt() noexcept;

@@ -6,8 +6,8 @@
 namespace ace {
 
 /// An action, and beside it a working record for each kind of parameter, which is what the dialog
-/// changes. The action's `Parameter` gets a copy of it when the dialog is confirmed, so that a
-/// dialog that is cancelled leaves what a paste inserts.
+/// changes. The action's `Parameter` gets a copy of it when the dialog is confirmed or its action
+/// is tried, so that a dialog that is cancelled leaves what a paste inserts.
 struct HeldAction {
     p_Action Action;
     WorkingRecords Records;

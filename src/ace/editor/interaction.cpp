@@ -45,12 +45,12 @@ void RaiseDragComplete(const std::shared_ptr<EngineState>& engine) {
 // ---- dropping ------------------------------------------------------------------------------
 
 /// A kind on offer is dropped on `target`.
-void DropKind(EditorParts& parts, ActionDialog& dialog, const Statements& stmt, std::int32_t number,
+void DropKind(EditorParts& parts, ActionDialog& dialog, const Statements& stmt, StringView text,
               TreeNode target) {
-    const ActionKind* const kind = FindActionKind(number);
+    const ActionKind* const kind = FindActionKind(ParseKindNumber(text));
     if (kind != nullptr && stmt([&] { return ReachesList(parts, target); })) {
         stmt([&] { ViewOf(parts).Select(target); });
-        stmt([&] { dialog.ShowNew(kind->kind); });
+        dialog.ShowNew(kind->kind);
     }
 }
 
@@ -67,24 +67,25 @@ void MoveLine(EditorParts& parts, const Statements& stmt, TreeNode line, TreeNod
     stmt([&] { GetPosition(parts, line, from); });
     Place to;
     stmt([&] { GetPosition(parts, target, to); });
-    stmt([&] { MoveAction(parts, to.time, to.subrange, from.position - 1, to.position - 1); });
+    MoveAction(parts, to.time, to.subrange, from.position - 1, to.position - 1);
 }
 
 /// The line goes into another list, or to the end of its own. Intentional: the keys decide,
 /// whatever effect was shown, and no rule is asked. The line and its copy share the section of
 /// their device with the shift key; with the control key the copy gets one of its own. A list that
-/// runs is asked first, because a line must not be lost between the two edits.
+/// runs is asked first, because a line must not be lost between the two edits; after another error
+/// there it is held, and can be pasted. An edit is no statement: done again, it is another edit.
 void TransferLine(EditorParts& parts, const Statements& stmt, std::int32_t shift, TreeNode target) {
     stmt([&] { RequireFreeModule(*Required(parts.engine), parts.moduleKind); });
     const String targetKey = stmt([&] { return ViewOf(parts).Key(target); });
     stmt([&] { GetAction(parts); });
     if (shift == 0) {
-        stmt([&] { DeleteAction(parts); });
+        DeleteAction(parts);
     } else {
         ForgetRun(parts.held.Action);
     }
     stmt([&] { ViewOf(parts).Select(ViewOf(parts).Find(targetKey)); });
-    stmt([&] { AddAction(parts, shift == ShiftKeys::Control); });
+    AddAction(parts, shift == ShiftKeys::Control);
 }
 
 /// The selected line is dropped on `target`.
@@ -106,18 +107,19 @@ void DropLine(EditorParts& parts, const Statements& stmt, std::int32_t shift, Tr
 // ---- the tree ----------------------------------------------------------------------------------
 
 void TreeEvents::DoubleClicked() {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
     Logged(x_parts.context, TreeDoubleClick, NoMessage, [&](const Statements& stmt) {
+        stmt([&] { RequireNoDialog(x_parts); });
         const TreeNode node = SelectedNode(stmt, x_parts);
         if (node && stmt([&] { return IsLineKey(ViewOf(x_parts).Key(node)); })) {
             stmt([&] { GetAction(x_parts); });
-            stmt([&] { x_dialog.ShowEditor(false); });
+            x_dialog.ShowEditor(false);
         }
     });
 }
 
 void TreeEvents::MouseDown(std::int32_t, std::int32_t, float x, float y) {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
     if (const TreeNode node = ViewOf(x_parts).HitTest(x, y)) {
         ViewOf(x_parts).Select(node);
     }
@@ -127,7 +129,7 @@ void TreeEvents::MouseDown(std::int32_t, std::int32_t, float x, float y) {
 
 /// Intentional: moments can't be dragged, but what else has no icon of its own can.
 void TreeEvents::MouseMoved(std::int32_t buttons, std::int32_t, float x, float y) {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
     const bool isFar = std::abs(x - x_pressedX) > DragDistanceX ||
                        std::abs(y - static_cast<float>(x_pressedY)) > DragDistanceY;
     if ((buttons & MouseButtons::Left) == 0 || !isFar) {
@@ -140,14 +142,17 @@ void TreeEvents::MouseMoved(std::int32_t buttons, std::int32_t, float x, float y
 }
 
 void TreeEvents::MouseUp(std::int32_t button, std::int32_t, float, float) {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
     if (button == MouseButtons::Right) {
-        Guarded(x_parts.context, [&](const Statements& stmt) { ShowContextMenu(x_parts, stmt); });
+        Guarded(x_parts.context, [&](const Statements& stmt) {
+            stmt([&] { RequireNoDialog(x_parts); });
+            OpenContextMenu(x_parts, x_dialog, stmt);
+        });
     }
 }
 
 void TreeEvents::DragStarted(DragData& data, std::int32_t& allowedEffects) {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
     allowedEffects = DropEffects::Copy | DropEffects::Move | DropEffects::Link;
     data = {};
     if (const TreeNode node = ViewOf(x_parts).Selected()) {
@@ -162,7 +167,7 @@ void TreeEvents::DraggedOver(const DragData& data, std::int32_t& effect, std::in
     if (!data.text || !IsDragText(*data.text)) {
         return;
     }
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
     Guarded(x_parts.context, [&](const Statements& stmt) {
         TreeNode target = stmt([&] { return ViewOf(x_parts).HitTest(x, y); });
         if (!target) {
@@ -182,16 +187,17 @@ void TreeEvents::Dropped(const DragData& data, std::int32_t&, std::int32_t shift
     if (!data.text || !IsDragText(*data.text)) {
         return;
     }
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
     const std::shared_ptr<EngineState> engine = x_parts.engine;
     const String text = *data.text;
     Guarded(x_parts.context, [&](const Statements& stmt) {
         const TreeNode target = stmt([&] { return ViewOf(x_parts).DropHighlight(); });
-        const std::int32_t number = stmt([&] { return DroppedNumber(text); });
-        if (target && number == LineNumber) {
+        stmt([&] { RequireNoDialog(x_parts); });
+        const bool isLine = stmt([&] { return DroppedNumber(text); }) == LineNumber;
+        if (target && isLine) {
             DropLine(x_parts, stmt, shift, target);
         } else if (target) {
-            DropKind(x_parts, x_dialog, stmt, number, target);
+            DropKind(x_parts, x_dialog, stmt, text, target);
         }
         stmt([&] { RaiseDragComplete(engine); });
     });
@@ -204,11 +210,11 @@ void TreeEvents::DragEnded() {
 // ---- the list ----------------------------------------------------------------------------------
 
 void ListEvents::DoubleClicked() {
-    const std::shared_ptr<void> alive = x_parts.form.lock();
+    const KeptAlive alive(x_parts);
     Logged(x_parts.context, ListDoubleClick, NoMessage, [&](const Statements& stmt) {
+        stmt([&] { RequireNoDialog(x_parts); });
         const std::optional<String> item = stmt([&] { return PaletteOf(x_parts).Selected(); });
-        const ActionKind* const kind =
-            item ? FindActionKind(stmt([&] { return DroppedNumber(*item); })) : nullptr;
+        const ActionKind* const kind = item ? FindActionKind(ParseKindNumber(*item)) : nullptr;
         if (kind == nullptr) {
             return;
         }
@@ -223,7 +229,7 @@ void ListEvents::DoubleClicked() {
         const bool isAccepted = stmt(
             [&] { return ReachesList(x_parts, node) && MayBeAdded(x_parts, kind->kind, node); });
         if (isAccepted) {
-            stmt([&] { x_dialog.ShowNew(kind->kind); });
+            x_dialog.ShowNew(kind->kind);
         }
     });
 }

@@ -170,6 +170,7 @@ std::vector<String> imlActions() {
 }
 
 void BuildTree(EditorParts& parts, const Statements& stmt) {
+    ++parts.builds;
     stmt([&] { ViewOf(parts).SetRootsSorted(false); });
     stmt([&] { ViewOf(parts).Clear(); });
     const NodeSink add = [&](const PlannedNode& node) { AddWithLines(parts, stmt, node); };

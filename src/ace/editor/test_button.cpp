@@ -53,7 +53,11 @@ void TestRemote(EditorParts& parts) {
     if (!record.Program.empty()) {
         modActions::StartRemoteProgram(parts.context, record, ignoreAll);
     }
-    parts.held.Records.Remote = std::move(record);
+    aceRemote& kept = parts.held.Records.Remote;
+    kept.ProgID = record.ProgID;
+    if (kept.Iface == record.Iface && kept.GpibAddress == record.GpibAddress) {
+        kept.DrvHdl = record.DrvHdl;
+    }
 }
 
 void UseDevice(EditorParts& parts, Boolean isSet) {
@@ -63,7 +67,14 @@ void UseDevice(EditorParts& parts, Boolean isSet) {
     }
     Boolean ignoreAll;
     modActions::SetCheckDevice(parts.context, record, isSet, ignoreAll, parts.moduleKind);
-    parts.held.Records.SetDevice = std::move(record);
+    aceSetDevice& kept = parts.held.Records.SetDevice;
+    if (kept.DevName == record.DevName) {
+        kept.Device = record.Device;
+        kept.MoniDev = record.MoniDev;
+        kept.BcGen = record.BcGen;
+        kept.SigPath = record.SigPath;
+        kept.LastCheck = record.LastCheck;
+    }
 }
 
 void TestSetDevice(EditorParts& parts) {
@@ -90,6 +101,7 @@ void TestHeldAction(EditorParts& parts) {
     for (const TestRow& row : Tests) {
         if (row.kind == parts.held.Action.ActionType) {
             row.test(parts);
+            return;
         }
     }
 }

@@ -55,6 +55,8 @@ class Form {
     /// handler, and sees the focus gone already; nothing runs when it stays where it is. Before the
     /// form is shown it tells the view where to begin.
     void SetFocus(Control& control);
+    /// Nothing has the focus then, and no leave handler runs, now or later.
+    void GiveUpFocus();
     /// The control that has the focus; null at first, and whenever the form has been hidden.
     Control* Focus() const { return x_focus; }
 
@@ -71,8 +73,6 @@ class Form {
 
   private:
     friend class Control;
-
-    void GiveUpFocus();
 
     String x_name;
     std::int32_t x_titleNumber;

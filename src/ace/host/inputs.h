@@ -26,6 +26,7 @@ class TextBox : public ControlOf<ControlKind::TextBox> {
     void Leave() override { Run(onLeave); }
 
     String text;
+    Boolean multiLine;                 ///< Enter begins a line; it has one line otherwise
     std::int32_t selectionStart = 0;   ///< the caret: characters before the selection
     std::int32_t selectionLength = 0;  ///< characters selected behind it
     ControlHandler onChange;

@@ -14,7 +14,8 @@ class IListEvents {
   public:
     virtual ~IListEvents() = default;
     virtual void DoubleClicked() = 0;
-    /// The operator starts to drag the selected item: what does the drag carry?
+    /// The operator starts to drag the selected item: what does the drag carry? Copy and move are
+    /// allowed; whatever comes of the drop, the list keeps its items.
     virtual void DragStarted(DragData& data) = 0;
     /// The drag has ended, dropped or not.
     virtual void DragEnded() = 0;

@@ -19,7 +19,8 @@ struct TreeNode {
 /// What a tree hands on to the editor. Places are in twips from the tree's left upper corner,
 /// buttons are one of `MouseButtons` or, while the mouse moves, all that are down; `shift` has the
 /// bits of `ShiftKeys`. Errors come out at the tree. Messages may run inside `DoubleClicked`,
-/// `MouseUp` and `Dropped`, and the tree may be built anew there.
+/// `MouseUp` and `Dropped`, and the tree may be built anew there; inside `MouseMoved` where
+/// `StartDrag` lets them run.
 class ITreeEvents {
   public:
     virtual ~ITreeEvents() = default;
@@ -34,8 +35,9 @@ class ITreeEvents {
     /// Something is dragged over the tree, from wherever: `effect` is what would come of a drop.
     virtual void DraggedOver(const DragData& data, std::int32_t& effect, std::int32_t shift,
                              float x, float y) = 0;
-    /// It is dropped there. A tree may hand on a drop whose last effect was none, as some toolkits
-    /// do: it is answered like any other, and nothing may come of it.
+    /// It is dropped there, before the `DragEnded` of the drag. A tree may hand on a drop whose
+    /// last effect was none, as some toolkits do: it is answered like any other, and nothing may
+    /// come of it.
     virtual void Dropped(const DragData& data, std::int32_t& effect, std::int32_t shift, float x,
                          float y) = 0;
     /// A drag that was started in this tree has ended, dropped or not.

@@ -22,7 +22,9 @@ struct MenuItem {
     Boolean isChecked = false;  ///< marked as the present one
 };
 
-/// Message boxes, the file dialog and popup menus. Each is modal; messages run while it stands.
+/// Message boxes, the file dialog and popup menus. Each is modal; messages run while it stands. A
+/// view of a form reads all controls again before one comes up: the act that asks for it may have
+/// moved the focus, or changed what shows.
 class IUserDialogs {
   public:
     /// Icons and buttons of a box, as numbers of its style. Without `YesNo` it has one button, OK.

@@ -81,8 +81,8 @@ void ApiPane::HideParameters() {
 void ApiPane::TellNotLoaded() {
     String text = Text(NotLoadedText);
     ReplaceAll(text, NamePlaceholder, filAPIProgram.fileName);
-    filAPIProgram.fileName.clear();
     Context().UserDialogs().ShowMessageBox(text, IUserDialogs::Critical, Text(LoadTitle));
+    filAPIProgram.fileName.clear();
 }
 
 /// What stands in front is kept first: the same program may have been chosen again.
@@ -133,6 +133,7 @@ void ApiPane::BringToFront(std::int32_t tab) {
     tabAPIParameter.current = tab;
     const String& parameter = std::as_const(Records().Api.Parameters)[ParameterOf(tab)];
     (isTable ? filAPIParameterTable.fileName : txtAPIParameterValue.text) = parameter;
+    txtAPIParameterValue.selectionStart = txtAPIParameterValue.selectionLength = 0;
     fraAPIParameterTable.visible = isTable;
     fraAPIParameterValue.visible = !isTable;
 }

@@ -152,19 +152,26 @@ void DevicePane::Show(const Statements& stmt, Boolean isNew) {
 /// Of an action that stands in a list. Intentional: the words about the settings of a missing
 /// device are those of the last dialog.
 void DevicePane::ShowDevice(const Statements& stmt) {
-    fields.lblDevice.caption = Record().DevName;
+    const p_ActionTypes kind = RowOf(HeldKind()).kind;
+    const String name = Record().DevName;
+    fields.lblDevice.caption = name;
     ForgetDevices(Record());
+    const std::uint32_t show = Parts().shows;
     const std::shared_ptr<IDevice> device =
-        stmt([&] { return Context().DeviceList().GetDevice(Record().DevName); });
+        stmt([&] { return Context().DeviceList().GetDevice(name); });
+    if (!Parts().engine || Parts().shows != show) {
+        return;  // the editor was ended, or had another dialog, where messages ran
+    }
     Record().Device = device;
-    if (RowOf(HeldKind()).hasSettings) {
-        ShowEditedDevice(stmt, device);
+    if (RowOf(kind).hasSettings) {
+        ShowEditedDevice(stmt, device, kind);
     } else {
-        ShowSwitchedDevice(stmt, device);
+        ShowSwitchedDevice(stmt, device, kind);
     }
 }
 
-void DevicePane::ShowEditedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device) {
+void DevicePane::ShowEditedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device,
+                                  p_ActionTypes kind) {
     if (!device) {
         stmt([&] {
             Context().UserDialogs().ShowMessageBox(
@@ -175,8 +182,7 @@ void DevicePane::ShowEditedDevice(const Statements& stmt, const std::shared_ptr<
         return;
     }
     const String deviceClass = stmt([&] { return ClassOf(Context(), *device); });
-    const bool isGenerator =
-        HeldKind() == atSetDevice && deviceClass == DeviceClasses::BcGenerators;
+    const bool isGenerator = kind == atSetDevice && deviceClass == DeviceClasses::BcGenerators;
     if (isGenerator) {
         Record().BcGen = std::dynamic_pointer_cast<IBcGenerator>(device);
     } else {
@@ -195,9 +201,9 @@ void DevicePane::ShowEditedDevice(const Statements& stmt, const std::shared_ptr<
     }
 }
 
-void DevicePane::ShowSwitchedDevice(const Statements& stmt,
-                                    const std::shared_ptr<IDevice>& device) {
-    if (HeldKind() == atSwitchAmp) {
+void DevicePane::ShowSwitchedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device,
+                                    p_ActionTypes kind) {
+    if (kind == atSwitchAmp) {
         Record().AmplDev = std::dynamic_pointer_cast<IAmplifier>(device);
         return;
     }
@@ -230,6 +236,11 @@ std::optional<Refusal> DevicePane::Read(const Statements& stmt) {
             [&] { return Refuse(InputTexts::DeviceMissing, nullptr, IUserDialogs::Critical); });
     }
     const KindRow& row = RowOf(HeldKind());
+    for (ValueBox* const box : {&fields.txtWaitTime, &fields.txtCycleTime}) {
+        if (!CanBeKept(box->Value())) {
+            return stmt([&] { return Refusal{LimitsText(Context(), *box), box}; });
+        }
+    }
     if (row.hasSettings &&
         stmt([&] { return fields.lblDeviceSett.caption == Text(InputTexts::NoSettings); })) {
         return stmt(

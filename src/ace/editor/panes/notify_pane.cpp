@@ -26,6 +26,7 @@ const KindWords& CaptionOf(std::int32_t kind) {
 
 NotifyPane::NotifyPane(Form& form, EditorParts& parts)
     : Pane(form, parts, DialogPane::Notify, L"Notify", Rows) {
+    txtMessage.multiLine = true;
     chkBeep.onClick = [this] { BeepTicked(); };
     cmdSelSound.onClick = [this] { SelectSound(); };
     txtSoundFile.onLeave = [this] { Records().Notify.WaveFile = txtSoundFile.text; };

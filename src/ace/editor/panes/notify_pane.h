@@ -17,7 +17,7 @@ class NotifyPane : public Pane {
     Button* TestButton() override { return &cmdTestAction; }
 
     Label lblMessage{fraAction, L"lblMessage", pane_grid::CaptionAt(0, L"Message")};
-    TextBox txtMessage{fraAction, L"txtMessage", pane_grid::FieldAt(0, 3)};  // several lines
+    TextBox txtMessage{fraAction, L"txtMessage", pane_grid::FieldAt(0, 3)};
     Button cb_show_VKSVars{fraAction, L"cb_show_VKSVars(0)", VariableButtonAt(5)};
     CheckBox chkBeep{fraAction, L"chkBeep", pane_grid::LineAt(3, L"Beep")};
     Label lblSoundFile{fraAction, L"lblSoundFile", pane_grid::CaptionAt(4, L"Sound (WAV file)")};

@@ -23,7 +23,8 @@ struct Refusal {
 void Tell(ThreadContext& context, const Refusal& refusal);
 
 /// The part of the dialog in which some kinds of action are edited: a frame with its fields. What
-/// the operator does there changes the working records of the held action, and nothing else.
+/// the operator does there changes the working records of the held action, and no list; only the
+/// settings of devices are in their file at once.
 class Pane {
   public:
     Pane(const Pane&) = delete;
@@ -88,6 +89,8 @@ void ShowValue(ThreadContext& context, ValueBox& box, double value);
 /// What a box holds; `shown` while the text is still the one that `ShowValue` gave for it, so that
 /// digits which don't show are not lost.
 double ValueShown(ThreadContext& context, const ValueBox& box, double shown);
+/// A value that a record and its line in a file can hold.
+bool CanBeKept(double value);
 /// Shows the item of that index, or `other` where the list has none.
 void ShowItem(DropDown& box, std::int32_t index, String other = {});
 /// Shows the item with that text, compared exactly; one that the list doesn't have stands there too

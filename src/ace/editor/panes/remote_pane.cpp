@@ -36,8 +36,10 @@ std::int32_t AddressOf(StringView text, std::int32_t present) {
                                            ReadRoundedNumber(text.substr(colon + 1));
 }
 
-// ---- terminators ---------------------------------------------------------------------------
+// ---- ports and terminators
+// ---------------------------------------------------------------------------
 
+constexpr std::int32_t FirstPort = 1;
 constexpr std::int32_t LineFeedItem = 0;
 constexpr std::int32_t CarriageReturnItem = 1;
 
@@ -50,11 +52,8 @@ RemotePane::RemotePane(Form& form, EditorParts& parts)
     };
     cboIface.onClick = [this] { InterfaceChosen(); };
     cboTerminator.onClick = [this] { Records().Remote.Terminator = cboTerminator.listIndex; };
-    cboComPort.onClick = [this] { Records().Remote.SerComPort = cboComPort.listIndex + 1; };
-    cboGpibAddress.onClick = [this] {
-        aceRemote& record = Records().Remote;
-        record.GpibAddress = AddressOf(cboGpibAddress.Text(), record.GpibAddress);
-    };
+    cboComPort.onClick = [this] { Records().Remote.SerComPort = cboComPort.listIndex + FirstPort; };
+    cboGpibAddress.onClick = [this] { AddressChosen(); };
     txtGpibCommand.onChange = [this, allowTest] { allowTest(txtGpibCommand); };
     txtDll.onChange = [this, allowTest] { allowTest(txtDll); };
     txtDll.onLeave = [this] { Records().Remote.Program = txtDll.text; };
@@ -82,7 +81,7 @@ void RemotePane::FillLists() {
     cboGpibAddress.Fill(std::move(addresses));
     cboGpibAddress.listIndex = 0;
     std::vector<String> ports;
-    for (std::int32_t port = 1; port <= ComPorts; ++port) {
+    for (std::int32_t port = FirstPort; port <= ComPorts; ++port) {
         ports.push_back(L"COM" + IntegerText(port));
     }
     cboComPort.Fill(std::move(ports));
@@ -116,6 +115,15 @@ void RemotePane::InterfaceChosen() {
     } else {
         cboComPort.Choose(0);
         cboTerminator.Choose(CarriageReturnItem);
+    }
+}
+
+/// What a test has opened belongs to the address before.
+void RemotePane::AddressChosen() {
+    aceRemote& record = Records().Remote;
+    const std::int32_t address = AddressOf(cboGpibAddress.Text(), record.GpibAddress);
+    if (std::exchange(record.GpibAddress, address) != address) {
+        record.DrvHdl = aceRemote::NoHandle;
     }
 }
 
@@ -153,7 +161,7 @@ void RemotePane::ShowAddress(const aceRemote& record) {
     const std::int32_t board = record.GpibAddress / BoardFactor;
     const std::int32_t address = record.GpibAddress % BoardFactor;
     ShowItem(cboGpibAddress, AddressItem(board, address), AddressText(board, address));
-    ShowItem(cboComPort, record.SerComPort - 1);
+    ShowItem(cboComPort, record.SerComPort >= FirstPort ? record.SerComPort - FirstPort : -1);
     txtTcpPort.text = IntegerText(record.TcpPort);
     txtHost.text = record.TcpHost;
 }
@@ -182,7 +190,9 @@ std::optional<Refusal> RemotePane::ReadAddress(const Statements& stmt, aceRemote
             record.GpibAddress = AddressOf(cboGpibAddress.Text(), record.GpibAddress);
             break;
         case aceRemote::Serial:
-            record.SerComPort = IndexShown(cboComPort, record.SerComPort - 1) + 1;
+            if (cboComPort.listIndex >= 0) {
+                record.SerComPort = cboComPort.listIndex + FirstPort;
+            }
             break;
         case aceRemote::TcpIp:
             record.TcpPort = stmt([&] { return ReadRoundedNumber(txtTcpPort.text); });

@@ -43,6 +43,7 @@ class RemotePane : public Pane {
   private:
     void InterfaceChosen();
     void ShowInterface(std::int32_t iface);
+    void AddressChosen();
     void TakeTcpPort();
     void SelectProgram();
     void TakeProgram(const String& file);

@@ -1,3 +1,6 @@
+#include <cmath>
+#include <limits>
+
 #include <ace/editor/device_classes.h>
 #include <ace/editor/field_limits.h>
 #include <ace/editor/input_texts.h>
@@ -110,11 +113,13 @@ std::optional<Refusal> TrackPane::ReadGenerator(const Statements& stmt) {
 
 /// Intentional: the name of a generator stays, unlike that of a monitoring device above.
 std::optional<Refusal> TrackPane::ReadMonitor(const Statements& stmt) {
-    if (txtDelayTime.Value() == 0.0) {
+    constexpr double Longest = std::numeric_limits<std::int32_t>::max();
+    const double delay = txtDelayTime.Value();
+    if (delay == 0.0 || std::abs(delay) > Longest) {
         return stmt([&] { return Refusal{LimitsText(Context(), txtDelayTime), &txtDelayTime}; });
     }
     aceTrackFreq& record = Records().TrackFreq;
-    record.DelayTime = stmt([&] { return RoundToLong(txtDelayTime.Value()); });
+    record.DelayTime = stmt([&] { return RoundToLong(delay); });
     if (cboCANDriver.Text().empty()) {
         return stmt([&] { return Refuse(InputTexts::DeviceMissing); });
     }

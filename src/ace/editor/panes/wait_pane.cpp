@@ -24,7 +24,7 @@ void WaitPane::Show(const Statements& stmt, Boolean isNew) {
 }
 
 std::optional<Refusal> WaitPane::Read(const Statements& stmt) {
-    if (txtWait.Value() == 0.0) {
+    if (txtWait.Value() == 0.0 || !CanBeKept(txtWait.Value())) {
         return stmt([&] { return Refusal{LimitsText(Context(), txtWait), &txtWait}; });
     }
     aceWait& record = Records().Wait;
