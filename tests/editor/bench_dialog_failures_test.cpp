@@ -20,9 +20,9 @@ class DialogFailures : public MacroBench {
     /// The host ends the editor inside the first call of an operation from now on.
     FormAct EndEditorIn(StringView operation) {
         return Do([this, operation](Form&) {
-            host->beforeCall = [this, operation](StringView called, sim::CallArguments) {
-                if (called == operation) {
-                    host->beforeCall = nullptr;
+            host->beforeCall = [this, operation, isDone = false](StringView called,
+                                                                 sim::CallArguments) mutable {
+                if (called == operation && !std::exchange(isDone, true)) {
                     engine->Release();
                 }
             };

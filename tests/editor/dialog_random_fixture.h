@@ -68,7 +68,7 @@ class DialogRandomFixture : public FreeEditor, public ::testing::WithParamInterf
 
     // ---- the file ----------------------------------------------------------------------------
 
-    ModelAction DrawLine(char list) {
+    ModelAction DrawLine(char letter) {
         static const std::vector<std::pair<int, String>> lines = {
             {0, L"1500.000"},
             {1, L"Stop,,1"},
@@ -99,7 +99,7 @@ class DialogRandomFixture : public FreeEditor, public ::testing::WithParamInterf
             {17, L"Meter,@,1,1,0,0,20.00,0,10.00,0"}};
         while (true) {
             const auto& [kind, value] = user.DrawFrom(lines);
-            if (std::string_view(LineKinds[kind].lists).find(list) != std::string_view::npos) {
+            if (std::string_view(LineKinds[kind].lists).find(letter) != std::string_view::npos) {
                 return model.Make(kind, value, Draw(101, 103));
             }
         }

@@ -307,16 +307,16 @@ class DialogRandomTest : public DialogRandomView {
 
     void Step() {
         using Act = void (DialogRandomTest::*)();
-        constexpr std::pair<int, Act> Acts[] = {{22, &DialogRandomTest::DoubleClickPalette},
-                                                {40, &DialogRandomTest::DoubleClickTree},
-                                                {48, &DialogRandomTest::Click},
-                                                {66, &DialogRandomTest::UseMenu},
-                                                {78, &DialogRandomTest::DragKind},
-                                                {92, &DialogRandomTest::DragNode},
-                                                {94, &DialogRandomTest::DragForeign},
-                                                {96, &DialogRandomTest::SaveAndLoad},
-                                                {98, &DialogRandomTest::OpenAnew},
-                                                {100, &DialogRandomTest::ChangeBench}};
+        const std::pair<int, Act> Acts[] = {{22, &DialogRandomTest::DoubleClickPalette},
+                                            {40, &DialogRandomTest::DoubleClickTree},
+                                            {48, &DialogRandomTest::Click},
+                                            {66, &DialogRandomTest::UseMenu},
+                                            {78, &DialogRandomTest::DragKind},
+                                            {92, &DialogRandomTest::DragNode},
+                                            {94, &DialogRandomTest::DragForeign},
+                                            {96, &DialogRandomTest::SaveAndLoad},
+                                            {98, &DialogRandomTest::OpenAnew},
+                                            {100, &DialogRandomTest::ChangeBench}};
         const int drawn = Draw(1, 100);
         const auto act =
             std::ranges::find_if(Acts, [&](const auto& row) { return drawn <= row.first; });

@@ -1,6 +1,11 @@
 /// An editor on a host whose operator has no script and answers whatever comes up.
 #pragma once
 
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include <ace/core/actions_engine.h>
 #include <ace/editor/edit_operations.h>
 #include <ace/editor/frm_editor.h>
 

@@ -42,7 +42,7 @@ TEST_F(MacroTabs, AValueIsANumberOrAVariableAndItsCommaBecomesAPoint) {
 }
 
 TEST_F(MacroTabs, AnyOtherValueIsRefusedAndTheTabStaysWithItsField) {
-    for (const String& typed : {L"", L"abc", L"12 V", L"#", L"##", L"#FREQ", L"FREQ#", L"1.2.3"}) {
+    for (const String typed : {L"", L"abc", L"12 V", L"#", L"##", L"#FREQ", L"FREQ#", L"1.2.3"}) {
         OpenTemplate();
         AnswerBox(L"T(21093)");
         AddMacro({TakeProgram(L"log.mac"), TypeValue(typed), ForgetCalls(), GoToTab(1),

@@ -11,7 +11,7 @@ using ::testing::IsEmpty;
 class PickerReentry : public BenchDialog {
   protected:
     PickerReentry() {
-        for (const String& name : {L"Camera", L"Probe", L"Other"}) {
+        for (const String name : {L"Camera", L"Probe", L"Other"}) {
             AddMonitor(name);
         }
         Section(7) = {L"Gain=3"};
@@ -24,9 +24,9 @@ class PickerReentry : public BenchDialog {
     /// opens and is cancelled.
     FormAct OpenSecondIn(StringView operation) {
         return Do([this, operation](Form&) {
-            host->beforeCall = [this, operation](StringView called, sim::CallArguments) {
-                if (called == operation) {
-                    host->beforeCall = nullptr;
+            host->beforeCall = [this, operation, isDone = false](StringView called,
+                                                                 sim::CallArguments) mutable {
+                if (called == operation && !std::exchange(isDone, true)) {
                     std::dynamic_pointer_cast<frmEditor>(context.Editor)->CloseByFrame();
                     host->user.Expect(
                         {L"frmEditor", {Reads(L"lblDevice", L"Probe"), Cancel()}, {}});

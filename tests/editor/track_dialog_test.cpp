@@ -229,7 +229,7 @@ TEST_F(TrackDialog, WithoutAGeneratorAndATableTheGeneratorIsAskedForFirst) {
 
 TEST_F(TrackDialog, ADelayOfNothingIsRefusedWithTheLimitsOfTheBox) {
     OpenEmission();
-    for (const String& text : {L"0", L"", L"none"}) {
+    for (const String text : {L"0", L"", L"none"}) {
         ExpectRefused({Choose(L"optTrackFrq", Monitor), Type(L"txtDelayTime", text)},
                       L"Enter 1.000 to 600.000, not above 600.000", L"txtDelayTime");
     }
