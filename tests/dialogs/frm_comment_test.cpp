@@ -188,8 +188,7 @@ TEST_F(FrmComment, FractionalHeightsDriftByTheRoundingOfTheOldTop) {
     EXPECT_EQ(form->height, 1045.5F);  // 1045 - (536 - 536.5): 536.5 rounds down to the even 536
 }
 
-// ---- from inside
-// ---------------------------------------------------------------------------------
+// ---- from inside --------------------------------------------------------------------------------
 
 TEST_F(FrmComment, AMessageFromInsideTakesTheFormOverAndOneAnswerServesBothCalls) {
     Boolean inner;
@@ -229,8 +228,7 @@ TEST_F(FrmComment, AQuestionInsideAQuestionLeavesTheDesignCaptionsInTheEnd) {
     EXPECT_EQ(form->cmdStopTest.toolTip, L"");
 }
 
-// ---- failures of the host
-// --------------------------------------------------------------------------
+// ---- failures of the host -----------------------------------------------------------------------
 
 TEST_F(FrmComment, AFailingScreenComesOutAndTheWordsOfTheQuestionAreTakenBack) {
     host->faults.FailOperation(L"FormHost.ShowModal", 1, 1234);

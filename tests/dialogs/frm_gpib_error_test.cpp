@@ -65,8 +65,7 @@ aceRemote Program(String line) {
     return record;
 }
 
-// ---- the rows
-// ------------------------------------------------------------------------------------
+// ---- the rows -----------------------------------------------------------------------------------
 
 TEST_F(FrmGpibError, ASetDeviceNamesTheDeviceAndTheError) {
     const Shown shown = Fail(atSetDevice, Device(L"Camera 1"));
@@ -162,8 +161,7 @@ TEST_F(FrmGpibError, WhatNoFailureComesWithLeavesTheDesign) {
     }
 }
 
-// ---- the answers
-// -----------------------------------------------------------------------------------
+// ---- the answers --------------------------------------------------------------------------------
 
 TEST_F(FrmGpibError, IgnoreGoesOnAndLeavesTheFlagAsItCame) {
     for (const Boolean before : {Boolean(false), Boolean(true)}) {

@@ -35,6 +35,53 @@ class DialogFailures : public MacroBench {
     }
 };
 
+// ---- picking -----------------------------------------------------------------------------------
+
+TEST_F(DialogFailures, ADeviceWhoseSettingsCannotBeBegunAnewIsRefused) {
+    OpenTemplate({OnDevice(atSetDevice, L"Camera")});
+    for (const StringView call : {L"SettingsFile.SetSection", L"SettingsFile.Release"}) {
+        host->faults.FailOperation(call, 1, 57);
+        AnswerMenu(L"Probe");
+        AnswerBox(L"T(9208)");
+        EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDevice", L"Probe"),
+                  Reads(L"lblDeviceSett", L"T(9148)"), Confirm(), Cancel()});
+        host->faults.Clear();
+        EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
+        EXPECT_EQ(StoredDevice().DevName, L"Camera");
+    }
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(DialogFailures, TheSectionIsBegunAnewBeforeItIsEditedWhereThatHadFailed) {
+    OpenTemplate({OnDevice(atSetDevice, L"Camera")});
+    host->faults.FailOperation(L"SettingsFile.SetSection", 1, 57);
+    AnswerMenu(L"Probe");
+    CancelSettings();
+    AnswerBox(L"T(9208)");
+    EditLine(
+        {PressMouse(L"imgDevice", MouseButtons::Right), Press(L"imgDevice"), Confirm(), Cancel()});
+    EXPECT_THAT(Section(7), ElementsAre(L""));
+}
+
+TEST_F(DialogFailures, ADeviceOfWhichTheClassCannotBeHadLeavesTheLabels) {
+    OpenTemplate({OnDevice(atSetDevice, L"Camera")});
+    AnswerMenu(L"Probe");
+    EditLine({Do([&](Form&) { host->faults.FailOperation(L"DeviceList.ClassName", 1, 57); }),
+              PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDevice", L"Camera"),
+              Reads(L"lblDeviceSett", L"Gain=3"), Confirm()});
+    EXPECT_EQ(StoredDevice().DevName, L"Camera");
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(DialogFailures, SettingsThatCannotBeWrittenDoNotShowAsSet) {
+    OpenTemplate({OnDevice(atSetDevice, L"Camera")});
+    host->faults.FailOperation(L"SettingsFile.Release", 1, 57);
+    AnswerSettings(L"Gain=9");
+    EditLine({Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=3"), Confirm()});
+    EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
+    EXPECT_FALSE(engine->Change());
+}
+
 // ---- opening -----------------------------------------------------------------------------------
 
 TEST_F(DialogFailures, AnErrorWhileADeviceIsShownComesOutAndNoDialogComesUp) {
@@ -95,18 +142,26 @@ TEST_F(DialogFailures, AProgramThatCannotBeLoadedLeavesNoTabsOfTheOneBefore) {
 // ---- a host that ends the editor ---------------------------------------------------------------
 
 TEST_F(DialogFailures, AHostMayEndTheEditorWhileAMenuIsFilledOrStands) {
-    for (const StringView call : {L"DeviceList.DevicesOfClass", L"MonitorDevice.Capabilities",
-                                  L"UserDialogs.ShowPopupMenu", L"Device.Name"}) {
+    struct Row {
+        StringView call;
+        bool answersBefore = false;  ///< the menu, before the editor ends
+        bool answersBehind = false;
+    };
+    // Behind the search for devices no menu comes up.
+    constexpr Row rows[] = {{L"DeviceList.DevicesOfClass"},
+                            {L"MonitorDevice.Capabilities"},
+                            {L"UserDialogs.ShowPopupMenu", false, true},
+                            {L"Device.Name", true, false}};
+    for (const Row& row : rows) {
         OpenTemplate({OnDevice(atCheckEut, L"Camera")});
-        const bool menuComesFirst = call == L"Device.Name";
-        if (menuComesFirst) {
+        if (row.answersBefore) {
             AnswerMenu(L"Probe");
         }
         host->user.ExpectQuestion(true);
-        if (!menuComesFirst) {
+        if (row.answersBehind) {
             AnswerMenu(L"Probe");
         }
-        EditLine({EndEditorIn(call), PressMouse(L"imgDevice", MouseButtons::Right)});
+        EditLine({EndEditorIn(row.call), PressMouse(L"imgDevice", MouseButtons::Right)});
         ExpectEditorGone();
         EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
     }

@@ -134,6 +134,23 @@ TEST_F(DeviceChoice, ACancelledDialogLeavesTheListAndAnEmptiedSection) {
     EXPECT_THAT(Section(7), ElementsAre(L""));
 }
 
+TEST_F(DeviceChoice, WithoutASettingsFileNoSectionIsEmptiedAndTheSettingsAreAskedAllTheSame) {
+    host->missingFiles.insert(L"setup.ini");
+    OpenTemplate({OnDevice(atSetDevice, L"Camera")});
+    AnswerMenu(L"Probe");
+    AnswerSettings(L"Zoom=2");
+    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDevice", L"Probe"),
+              Reads(L"lblDeviceSett", L"Zoom=2"), HasTip(L"imgDevice", L"T(9149)"), Confirm()});
+    EXPECT_EQ(TakeCallsOfChoice(),
+              Journal(Taken(L"Probe", 1), Opened(), Opened(),
+                      Called(L"DeviceSettingsStore.SetDevice", String(L"Probe"), 1),
+                      Called(L"DeviceSettingsStore.StoreIn", false, SectionOf(7)),
+                      Called(L"DeviceSettingsStore.EditSettings", NewSettings), EntryTaken,
+                      DialogHidden));
+    EXPECT_EQ(StoredDevice().DevName, L"Probe");
+    EXPECT_THAT(Section(7), ElementsAre(L"Gain=3", L"Mode=on"));
+}
+
 TEST_F(DeviceChoice, ANewSetDeviceLeavesItsSettingsInASectionOfItsOwnAndEachPasteMakesOne) {
     OpenTemplate();
     AnswerMenu(L"Camera");
@@ -172,6 +189,22 @@ TEST_F(DeviceChoice, ANextGeneratorKeepsTheSignalPathAndShowsItsName) {
     EXPECT_EQ(TakeCallsOfChoice(), Journal(Taken(L"Jammer", 2), Found(L"Path A"),
                                            SettingsAsked(L"Jammer", 7), EntryTaken, DialogHidden));
     EXPECT_EQ(StoredDevice().Path, L"Path A");
+    EXPECT_EQ(StoredDevice().SigPathName, L"Path A");
+}
+
+TEST_F(DeviceChoice, ANextGeneratorKeepsTheNameOfASignalPathThatTheHostHasNoMore) {
+    OpenTemplate({Radio(L"Output", L"Path A")});
+    std::vector<FormAct> acts = ChooseDevice(L"Jammer");
+    acts.insert(acts.begin(), Do([this](Form&) {
+                    EXPECT_TRUE(Held().SigPath);
+                    std::erase_if(host->bench.devices,
+                                  [](const auto& one) { return one->name == L"Path A"; });
+                }));
+    EditLine(Acts(acts, {Reads(L"lblDevice", L"Jammer"), Reads(L"lblSwUnit", L"Path A"),
+                         Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }), Confirm()}));
+    EXPECT_EQ(TakeCallsOfChoice(), Journal(Taken(L"Jammer", 2), Found(L"Path A"),
+                                           SettingsAsked(L"Jammer", 7), EntryTaken, DialogHidden));
+    EXPECT_EQ(StoredDevice().DevName, L"Jammer");
     EXPECT_EQ(StoredDevice().SigPathName, L"Path A");
 }
 

@@ -43,8 +43,18 @@ TEST_F(DeviceEntry, ADeviceWithoutSettingsIsNotTaken) {
         EXPECT_THAT(TakeCalls(),
                     ElementsAre(EntryTaken, EntryRefused(L"T(9208)", IUserDialogs::Critical),
                                 DialogHidden));
+        EXPECT_EQ(State().MainTest.Enter[0], OnDevice(kind, L"Camera"));
         EXPECT_FALSE(engine->Change());
     }
+}
+
+TEST_F(DeviceEntry, MissingSettingsAreToldBeforeANumberThatNoRecordHolds) {
+    Section(7).clear();
+    OpenTemplate({OnDevice(atCheckEut, L"Camera")});
+    AnswerBox(L"T(9201)");  // where the box is left
+    AnswerBox(L"T(9208)");
+    EditLine({Type(L"txtWaitTime", L"1" + String(40, L'0')), Confirm(), Cancel()});
+    EXPECT_FALSE(engine->Change());
 }
 
 TEST_F(DeviceEntry, ADeviceWhoseNewSettingsWereNotConfirmedIsTaken) {

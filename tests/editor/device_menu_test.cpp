@@ -88,6 +88,26 @@ TEST_F(DeviceMenu, AHostWhoseClassesBeginWithTheirFirstDeviceLosesNone) {
                 ElementsAre(MenuShown(L"1 \"Camera\", 2 \"Setter\", 3 \"Radio\", 4 \"Jammer\"")));
 }
 
+TEST_F(DeviceMenu, AnEntryWithoutADeviceOrWithOneThatMonitorsNothingIsLeftOut) {
+    AddMonitor(L"Camera");
+    AddMonitor(L"Gone");
+    host->bench.Keep(std::make_shared<sim::SimDevice>(*host, L"Lamp", sim::SimClass::Monitoring));
+    AddMonitor(L"Setter", 2);
+    OpenTemplate();
+    host->beforeCall = [this](StringView operation, sim::CallArguments) {
+        if (operation == L"DeviceList.GetDevice") {
+            std::erase_if(host->bench.devices,
+                          [](const auto& one) { return one->name == L"Gone"; });
+        }
+    };
+    AddKind(atSetDevice, ThenCancel(LookAt(L"imgDevice")));
+    host->beforeCall = nullptr;
+    EXPECT_EQ(TakeMenuCalls(),
+              Journal(ClassAsked(L"Monitoring"), UsesAsked(L"Camera"), Found(L"Gone"),
+                      Found(L"Lamp"), UsesAsked(L"Setter"), ClassAsked(L"BcGenerators"),
+                      MenuShown(L"1 \"Camera\", 2 \"Setter\"")));
+}
+
 TEST_F(DeviceMenu, TheDeviceThatShowsIsMarked) {
     FillBench();
     OpenTemplate({OnDevice(atSetDevice, L"Setter")});
@@ -215,6 +235,23 @@ TEST_F(DeviceMenu, SignalPathsOfAGeneratorFollowTheItemThatTakesThemAway) {
         OpenTemplate({action});
         EditLine(ThenCancel(LookAt(L"imgSwitchUnit")));
         EXPECT_EQ(TakeMenuCalls(), Journal(ClassAsked(L"SignalPaths"), MenuShown(items)));
+    }
+}
+
+TEST_F(DeviceMenu, AmplifiersSwitchUnitsAndSignalPathsAreOfferedByTheLeftButtonAlone) {
+    Add<sim::SimAmplifier>(L"Amplifier");
+    Add<sim::SimSwitchUnit>(L"Relays");
+    Add<sim::SimBcGenerator>(L"Radio");
+    Add<sim::SimSignalPath>(L"Path A");
+    OpenTemplate({OnDevice(atSwitchAmp, L"Amplifier"), OnDevice(atSwitchUnit, L"Relays"),
+                  OnDevice(atSetDevice, L"Radio")});
+    for (const std::int32_t button : {MouseButtons::Right, MouseButtons::Middle}) {
+        EditLine({ForgetCalls(), PressMouse(L"imgAmplifier", button), Cancel()});
+        EXPECT_THAT(TakeMenuCalls(), ElementsAre()) << button;
+        for (const StringView line : {L"CHI1ETE", L"CHI2ETE"}) {
+            EditLine({ForgetCalls(), PressMouse(L"imgSwitchUnit", button), Cancel()}, String(line));
+            EXPECT_THAT(TakeMenuCalls(), ElementsAre()) << button;
+        }
     }
 }
 

@@ -22,11 +22,27 @@ class DeviceSettings : public BenchDialog {
         calls.resize(calls.empty() ? 0 : calls.size() - 1);
         return calls;
     }
-    /// The host's dialog begins with this text, and the file is kept open for it.
-    static Lines Edited(const String& name, const String& text) {
+    /// The host's dialog begins with this text, and the file is kept open for it, if there is one.
+    static Lines Edited(const String& name, const String& text, bool hasFile = true) {
         return {Called(L"DeviceSettingsStore.SetDevice", name, 1),
-                Called(L"DeviceSettingsStore.StoreIn", true, SectionOf(7)),
+                Called(L"DeviceSettingsStore.StoreIn", hasFile, SectionOf(7)),
                 Called(L"DeviceSettingsStore.EditSettings", text)};
+    }
+    /// The same device is chosen and set up, which is a change; its settings are opened once more,
+    /// where that call fails; then OK.
+    void OkAfterAChangeAndAnErrorOf(const String& call) {
+        OpenTemplate({OnDevice(atSetDevice, L"Camera")});
+        AnswerMenu(L"Camera");
+        AnswerSettings(L"Gain=4");
+        const auto fails = [this, call](Form&) {
+            EXPECT_TRUE(Parts().DeviceSettingsChanged);
+            host->journal.Clear();
+            host->faults.FailOperation(call, 1, 57);
+        };
+        EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDeviceSett", L"Gain=4"),
+                  Do(fails), Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=4"), Confirm()});
+        EXPECT_EQ(host->journal.LinesOf(call).size(), 1U);
+        EXPECT_THAT(host->journal.LinesOf(L"DeviceSettingsStore"), IsEmpty());
     }
     static inline const String Released = L"SettingsFile.Release()";
 };
@@ -70,6 +86,21 @@ TEST_F(DeviceSettings, TheSettingsOfAChosenDeviceAreReadAnewAndWhatIsEmptyReadsA
     EXPECT_EQ(TakeSettingsCalls(),
               Journal(Opened(), Classed(L"Camera", 1), UsedFor(L"Camera", 2),
                       SettingsRead(L"Camera", 7), Edited(L"Camera", L"T(9148)"), Released));
+}
+
+TEST_F(DeviceSettings, WithoutASettingsFileTheHostsDialogBeginsWithoutSettingsAndItsOutcomeShows) {
+    host->missingFiles.insert(L"setup.ini");
+    const String camera = L"Camera";
+    OpenTemplate({OnDevice(atSetDevice, camera)});
+    AnswerSettings(L"Gain=4");
+    EditLine({ForgetCalls(), Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=4"),
+              Do([this](Form&) { EXPECT_TRUE(Parts().DeviceSettingsChanged); }), Cancel()});
+    EXPECT_EQ(TakeSettingsCalls(),
+              Journal(Opened(), Classed(camera, 1), UsedFor(camera, 2),
+                      Called(L"Device.ReadSettings", camera, 2, false, SectionOf(7)),
+                      Called(L"Device.SettingsText", camera, false, SectionOf(7)),
+                      Edited(camera, L"T(9148)", false)));
+    EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
 }
 
 // ---- what counts as a change -------------------------------------------------------------------
@@ -157,6 +188,16 @@ TEST_F(DeviceSettings, AnErrorOfTheHostEndsTheSettingsQuietly) {
         EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), IsEmpty());
     }
     EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
+}
+
+TEST_F(DeviceSettings, AnErrorWhileTheSettingsAreReadForgetsTheChangeBeforeIt) {
+    OkAfterAChangeAndAnErrorOf(L"Device.ReadSettings");
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(DeviceSettings, AnErrorBeforeTheSettingsAreReadKeepsTheChangeBeforeIt) {
+    OkAfterAChangeAndAnErrorOf(L"MonitorDevice.SetUseMode");
+    EXPECT_TRUE(engine->Change());
 }
 
 TEST_F(DeviceSettings, ADeviceThatCannotBeUsedSoEndsTheSettingsQuietly) {

@@ -41,8 +41,7 @@ class DialogClosing : public ShownDialog {
     Form& Dialog() { return *std::dynamic_pointer_cast<frmEditor>(context.Editor); }
 };
 
-// ---- OK
-// ------------------------------------------------------------------------------------------
+// ---- OK -----------------------------------------------------------------------------------------
 
 TEST_F(DialogClosing, OkOnANewActionReadsItAddsItAndHidesTheDialog) {
     OpenWith(aceTemplate);
@@ -157,8 +156,7 @@ TEST_F(DialogClosing, ANewActionHasNoLatchOfTheActionBefore) {
     EXPECT_EQ(Stored(1), Gpib(1, L"*CLS"));
 }
 
-// ---- cancelling
-// ----------------------------------------------------------------------------------
+// ---- cancelling ---------------------------------------------------------------------------------
 
 struct CancelledBy {
     const char* name;
@@ -211,8 +209,7 @@ TEST_F(DialogClosing, AnotherKeyDoesNothing) {
     ShowNew(atWait, {sim::PressKey(13), SeeFocus(L"txtWait"), PressCancel});
 }
 
-// ---- what is held
-// --------------------------------------------------------------------------------
+// ---- what is held -------------------------------------------------------------------------------
 
 /// A command of the menu on the selected line.
 class HeldByTheDialog : public DialogClosing {
@@ -260,8 +257,18 @@ TEST_F(HeldByTheDialog, ALineThatWasCancelledIsWhatPasteInsertsAsItWasOpened) {
     EXPECT_EQ(Stored(1), WaitFor(1500));
 }
 
-// ---- closing from code
-// ---------------------------------------------------------------------------
+/// A test takes the fields over into what is held, as OK does.
+TEST_F(HeldByTheDialog, ALineThatWasTestedAndCancelledIsWhatPasteInsertsAsItWasTested) {
+    OpenWith(aceTemplate, {Tell(L"Door")});
+    host->user.ExpectBox(L"Gate");
+    ShowLine({sim::Type(L"txtMessage", L"Gate"), sim::Press(L"cmdTestAction(0)"),
+              sim::Type(L"txtMessage", L"Lamp"), PressCancel});
+    EXPECT_EQ(Stored(), Tell(L"Door"));
+    Choose(LineKey(), Paste);
+    EXPECT_EQ(Stored(1), Tell(L"Gate"));
+}
+
+// ---- closing from code --------------------------------------------------------------------------
 
 class ReleasedDialog : public DialogClosing {
   protected:

@@ -17,8 +17,7 @@ class DialogEntries : public ShownDialog {
     DialogEntries() { host->texts[9201] = L"Enter yyy to xxx."; }
 };
 
-// ---- refused
-// -------------------------------------------------------------------------------------
+// ---- refused ------------------------------------------------------------------------------------
 
 struct RefusedEntry {
     const char* name;
@@ -143,8 +142,7 @@ TEST_F(DialogEntries, ARefusedEntryIsMendedInTheSameDialog) {
     EXPECT_EQ(RecordOf<aceRemote>(stored).Command, L"*CLS");
 }
 
-// ---- taken
-// ---------------------------------------------------------------------------------------
+// ---- taken --------------------------------------------------------------------------------------
 
 struct TakenEntry {
     const char* name;
@@ -269,8 +267,7 @@ TEST_P(TakenEntriesOf, AnActionIsStoredWithItsRecord) {
 INSTANTIATE_TEST_SUITE_P(Each, TakenEntriesOf, ::testing::ValuesIn(TakenEntries),
                          [](const auto& one) { return std::string(one.param.name); });
 
-// ---- waits
-// ---------------------------------------------------------------------------------------
+// ---- waits --------------------------------------------------------------------------------------
 
 /// Intentional: only 0 is refused; a time beyond the limits is told of when the field is left.
 TEST_F(DialogEntries, AWaitBeyondItsLimitsIsToldOfAndTakenByOk) {
@@ -285,8 +282,7 @@ TEST_F(DialogEntries, AWaitThatIsNotTouchedKeepsDigitsThatItsBoxCannotShow) {
     EXPECT_FALSE(engine->Change());
 }
 
-// ---- messages
-// ------------------------------------------------------------------------------------
+// ---- messages -----------------------------------------------------------------------------------
 
 TEST_F(DialogEntries, AMessageThatIsClearedLeavesTheSound) {
     EXPECT_EQ(
@@ -314,8 +310,7 @@ TEST_F(DialogEntries, TheTextOfACommentStays) {
         expected);
 }
 
-// ---- commands and programs
-// -----------------------------------------------------------------------
+// ---- commands and programs ----------------------------------------------------------------------
 
 TEST_F(DialogEntries, OfAProgramAloneTheInterfaceIsNotRead) {
     RemoteFields fields{.command = L"*RST",
@@ -347,6 +342,11 @@ TEST_F(DialogEntries, ThePortIsRewrittenAsAWholeNumber) {
             {TypeReset, sim::Choose(L"cboIface", 2), sim::Type(L"txtTcpPort", L" 05025"), PressOk,
              See(L"txtTcpPort", L"5025"), sim::Type(L"txtHost", L"gen"), PressOk});
     EXPECT_EQ(RecordOf<aceRemote>(Stored()).TcpPort, 5025);
+}
+
+TEST_F(DialogEntries, APortThatIsNoNumberIsNone) {
+    const p_Action stored = Edited(Tcp(L"gen", 5025, L"*RST"), {sim::Type(L"txtTcpPort", L"x")});
+    EXPECT_EQ(stored, Tcp(L"gen", 0, L"*RST"));
 }
 
 TEST_F(DialogEntries, APortBeyond16BitsIsTakenByOk) {

@@ -56,6 +56,33 @@ TEST_F(DialogInterrupted, AReleaseWhereTheDeviceIsLookedForLeavesNoDialogBehind)
     EXPECT_THAT(Boxes(), IsEmpty());
 }
 
+TEST_F(DialogInterrupted, NoOtherActOfTheMouseIsTakenBeforeItComesUp) {
+    host->bench.Add<sim::SimMonitor>(*host, L"Camera");
+    host->files[L"setup.ini"][L"Actions7-Device"] = {L"Gain=3"};
+    OpenWith(aceTemplate, {Action(atCheckEut, CheckOf(L"Camera")), Action(atTestStop, {})});
+    const ModuleLists before = State();
+    Select(LineKey());
+    In(L"DeviceList.GetDevice", [&] {
+        EXPECT_EQ(ErrorOf([&] { list.DoubleClick(L"ACT:0"); }), 10);
+        EXPECT_EQ(ErrorOf([&] { tree.DoubleClick(L"CHI1ETE"); }), 10);
+        EXPECT_EQ(ErrorOf([&] { tree.Release(L"ETE", MouseButtons::Right); }), 10);
+        EXPECT_EQ(ErrorOf([&] { tree.DropAnyway({L"ACT:8"}, L"LTE"); }), 10);
+        tree.GoTo(LineKey());
+    });
+    Expect({See(L"lblDevice", L"Camera"), PressOk});
+    tree.DoubleClick(LineKey());
+    EXPECT_EQ(static_cast<const ModuleLists&>(State()), before);
+}
+
+TEST_F(DialogInterrupted, ALoadBeforeItComesUpLeavesNoDialogBehind) {
+    host->bench.Add<sim::SimMonitor>(*host, L"Camera");
+    OpenWith(aceTemplate, {Action(atCheckEut, CheckOf(L"Camera"))});
+    Select(LineKey());
+    In(L"DeviceList.GetDevice", [&] { engine->LoadEditor(&list, &tree); });
+    tree.DoubleClick(LineKey());
+    EXPECT_THAT(Shows(), IsEmpty());
+}
+
 // ---- while it stands ---------------------------------------------------------------------------
 
 TEST_F(DialogInterrupted, NoOtherActOfTheMouseIsTakenMeanwhile) {
@@ -96,6 +123,113 @@ TEST_F(DialogInterrupted, OkWhileAListOfTheModuleRunsInsertsNothingAndCanBeMadeA
     EXPECT_EQ(Set().EnterCount, 1);
 }
 
+TEST_F(DialogInterrupted, OkToALineWhileAListOfTheModuleRunsChangesNothing) {
+    OpenWith(aceTemplate, {WaitFor(1500), WaitFor(4000)});
+    Fill(State().MainTest, LeaveList, {WaitFor(1)});
+    const ModuleLists before = State();
+    const sim::FormAct okMeanwhile = Calling([&] {
+        host->onTimedMessage = [&] {
+            EXPECT_EQ(ErrorOf([&] { PressOk(dynamic_cast<Form&>(*context.Editor)); }), 10);
+        };
+        engine->StopTest();
+        host->onTimedMessage = nullptr;
+    });
+    ShowLine({sim::Type(L"txtWait", L"2"), okMeanwhile, PressCancel});
+    EXPECT_EQ(SetIn(Parts().lists).Enter[0], WaitFor(1500));
+    EXPECT_EQ(static_cast<const ModuleLists&>(State()), before);
+    EXPECT_FALSE(engine->Change());
+    ShowLine({sim::Type(L"txtWait", L"5"), okMeanwhile, PressOk}, 1);
+    EXPECT_EQ(Stored(), WaitFor(1500));
+    EXPECT_EQ(Stored(1), WaitFor(5000));
+}
+
+TEST_F(DialogInterrupted, ALineThatNeedsNoDialogIsNoMatterForAListThatRuns) {
+    OpenWith(aceTemplate, {Action(atTestStop, {})});
+    Fill(State().MainTest, LeaveList, {WaitFor(1)});
+    host->onTimedMessage = [&] { EXPECT_EQ(ErrorOf([&] { tree.DoubleClick(LineKey()); }), 0); };
+    Select(LineKey());
+    engine->StopTest();
+    host->onTimedMessage = nullptr;
+    EXPECT_FALSE(engine->Change());
+}
+
+TEST_F(DialogInterrupted, OkBehindALineThatCouldNotBeShownIsError91) {
+    OpenWith(aceTemplate, {WaitFor(1500)});
+    ShowLine({sim::Type(L"txtWait", L"2"),
+              Calling([&] { host->faults.FailOperation(L"Tree.AddChild", 1, 57); }),
+              Failing(57, [&] { PressOk(*std::dynamic_pointer_cast<frmEditor>(context.Editor)); }),
+              Failing(91, [&] { PressOk(*std::dynamic_pointer_cast<frmEditor>(context.Editor)); }),
+              PressCancel});
+}
+
+// ---- while an action is tested ------------------------------------------------------------------
+
+class TestInterrupted : public DialogInterrupted {
+  protected:
+    /// A command, and a program during whose start the host does something.
+    void OpenBoth() {
+        p_Action action = Gpib(120, L"*IDN?");
+        RecordOf<aceRemote>(action).Program = L"a.exe";
+        OpenWith(aceTemplate, {action});
+    }
+    Form& Dialog() { return dynamic_cast<Form&>(*context.Editor); }
+    std::size_t Count(StringView operation) { return host->journal.LinesOf(operation).size(); }
+
+    const sim::FormAct Send = sim::Press(L"cmdTestAction(1)");
+};
+
+TEST_F(TestInterrupted, ADialogThatIsLeftInItsTestClosesTheDeviceOnce) {
+    OpenBoth();
+    ShowLine({Send, Calling([&] {
+                  In(L"Platform.ActivateProgram", [&] { PressCancel(Dialog()); });
+                  Send(Dialog());
+              })});
+    EXPECT_EQ(host->journal.LinesOf(L"GpibDriver.CloseDevice"),
+              Lines{L"GpibDriver.CloseDevice(0, 0)"});
+}
+
+TEST_F(TestInterrupted, ATestInsideATestLosesNoDevice) {
+    OpenBoth();
+    ShowLine({Calling([&] {
+                  In(L"Platform.StartProgram", [&] { Send(Dialog()); });
+                  Send(Dialog());
+              }),
+              PressCancel});
+    EXPECT_EQ(Count(L"GpibDriver.OpenDevice"), 2U);
+    EXPECT_EQ(host->journal.LinesOf(L"GpibDriver.CloseDevice"),
+              (Lines{L"GpibDriver.CloseDevice(0, 0)", L"GpibDriver.CloseDevice(1, 0)"}));
+}
+
+TEST_F(TestInterrupted, AnErrorOfATestKeepsWhatItHasOpenedForTheNext) {
+    OpenBoth();
+    ShowLine({Calling([&] {
+                  host->faults.FailOperation(L"GpibDriver.WriteString", 1, 57);
+                  host->faults.FailOperation(L"FormHost.ShowModal", 1, 57);
+                  EXPECT_EQ(ErrorOf([&] { Send(Dialog()); }), 57);
+              }),
+              Send, PressCancel});
+    EXPECT_EQ(Count(L"GpibDriver.OpenDevice"), 1U);
+    EXPECT_EQ(Count(L"GpibDriver.CloseDevice"), 1U);
+}
+
+TEST_F(TestInterrupted, AProgramThatIsChangedInItsTestHasNoProcess) {
+    OpenBoth();
+    ShowLine({Calling([&] {
+                  In(L"Platform.StartProgram", [&] {
+                      sim::Type(L"txtDll", L"b.exe")(Dialog());
+                      sim::Focus(L"txtGpibCommand")(Dialog());
+                  });
+                  Send(Dialog());
+              }),
+              Send, PressCancel});
+    EXPECT_EQ(host->journal.LinesOf(L"Platform.ActivateProgram"),
+              (Lines{L"Platform.ActivateProgram(0)", L"Platform.ActivateProgram(0)"}));
+    EXPECT_EQ(host->journal.LinesOf(L"Platform.StartProgram"),
+              (Lines{L"Platform.StartProgram(\"a.exe\")", L"Platform.StartProgram(\"b.exe\")"}));
+}
+
+// ---- while it ends ------------------------------------------------------------------------------
+
 TEST_F(DialogInterrupted, ASecondQuestionTakesTheEntryOverOnce) {
     OpenWith(aceTemplate);
     ShowNew(atWait, {Calling([&] {
@@ -105,6 +239,21 @@ TEST_F(DialogInterrupted, ASecondQuestionTakesTheEntryOverOnce) {
                 engine->Release();
             })});
     EXPECT_EQ(Set().EnterCount, 1);
+}
+
+TEST_F(DialogInterrupted, ALoadWhileTheOperatorIsAskedWhetherToCloseIsError10) {
+    OpenWith(aceTemplate, {WaitFor(1500)});
+    std::int32_t error = 0;
+    ShowLine({Calling([&] {
+        In(L"UserDialogs.ShowMessageBox",
+           [&] { error = ErrorOf([&] { engine->LoadEditor(&list, &tree); }); });
+        host->user.ExpectQuestion(true);
+        engine->Release();
+    })});
+    EXPECT_EQ(error, 10);
+    EXPECT_EQ(context.Editor, nullptr);
+    Open(aceTemplate);
+    EXPECT_TRUE(IsThere(LineKey()));
 }
 
 TEST_F(DialogInterrupted, AnEngineThatTakesItsContextAlongLeavesTheActInOrder) {

@@ -22,8 +22,7 @@ class DialogOpening : public ShownDialog {
     }
 };
 
-// ---- kinds with nothing to edit
-// ------------------------------------------------------------------
+// ---- kinds with nothing to edit -----------------------------------------------------------------
 
 struct BareKind {
     p_ActionTypes kind;
@@ -65,8 +64,7 @@ INSTANTIATE_TEST_SUITE_P(Each, BareKinds, ::testing::ValuesIn(AllBareKinds), [](
     return "Kind" + std::to_string(static_cast<int>(one.param.kind));
 });
 
-// ---- the trace
-// -----------------------------------------------------------------------------------
+// ---- the trace ----------------------------------------------------------------------------------
 
 TEST_F(DialogOpening, TheTraceTellsWhetherTheActionIsNew) {
     OpenWith(aceTemplate, {WaitFor(1000)});
@@ -103,8 +101,7 @@ TEST_F(DialogOpening, ADialogThatIsCancelledIsTracedToItsEnd) {
                                End(L"m_List_DblClick")));
 }
 
-// ---- where the operator begins
-// -------------------------------------------------------------------
+// ---- where the operator begins ------------------------------------------------------------------
 
 TEST_F(DialogOpening, TheFocusIsOnTheTimeOfAWait) {
     OpenWith(aceTemplate);
@@ -142,8 +139,7 @@ TEST_F(DialogOpening, ADialogThatCameUpBeforeComesUpTheSameWay) {
     ShowLine({SeeFocus(L"txtWait"), PressCancel});
 }
 
-// ---- what is new
-// ---------------------------------------------------------------------------------
+// ---- what is new --------------------------------------------------------------------------------
 
 TEST_F(DialogOpening, ANewWaitIsOfTenSecondsWhateverWasEditedBefore) {
     OpenWith(aceTemplate, {WaitFor(1000)});
@@ -160,8 +156,7 @@ TEST_F(DialogOpening, TheSecondsOfAWaitShowWithTheSeparatorOfThePlace) {
     EXPECT_FALSE(engine->Change());
 }
 
-// ---- the lists that stay
-// -------------------------------------------------------------------------
+// ---- the lists that stay ------------------------------------------------------------------------
 
 TEST_F(DialogOpening, TheAddressesAreThoseOfFourBoards) {
     OpenWith(aceTemplate);
@@ -174,6 +169,18 @@ TEST_F(DialogOpening, TheAddressesAreThoseOfFourBoards) {
         }
     }
     EXPECT_EQ(box.listIndex, 0);
+}
+
+TEST_F(DialogOpening, AnAddressIsTheItemOfItsBoardAndItsNumber) {
+    OpenWith(aceTemplate, {Gpib(120, L"*IDN?"), Gpib(1, L"*IDN?"), Gpib(330, L"*IDN?")});
+    constexpr std::int32_t Items[] = {49, 0, 119};
+    for (int line = 0; line < 3; ++line) {
+        ShowLine({sim::Do([&](Form& form) {
+                      EXPECT_EQ(form.Find<DropDown>(L"cboGpibAddress")->listIndex, Items[line]);
+                  }),
+                  PressCancel},
+                 line);
+    }
 }
 
 TEST_F(DialogOpening, TheOtherListsAreThoseOfTheDesign) {

@@ -100,7 +100,6 @@ void DialogOperator::DeviceIsChosen(bool isPath) {
     if (x_hasBoth && name == (isPath ? x_unit : x_device)) {
         return;
     }
-    const auto device = x_host.bench.Device(name);
     if (isPath) {
         x_dialog->path = name == L"T(9147)" ? String() : name;
     } else if (x_dialog->kind != atSwitchAmp && x_dialog->kind != atSwitchUnit) {

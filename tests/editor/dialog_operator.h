@@ -13,7 +13,7 @@ namespace ace::test {
 class DialogOperator {
   public:
     DialogOperator(FreeHost& host, std::mt19937& random, DialogEdits& edits)
-        : x_host(host), x_random(random), x_edits(edits) {
+        : x_random(random), x_edits(edits) {
         FreeAnswers& free = host.free;
         free.form = [this](Form& form) { Answer(form); };
         free.box = [this](std::int32_t style) { return AnswerBox(style); };
@@ -178,7 +178,6 @@ class DialogOperator {
     bool settingsChanged = false;  ///< in the dialog that was confirmed last
 
   private:
-    FreeHost& x_host;
     std::mt19937& x_random;
     DialogEdits& x_edits;
     DialogModel* x_dialog = nullptr;

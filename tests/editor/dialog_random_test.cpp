@@ -323,7 +323,6 @@ class DialogRandomTest : public DialogRandomView {
         SCOPED_TRACE("act " + std::to_string(act - std::begin(Acts)));
         (this->*act->second)();
         Compare();
-        ++user.done;
     }
 };
 
@@ -344,8 +343,8 @@ TEST_P(DialogRandomTest, ActsOfAnOperatorFollowTheModelAndReachStoreAndFile) {
         const String section = L"Actions" + std::to_wstring(number) + L"-Device";
         EXPECT_EQ(host->files[L"setup.ini"][section], std::vector{text}) << number;
     }
-    EXPECT_GT(user.done, 250U);
-    EXPECT_LT(user.passed, 4 * user.done) << "most acts can't be done";
+    EXPECT_GT(user.done, 100U);
+    EXPECT_LT(user.passed, user.done) << "most acts can't be done";
 }
 
 }  // namespace

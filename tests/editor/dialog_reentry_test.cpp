@@ -34,8 +34,7 @@ class DialogReentry : public ShownDialog {
     }
 };
 
-// ---- the engine is let go
-// ------------------------------------------------------------------------
+// ---- the engine is let go -----------------------------------------------------------------------
 
 /// A call of the host in which the engine lets the editor go, and how the operator gets there.
 struct LetGoIn {
@@ -175,8 +174,7 @@ TEST_F(DialogReentry, NoOnAnEntryThatIsRefusedKeepsTheDialogAndAddsNothing) {
     EXPECT_EQ(context.Editor, nullptr);
 }
 
-// ---- another dialog
-// ------------------------------------------------------------------------------
+// ---- another dialog -----------------------------------------------------------------------------
 
 TEST_F(DialogReentry, AnotherDialogInsideTheMessagesOfOkIsRefused) {
     OpenWith(aceTemplate, {WaitFor(1500)});
@@ -187,8 +185,7 @@ TEST_F(DialogReentry, AnotherDialogInsideTheMessagesOfOkIsRefused) {
     EXPECT_EQ(Stored(), WaitFor(2000));
 }
 
-// ---- host calls that fail
-// ------------------------------------------------------------------------
+// ---- host calls that fail -----------------------------------------------------------------------
 
 TEST_F(DialogReentry, ADialogThatCannotBeShownIsReportedAndLeavesListAndHeldAction) {
     OpenWith(aceTemplate, {WaitFor(1500)});

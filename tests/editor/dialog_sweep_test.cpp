@@ -102,6 +102,7 @@ void ExpectWhole(SweepRig& rig, const DialogAct& row) {
         EXPECT_THAT(ListAgreement::Breaches(*lists), ::testing::IsEmpty());
         EXPECT_THAT(row.lists, ::testing::Contains(BothLists(*lists)));
     }
+    EXPECT_EQ(static_cast<bool>(rig.engine->Change()), BothLists(store) != row.lists.front());
     EXPECT_FALSE(std::dynamic_pointer_cast<frmEditor>(rig.context.Editor)->IsShown());
     AnswerBy(rig.host->user, {Type(L"txtWait", L"7"), Press(L"cmdOK")}, {});
     const std::int32_t before = store.EMSAutoGeneral.EnterCount;
@@ -156,6 +157,32 @@ TEST_P(DialogSweep, EveryHostCallThatFailsEndsTheActByItsPatternAndLosesNoEntry)
         SCOPED_TRACE("call " + std::to_string(k) + ": " + ::testing::PrintToString(calls[k - 1]));
         Fail(row, calls, k, FaultScript::Until::Once);
         Fail(row, calls, k, FaultScript::Until::ForEver);
+    }
+}
+
+/// The report asks for the call again: nothing is done twice, and outside the dialog all is as if
+/// nothing had failed. A dialog in which a call fails is shown again, with no answers left.
+TEST_P(DialogSweep, ACallThatIsMadeAgainDoesNothingTwice) {
+    const DialogAct& row = GetParam();
+    SweepRig undisturbed;
+    Prepare(undisturbed, row);
+    row.act(undisturbed);
+    const Calls calls = CallsOf(undisturbed);
+    const auto shown = std::ranges::find(calls, L"FormHost.ShowModal") - calls.begin();
+    const auto hidden = std::ranges::find(calls, L"FormHost.Hide") - calls.begin();
+    for (std::size_t k = row.bare + 1; k <= calls.size(); ++k) {
+        SCOPED_TRACE("call " + std::to_string(k) + ": " + ::testing::PrintToString(calls[k - 1]));
+        SweepRig rig;
+        Prepare(rig, row);
+        rig.host->reportAnswers = {ITraceLog::RetryStatement};
+        rig.host->faults.FailCall(k, SweepError, FaultScript::Until::Once);
+        const std::int32_t error = ErrorOf([&] { row.act(rig); });
+        const auto at = static_cast<std::ptrdiff_t>(k - 1);
+        if (at <= shown || at >= hidden) {
+            EXPECT_EQ(error, 0);
+            EXPECT_EQ(BothLists(rig.engine->State()), row.lists.back());
+        }
+        ExpectWhole(rig, row);
     }
 }
 
@@ -306,7 +333,8 @@ const std::vector<DialogAct> Rows = {
      {},
      DoubleClickFirst,
      Any,
-     {L"D7|"}},
+     {L"D7|"},
+     2},
     {"EditLine",
      Two,
      L"ETE",

@@ -5,13 +5,13 @@
 
 namespace ace::test {
 
-/// The effects without a key and with Shift, Control and both. The cursor shows a move where a drop
-/// with Shift makes a copy: Control alone is a copy.
-inline constexpr StringView Moves = L"2212";
+/// The effects with each of them. The cursor shows a move where a drop with Shift makes a copy:
+/// Control alone is a copy.
+inline constexpr StringView Moves = L"22122222";
 /// Of a line over another one of its list.
-inline constexpr StringView MovesOnly = L"2222";
-inline constexpr StringView Copies = L"1111";
-inline constexpr StringView Nothing = L"0000";
+inline constexpr StringView MovesOnly = L"22222222";
+inline constexpr StringView Copies = L"11111111";
+inline constexpr StringView Nothing = L"00000000";
 
 class DragEffects : public MouseTest {
   protected:
@@ -30,10 +30,10 @@ class DragEffects : public MouseTest {
         }
         return keys;
     }
-    /// The effects of a drag over that node, one for each of the four keys.
+    /// The effects of a drag over that node, one for each way to hold the keys.
     String EffectsOver(const DragData& data, const String& key) {
         String effects;
-        for (const std::int32_t shift : {0, 1, 2, 3}) {
+        for (std::int32_t shift = 0; shift < ShiftCount; ++shift) {
             effects += std::to_wstring(tree.DragOver(data, key, shift));
         }
         host->journal.Clear();

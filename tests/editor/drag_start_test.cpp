@@ -15,6 +15,49 @@ class DragStart : public MouseTest {
     }
 };
 
+/// A tree that is pressed anywhere, not in the middle of a row alone.
+class FreeTree : public sim::SimTree {
+  public:
+    using SimTree::SimTree;
+    void SetEvents(ITreeEvents* events) override {
+        SimTree::SetEvents(events);
+        x_listener = events;
+    }
+    struct Point {
+        float x;
+        float y;
+    };
+    /// Does a drag start between these points, while a line is selected? It is over afterwards.
+    bool Starts(Point from, Point to) {
+        EXPECT_TRUE(GoTo(L"CHI0ETE"));
+        x_listener->MouseDown(MouseButtons::Left, 0, from.x, from.y);
+        x_listener->MouseMoved(MouseButtons::Left, 0, to.x, to.y);
+        return EndDrag();
+    }
+
+  private:
+    ITreeEvents* x_listener = nullptr;
+};
+
+/// A list that starts a drag beside its items too, as toolkits do that start one by themselves.
+class FreeList : public sim::SimList {
+  public:
+    using SimList::SimList;
+    void SetEvents(IListEvents* events) override {
+        SimList::SetEvents(events);
+        x_listener = events;
+    }
+    /// What a drag carries that has carried `data` so far.
+    DragData DragBeside(DragData data) {
+        EXPECT_TRUE(Click(std::nullopt));
+        x_listener->DragStarted(data);
+        return data;
+    }
+
+  private:
+    IListEvents* x_listener = nullptr;
+};
+
 // ---- pressing ----------------------------------------------------------------------------------
 
 TEST_F(DragStart, APressedNodeIsSelectedWhicheverButtonItIs) {
@@ -78,6 +121,30 @@ TEST_F(DragStart, TheWayIsMeasuredFromTheLastPressBesideTheNodesToo) {
     EXPECT_TRUE(tree.Press(L"CHI0ETE"));
     EXPECT_FALSE(Starts(std::nullopt, 0, 0)) << "far away from the line";
     EXPECT_TRUE(Starts(std::nullopt, 101, 0)) << "of the line, which is selected";
+}
+
+/// The points are below all nodes, where a press leaves the line selected.
+TEST_F(DragStart, TheWayAcrossIsMeasuredFromTheFractionOfATwipThatWasPressed) {
+    FreeTree anywhere(*host);
+    engine->LoadEditor(&list, &anywhere);
+    anywhere.SetExpanded(anywhere.Find(L"ETE"), true);
+    EXPECT_FALSE(anywhere.Starts({400.25F, 9000}, {500.25F, 9000})) << "100, and 100.25 from 400";
+    EXPECT_TRUE(anywhere.Starts({400.75F, 9000}, {500.875F, 9000}))
+        << "100.125, and 99.875 from 401";
+    EXPECT_FALSE(anywhere.Starts({400.75F, 9000}, {300.75F, 9000})) << "100, and 100.25 from 401";
+    EXPECT_TRUE(anywhere.Starts({400.25F, 9000}, {300.125F, 9000}))
+        << "100.125, and 99.875 from 400";
+}
+
+TEST_F(DragStart, TheWayDownIsMeasuredFromTheNearestWholeTwipAndFromTheEvenOneOfTwo) {
+    FreeTree anywhere(*host);
+    engine->LoadEditor(&list, &anywhere);
+    anywhere.SetExpanded(anywhere.Find(L"ETE"), true);
+    EXPECT_TRUE(anywhere.Starts({400, 9000.25F}, {400, 9020.125F})) << "20.125 from 9000";
+    EXPECT_FALSE(anywhere.Starts({400, 9000.75F}, {400, 9020.875F})) << "19.875 from 9001";
+    EXPECT_TRUE(anywhere.Starts({400, 9000.75F}, {400, 8980.875F})) << "20.125 up from 9001";
+    EXPECT_TRUE(anywhere.Starts({400, 9000.5F}, {400, 9020.25F})) << "20.25 from 9000";
+    EXPECT_FALSE(anywhere.Starts({400, 9001.5F}, {400, 9021.75F})) << "19.75 from 9002";
 }
 
 TEST_F(DragStart, WithoutTheLeftButtonNoDragStarts) {
@@ -174,6 +241,13 @@ TEST_F(DragStart, AKindOfTheListCarriesItsKey) {
         EXPECT_TRUE(list.EndDrag());
     }
     EXPECT_EQ(SelectedKey(), L"") << "the tree has heard of nothing";
+}
+
+TEST_F(DragStart, ADragBesideTheKindsOfTheListCarriesNothing) {
+    FreeList beside(*host);
+    engine->LoadEditor(&beside, &tree);
+    EXPECT_TRUE(beside.Click(L"ACT:0"));
+    EXPECT_EQ(beside.DragBeside({L"ACT:1"}), DragData());
 }
 
 // ---- the end -----------------------------------------------------------------------------------

@@ -100,6 +100,33 @@ TEST_F(DragTarget, ANumberThatIsNoKindCanNotBeDropped) {
     }
 }
 
+// ---- what is a line ----------------------------------------------------------------------------
+
+/// A text, and its effects over the end of the test and over every frequency.
+struct LineText {
+    StringView text;
+    StringView overEnd;
+    StringView overFrequency;
+};
+/// The end refuses what sends the test elsewhere; a frequency takes followers, devices and checks
+/// alone. Three letters that are no icon are those of a line of which nothing is known.
+constexpr LineText LineTexts[] = {
+    {L"ACT:0ACT:1000,WAI", Moves, Nothing}, {L"ACT:0ACT:1000,STP", Nothing, Nothing},
+    {L"ACT:0ACT:1000,DEV", Moves, Moves},   {L"ACT:xACT:1000EUT", Moves, Moves},
+    {L"ACT:1000STP", Nothing, Nothing},     {L"ACT:1000", Moves, Nothing},
+    {L"ACT:10001", Moves, Nothing},
+};
+
+TEST_F(DragTarget, ATextWithTheNumberOfALineAnywhereIsALineOfTheIconInItsLastThreeLetters) {
+    OpenWhole(aceTemplate);
+    Select(L"CHI0ETE");
+    for (const LineText& row : LineTexts) {
+        const DragData data{String(row.text)};
+        EXPECT_EQ(EffectsOver(data, L"LTE"), row.overEnd) << testing::PrintToString(row.text);
+        EXPECT_EQ(EffectsOver(data, L"EFR"), row.overFrequency) << testing::PrintToString(row.text);
+    }
+}
+
 // ---- captions ----------------------------------------------------------------------------------
 
 TEST_F(DragTarget, AMomentIsKnownByItsCaption) {

@@ -172,11 +172,42 @@ TEST_F(KindDrops, TheNumberBehindTheColonIsTheKindAndNoRuleIsAskedAgain) {
 TEST_F(KindDrops, ANumberThatIsNoKindIsDroppedToNoEffect) {
     OpenWhole(aceTemplate);
     const ModuleLists before = Store();
-    for (const StringView text : {L"ACT:-1", L"ACT:18", L"ACT:999"}) {
+    for (const StringView text : {L"ACT:-1", L"ACT:18", L"ACT:999", L"ACT:", L"ACT:x"}) {
         Select(L"CHI0ETE");
         DropAnyway({String(text)}, L"LTE");
         EXPECT_THAT(Happened(), ElementsAre(DragComplete)) << testing::PrintToString(text);
         ExpectLists(before, false);
+    }
+}
+
+TEST_F(KindDrops, TheDigitsThatBeginTheFourCharactersBehindThePrefixAreTheKind) {
+    OpenWhole(aceTemplate);
+    constexpr std::pair<StringView, std::int32_t> texts[] = {
+        {L"ACT:14,x", atAPI}, {L"ACT:00014", atNotify}, {L"ACT:2ACT:1000,WAI", atRemote}};
+    for (const auto& [text, kind] : texts) {
+        std::vector<std::int32_t> panes;
+        ExpectDialog(
+            {sim::Do([&](Form& form) { panes = ShownPanes(form); }), sim::Press(L"cmdCancel")});
+        DropAnyway({String(text)}, L"LTE");
+        EXPECT_EQ(panes, std::vector{Panes[kind]}) << testing::PrintToString(text);
+    }
+}
+
+TEST_F(KindDrops, ANumberThatBeginsWith1000IsNoKindButTheSelectedLine) {
+    const EditedMoment& from = MomentNamed("TemplateStart");
+    const EditedMoment& to = MomentNamed("TemplateStop");
+    for (const StringView text : {L"ACT:1000", L"ACT:10001", L"ACT:1000,x"}) {
+        SetEntries(from, State(), {WaitFor(1)});
+        SetEntries(to, State(), {WaitFor(2)});
+        OpenWhole(aceTemplate);
+        engine->Change(false);
+        ModuleLists expected = Store();
+        SetEntries(from, expected, {});
+        SetEntries(to, expected, {WaitFor(2), WaitFor(1)});
+        Select(L"CHI0ETE");
+        DropAnyway({String(text)}, L"LTE");
+        EXPECT_THAT(Happened(), ElementsAre(DragComplete)) << testing::PrintToString(text);
+        ExpectLists(expected, true);
     }
 }
 
@@ -222,6 +253,15 @@ TEST_F(KindDrops, WhereNoListIsReachedNothingHappensButTheEvent) {
     EXPECT_TRUE(list.EndDrag());
     DropAnyway(KindDragged(atWait), std::nullopt);
     EXPECT_THAT(Happened(), ElementsAre(DragComplete)) << "no default node";
+    ExpectLists(before, false);
+}
+
+TEST_F(KindDrops, AfterAnErrorOfTheTreeThereIsNeitherADialogNorTheEvent) {
+    OpenWhole(aceTemplate);
+    const ModuleLists before = Store();
+    host->faults.FailOperation(L"Tree.DropHighlight", 1, 57);
+    EXPECT_EQ(ErrorOf([&] { tree.Drop(KindDragged(atWait), L"LTE"); }), 57);
+    EXPECT_EQ(Happened(), Lines{});
     ExpectLists(before, false);
 }
 

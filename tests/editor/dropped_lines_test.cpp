@@ -36,15 +36,17 @@ class DroppedLines : public MouseTest, public ::testing::WithParamInterface<Edit
 
 // ---- on a line of the same list ----------------------------------------------------------------
 
+/// One row for each way to hold the keys.
 struct MoveRow {
     int from;
     int to;
     Seconds order;
 };
 const MoveRow MovesInAList[] = {
-    {0, 3, {1, 2, 3, 0}}, {3, 0, {3, 0, 1, 2}}, {1, 2, {0, 2, 1, 3}},
-    {2, 1, {0, 2, 1, 3}}, {0, 2, {1, 2, 0, 3}}, {3, 1, {0, 3, 1, 2}},
+    {0, 3, {1, 2, 3, 0}}, {3, 0, {3, 0, 1, 2}}, {1, 2, {0, 2, 1, 3}}, {2, 1, {0, 2, 1, 3}},
+    {0, 2, {1, 2, 0, 3}}, {3, 1, {0, 3, 1, 2}}, {1, 3, {0, 2, 3, 1}}, {2, 0, {2, 0, 1, 3}},
 };
+static_assert(std::size(MovesInAList) == ShiftCount);
 
 TEST_P(DroppedLines, OnALineOfItsListALineTakesItsPlaceWithEveryKey) {
     const EditedMoment& moment = GetParam();
@@ -54,7 +56,7 @@ TEST_P(DroppedLines, OnALineOfItsListALineTakesItsPlaceWithEveryKey) {
         EXPECT_TRUE(tree.DragTo(LineOf(moment, row.from), LineOf(moment, row.to), shift));
         EXPECT_THAT(Happened(), ElementsAre(DragComplete));
         ExpectLists(WithWaits(moment, row.order), true);
-        shift = (shift + 1) % 4;
+        ++shift;
     }
 }
 
@@ -62,12 +64,12 @@ TEST_P(DroppedLines, OnALineOfItsListALineTakesItsPlaceWithEveryKey) {
 
 TEST_P(DroppedLines, OnItsMomentALineGoesToTheEndOrLeavesACopyThere) {
     const EditedMoment& moment = GetParam();
-    const Seconds orders[] = {{0, 2, 3, 1}, {0, 1, 2, 3, 1}, {0, 1, 2, 3, 1}, {0, 1, 2, 3, 1}};
-    for (std::int32_t shift = 0; shift < 4; ++shift) {
+    for (std::int32_t shift = 0; shift < ShiftCount; ++shift) {
         OpenFourWaits(moment);
         EXPECT_TRUE(tree.DragTo(LineOf(moment, 1), String(moment.key), shift));
         EXPECT_THAT(Happened(), ElementsAre(DragComplete));
-        ExpectLists(WithWaits(moment, orders[shift]), true);
+        ExpectLists(WithWaits(moment, shift == 0 ? Seconds{0, 2, 3, 1} : Seconds{0, 1, 2, 3, 1}),
+                    true);
     }
 }
 INSTANTIATE_TEST_SUITE_P(Moments, DroppedLines, ::testing::ValuesIn(EditedMoments),
@@ -99,7 +101,7 @@ TEST_F(LineDrops, OnAnotherMomentALineIsMovedOrCopiedToItsEnd) {
     for (const Pair& pair : Pairs) {
         const EditedMoment& from = MomentNamed(pair.from);
         const EditedMoment& to = MomentNamed(pair.to);
-        for (std::int32_t shift = 0; shift < 4; ++shift) {
+        for (std::int32_t shift = 0; shift < ShiftCount; ++shift) {
             SetEntries(to, State(), WaitsOf({7}));
             OpenFourWaits(from);
             ModuleLists expected =
@@ -182,7 +184,7 @@ TEST_F(LineDrops, ALineThatIsMovedTakesItsOpenBusAlongAndACopyHasNone) {
         return Action(atRemote, record);
     };
     constexpr std::int32_t closed = -1;
-    for (std::int32_t shift = 0; shift < 4; ++shift) {
+    for (std::int32_t shift = 0; shift < ShiftCount; ++shift) {
         Fill(State().MainTest, EnterList, {command(5)});
         Fill(State().MainTest, LeaveList, {});
         OpenWhole(aceTemplate);
@@ -194,6 +196,67 @@ TEST_F(LineDrops, ALineThatIsMovedTakesItsOpenBusAlongAndACopyHasNone) {
         EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"LTE", shift));
         ExpectLists(expected, true);
     }
+}
+
+// ---- errors of the tree ------------------------------------------------------------------------
+
+class FailedDrops : public MouseTest {
+  protected:
+    FailedDrops() { OpenWhole(aceTemplate); }
+    ~FailedDrops() override { host->beforeCall = nullptr; }
+
+    /// The first such call of a drop fails, which begins by asking for the target.
+    void FailInTheDrop(const String& call) {
+        host->faults.Clear();
+        host->beforeCall = [this, call, isArmed = false](StringView operation,
+                                                         sim::CallArguments) mutable {
+            if (!isArmed && operation == L"Tree.DropHighlight") {
+                isArmed = true;
+                host->faults.FailOperation(call, 1, 57);
+            }
+        };
+    }
+    /// Error 57 comes out of the drop, and nobody hears of an end of it.
+    void ExpectFailedDrag(const String& from, const String& to) {
+        EXPECT_EQ(ErrorOf([&] { tree.DragTo(from, to); }), 57);
+        host->beforeCall = nullptr;
+        EXPECT_TRUE(tree.EndDrag());
+        EXPECT_EQ(host->journal.LinesOf(L"TraceLog.ReportError").size(), 1U);
+        EXPECT_EQ(Happened(), Lines{});
+    }
+};
+
+TEST_F(FailedDrops, BeforeTheFirstEditTheListsAreWholeAndTheEventIsNotRaised) {
+    const ModuleLists before = Store();
+    for (const StringView call :
+         {L"Tree.DropHighlight", L"Tree.Selected", L"Tree.Key", L"Tree.Parent"}) {
+        for (const StringView target : {L"LSR0", L"CHI1LTE"}) {
+            SCOPED_TRACE(testing::PrintToString(call) + testing::PrintToString(target));
+            FailInTheDrop(String(call));
+            ExpectFailedDrag(L"CHI0LTE", String(target));
+            ExpectLists(before, false);
+            EXPECT_EQ(LinesBelow(L"LTE").size(), 2U);
+            EXPECT_EQ(LinesBelow(L"LSR0").size(), 2U);
+        }
+    }
+}
+
+TEST_F(FailedDrops, BetweenTheListsTheLineIsInNoneButHeldAndPasteBringsItBack) {
+    ModuleLists without = Store();
+    p_Subrange& set = without.MainTest;
+    const p_Action line = set.Enter[0];
+    Fill(set, EnterList, {});
+    ModuleLists pasted = without;
+    Fill(pasted.MainTest, LeaveList, {set.Leave[0], set.Leave[1], line});
+    host->beforeCall = [](StringView operation, sim::CallArguments arguments) {
+        if (operation == L"Tree.Select" && sim::ArgumentText(arguments) == L"\"LTE\"") {
+            throw RunTimeError(57, L"no more handles", L"Tree");
+        }
+    };
+    ExpectFailedDrag(L"CHI0ETE", L"LTE");
+    ExpectLists(without, true);
+    ChooseFromMenu(L"LTE", L"T(9017)");
+    ExpectLists(pasted, true);
 }
 
 // ---- the section of a device -------------------------------------------------------------------
@@ -244,10 +307,14 @@ TEST_F(DroppedDevices, ACopyWithControlHasASectionOfItsOwn) {
 }
 
 TEST_F(DroppedDevices, ACopyWithAnyOtherKeysSharesTheSection) {
-    EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"LTE", ShiftKeys::Shift));
-    EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"LTE", ShiftKeys::Shift | ShiftKeys::Control));
+    constexpr std::int32_t both = ShiftKeys::Shift | ShiftKeys::Control;
+    for (const std::int32_t keys :
+         {ShiftKeys::Shift, both, ShiftKeys::Alt, ShiftKeys::Alt | ShiftKeys::Shift,
+          ShiftKeys::Alt | ShiftKeys::Control, ShiftKeys::Alt | both}) {
+        EXPECT_TRUE(tree.DragTo(L"CHI0ETE", L"LTE", keys)) << keys;
+    }
     EXPECT_THAT(Starts(), ElementsAre(7));
-    EXPECT_THAT(Stops(), ElementsAre(7, 7));
+    EXPECT_THAT(Stops(), ElementsAre(7, 7, 7, 7, 7, 7));
     EXPECT_EQ(context.DeviceSectionCounter, 100);
     EXPECT_EQ(host->files[L"setup.ini"].size(), 1U);
 }

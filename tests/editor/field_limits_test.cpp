@@ -15,6 +15,7 @@ class FieldLimits : public ShownDialog {
         host->texts[9201] = L"yyy to xxx";
         host->bench.Add<sim::SimMonitor>(*host, L"EUT");
         context.ModuleFileNames.fill(L"setup.ini");
+        host->files[L"setup.ini"][L"Actions7-Device"] = {L"Gain=3"};
     }
     void OpenEmission(const std::vector<p_Action>& actions = {}) {
         OpenWith(aceTemplate, actions);
@@ -73,7 +74,7 @@ TEST_P(LimitedBoxesOf, AValueOutsideIsToldWithTheFocusBackAndStays) {
     EXPECT_EQ(Boxes(), Lines(row.outside.size(), Refused(row.limits)));
 }
 
-TEST_P(LimitedBoxesOf, AValueInsideIsTakenInSilence) {
+TEST_P(LimitedBoxesOf, OfAValueInsideNothingIsTold) {
     const LimitedBox& row = GetParam();
     OpenEmission();
     Acts acts;
@@ -118,7 +119,41 @@ TEST_F(FieldLimits, TheLimitsStandWithTheSeparatorOfThePlaceWhereverTheTextHasTh
     EXPECT_THAT(Boxes(), ElementsAre(Refused(told)));
 }
 
-/// Intentional: OK asks it for nothing but 0.
+// ---- numbers that no file could hold -----------------------------------------------------------
+
+TEST_F(FieldLimits, OkRefusesANumberThatNoFileCouldHold) {
+    const String ofNoSingle = L"1" + String(40, L'0');
+    const String ofNoDouble = L"1" + String(310, L'0');
+    OpenEmission({OnDevice(atCheckEut, L"EUT"), WaitFor(1500)});
+    const ModuleLists before = State();
+    const std::tuple<String, String, int> boxes[] = {{L"txtWaitTime", ofNoSingle, 0},
+                                                     {L"txtCycleTime", ofNoDouble, 0},
+                                                     {L"txtWait", ofNoDouble, 1}};
+    for (const auto& [box, text, line] : boxes) {
+        host->user.ExpectBox();
+        host->user.ExpectBox();
+        ShowLine({sim::Type(box, text), PressOk, SeeFocus(box), PressCancel}, line);
+    }
+    EXPECT_EQ(static_cast<const ModuleLists&>(State()), before);
+}
+
+TEST_F(FieldLimits, ACycleThatAFileCanHoldIsTakenHoweverLongItIs) {
+    const String huge = L"1" + String(40, L'0');
+    OpenEmission({OnDevice(atCheckEut, L"EUT")});
+    host->user.ExpectBox();
+    ShowLine({sim::Type(L"txtCycleTime", huge), PressOk});
+    EXPECT_EQ(RecordOf<aceSetDevice>(Stored()).CycleTime, 1e40);
+}
+
+TEST_F(FieldLimits, OkRefusesADelayOfMoreThan32Bits) {
+    OpenEmission({Tracked(L"EUT")});
+    host->user.ExpectBox(L"1.000 to 600.000");
+    ShowLine({sim::Type(L"txtDelayTime", L"2147483648"), PressOk, SeeFocus(L"txtDelayTime"),
+              PressCancel});
+    EXPECT_FALSE(engine->Change());
+}
+
+/// Intentional: OK asks it for nothing but 0, and for what no record holds.
 TEST_F(FieldLimits, TheDelayOfATrackingHasLimitsThatNobodyAsks) {
     OpenEmission({Tracked(L"EUT")});
     ShowLine({SeeShown({L"txtDelayTime"}), sim::Type(L"txtDelayTime", L"9999"),

@@ -26,7 +26,7 @@ class IgnoredDrops : public MouseTest {
 TEST_F(IgnoredDrops, OnItselfALineStaysWithEveryKey) {
     OpenWhole(aceTemplate);
     const ModuleLists before = Store();
-    for (const std::int32_t shift : {0, 1, 2, 3}) {
+    for (std::int32_t shift = 0; shift < ShiftCount; ++shift) {
         EXPECT_FALSE(tree.DragTo(L"CHI1EFR", L"CHI1EFR", shift));
         EXPECT_EQ(Happened(), Lines{});
         DropAnyway(L"CHI1EFR", L"CHI1EFR", shift);
@@ -38,7 +38,7 @@ TEST_F(IgnoredDrops, WhereNoListIsReachedTheLineStaysWhereItIs) {
     OpenWhole(aceVKSDUT, RowsInGroups);
     const ModuleLists before = Store();
     for (const StringView key : {L"TST0_-1_-1", L"TST1_-1_-1", L"TST2_-1_-1", L"STE-1"}) {
-        for (const std::int32_t shift : {0, 1, 2, 3}) {
+        for (std::int32_t shift = 0; shift < ShiftCount; ++shift) {
             EXPECT_FALSE(tree.DragTo(L"CHI0STE0", String(key), shift));
             EXPECT_EQ(Happened(), Lines{});
             DropAnyway(L"CHI0STE0", String(key), shift);
@@ -52,7 +52,7 @@ TEST_F(IgnoredDrops, AGroupOfTheMatrixIsNoLineAndStays) {
     OpenWhole(aceVKSDUT, RowsInGroups);
     const ModuleLists before = Store();
     for (const StringView key : {L"STE0", L"CHI0STE0", L"TST1_-1_-1", L"STE-1"}) {
-        for (const std::int32_t shift : {0, 1, 2, 3}) {
+        for (std::int32_t shift = 0; shift < ShiftCount; ++shift) {
             EXPECT_FALSE(tree.DragTo(L"TST0_-1_-1", String(key), shift));
             DropAnyway(L"TST0_-1_-1", String(key), shift);
             ExpectOnlyTheEvent(before);
@@ -67,7 +67,7 @@ TEST_F(IgnoredDrops, WhereNoLineIsSelectedThereIsNoneToDrop) {
          {std::optional<String>(), std::optional<String>(L"ESR0"), std::optional<String>(L"ETE")}) {
         ASSERT_TRUE(tree.GoTo(selected));
         host->journal.Clear();
-        for (const std::int32_t shift : {0, 1, 2, 3}) {
+        for (std::int32_t shift = 0; shift < ShiftCount; ++shift) {
             EXPECT_TRUE(tree.DropAnyway(LineDragged(L"WAI"), L"LTE", shift));
             ExpectOnlyTheEvent(before);
         }
@@ -90,7 +90,7 @@ TEST_F(IgnoredDrops, OnALineOfAnotherListWhatIsDroppedAllTheSameGoesBehindIt) {
 }
 
 TEST_F(IgnoredDrops, OnAMomentThatRefusesItWhatIsDroppedAllTheSameGoesByTheKeys) {
-    for (const std::int32_t shift : {0, 1, 2, 3}) {
+    for (std::int32_t shift = 0; shift < ShiftCount; ++shift) {
         Fill(State().MainTest, EnterList, {WaitFor(1), WaitFor(2)});
         Fill(State().MainTest, FreqList, {WaitFor(3)});
         OpenWhole(aceTemplate);

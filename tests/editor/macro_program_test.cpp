@@ -90,6 +90,22 @@ TEST_F(MacroProgram, TheSameProgramChosenAgainKeepsWhatWasEntered) {
     EXPECT_THAT(StoredParameters(), ElementsAre(L"5", L"Levels", L"7"));
 }
 
+TEST_F(MacroProgram, AProgramThatCouldNotBeLookedAtIsTakenOutOfTheBoxAndNotTakenOver) {
+    for (const StringView call : {L"ApiMacro.Load", L"ApiMacro.ParameterCount"}) {
+        OpenTemplate({Macro(L"log.mac", {L"5", L"Levels", L"7"})});
+        AnswerBox(L"T(9209)");
+        EditLine({Do([&](Form& form) {
+                      host->faults.FailOperation(call, 1, 57);
+                      EXPECT_EQ(ErrorOf([&] { TakeProgram(L"one.mac")(form); }), 57);
+                      host->faults.Clear();
+                  }),
+                  Reads(L"filAPIProgram", L""), HasNoTabs(), Confirm(), Cancel()});
+        EXPECT_EQ(StoredMacro().Program, L"log.mac");
+        EXPECT_THAT(StoredParameters(), ElementsAre(L"5", L"Levels", L"7"));
+        EXPECT_FALSE(engine->Change());
+    }
+}
+
 // ---- existing actions --------------------------------------------------------------------------
 
 TEST_F(MacroProgram, AnExistingActionLoadsItsProgramAndShowsItsFirstParameter) {
@@ -106,6 +122,14 @@ TEST_F(MacroProgram, TheProgramOfAnExistingActionIsAskedForItsInputsAsAfterAChoi
     EditLine({Cancel()});
     EXPECT_THAT(TakeCalls(), ElementsAre(MacroLoaded(L"log.mac"), CountAsked, KindAsked(1),
                                          DialogShown, DialogHidden));
+}
+
+TEST_F(MacroProgram, TheProgramThatWasLookedAtLastIsNotLoadedAgainWhateverItsCase) {
+    OpenTemplate({Macro(L"one.mac", {L"3"}), Macro(L"ONE.MAC", {L"4"})});
+    EditLine({Cancel()});
+    TakeCalls();
+    EditLine({HasTabs(1, 0), HasValue(L"4"), Cancel()}, L"CHI1ETE");
+    EXPECT_THAT(TakeCalls(), ElementsAre(CountAsked, KindAsked(1), DialogShown, DialogHidden));
 }
 
 TEST_F(MacroProgram, AnExistingActionThatIsConfirmedAtOnceIsNoChange) {

@@ -16,6 +16,8 @@ inline constexpr StringView KindIcons[] = {L"WAI", L"NOT", L"REM", L"DEV", L"EUT
                                            L"MSG", L"REC", L"STP", L"SGL", L"STL", L"NBB",
                                            L"SWA", L"SWU", L"API", L"PAC", L"QUE", L"MON"};
 inline constexpr std::int32_t KindCount = 18;
+/// The ways to hold keys in a drag: none, Shift, Control, both, and the same with Alt.
+inline constexpr std::int32_t ShiftCount = 8;
 
 /// A kind that is dragged from the list.
 inline DragData KindDragged(std::int32_t kind) {

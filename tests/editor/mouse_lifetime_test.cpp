@@ -212,6 +212,14 @@ TEST_F(MouseLifetime, AReleaseWhileAMenuStandsThatIsLeftIsNone) {
     EXPECT_EQ(context.Editor, nullptr);
 }
 
+TEST_F(MouseLifetime, NothingComesOfWhatIsChosenForANodeThatIsNotSelectedAnyMore) {
+    const ModuleLists before = Store();
+    In(L"UserDialogs.ShowPopupMenu", [&] { engine->EditorSelectSubrange(1); });
+    host->user.ExpectMenu(Delete);
+    EXPECT_EQ(ErrorOf([&] { RightClick(L"CHI0LTE"); }), 0);
+    ExpectLists(before, false);
+}
+
 TEST_F(MouseLifetime, BehindAnotherOpeningNothingComesOfWhatIsChosen) {
     const ModuleLists before = Store();
     In(L"UserDialogs.ShowPopupMenu", [&] { engine->LoadEditor(&list, &tree); });

@@ -18,8 +18,7 @@ class NotifyFields : public ShownDialog {
     }
 };
 
-// ---- the beep
-// ------------------------------------------------------------------------------------
+// ---- the beep -----------------------------------------------------------------------------------
 
 TEST_F(NotifyFields, TheTestIsThereForABeepAMessageOrASound) {
     OpenWith(aceTemplate, {Beeping(), Tell(L"Door"), Sound(Gong)});
@@ -51,8 +50,7 @@ TEST_F(NotifyFields, ABeepThatIsTickedAndUntickedIsNone) {
     EXPECT_FALSE(engine->Change());
 }
 
-// ---- the field of the sound
-// ----------------------------------------------------------------------
+// ---- the field of the sound ---------------------------------------------------------------------
 
 TEST_F(NotifyFields, TheFieldShowsTheFileWithoutItsFolder) {
     OpenWith(aceTemplate, {Sound(Gong), Sound(L"gong.wav"), Sound(L"C:\\Sounds\\")});
@@ -95,8 +93,7 @@ TEST_F(NotifyFields, AFieldThatIsCancelledIsNotLeft) {
     EXPECT_EQ(RecordOf<aceNotify>(Stored()).WaveFile, Gong);
 }
 
-// ---- sounds that are chosen or dropped
-// -----------------------------------------------------------
+// ---- sounds that are chosen or dropped ----------------------------------------------------------
 
 const String Asked = L"UserDialogs.OpenFile(\"Sound Files (*.wav)|*.wav\", \"*.wav\", \"";
 

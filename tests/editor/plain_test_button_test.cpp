@@ -43,12 +43,18 @@ class PlainTestButton : public ShownDialog {
         EXPECT_FALSE(engine->Change());
         return calls;
     }
+    /// What was opened and closed on the bus.
+    Lines BusDevices() {
+        Lines lines = host->journal.LinesOf(L"GpibDriver");
+        std::erase_if(
+            lines, [](const String& line) { return line.starts_with(L"GpibDriver.WriteString"); });
+        return lines;
+    }
 
     Lines calls;
 };
 
-// ---- notifications and questions
-// -----------------------------------------------------------------
+// ---- notifications and questions ----------------------------------------------------------------
 
 TEST_F(PlainTestButton, ANotificationShowsItsMessageAndThenSounds) {
     host->user.ExpectBox(L"Door");
@@ -115,8 +121,7 @@ TEST_F(PlainTestButton, BehindACommentTheTestIsThereAgain) {
     ShowLine({SeeShown({L"cmdTestAction(0)"}), SeeEnabled(L"cmdTestAction(0)", true), PressCancel});
 }
 
-// ---- commands and programs
-// -----------------------------------------------------------------------
+// ---- commands and programs ----------------------------------------------------------------------
 
 Lines SentToBus(std::int32_t handle) {
     return {L"StatusDisplay.ShowStatus(\"T(9411)1:20\", false, false)",
@@ -128,10 +133,47 @@ Lines StartedAnew(const String& program) {
             L"Platform.StartProgram(\"" + program + L"\")", Yielded, StatusCleared};
 }
 const String BusOpened = L"GpibDriver.OpenDevice(1, 20, 0, 11, 1, 0)";
+String BusClosed(std::int32_t handle) {
+    return L"GpibDriver.CloseDevice(" + std::to_wstring(handle) + L", 0)";
+}
 
 TEST_F(PlainTestButton, ACommandIsSentWhileThePointerIsBusy) {
     EXPECT_EQ(TestOf(Gpib(120, L"*IDN?"), SendTest),
               Journal(Busy, BusOpened, SentToBus(0), BusyNoMore));
+}
+
+TEST_F(PlainTestButton, AnotherAddressIsOpenedAnew) {
+    OpenWith(aceTemplate, {Gpib(120, L"*IDN?")});
+    constexpr std::int32_t Board1Address21 = 50;
+    ShowLine(
+        {SendTest, SendTest, sim::Choose(L"cboGpibAddress", Board1Address21), SendTest, PressOk});
+    EXPECT_THAT(BusDevices(),
+                ElementsAre(BusOpened, BusClosed(0), L"GpibDriver.OpenDevice(1, 21, 0, 11, 1, 0)",
+                            BusClosed(1)));
+}
+
+TEST_F(PlainTestButton, AnAddressThatIsChosenBackHasItsDeviceStill) {
+    OpenWith(aceTemplate, {Gpib(120, L"*IDN?")});
+    constexpr std::int32_t Board1Address20 = 49;
+    ShowLine({SendTest, sim::Choose(L"cboGpibAddress", 0),
+              sim::Choose(L"cboGpibAddress", Board1Address20), SendTest, PressCancel});
+    EXPECT_THAT(BusDevices(), ElementsAre(BusOpened, BusClosed(0)));
+}
+
+TEST_F(PlainTestButton, WhatATestHasOpenedIsClosedWithTheDialog) {
+    for (const sim::FormAct& end : {PressOk, PressCancel, sim::PressKey(Keys::Escape)}) {
+        OpenWith(aceTemplate, {Gpib(120, L"*IDN?")});
+        ShowLine({SendTest, end});
+        EXPECT_THAT(BusDevices(), ElementsAre(BusOpened, ::testing::_));
+        EXPECT_EQ(std::get<aceRemote>(Stored().Parameter).DrvHdl, aceRemote::NoHandle);
+    }
+}
+
+TEST_F(PlainTestButton, AnotherProgramIsStartedAnew) {
+    OpenWith(aceTemplate, {Started(L"a.exe")});
+    ShowLine({SendTest, sim::Type(L"txtDll", L"b.exe"), SendTest, PressCancel});
+    EXPECT_EQ(host->journal.LinesOf(L"Platform.StartProgram"),
+              (Lines{L"Platform.StartProgram(\"a.exe\")", L"Platform.StartProgram(\"b.exe\")"}));
 }
 
 TEST_F(PlainTestButton, AProgramIsStartedWhileThePointerIsBusy) {
@@ -161,7 +203,8 @@ TEST_F(PlainTestButton, ThePointerComesBackBehindAnErrorThatComesOut) {
     host->instruments.absentGpib.insert(120);
     host->faults.FailOperation(L"FormHost.ShowModal", 2, 57);
     ShowLine(Watched({sim::Do([](Form& form) {
-        ErrorOf([&] { dynamic_cast<Button&>(ControlOn(form, L"cmdTestAction(1)")).Click(); });
+        Button& test = dynamic_cast<Button&>(ControlOn(form, L"cmdTestAction(1)"));
+        EXPECT_EQ(ErrorOf([&] { test.Click(); }), 57);
     })}));
     EXPECT_EQ(calls.back(), BusyNoMore);
 }

@@ -36,8 +36,7 @@ class RemoteFields : public ShownDialog {
     }
 };
 
-// ---- an action that is opened
-// --------------------------------------------------------------------
+// ---- an action that is opened -------------------------------------------------------------------
 
 class EachInterface : public RemoteFields, public ::testing::WithParamInterface<std::int32_t> {};
 INSTANTIATE_TEST_SUITE_P(Of, EachInterface, ::testing::Values(0, 1, 2));
@@ -83,8 +82,17 @@ TEST_F(RemoteFields, AnEditedCommandHasNoHandle) {
     EXPECT_EQ(record.ProgID, 1234.0);
 }
 
-// ---- the interface
-// -------------------------------------------------------------------------------
+TEST_F(RemoteFields, TheDeviceThatARunHasOpenedStaysOpenWhateverTheDialogShows) {
+    p_Action action = Gpib(120, L"*RST");
+    RecordOf<aceRemote>(action).DrvHdl = 5;
+    OpenWith(aceTemplate, {action});
+    for (const sim::FormAct& end : {PressCancel, PressOk}) {
+        ShowLine({sim::Choose(L"cboGpibAddress", 3), sim::Choose(L"cboIface", 0), end});
+    }
+    EXPECT_THAT(host->journal.LinesOf(L"GpibDriver"), ::testing::IsEmpty());
+}
+
+// ---- the interface ------------------------------------------------------------------------------
 
 TEST_F(RemoteFields, EachInterfaceShowsItsOwnFields) {
     OpenWith(aceTemplate);
@@ -146,8 +154,7 @@ TEST_F(RemoteFields, AnAddressThatWasChosenStaysWhenTheInterfaceChanges) {
     EXPECT_EQ(record.Terminator, 3);
 }
 
-// ---- text fields that are left
-// -------------------------------------------------------------------
+// ---- text fields that are left ------------------------------------------------------------------
 
 TEST_F(RemoteFields, TheHostIsKeptWhenItsFieldIsLeft) {
     const aceRemote record =
@@ -185,8 +192,7 @@ TEST_F(RemoteFields, TheBoxOfTheConfirmationIsKeptAtOnce) {
     EXPECT_FALSE(Record(waiting, {sim::Tick(L"chkWaitForProgramCompleted", false)}).WaitPrgSync);
 }
 
-// ---- the test button
-// -----------------------------------------------------------------------------
+// ---- the test button ----------------------------------------------------------------------------
 
 TEST_F(RemoteFields, TheTestIsThereForACommandOrAProgram) {
     OpenWith(aceTemplate, {Gpib(5, L"*RST"), Started(L"log.exe")});
@@ -204,8 +210,7 @@ TEST_F(RemoteFields, AFieldThatIsClearedTakesTheTestAwayWhateverTheOtherHolds) {
               SeeEnabled(TestButton, true), PressCancel});
 }
 
-// ---- programs that are chosen or dropped
-// ---------------------------------------------------------
+// ---- programs that are chosen or dropped --------------------------------------------------------
 
 const String Asked = L"UserDialogs.OpenFile(\"Programs (*.exe;*.bat)|*.exe;*.bat\", \"*.exe\", \"";
 

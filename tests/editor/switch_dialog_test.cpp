@@ -28,6 +28,22 @@ class SwitchDialog : public BenchDialog {
         return {Found(name), Called(L"SwitchUnit.Paths", name)};
     }
     const aceSetDevice& Held() { return Parts().held.Records.SetDevice; }
+    /// What is offered in the next menu goes while it stands.
+    void LoseDevicesInTheMenu() {
+        host->beforeCall = [this](StringView operation, sim::CallArguments) {
+            if (operation == L"UserDialogs.ShowPopupMenu") {
+                host->bench.devices.clear();
+            }
+        };
+    }
+    /// The action as it was, and nothing told of what the choice came to.
+    void ExpectUnchanged(const String& name) {
+        host->beforeCall = nullptr;
+        EXPECT_THAT(host->journal.LinesOf(L"TraceLog.ReportError"), IsEmpty());
+        EXPECT_THAT(host->journal.LinesOf(L"UserDialogs.ShowMessageBox"), IsEmpty());
+        EXPECT_EQ(StoredDevice().DevName, name);
+        EXPECT_FALSE(engine->Change());
+    }
 };
 
 // ---- amplifiers --------------------------------------------------------------------------------
@@ -78,6 +94,36 @@ TEST_F(SwitchDialog, AnAmplifierThatIsMissingKeepsItsNameWithoutABox) {
     EXPECT_EQ(TakeCalls(), Journal(Found(L"Amplifier"), DialogShown, EntryTaken, DialogHidden));
     EXPECT_EQ(StoredDevice().DevName, L"Amplifier");
     EXPECT_EQ(StoredDevice().AmpState, 0);
+}
+
+TEST_F(SwitchDialog, AnAmplifierThatHasGoneSinceTheMenuCameUpIsNotTaken) {
+    const auto amplifier = std::dynamic_pointer_cast<IAmplifier>(host->bench.Device(L"Amplifier"));
+    Add<sim::SimAmplifier>(L"Spare");
+    OpenTemplate({Amplifier(1)});
+    LoseDevicesInTheMenu();
+    AnswerMenu(L"Spare");
+    EditLine({Press(L"imgAmplifier"), Reads(L"lblDevice", L"Amplifier"), HasTip(L"lblDevice", L""),
+              Do([&](Form&) {
+                  EXPECT_EQ(Held().DevName, L"Amplifier");
+                  EXPECT_EQ(Held().AmplDev, amplifier);
+                  EXPECT_FALSE(Parts().DeviceSettingsChanged);
+              }),
+              Confirm()});
+    ExpectUnchanged(L"Amplifier");
+}
+
+/// The stored action comes with the device of an earlier bench.
+TEST_F(SwitchDialog, TheAmplifierOfAnExistingActionIsLookedUpAndHeld) {
+    p_Action action = Amplifier(1);
+    std::get<aceSetDevice>(action.Parameter).AmplDev =
+        std::make_shared<sim::SimAmplifier>(*host, L"Amplifier");
+    const std::shared_ptr<sim::SimDevice> found = host->bench.Device(L"Amplifier");
+    OpenTemplate({action});
+    EditLine({Do([&](Form&) {
+                  EXPECT_EQ(Held().Device, found);
+                  EXPECT_EQ(Held().AmplDev, std::dynamic_pointer_cast<IAmplifier>(found));
+              }),
+              Cancel()});
 }
 
 TEST_F(SwitchDialog, NeitherKindHasSettingsOrATest) {
@@ -146,6 +192,35 @@ TEST_F(SwitchDialog, AUnitThatIsMissingKeepsItsNameAndItsPathWithoutABox) {
     EXPECT_FALSE(engine->Change());
 }
 
+TEST_F(SwitchDialog, AUnitThatHasGoneSinceTheMenuCameUpIsNotTaken) {
+    const auto unit = std::dynamic_pointer_cast<ISwitchUnit>(host->bench.Device(L"Relays"));
+    OpenTemplate({Unit(L"Relays", L"B")});
+    LoseDevicesInTheMenu();
+    AnswerMenu(L"Matrix");
+    EditLine({Press(L"imgSwitchUnit"), Reads(L"lblDevice", L"Relays"), HasTip(L"lblDevice", L""),
+              Offers(L"cboSUPaths", {L"A", L"B", L"b"}), Reads(L"cboSUPaths", L"B"), Do([&](Form&) {
+                  EXPECT_EQ(Held().DevName, L"Relays");
+                  EXPECT_EQ(Held().SwitchDev, unit);
+                  EXPECT_FALSE(Parts().DeviceSettingsChanged);
+              }),
+              Confirm()});
+    ExpectUnchanged(L"Relays");
+    EXPECT_EQ(StoredDevice().Path, L"B");
+}
+
+TEST_F(SwitchDialog, TheUnitOfAnExistingActionIsLookedUpAndHeld) {
+    p_Action action = Unit(L"Relays", L"B");
+    std::get<aceSetDevice>(action.Parameter).SwitchDev =
+        std::make_shared<sim::SimSwitchUnit>(*host, L"Relays");
+    const std::shared_ptr<sim::SimDevice> found = host->bench.Device(L"Relays");
+    OpenTemplate({action});
+    EditLine({Do([&](Form&) {
+                  EXPECT_EQ(Held().Device, found);
+                  EXPECT_EQ(Held().SwitchDev, std::dynamic_pointer_cast<ISwitchUnit>(found));
+              }),
+              Cancel()});
+}
+
 TEST_F(SwitchDialog, ADeviceThatIsNoUnitLeavesTheListOfPathsAsItWas) {
     const auto other =
         std::make_shared<sim::SimDevice>(*host, L"Other", sim::SimClass::SwitchUnits);
@@ -170,9 +245,11 @@ TEST_F(SwitchDialog, AUnitThatFailsToTellItsPathsEndsTheChoiceQuietly) {
     OpenTemplate({Unit(L"Relays", L"B")});
     AnswerMenu(L"Matrix");
     EditLine({Do([this](Form&) { host->faults.FailOperation(L"SwitchUnit.Paths", 1, 57); }),
-              Press(L"imgSwitchUnit"), Cancel()});
+              Press(L"imgSwitchUnit"), Reads(L"lblDevice", L"Relays"), Reads(L"cboSUPaths", L"B"),
+              Confirm()});
     EXPECT_THAT(host->journal.LinesOf(L"TraceLog.ReportError"), IsEmpty());
     EXPECT_EQ(StoredDevice().DevName, L"Relays");
+    EXPECT_FALSE(engine->Change());
 }
 
 TEST_F(SwitchDialog, TheUnitOfAGeneratorsDialogBeforeHasItsOwnPlaceAgain) {

@@ -107,6 +107,26 @@ TEST_F(TrackDialog, ANewActionAfterAnotherOneBeginsAnew) {
     EXPECT_EQ(StoredTrack(2).DelayTime, 100);
 }
 
+TEST_F(TrackDialog, TheFrameThatDoesNotShowIsThatOfANewActionWhateverStoodThereBefore) {
+    OpenEmission({Synchronised(L"Synth 2", L"Path B"), Followed(L"Probe", 250)});
+    EditTrack({Choose(L"optTrackFrq", Monitor), Reads(L"cboCANDriver", L"Tracker"),
+               Reads(L"txtDelayTime", L"100"), Cancel()});
+    EditTrack({Choose(L"optTrackFrq", Generator), Reads(L"cboGenerator", L"Synth 1"),
+               Reads(L"cboSigPath", L"T(9113)"), Reads(L"filLimitLine", L""), Cancel()},
+              L"CHI1EFR");
+}
+
+TEST_F(TrackDialog, WhatARunHasHeldForAnotherGeneratorIsHeldNoMore) {
+    p_Action run = Synchronised(L"Synth 1", L"Path A");
+    auto& record = std::get<aceTrackFreq>(run.Parameter);
+    record.GenDev = std::dynamic_pointer_cast<IRfGenerator>(host->bench.Device(L"Synth 1"));
+    ASSERT_NE(record.GenDev, nullptr);
+    OpenEmission({run});
+    EditTrack({Choose(L"cboGenerator", 1), Confirm()});
+    EXPECT_EQ(StoredTrack().GenName, L"Synth 2");
+    EXPECT_EQ(StoredTrack().GenDev, nullptr);
+}
+
 TEST_F(TrackDialog, AnExistingGeneratorShowsItsTableTypeAndItsSignalPath) {
     OpenEmission({Synchronised(L"Synth 2", L"Path B")});
     EditTrack({HasOption(Generator), Reads(L"cboGenerator", L"Synth 2"),

@@ -15,8 +15,7 @@ String Ranked(std::int32_t signal, std::int32_t code) {
 
 class WholeTests : public WholeTest {};
 
-// ---- single test
-// ---------------------------------------------------------------------------------
+// ---- single test --------------------------------------------------------------------------------
 
 constexpr StringView TemplateFile =
     LR"([ActionsOnTest]
@@ -64,8 +63,7 @@ TEST_F(WholeTests, Template) {
     EXPECT_FALSE(context.TestRunning);
 }
 
-// ---- monitoring
-// ----------------------------------------------------------------------------------
+// ---- monitoring ---------------------------------------------------------------------------------
 
 constexpr StringView MonitoringFile =
     LR"([ActionsOnEutMon]
@@ -116,8 +114,7 @@ TEST_F(WholeTests, Monitoring) {
     EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(6), Yielded, Waited(2)));
 }
 
-// ---- automatic susceptibility test
-// -----------------------------------------------------------------
+// ---- automatic susceptibility test --------------------------------------------------------------
 
 constexpr StringView GeneralFile =
     LR"([ActionsOnEMSAutoTest]
@@ -178,8 +175,7 @@ TEST_F(WholeTests, SusceptibilitySteps) {
                       Notified(L"Turn the table"), InRange(0, 2, 2), InRange(0, 3, 2)));
 }
 
-// ---- automatic emission test
-// -----------------------------------------------------------------------
+// ---- automatic emission test --------------------------------------------------------------------
 
 constexpr StringView EmissionFile =
     LR"([General]
@@ -221,8 +217,7 @@ TEST_F(WholeTests, Emission) {
     EXPECT_EQ(engine->GetCheckEutAction(comment), 4);
 }
 
-// ---- sequence and azimuth chart
-// --------------------------------------------------------------------
+// ---- sequence and azimuth chart -----------------------------------------------------------------
 
 constexpr StringView SequenceFile =
     LR"([ActionsOnTestSequence]
@@ -281,8 +276,7 @@ TEST_F(WholeTests, AzimuthChart) {
     EXPECT_EQ(engine->GetCheckEutAction(comment), 4);
 }
 
-// ---- wireless
-// --------------------------------------------------------------------------------------
+// ---- wireless -----------------------------------------------------------------------------------
 
 constexpr StringView WirelessFile =
     LR"([ActionsOnVKSTemplate]

@@ -27,12 +27,9 @@ constexpr CleanedList CleanedLists[] = {
 void CleanRemote(ThreadContext& context, const p_Action& action) {
     aceRemote& record = context.ReaderRecords.Remote;
     record = RecordOf<aceRemote>(action);
-    if (record.Iface != aceRemote::Gpib || record.DrvHdl <= aceRemote::NoHandle) {
-        return;
+    if (record.Iface == aceRemote::Gpib) {
+        CloseBusDevice(context, record);
     }
-    ResumeNext next;
-    next([&] { context.GpibDriver().CloseDevice(NarrowToShort(record.DrvHdl), 0); });
-    record.DrvHdl = aceRemote::NoHandle;
 }
 
 void CleanTrackFreq(ThreadContext& context, const p_Action& action) {
@@ -85,6 +82,15 @@ void modActions::CleanSubrange(ThreadContext& context, const p_Subrange& set) {
             });
         }
     }
+}
+
+void CloseBusDevice(ThreadContext& context, aceRemote& record) {
+    if (record.DrvHdl <= aceRemote::NoHandle) {
+        return;
+    }
+    ResumeNext next;
+    next([&] { context.GpibDriver().CloseDevice(NarrowToShort(record.DrvHdl), 0); });
+    record.DrvHdl = aceRemote::NoHandle;
 }
 
 void CleanLists(EngineState& state) {

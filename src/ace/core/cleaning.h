@@ -10,6 +10,9 @@ namespace ace {
 /// and the references to devices end with the lists.
 void CleanLists(EngineState& state);
 
+/// Closes the bus device that the record has opened, if any, and forgets it. Raises nothing.
+void CloseBusDevice(ThreadContext& context, aceRemote& record);
+
 namespace modActions {
 /// The same for one set.
 void CleanSubrange(ThreadContext& context, const p_Subrange& set);

@@ -66,7 +66,8 @@ class IEditor {
     /// Ends the form and drops all that it refers to, the links with the rest. While its dialog is
     /// open, the operator is first asked whether to close it, and messages run. Yes drops the
     /// entry, No takes it over as OK does. One that is refused keeps the dialog open: the form
-    /// lives as long as somebody holds it, and has no engine to hand an entry to.
+    /// lives as long as somebody holds it, and has no engine to hand an entry to. An error of that
+    /// edit comes out, and the editor is as before. A load while the operator is asked is error 10.
     virtual void Unload() = 0;
 };
 

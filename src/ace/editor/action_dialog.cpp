@@ -47,6 +47,18 @@ class HeldBefore {
     p_Action x_before;
 };
 
+/// Ends what tests have opened, however the dialog ends.
+class TestsOfDialog {
+  public:
+    explicit TestsOfDialog(EditorParts& parts) : x_parts(parts) {}
+    ~TestsOfDialog() { EndTests(x_parts); }
+    TestsOfDialog(const TestsOfDialog&) = delete;
+    TestsOfDialog& operator=(const TestsOfDialog&) = delete;
+
+  private:
+    EditorParts& x_parts;
+};
+
 }  // namespace
 
 ActionDialog::ActionDialog(Form& form, EditorParts& parts)
@@ -136,22 +148,23 @@ void ActionDialog::Prepare(const Statements& stmt, Pane& pane, Boolean isNew) {
 /// Messages run while the pane is filled: what has changed the editor by then ends the show.
 void ActionDialog::Show(const Statements& stmt, Pane& pane, Boolean isNew) {
     const std::shared_ptr<EngineState> engine = x_parts.engine;
-    const std::uint32_t show = ++x_parts.shows;
     Prepare(stmt, pane, isNew);
-    if (x_parts.engine == engine && x_parts.shows == show) {
+    if (x_parts.engine == engine && x_parts.builds == x_builds) {
+        const TestsOfDialog tests(x_parts);
         stmt([&] { x_form.ShowModal(x_parts.context.FormHost()); });
     }
 }
 
 void ActionDialog::ShowEditor(Boolean AddNew) {
     const KeptAlive alive(x_parts);
-    RequireNoDialog(x_parts);
     const auto message = [&] { return L"AddNew = " + FormatGeneral(Value(AddNew), L'.'); };
     Logged(x_parts.context, ShowLines, message, [&](const Statements& stmt) {
+        stmt([&] { RequireNoDialog(x_parts); });
+        const SetWhile editing(x_parts.isEditing);
         x_isConfirmed = false;
         x_parts.AddNew = AddNew;
         x_parts.DeviceSettingsChanged = false;
-        x_node = stmt([&] { return ViewOf(x_parts).Selected(); });
+        x_key = stmt([&] { return ViewOf(x_parts).Key(ViewOf(x_parts).Selected()); });
         x_builds = x_parts.builds;
         if (Pane* const pane = PaneOfHeld()) {
             Show(stmt, *pane, AddNew);
@@ -191,13 +204,19 @@ void ActionDialog::GetEntry(Boolean& Ok) {
 
 /// The entry is meant for the node for which the dialog was opened, whatever a host has selected
 /// meanwhile. A tree that was built anew may have another node in its place.
-void ActionDialog::Store() {
-    RequireFreeModule(*Required(x_parts.engine), x_parts.moduleKind);
+void ActionDialog::SelectNode() {
     if (x_builds != x_parts.builds) {
         Raise(Errors::ArrayInUse);
     }
-    if (ViewOf(x_parts).Selected() != x_node) {
-        ViewOf(x_parts).Select(x_node);
+    const TreeNode node = ViewOf(x_parts).Find(x_key);
+    if (ViewOf(x_parts).Selected() != node) {
+        ViewOf(x_parts).Select(node);
+    }
+}
+
+void ActionDialog::Store() {
+    if (x_parts.AddNew || PaneOfHeld() != nullptr) {
+        RequireFreeModule(*Required(x_parts.engine), x_parts.moduleKind);
     }
     if (x_parts.AddNew) {
         AddAction(x_parts, true);
@@ -218,6 +237,7 @@ void ActionDialog::Confirm() {
     Boolean isComplete;
     GetEntry(isComplete);
     if (isComplete) {
+        SelectNode();
         Store();
         x_form.Hide();
     }

@@ -24,9 +24,9 @@ class ActionDialog {
     /// Edits the held action, a new one of its kind with `AddNew`, for the node that is selected,
     /// and comes back when the dialog is closed; messages run meanwhile. A kind that has nothing to
     /// edit is added at once, or left as it is.
-    /// Error 10 while the dialog stands; errors of the host, and of the edit of a kind without a
-    /// pane, come out; error 13 when the action has another kind's record. Nothing shows when the
-    /// editor is ended, or used otherwise, while messages run before. Traced and handled.
+    /// Error 10 while another action is edited; errors of the host, and of the edit of a kind
+    /// without a pane, come out; error 13 when the action has another kind's record. Nothing shows
+    /// when the editor is ended, or loads, while messages run before. Traced and handled.
     void ShowEditor(Boolean AddNew);
     /// The same for a new action of `kind`. One that is not confirmed leaves the held action.
     void ShowNew(p_ActionTypes kind);
@@ -35,8 +35,9 @@ class ActionDialog {
     void GetEntry(Boolean& Ok);
     /// OK: the focus leaves the field, messages run once, and the entry comes into the lists. Then
     /// the dialog is hidden. An entry that is not taken over, and an error of the edit, which comes
-    /// out, leave it open: error 10 while a list of the module runs, and for good when the tree was
-    /// built anew since the dialog came up. Nothing when the dialog goes meanwhile.
+    /// out, leave it open: error 10 while a list of the module runs, with nothing changed, and for
+    /// good when the tree was built anew since the dialog came up. Nothing when the dialog goes
+    /// meanwhile.
     void Confirm();
     void Cancel() { x_form.Hide(); }
     /// Somebody ends the editor: asks the operator when the dialog stands open, and closes it or
@@ -65,6 +66,7 @@ class ActionDialog {
     void LayOut(Pane& shown);
     void ShowVariableButton(Pane& pane) const;
     void BeginAt(Control* field);
+    void SelectNode();
     void Store();
     void Test();
     void ShowVariables();
@@ -72,7 +74,7 @@ class ActionDialog {
 
     std::array<Pane*, 6> x_panes;  ///< by `DialogPane`
     bool x_isConfirmed = false;    ///< the entry of the last show has come into the lists
-    TreeNode x_node;               ///< for which the dialog was opened
+    String x_key;                  ///< of the node for which the dialog was opened
     std::uint32_t x_builds = 0;    ///< of the tree at that time
 };
 

@@ -55,9 +55,9 @@ std::vector<Entry> EntriesOfMoment(const EditorParts& parts) {
 }
 
 /// Moves the selected line by so many places.
-void MoveSelected(EditorParts& parts, std::int32_t places) {
+void MoveSelected(EditorParts& parts, const Statements& stmt, std::int32_t places) {
     Place place;
-    GetPosition(parts, ViewOf(parts).Selected(), place);
+    stmt([&] { GetPosition(parts, ViewOf(parts).Selected(), place); });
     MoveAction(parts, place.time, place.subrange, place.position - 1, place.position - 1 + places);
 }
 
@@ -76,7 +76,8 @@ void FillMenu(EditorParts& parts, const Statements& stmt, TreeNode node) {
 }
 
 /// An edit is no statement of whoever asks for it: done again, it would be another edit.
-void RunCommand(EditorParts& parts, ActionDialog& dialog, std::int32_t command) {
+void RunCommand(EditorParts& parts, ActionDialog& dialog, const Statements& stmt,
+                std::int32_t command) {
     switch (command) {
         case Edit:
             GetAction(parts);
@@ -86,10 +87,10 @@ void RunCommand(EditorParts& parts, ActionDialog& dialog, std::int32_t command) 
             DeleteAction(parts);
             break;
         case MoveUp:
-            MoveSelected(parts, -1);
+            MoveSelected(parts, stmt, -1);
             break;
         case MoveDown:
-            MoveSelected(parts, 1);
+            MoveSelected(parts, stmt, 1);
             break;
         case Copy:
             GetAction(parts);
@@ -117,7 +118,7 @@ void OpenContextMenu(EditorParts& parts, ActionDialog& dialog, const Statements&
     const bool isMeant = chosen && !parts.PickingDevice && parts.builds == builds &&
                          stmt([&] { return ViewOf(parts).Selected(); }) == node;
     if (isMeant) {
-        RunCommand(parts, dialog, chosen->command);
+        RunCommand(parts, dialog, stmt, chosen->command);
     }
 }
 

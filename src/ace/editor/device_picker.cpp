@@ -53,6 +53,9 @@ void DevicePicker::Offer(std::vector<String> names) {
 
 void DevicePicker::OpenMenu(std::vector<String> names, std::int32_t emptyText,
                             const String& current) {
+    if (!IsStanding()) {
+        return;  // the dialog went where the host was asked for its devices
+    }
     PopUpMenu& menu = x_parts.usrPopUp;
     Offer(std::move(names));
     menu.items.clear();
@@ -73,10 +76,8 @@ void DevicePicker::OpenMenu(std::vector<String> names, std::int32_t emptyText,
             add(device.Name);
         }
     }
-    const std::uint32_t show = x_parts.shows;
     const std::optional<MenuItem> chosen = menu.PopUp(x_parts.context.UserDialogs());
-    const bool isMeant = x_parts.PickingDevice && x_parts.shows == show && IsDialogShown(x_parts);
-    if (chosen && isMeant) {
+    if (chosen && x_parts.PickingDevice) {
         DeviceChosen(chosen->caption);
     }
 }
@@ -143,17 +144,19 @@ void DevicePicker::TakeSignalPath(const String& name) {
 
 /// Intentional: the section is emptied for the same device too, where no signal path shows.
 void DevicePicker::ForgetSettings() {
+    x_hasOldSection = true;
     const std::shared_ptr<ISettingsFile> settings = OpenedSettings();
     if (settings) {
         settings->SetSection(SectionOf(Record()), String(L"\r\n"));
         settings->Release();
     }
+    x_hasOldSection = false;
     x_fields.lblDeviceSett.caption = Text(InputTexts::NewSettings);
 }
 
-/// The host puts the outcome where the device's actions look for it.
+/// The host puts the outcome where the device's actions look for it. It shows when it is written:
+/// settings that can't be are not taken for set.
 void DevicePicker::EditSettings(const std::shared_ptr<ISettingsFile>& settings) {
-    // Shown when it is written: settings that can't be are not taken for set.
     IDeviceSettingsStore& store = x_parts.context.DeviceSettings();
     store.SetDevice(x_fields.lblDevice.caption, StoreMode);
     store.StoreIn(settings, SectionOf(Record()));
@@ -206,9 +209,9 @@ void DevicePicker::TakeDevice(const String& name) {
         ShowDevice(picked);
         Record().AmplDev = std::dynamic_pointer_cast<IAmplifier>(device);
     } else if (HeldKind() == atSwitchUnit) {
+        FillSwitchPaths(picked.name, {});
         ShowDevice(picked);
         Record().SwitchDev = std::dynamic_pointer_cast<ISwitchUnit>(device);
-        FillSwitchPaths(Record().DevName, {});
     } else {
         TakeEditedDevice(picked);
     }
@@ -268,6 +271,9 @@ void DevicePicker::DeviceClicked() {
             return;
         }
         const std::shared_ptr<IDevice> device = Required(Record().Device);
+        if (x_hasOldSection) {
+            ForgetSettings();
+        }
         const std::shared_ptr<ISettingsFile> settings = OpenedSettings();
         if (ClassOf(x_parts.context, *device) == DeviceClasses::Monitoring) {
             std::int32_t mode = IsCheck() ? IMonitorDevice::UseToCheck : IMonitorDevice::UseToSet;

@@ -14,6 +14,8 @@ class DevicePicker {
   public:
     DevicePicker(EditorParts& parts, DeviceFields& fields) : x_parts(parts), x_fields(fields) {}
 
+    /// A dialog begins.
+    void Begin() { x_hasOldSection = false; }
     /// The press on `imgDevice`: the right button, or any while no device is chosen, opens the menu
     /// of devices that suit the kind. False when there is nothing to do, and the click follows.
     bool DevicePressed(std::int32_t button);
@@ -24,8 +26,8 @@ class DevicePicker {
     /// The click on `imgSwitchUnit`: the menu of switch units, or of the signal paths of a
     /// broadcast generator.
     void SwitchUnitClicked();
-    /// A name is chosen in such a menu; `PickingSigPath` says what for. A dialog that has gone
-    /// meanwhile takes no device, and empties no section.
+    /// A name is chosen in such a menu; `PickingSigPath` says what for. No section is emptied for
+    /// a dialog that has gone meanwhile.
     void DeviceChosen(const String& Name);
     /// Fills the list of paths with those of a switch unit and chooses `Selected`, compared
     /// exactly, or none where that is empty; nothing for a device that is no switch unit. Errors of
@@ -65,6 +67,7 @@ class DevicePicker {
 
     EditorParts& x_parts;
     DeviceFields& x_fields;
+    bool x_hasOldSection = false;  ///< the section could not be begun anew for the chosen device
 };
 
 }  // namespace ace

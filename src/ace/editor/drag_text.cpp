@@ -47,7 +47,10 @@ std::int32_t ParseKindNumber(StringView text) {
 }
 
 std::int32_t DroppedNumber(StringView text) {
-    return ReadRoundedNumber(text.substr(std::min(text.size(), DragPrefix.size()), DigitsOfNumber));
+    text = text.substr(std::min(text.size(), DragPrefix.size()), DigitsOfNumber);
+    const auto end = std::ranges::find_if_not(text, IsDigit);
+    const StringView digits = text.substr(0, static_cast<std::size_t>(end - text.begin()));
+    return digits.empty() ? -1 : ReadRoundedNumber(digits);
 }
 
 }  // namespace ace

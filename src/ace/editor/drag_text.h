@@ -24,8 +24,8 @@ StringView IconOf(StringView text);
 /// The digits behind the last ":" as a number; -1 where there are none, or something else, as with
 /// a line.
 std::int32_t ParseKindNumber(StringView text);
-/// The number at the beginning of the four characters behind the prefix, as a drop reads it; 0
-/// without one.
+/// The digits at the beginning of the four characters behind the prefix as a number, which is how a
+/// drop reads it; -1 where there are none.
 std::int32_t DroppedNumber(StringView text);
 
 }  // namespace ace

@@ -23,7 +23,7 @@ bool MayBeAdded(EditorParts& parts, std::int32_t kind, TreeNode node);
 
 /// What comes of a drop of `text` on `target`, one of `DropEffects`; `shift` as of `ITreeEvents`.
 /// Intentional: what is selected is looked at before what is dragged, so that a kind on offer is
-/// taken for the selected line. Errors of the tree come out.
+/// taken for the selected node, as far as that has a parent. Errors of the tree come out.
 std::int32_t DropEffectOf(EditorParts& parts, StringView text, std::int32_t shift, TreeNode target);
 
 }  // namespace ace

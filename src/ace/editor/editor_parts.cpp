@@ -14,13 +14,8 @@ ControlOfHost& Linked(ControlOfHost* link) {
 
 }  // namespace
 
-bool IsDialogShown(const EditorParts& parts) {
-    const std::shared_ptr<Form> form = parts.form.lock();
-    return form && form->IsShown();
-}
-
 void RequireNoDialog(const EditorParts& parts) {
-    if (IsDialogShown(parts)) {
+    if (parts.isEditing) {
         Raise(Errors::ArrayInUse);
     }
 }

@@ -1,6 +1,8 @@
 /// What the rooms of the editor share.
 #pragma once
 
+#include <utility>
+
 #include <ace/core/engine_state.h>
 #include <ace/core/operation.h>
 #include <ace/editor/held_action.h>
@@ -34,7 +36,8 @@ struct EditorParts {
     /// The devices in the menu that was opened last; an empty spare stands behind them.
     std::vector<DeviceRecord> DevicePickList;
     std::weak_ptr<Form> form;  ///< of which these are the parts
-    std::uint32_t shows = 0;   ///< rises with each show of the dialog
+    bool isEditing = false;    ///< from the beginning of `ShowEditor` to its end
+    aceRemote tested;          ///< with the bus device that a test in the dialog has opened, if any
     std::uint32_t builds = 0;  ///< rises whenever the tree is built anew
     bool isAtWork = false;     ///< an operation uses the lists, see `OwnWork`
 };
@@ -48,9 +51,8 @@ struct KeptAlive {
     std::shared_ptr<ThreadContext> context;  ///< none for one that nobody shares
     std::shared_ptr<Form> form;
 };
-/// The dialog stands on the screen.
-bool IsDialogShown(const EditorParts& parts);
-/// Error 10 while it does: the operator can't do anything else then, and no host may.
+/// Error 10 while an action is edited, from before its dialog comes up: the operator can't do
+/// anything else then, and no host may.
 void RequireNoDialog(const EditorParts& parts);
 
 /// The linked tree; error 91 without a link.
@@ -60,6 +62,19 @@ IListControl& PaletteOf(const EditorParts& parts);
 
 /// The template of the engine measures emission; false without an engine.
 Boolean EmiTemplate(const EditorParts& parts);
+
+/// A flag that is set as long as the object lives.
+class SetWhile {
+  public:
+    explicit SetWhile(bool& flag) : x_flag(flag), x_before(std::exchange(flag, true)) {}
+    ~SetWhile() { x_flag = x_before; }
+    SetWhile(const SetWhile&) = delete;
+    SetWhile& operator=(const SetWhile&) = delete;
+
+  private:
+    bool& x_flag;
+    bool x_before;
+};
 
 /// Has the lists for itself while it lives: an operation goes through them from one call of the
 /// host to the next, and another one that the host makes in such a call must not change them.

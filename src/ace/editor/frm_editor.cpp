@@ -55,7 +55,11 @@ void frmEditor::Loaded() {
 // ---- controls of the host ----------------------------------------------------------------------
 
 void frmEditor::SetTreeControl(ITreeControl* tree) {
+    if (x_isEnding) {
+        Raise(Errors::ArrayInUse);
+    }
     const OwnWork work(x_parts);
+    ++x_parts.builds;
     Link(x_parts.m_View, tree, x_treeEvents);
     ViewOf(x_parts).SetUp({.images = imlActions()});
 }
@@ -170,8 +174,11 @@ void frmEditor::SetSubrange(std::int32_t number) {
 
 /// All references in one step. A dialog that a refused entry keeps open is still of its action.
 void frmEditor::Unload() {
-    const std::shared_ptr<frmEditor> alive = shared_from_this();
-    x_dialog.AskToClose();
+    const KeptAlive alive(x_parts);
+    {
+        const SetWhile ending(x_isEnding);
+        x_dialog.AskToClose();
+    }
     DropLinks();
     x_parts.engine.reset();
     if (!IsShown()) {

@@ -51,6 +51,7 @@ class frmEditor : public Form, public IEditor, public std::enable_shared_from_th
     ActionDialog x_dialog{*this, x_parts};
     TreeEvents x_treeEvents{x_parts, x_dialog};
     ListEvents x_listEvents{x_parts, x_dialog};
+    bool x_isEnding = false;  ///< the operator is asked whether to close: a load would be lost
 };
 
 }  // namespace ace

@@ -7,7 +7,7 @@ namespace ace {
 
 /// An action, and beside it a working record for each kind of parameter, which is what the dialog
 /// changes. The action's `Parameter` gets a copy of it when the dialog is confirmed or its action
-/// is tried, so that a dialog that is cancelled leaves what a paste inserts.
+/// is tried: a dialog that is cancelled without a test leaves what a paste inserts.
 struct HeldAction {
     p_Action Action;
     WorkingRecords Records;

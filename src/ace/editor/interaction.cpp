@@ -45,9 +45,9 @@ void RaiseDragComplete(const std::shared_ptr<EngineState>& engine) {
 // ---- dropping ------------------------------------------------------------------------------
 
 /// A kind on offer is dropped on `target`.
-void DropKind(EditorParts& parts, ActionDialog& dialog, const Statements& stmt, StringView text,
+void DropKind(EditorParts& parts, ActionDialog& dialog, const Statements& stmt, std::int32_t number,
               TreeNode target) {
-    const ActionKind* const kind = FindActionKind(ParseKindNumber(text));
+    const ActionKind* const kind = FindActionKind(number);
     if (kind != nullptr && stmt([&] { return ReachesList(parts, target); })) {
         stmt([&] { ViewOf(parts).Select(target); });
         dialog.ShowNew(kind->kind);
@@ -193,11 +193,11 @@ void TreeEvents::Dropped(const DragData& data, std::int32_t&, std::int32_t shift
     Guarded(x_parts.context, [&](const Statements& stmt) {
         const TreeNode target = stmt([&] { return ViewOf(x_parts).DropHighlight(); });
         stmt([&] { RequireNoDialog(x_parts); });
-        const bool isLine = stmt([&] { return DroppedNumber(text); }) == LineNumber;
-        if (target && isLine) {
+        const std::int32_t number = DroppedNumber(text);
+        if (target && number == LineNumber) {
             DropLine(x_parts, stmt, shift, target);
         } else if (target) {
-            DropKind(x_parts, x_dialog, stmt, text, target);
+            DropKind(x_parts, x_dialog, stmt, number, target);
         }
         stmt([&] { RaiseDragComplete(engine); });
     });

@@ -6,8 +6,8 @@
 namespace ace {
 
 /// The acts on the tree of moments and lines. What they change, the edit operations change. While
-/// the dialog stands, which keeps the operator from both controls, all acts that would change
-/// something or open it again are error 10.
+/// an action is edited, in a dialog that keeps the operator from both controls, all acts that would
+/// change something or open it again are error 10.
 class TreeEvents : public ITreeEvents {
   public:
     TreeEvents(EditorParts& parts, ActionDialog& dialog) : x_parts(parts), x_dialog(dialog) {}

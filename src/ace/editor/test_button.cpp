@@ -1,3 +1,6 @@
+#include <utility>
+
+#include <ace/core/cleaning.h>
 #include <ace/editor/test_button.h>
 #include <ace/execution/device_actions.h>
 #include <ace/execution/plain_actions.h>
@@ -43,9 +46,39 @@ void TestQuestion(EditorParts& parts) {
     TellAndPlay(parts, IUserDialogs::YesNo | IUserDialogs::Question, L"Question ?");
 }
 
+/// A copy of the held command, with the bus device that a test of the same address has opened. It
+/// stays open for the next test while the dialog stands, unless another test has left one
+/// meanwhile.
+class TestedRemote {
+  public:
+    explicit TestedRemote(EditorParts& parts) : record(parts.held.Records.Remote), x_parts(parts) {
+        aceRemote before = std::exchange(parts.tested, {});
+        if (before.GpibAddress == record.GpibAddress) {
+            record.DrvHdl = before.DrvHdl;
+        } else {
+            CloseBusDevice(parts.context, before);
+        }
+    }
+    ~TestedRemote() {
+        if (x_parts.isEditing && x_parts.tested.DrvHdl <= aceRemote::NoHandle) {
+            x_parts.tested = std::move(record);
+        } else {
+            CloseBusDevice(x_parts.context, record);
+        }
+    }
+    TestedRemote(const TestedRemote&) = delete;
+    TestedRemote& operator=(const TestedRemote&) = delete;
+
+    aceRemote record;
+
+  private:
+    EditorParts& x_parts;
+};
+
 void TestRemote(EditorParts& parts) {
     const BusyPointer busy(parts.context);
-    aceRemote record = parts.held.Records.Remote;
+    TestedRemote tested(parts);
+    aceRemote& record = tested.record;
     Boolean ignoreAll;
     if (!record.Command.empty()) {
         modActions::SendRemoteCommand(parts.context, record, ignoreAll);
@@ -54,9 +87,8 @@ void TestRemote(EditorParts& parts) {
         modActions::StartRemoteProgram(parts.context, record, ignoreAll);
     }
     aceRemote& kept = parts.held.Records.Remote;
-    kept.ProgID = record.ProgID;
-    if (kept.Iface == record.Iface && kept.GpibAddress == record.GpibAddress) {
-        kept.DrvHdl = record.DrvHdl;
+    if (kept.Program == record.Program) {
+        kept.ProgID = record.ProgID;
     }
 }
 
@@ -72,7 +104,9 @@ void UseDevice(EditorParts& parts, Boolean isSet) {
         kept.Device = record.Device;
         kept.MoniDev = record.MoniDev;
         kept.BcGen = record.BcGen;
-        kept.SigPath = record.SigPath;
+        if (kept.SigPathName == record.SigPathName) {
+            kept.SigPath = record.SigPath;
+        }
         kept.LastCheck = record.LastCheck;
     }
 }
@@ -104,6 +138,11 @@ void TestHeldAction(EditorParts& parts) {
             return;
         }
     }
+}
+
+void EndTests(EditorParts& parts) {
+    aceRemote tested = std::exchange(parts.tested, {});
+    CloseBusDevice(parts.context, tested);
 }
 
 }  // namespace ace

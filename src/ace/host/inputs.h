@@ -98,8 +98,8 @@ struct Tab {
     Boolean visible = true;
 };
 
-/// Tabs of which one is in front. What stands on them is in containers of its own, which the form
-/// shows and hides.
+/// Tabs in one row, of which one is in front. What stands on them is in containers of its own,
+/// which the form shows and hides.
 class TabStrip : public ControlOf<ControlKind::TabStrip, Container> {
   public:
     TabStrip(ControlPlace place, String name, ControlFields design = {},

@@ -93,6 +93,17 @@ void ApiPane::ProgramChosen() {
     if (filAPIProgram.fileName.empty()) {
         return;
     }
+    try {
+        LookAtProgram();
+    } catch (...) {
+        filAPIProgram.fileName.clear();  // OK refuses a program that nobody could look at
+        x_macro.reset();
+        HideParameters();
+        throw;
+    }
+}
+
+void ApiPane::LookAtProgram() {
     const std::shared_ptr<IApiMacro> macro = Required(Context().Factory().MakeApiMacro());
     Value unread;
     if (!macro->Load(filAPIProgram.fileName, {}, {}, unread)) {

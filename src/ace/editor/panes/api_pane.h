@@ -33,6 +33,7 @@ class ApiPane : public Pane {
 
   private:
     void ProgramChosen();
+    void LookAtProgram();
     void TellNotLoaded();
     void TabSelected(std::int32_t before);
     void ShowParameters();

@@ -1,3 +1,6 @@
+#include <cmath>
+#include <limits>
+
 #include <ace/core/action_kinds.h>
 #include <ace/editor/action_text.h>
 #include <ace/editor/device_classes.h>
@@ -131,6 +134,7 @@ void DevicePane::Show(const Statements& stmt, Boolean isNew) {
     fields.lblSwitchAmp.caption =
         row.choiceText != 0 ? stmt([&] { return Text(row.choiceText); }) : String();
     ShowFieldsOfKind();
+    picker.Begin();
     if (isNew) {
         TakeNew(stmt);
     } else {
@@ -143,7 +147,9 @@ void DevicePane::Show(const Statements& stmt, Boolean isNew) {
     fields.cboSUPaths.Fill({});
     if (isNew) {
         fields.lblDevice.caption = stmt([&] { return Text(InputTexts::NoDevice); });
-        fields.lblDeviceSett.caption = stmt([&] { return Text(InputTexts::NoSettings); });
+        if (row.hasSettings) {
+            fields.lblDeviceSett.caption = stmt([&] { return Text(InputTexts::NoSettings); });
+        }
     } else {
         ShowDevice(stmt);
     }
@@ -156,11 +162,10 @@ void DevicePane::ShowDevice(const Statements& stmt) {
     const String name = Record().DevName;
     fields.lblDevice.caption = name;
     ForgetDevices(Record());
-    const std::uint32_t show = Parts().shows;
     const std::shared_ptr<IDevice> device =
         stmt([&] { return Context().DeviceList().GetDevice(name); });
-    if (!Parts().engine || Parts().shows != show) {
-        return;  // the editor was ended, or had another dialog, where messages ran
+    if (!Parts().engine) {
+        return;  // the editor was ended where messages ran
     }
     Record().Device = device;
     if (RowOf(kind).hasSettings) {
@@ -229,6 +234,17 @@ void DevicePane::ReadBoxes(const Statements& stmt) {
     });
 }
 
+/// A box whose number no record holds: the wait is a single. Only what shows can have been typed.
+ValueBox* DevicePane::BoxOutOfRange() {
+    constexpr auto Largest = static_cast<double>(std::numeric_limits<float>::max());
+    if (fields.txtWaitTime.visible && !(std::abs(fields.txtWaitTime.Value()) <= Largest)) {
+        return &fields.txtWaitTime;
+    }
+    return fields.txtCycleTime.visible && !std::isfinite(fields.txtCycleTime.Value())
+               ? &fields.txtCycleTime
+               : nullptr;
+}
+
 std::optional<Refusal> DevicePane::Read(const Statements& stmt) {
     const String noDevice = stmt([&] { return Text(InputTexts::NoDevice); });
     if (fields.lblDevice.caption == noDevice) {
@@ -236,15 +252,13 @@ std::optional<Refusal> DevicePane::Read(const Statements& stmt) {
             [&] { return Refuse(InputTexts::DeviceMissing, nullptr, IUserDialogs::Critical); });
     }
     const KindRow& row = RowOf(HeldKind());
-    for (ValueBox* const box : {&fields.txtWaitTime, &fields.txtCycleTime}) {
-        if (!CanBeKept(box->Value())) {
-            return stmt([&] { return Refusal{LimitsText(Context(), *box), box}; });
-        }
-    }
     if (row.hasSettings &&
         stmt([&] { return fields.lblDeviceSett.caption == Text(InputTexts::NoSettings); })) {
         return stmt(
             [&] { return Refuse(InputTexts::SettingsMissing, nullptr, IUserDialogs::Critical); });
+    }
+    if (ValueBox* const box = BoxOutOfRange()) {
+        return stmt([&] { return Refusal{LimitsText(Context(), *box), box}; });
     }
     aceSetDevice& record = Record();
     record.DevName = fields.lblDevice.caption;

@@ -26,6 +26,7 @@ class DevicePane : public Pane {
                           p_ActionTypes kind);
     void ShowSwitchedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device,
                             p_ActionTypes kind);
+    ValueBox* BoxOutOfRange();
     void ReadBoxes(const Statements& stmt);
     aceSetDevice& Record() const { return Records().SetDevice; }
 };

@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 #include <ace/core/field_text.h>
 #include <ace/core/text.h>
@@ -39,10 +37,6 @@ void ShowValue(ThreadContext& context, ValueBox& box, double value) {
 double ValueShown(ThreadContext& context, const ValueBox& box, double shown) {
     const String text = FieldText(box, shown, context.Platform().DecimalSeparator());
     return box.text == text ? shown : box.Value();
-}
-
-bool CanBeKept(double value) {
-    return std::abs(value) <= static_cast<double>(std::numeric_limits<float>::max());
 }
 
 void ShowItem(DropDown& box, std::int32_t index, String other) {

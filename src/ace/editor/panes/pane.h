@@ -89,8 +89,6 @@ void ShowValue(ThreadContext& context, ValueBox& box, double value);
 /// What a box holds; `shown` while the text is still the one that `ShowValue` gave for it, so that
 /// digits which don't show are not lost.
 double ValueShown(ThreadContext& context, const ValueBox& box, double shown);
-/// A value that a record and its line in a file can hold.
-bool CanBeKept(double value);
 /// Shows the item of that index, or `other` where the list has none.
 void ShowItem(DropDown& box, std::int32_t index, String other = {});
 /// Shows the item with that text, compared exactly; one that the list doesn't have stands there too

@@ -36,8 +36,7 @@ std::int32_t AddressOf(StringView text, std::int32_t present) {
                                            ReadRoundedNumber(text.substr(colon + 1));
 }
 
-// ---- ports and terminators
-// ---------------------------------------------------------------------------
+// ---- ports and terminators -----------------------------------------------------------------
 
 constexpr std::int32_t FirstPort = 1;
 constexpr std::int32_t LineFeedItem = 0;
@@ -56,7 +55,7 @@ RemotePane::RemotePane(Form& form, EditorParts& parts)
     cboGpibAddress.onClick = [this] { AddressChosen(); };
     txtGpibCommand.onChange = [this, allowTest] { allowTest(txtGpibCommand); };
     txtDll.onChange = [this, allowTest] { allowTest(txtDll); };
-    txtDll.onLeave = [this] { Records().Remote.Program = txtDll.text; };
+    txtDll.onLeave = [this] { KeepProgram(txtDll.text); };
     txtHost.onLeave = [this] { Records().Remote.TcpHost = txtHost.text; };
     txtTcpPort.onLeave = [this] { TakeTcpPort(); };
     txtDll.onDrop = [this](const std::vector<String>& files) {
@@ -139,8 +138,16 @@ void RemotePane::TakeTcpPort() {
     });
 }
 
+/// A process belongs to the program that was started.
+void RemotePane::KeepProgram(const String& program) {
+    aceRemote& record = Records().Remote;
+    if (std::exchange(record.Program, program) != program) {
+        record.ProgID = 0.0;
+    }
+}
+
 void RemotePane::TakeProgram(const String& file) {
-    Records().Remote.Program = file;
+    KeepProgram(file);
     txtDll.Type(file);
 }
 

@@ -46,6 +46,7 @@ class RemotePane : public Pane {
     void AddressChosen();
     void TakeTcpPort();
     void SelectProgram();
+    void KeepProgram(const String& program);
     void TakeProgram(const String& file);
     void ShowAddress(const aceRemote& record);
     std::optional<Refusal> ReadAddress(const Statements& stmt, aceRemote& record);

@@ -90,6 +90,7 @@ void TrackPane::Show(const Statements& stmt, Boolean isNew) {
     fraAction.caption = stmt([&] { return Text(CaptionText); });
     aceTrackFreq& record = Records().TrackFreq;
     record = stmt([&] { return RecordToShow<aceTrackFreq>(isNew); });
+    ForgetDevices(record);  // of a run, which the names may not fit any more
     stmt([&] { isNew ? ShowNew() : ShowRecord(record); });
 }
 

@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include <ace/editor/field_limits.h>
 #include <ace/editor/input_texts.h>
 #include <ace/editor/panes/wait_pane.h>
@@ -24,7 +26,8 @@ void WaitPane::Show(const Statements& stmt, Boolean isNew) {
 }
 
 std::optional<Refusal> WaitPane::Read(const Statements& stmt) {
-    if (txtWait.Value() == 0.0 || !CanBeKept(txtWait.Value())) {
+    const double typed = txtWait.Value() * MillisecondsPerSecond;
+    if (typed == 0.0 || !std::isfinite(typed)) {
         return stmt([&] { return Refusal{LimitsText(Context(), txtWait), &txtWait}; });
     }
     aceWait& record = Records().Wait;
