@@ -2,8 +2,8 @@
 /// calls that it leaves, and what comes into the list.
 #pragma once
 
+#include "editor/dialog_acts.h"
 #include "editor/editor_fixture.h"
-#include "sim/form_view.h"
 #include "support/device_moments.h"
 
 namespace ace::test {
@@ -17,44 +17,6 @@ using sim::Press;
 using sim::PressMouse;
 using sim::Tick;
 using sim::Type;
-
-// ---- acts and looks ----------------------------------------------------------------------------
-
-inline FormAct Confirm() {
-    return Press(L"cmdOK");
-}
-inline FormAct Cancel() {
-    return Press(L"cmdCancel");
-}
-/// These words stand on a control, whether it shows or not.
-inline FormAct Reads(const String& control, const String& words) {
-    return Do([=](Form& form) {
-        ASSERT_NE(form.Find(control), nullptr) << testing::PrintToString(control);
-        EXPECT_EQ(sim::WordsOf(*form.Find(control)), words);
-    });
-}
-inline FormAct Sees(const String& control, bool isShown = true) {
-    return Do([=](Form& form) {
-        ASSERT_NE(form.Find(control), nullptr) << testing::PrintToString(control);
-        EXPECT_EQ(form.Find(control)->IsShown(), isShown) << testing::PrintToString(control);
-    });
-}
-inline FormAct Misses(const String& control) {
-    return Sees(control, false);
-}
-inline FormAct HasTip(const String& control, const String& tip) {
-    return Do([=](Form& form) { EXPECT_EQ(form.Find(control)->toolTip, tip); });
-}
-inline FormAct HasFocus(const String& control) {
-    return Do([=](Form& form) {
-        ASSERT_NE(form.Focus(), nullptr);
-        EXPECT_EQ(form.Focus()->Name(), control);
-    });
-}
-/// The items of a list.
-inline FormAct Offers(const String& control, const Lines& items) {
-    return Do([=](Form& form) { EXPECT_EQ(form.Find<DropDown>(control)->list, items); });
-}
 
 // ---- lines of the journal ----------------------------------------------------------------------
 
@@ -120,13 +82,13 @@ class BenchDialog : public EditorTest {
         Open(aceTemplate);
     }
     /// A double click on an offered kind while the node is selected, and the acts that follow.
-    void AddKind(p_ActionTypes kind, std::vector<FormAct> acts, const String& node = L"ETE") {
+    void AddKind(p_ActionTypes kind, Acts acts, const String& node = L"ETE") {
         Select(node);
         host->user.Expect({L"frmEditor", std::move(acts), {}});
         EXPECT_TRUE(list.DoubleClick(L"ACT:" + std::to_wstring(kind)));
     }
     /// A double click on a line, and the acts that follow.
-    void EditLine(std::vector<FormAct> acts, const String& line = L"CHI0ETE") {
+    void EditLine(Acts acts, const String& line = L"CHI0ETE") {
         Select(line);
         host->user.Expect({L"frmEditor", std::move(acts), {}});
         EXPECT_TRUE(tree.DoubleClick(line));

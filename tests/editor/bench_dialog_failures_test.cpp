@@ -19,14 +19,7 @@ class DialogFailures : public MacroBench {
     }
     /// The host ends the editor inside the first call of an operation from now on.
     FormAct EndEditorIn(StringView operation) {
-        return Do([this, operation](Form&) {
-            host->beforeCall = [this, operation, isDone = false](StringView called,
-                                                                 sim::CallArguments) mutable {
-                if (called == operation && !std::exchange(isDone, true)) {
-                    engine->Release();
-                }
-            };
-        });
+        return Do([this, operation](Form&) { In(operation, [this] { engine->Release(); }); });
     }
     void ExpectEditorGone() {
         EXPECT_FALSE(context.Editor);
@@ -43,8 +36,8 @@ TEST_F(DialogFailures, ADeviceWhoseSettingsCannotBeBegunAnewIsRefused) {
         host->faults.FailOperation(call, 1, 57);
         AnswerMenu(L"Probe");
         AnswerBox(L"T(9208)");
-        EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDevice", L"Probe"),
-                  Reads(L"lblDeviceSett", L"T(9148)"), Confirm(), Cancel()});
+        EditLine({PressMouse(L"imgDevice", MouseButtons::Right), See(L"lblDevice", L"Probe"),
+                  See(L"lblDeviceSett", L"T(9148)"), PressOk, PressCancel});
         host->faults.Clear();
         EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
         EXPECT_EQ(StoredDevice().DevName, L"Camera");
@@ -59,7 +52,7 @@ TEST_F(DialogFailures, TheSectionIsBegunAnewBeforeItIsEditedWhereThatHadFailed) 
     CancelSettings();
     AnswerBox(L"T(9208)");
     EditLine(
-        {PressMouse(L"imgDevice", MouseButtons::Right), Press(L"imgDevice"), Confirm(), Cancel()});
+        {PressMouse(L"imgDevice", MouseButtons::Right), Press(L"imgDevice"), PressOk, PressCancel});
     EXPECT_THAT(Section(7), ElementsAre(L""));
 }
 
@@ -67,8 +60,8 @@ TEST_F(DialogFailures, ADeviceOfWhichTheClassCannotBeHadLeavesTheLabels) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     AnswerMenu(L"Probe");
     EditLine({Do([&](Form&) { host->faults.FailOperation(L"DeviceList.ClassName", 1, 57); }),
-              PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDevice", L"Camera"),
-              Reads(L"lblDeviceSett", L"Gain=3"), Confirm()});
+              PressMouse(L"imgDevice", MouseButtons::Right), See(L"lblDevice", L"Camera"),
+              See(L"lblDeviceSett", L"Gain=3"), PressOk});
     EXPECT_EQ(StoredDevice().DevName, L"Camera");
     EXPECT_FALSE(engine->Change());
 }
@@ -77,7 +70,7 @@ TEST_F(DialogFailures, SettingsThatCannotBeWrittenDoNotShowAsSet) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     host->faults.FailOperation(L"SettingsFile.Release", 1, 57);
     AnswerSettings(L"Gain=9");
-    EditLine({Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=3"), Confirm()});
+    EditLine({Press(L"imgDevice"), See(L"lblDeviceSett", L"Gain=3"), PressOk});
     EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
     EXPECT_FALSE(engine->Change());
 }
@@ -94,7 +87,7 @@ TEST_F(DialogFailures, AnErrorWhileADeviceIsShownComesOutAndNoDialogComesUp) {
         EXPECT_EQ(ErrorOf([&] { tree.DoubleClick(L"CHI0ETE"); }), 57);
         host->faults.Clear();
         EXPECT_THAT(host->journal.LinesOf(L"FormHost"), IsEmpty());
-        EditLine({Reads(L"lblDevice", L"Camera"), Reads(L"lblDeviceSett", L"Gain=3"), Confirm()});
+        EditLine({See(L"lblDevice", L"Camera"), See(L"lblDeviceSett", L"Gain=3"), PressOk});
     }
     EXPECT_FALSE(engine->Change());
 }
@@ -107,7 +100,7 @@ TEST_F(DialogFailures, AnErrorOfTheHostsDevicesFailsTheFirstOpeningOfTheEditorAn
     host->faults.Clear();
     State().EmiTemplate = true;
     Open(aceTemplate);
-    AddKind(atTrackFreq, {Offers(L"cboGenerator", {L"Synth 1"}), Cancel()}, L"EFR");
+    AddKind(atTrackFreq, {SeeItems(L"cboGenerator", {L"Synth 1"}), PressCancel}, L"EFR");
 }
 
 // ---- macros ------------------------------------------------------------------------------------
@@ -121,10 +114,10 @@ TEST_F(DialogFailures, AMacroThatFailedToLoadIsLoadedAgainForTheNextActionWithIt
         host->faults.FailOperation(call, 1, 57);
         EXPECT_EQ(ErrorOf([&] { list.DoubleClick(L"ACT:14"); }), 57);
         host->faults.Clear();
-        EditLine({HasTabs(3, 0), HasValue(L"1"), Confirm()});
+        EditLine({HasTabs(3, 0), HasValue(L"1"), PressOk});
         EXPECT_THAT(StoredParameters(), ElementsAre(L"1", L"Levels", L"2"));
         EXPECT_FALSE(engine->Change());
-        AddMacro({TakeProgram(L""), Cancel()});
+        AddMacro({TakeProgram(L""), PressCancel});
     }
 }
 
@@ -136,7 +129,7 @@ TEST_F(DialogFailures, AProgramThatCannotBeLoadedLeavesNoTabsOfTheOneBefore) {
         EXPECT_TRUE(TakeProgram(L"log.mac")(form));
         EXPECT_EQ(ErrorOf([&] { TakeProgram(L"one.mac")(form); }), 57);
     });
-    AddMacro({takeTwo, HasNoTabs(), Cancel()});
+    AddMacro({takeTwo, HasNoTabs(), PressCancel});
 }
 
 // ---- a host that ends the editor ---------------------------------------------------------------

@@ -28,16 +28,16 @@ class DeviceChoice : public BenchDialog {
         return action;
     }
     /// Chooses a device whose settings dialog is cancelled.
-    std::vector<FormAct> ChooseDevice(const String& name) {
+    Acts ChooseDevice(const String& name) {
         AnswerMenu(name);
         CancelSettings();
         return {PressMouse(L"imgDevice", MouseButtons::Right)};
     }
-    std::vector<FormAct> ChoosePath(const String& name) {
+    Acts ChoosePath(const String& name) {
         AnswerMenu(name);
         return {Press(L"imgSwitchUnit")};
     }
-    static std::vector<FormAct> Acts(std::vector<FormAct> acts, std::vector<FormAct> more) {
+    static Acts Then(Acts acts, Acts more) {
         acts.insert(acts.end(), more.begin(), more.end());
         return acts;
     }
@@ -69,11 +69,10 @@ class DeviceChoice : public BenchDialog {
 
 TEST_F(DeviceChoice, AChosenDeviceIsTakenItsSectionEmptiedAndItsSettingsAsked) {
     OpenTemplate();
-    AddKind(atSetDevice,
-            Acts(ChooseDevice(L"Camera"),
-                 {Reads(L"lblDevice", L"Camera"), HasTip(L"lblDevice", L"Camera"),
-                  Reads(L"lblDeviceSett", NewSettings), HasTip(L"imgDevice", L"T(9149)"),
-                  Misses(L"imgSwitchUnit"), Cancel()}));
+    AddKind(atSetDevice, Then(ChooseDevice(L"Camera"),
+                              {See(L"lblDevice", L"Camera"), SeeTip(L"lblDevice", L"Camera"),
+                               See(L"lblDeviceSett", NewSettings), SeeTip(L"imgDevice", L"T(9149)"),
+                               SeeShown({}, {L"imgSwitchUnit"}), PressCancel}));
     EXPECT_EQ(TakeCallsOfChoice(),
               Journal(Taken(L"Camera", 1), SettingsAsked(L"Camera", 0), DialogHidden));
     EXPECT_THAT(Section(0), ElementsAre(L""));
@@ -86,19 +85,19 @@ TEST_F(DeviceChoice, TheRecordHoldsTheChosenDeviceByTheNameThatTheDeviceGives) {
     };
     Add<Loud>(L"Camera 2");
     OpenTemplate();
-    AddKind(atSetDevice, Acts(ChooseDevice(L"Camera 2"),
-                              {Reads(L"lblDevice", L"Camera 2"), Do([this](Form&) {
+    AddKind(atSetDevice, Then(ChooseDevice(L"Camera 2"),
+                              {See(L"lblDevice", L"Camera 2"), Do([this](Form&) {
                                    EXPECT_EQ(Held().DevName, L"CAMERA 2");
                                    EXPECT_EQ(Held().Device, host->bench.Device(L"Camera 2"));
                                    EXPECT_TRUE(Held().MoniDev);
                                    EXPECT_FALSE(Held().BcGen);
                                }),
-                               Cancel()}));
+                               PressCancel}));
 }
 
 TEST_F(DeviceChoice, AnotherDeviceEmptiesTheSectionOfTheOldOneAndCountsAsAChange) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
-    EditLine(Acts(ChooseDevice(L"Probe"), {Confirm()}));
+    EditLine(Then(ChooseDevice(L"Probe"), {PressOk}));
     EXPECT_EQ(TakeCallsOfChoice(),
               Journal(Taken(L"Probe", 1), SettingsAsked(L"Probe", 7), EntryTaken, DialogHidden));
     EXPECT_THAT(Section(7), ElementsAre(L""));
@@ -111,7 +110,7 @@ TEST_F(DeviceChoice, TheSameDeviceChosenAgainIsAChangeThatEmptiesItsSection) {
         Section(7) = {L"Gain=3"};
         engine->Change(false);
         OpenTemplate({OnDevice(kind, L"Camera")});
-        EditLine(Acts(ChooseDevice(L"Camera"), {Reads(L"lblDeviceSett", NewSettings), Confirm()}));
+        EditLine(Then(ChooseDevice(L"Camera"), {See(L"lblDeviceSett", NewSettings), PressOk}));
         EXPECT_THAT(Section(7), ElementsAre(L""));
         EXPECT_TRUE(engine->Change());
     }
@@ -121,14 +120,14 @@ TEST_F(DeviceChoice, TheSettingsThatAreConfirmedShowAndStandInTheSection) {
     OpenTemplate({OnDevice(atCheckEut, L"Camera")});
     AnswerMenu(L"Probe");
     AnswerSettings(L"Zoom=2");
-    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDeviceSett", L"Zoom=2"),
-              Confirm()});
+    EditLine(
+        {PressMouse(L"imgDevice", MouseButtons::Right), See(L"lblDeviceSett", L"Zoom=2"), PressOk});
     EXPECT_THAT(Section(7), ElementsAre(L"Zoom=2"));
 }
 
 TEST_F(DeviceChoice, ACancelledDialogLeavesTheListAndAnEmptiedSection) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
-    EditLine(Acts(ChooseDevice(L"Probe"), {Cancel()}));
+    EditLine(Then(ChooseDevice(L"Probe"), {PressCancel}));
     EXPECT_EQ(StoredDevice().DevName, L"Camera");
     EXPECT_FALSE(engine->Change());
     EXPECT_THAT(Section(7), ElementsAre(L""));
@@ -139,8 +138,8 @@ TEST_F(DeviceChoice, WithoutASettingsFileNoSectionIsEmptiedAndTheSettingsAreAske
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     AnswerMenu(L"Probe");
     AnswerSettings(L"Zoom=2");
-    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDevice", L"Probe"),
-              Reads(L"lblDeviceSett", L"Zoom=2"), HasTip(L"imgDevice", L"T(9149)"), Confirm()});
+    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), See(L"lblDevice", L"Probe"),
+              See(L"lblDeviceSett", L"Zoom=2"), SeeTip(L"imgDevice", L"T(9149)"), PressOk});
     EXPECT_EQ(TakeCallsOfChoice(),
               Journal(Taken(L"Probe", 1), Opened(), Opened(),
                       Called(L"DeviceSettingsStore.SetDevice", String(L"Probe"), 1),
@@ -155,7 +154,7 @@ TEST_F(DeviceChoice, ANewSetDeviceLeavesItsSettingsInASectionOfItsOwnAndEachPast
     OpenTemplate();
     AnswerMenu(L"Camera");
     AnswerSettings(L"Gain=5");
-    AddKind(atSetDevice, {Press(L"imgDevice"), Confirm()});
+    AddKind(atSetDevice, {Press(L"imgDevice"), PressOk});
     EXPECT_EQ(StoredDevice().ChanNo, 101);
     for (std::int32_t number = 102; number <= 103; ++number) {
         AnswerMenu(L"T(9017)");
@@ -173,19 +172,19 @@ TEST_F(DeviceChoice, ANewSetDeviceLeavesItsSettingsInASectionOfItsOwnAndEachPast
 
 TEST_F(DeviceChoice, AChosenGeneratorBringsTheBoxOfItsSignalPath) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
-    EditLine(Acts(ChooseDevice(L"Radio"), {Sees(L"imgSwitchUnit"), Sees(L"lblSwUnit"),
-                                           Reads(L"lblSwUnit", L"T(9147)"), Do([this](Form&) {
+    EditLine(Then(ChooseDevice(L"Radio"), {SeeShown({L"imgSwitchUnit", L"lblSwUnit"}),
+                                           See(L"lblSwUnit", L"T(9147)"), Do([this](Form&) {
                                                EXPECT_TRUE(Held().BcGen);
                                                EXPECT_FALSE(Held().MoniDev);
                                            }),
-                                           Cancel()}));
+                                           PressCancel}));
     EXPECT_EQ(TakeCallsOfChoice(),
               Journal(Taken(L"Radio", 2), SettingsAsked(L"Radio", 7), DialogHidden));
 }
 
 TEST_F(DeviceChoice, ANextGeneratorKeepsTheSignalPathAndShowsItsName) {
     OpenTemplate({Radio(L"Output", L"Path A")});
-    EditLine(Acts(ChooseDevice(L"Jammer"), {Reads(L"lblSwUnit", L"Path A"), Confirm()}));
+    EditLine(Then(ChooseDevice(L"Jammer"), {See(L"lblSwUnit", L"Path A"), PressOk}));
     EXPECT_EQ(TakeCallsOfChoice(), Journal(Taken(L"Jammer", 2), Found(L"Path A"),
                                            SettingsAsked(L"Jammer", 7), EntryTaken, DialogHidden));
     EXPECT_EQ(StoredDevice().Path, L"Path A");
@@ -194,14 +193,14 @@ TEST_F(DeviceChoice, ANextGeneratorKeepsTheSignalPathAndShowsItsName) {
 
 TEST_F(DeviceChoice, ANextGeneratorKeepsTheNameOfASignalPathThatTheHostHasNoMore) {
     OpenTemplate({Radio(L"Output", L"Path A")});
-    std::vector<FormAct> acts = ChooseDevice(L"Jammer");
+    Acts acts = ChooseDevice(L"Jammer");
     acts.insert(acts.begin(), Do([this](Form&) {
                     EXPECT_TRUE(Held().SigPath);
                     std::erase_if(host->bench.devices,
                                   [](const auto& one) { return one->name == L"Path A"; });
                 }));
-    EditLine(Acts(acts, {Reads(L"lblDevice", L"Jammer"), Reads(L"lblSwUnit", L"Path A"),
-                         Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }), Confirm()}));
+    EditLine(Then(acts, {See(L"lblDevice", L"Jammer"), See(L"lblSwUnit", L"Path A"),
+                         Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }), PressOk}));
     EXPECT_EQ(TakeCallsOfChoice(), Journal(Taken(L"Jammer", 2), Found(L"Path A"),
                                            SettingsAsked(L"Jammer", 7), EntryTaken, DialogHidden));
     EXPECT_EQ(StoredDevice().DevName, L"Jammer");
@@ -211,8 +210,8 @@ TEST_F(DeviceChoice, ANextGeneratorKeepsTheNameOfASignalPathThatTheHostHasNoMore
 TEST_F(DeviceChoice, TheSameGeneratorChosenAgainIsNoChangeAndKeepsItsSettings) {
     OpenTemplate({Radio(L"Output", L"Path A")});
     AnswerMenu(L"Radio");
-    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDeviceSett", L"Gain=3"),
-              Reads(L"lblSwUnit", L"Output"), Confirm()});
+    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), See(L"lblDeviceSett", L"Gain=3"),
+              See(L"lblSwUnit", L"Output"), PressOk});
     EXPECT_THAT(TakeCallsOfChoice(), ElementsAre(EntryTaken, DialogHidden));
     EXPECT_THAT(Section(7), ElementsAre(L"Gain=3", L"Mode=on"));
     EXPECT_FALSE(engine->Change());
@@ -220,33 +219,32 @@ TEST_F(DeviceChoice, TheSameGeneratorChosenAgainIsNoChangeAndKeepsItsSettings) {
 
 TEST_F(DeviceChoice, TheSameGeneratorKeepsAnEarlierChangeOfThisDialog) {
     OpenTemplate({Radio(L"Output", L"Path A")});
-    std::vector<FormAct> acts = ChoosePath(L"Path B");
+    Acts acts = ChoosePath(L"Path B");
     AnswerMenu(L"Radio");
-    EditLine(Acts(acts, {PressMouse(L"imgDevice", MouseButtons::Right), Confirm()}));
+    EditLine(Then(acts, {PressMouse(L"imgDevice", MouseButtons::Right), PressOk}));
     EXPECT_TRUE(engine->Change());
     EXPECT_EQ(StoredDevice().SigPathName, L"Path B");
 }
 
 TEST_F(DeviceChoice, AMonitoringDeviceAfterAGeneratorHasThePlainPaneAndBackAgain) {
     OpenTemplate({Radio(L"Output", L"Path A")});
-    std::vector<FormAct> acts =
-        Acts(ChooseDevice(L"Camera"),
-             {Misses(L"imgSwitchUnit"), Misses(L"lblSwUnit"), Sees(L"imgDevice"), Do([this](Form&) {
-                  EXPECT_FALSE(Held().BcGen);
-                  EXPECT_TRUE(Held().MoniDev);
-              })});
-    acts = Acts(acts, ChooseDevice(L"Radio"));
-    EditLine(Acts(acts, {Sees(L"imgSwitchUnit"), Reads(L"lblSwUnit", L"Path A"), Confirm()}));
+    Acts acts = Then(ChooseDevice(L"Camera"), {SeeShown({}, {L"imgSwitchUnit", L"lblSwUnit"}),
+                                               SeeShown({L"imgDevice"}), Do([this](Form&) {
+                                                   EXPECT_FALSE(Held().BcGen);
+                                                   EXPECT_TRUE(Held().MoniDev);
+                                               })});
+    acts = Then(acts, ChooseDevice(L"Radio"));
+    EditLine(Then(acts, {SeeShown({L"imgSwitchUnit"}), See(L"lblSwUnit", L"Path A"), PressOk}));
     EXPECT_EQ(StoredDevice().DevName, L"Radio");
     EXPECT_EQ(StoredDevice().SigPathName, L"Path A");
 }
 
 TEST_F(DeviceChoice, TheFirstChoiceInThePlainPaneIsAChangeAndTheSecondInAGeneratorsIsNone) {
     OpenTemplate();
-    std::vector<FormAct> acts = ChooseDevice(L"Radio");
+    Acts acts = ChooseDevice(L"Radio");
     AnswerMenu(L"Radio");
-    AddKind(atSetDevice,
-            Acts(acts, {ForgetCalls(), PressMouse(L"imgDevice", MouseButtons::Right), Cancel()}));
+    AddKind(atSetDevice, Then(acts, {ForgetCalls(), PressMouse(L"imgDevice", MouseButtons::Right),
+                                     PressCancel}));
     EXPECT_THAT(TakeCallsOfChoice(), ElementsAre(DialogHidden));
 }
 
@@ -254,10 +252,10 @@ TEST_F(DeviceChoice, TheFirstChoiceInThePlainPaneIsAChangeAndTheSecondInAGenerat
 
 TEST_F(DeviceChoice, AChosenSignalPathIsLookedUpAndCountsAsAChangeOfAllSettings) {
     OpenTemplate({Radio(L"Output", L"Path A")});
-    EditLine(Acts(ChoosePath(L"Path B"),
-                  {Reads(L"lblSwUnit", L"Path B"), HasTip(L"lblSwUnit", L"Path B"),
-                   Reads(L"lblDevice", L"Radio"),
-                   Do([this](Form&) { EXPECT_TRUE(Held().SigPath); }), Confirm()}));
+    EditLine(Then(
+        ChoosePath(L"Path B"),
+        {See(L"lblSwUnit", L"Path B"), SeeTip(L"lblSwUnit", L"Path B"), See(L"lblDevice", L"Radio"),
+         Do([this](Form&) { EXPECT_TRUE(Held().SigPath); }), PressOk}));
     EXPECT_EQ(TakeCallsOfChoice(), Journal(Found(L"Path B"), EntryTaken, DialogHidden));
     EXPECT_EQ(StoredDevice().SigPathName, L"Path B");
     EXPECT_EQ(StoredDevice().Path, L"Path B");
@@ -267,9 +265,9 @@ TEST_F(DeviceChoice, AChosenSignalPathIsLookedUpAndCountsAsAChangeOfAllSettings)
 
 TEST_F(DeviceChoice, ASignalPathThatIsTakenAwayLeavesAnEmptyName) {
     OpenTemplate({Radio(L"Output", L"Path A")});
-    EditLine(Acts(ChoosePath(L"T(9147)"),
-                  {Reads(L"lblSwUnit", L"T(9147)"),
-                   Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }), Confirm()}));
+    EditLine(Then(ChoosePath(L"T(9147)"),
+                  {See(L"lblSwUnit", L"T(9147)"),
+                   Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }), PressOk}));
     EXPECT_EQ(StoredDevice().SigPathName, L"");
     EXPECT_EQ(StoredDevice().Path, L"");
     EXPECT_TRUE(engine->Change());
@@ -279,7 +277,7 @@ TEST_F(DeviceChoice, TheSignalPathThatShowsChosenAgainIsNoChange) {
     for (const auto& [path, choice] : std::initializer_list<std::pair<String, String>>{
              {L"Path A", L"Path A"}, {L"", L"T(9147)"}}) {
         OpenTemplate({Radio(path, path)});
-        EditLine(Acts(ChoosePath(choice), {Confirm()}));
+        EditLine(Then(ChoosePath(choice), {PressOk}));
         EXPECT_THAT(TakeCallsOfChoice(), ElementsAre(EntryTaken, DialogHidden));
         EXPECT_FALSE(engine->Change());
     }
@@ -287,9 +285,9 @@ TEST_F(DeviceChoice, TheSignalPathThatShowsChosenAgainIsNoChange) {
 
 TEST_F(DeviceChoice, ADeviceChosenAfterASignalPathIsADevice) {
     OpenTemplate({Radio(L"Output", L"Path A")});
-    std::vector<FormAct> acts = ChoosePath(L"Path B");
-    EditLine(Acts(Acts(acts, ChooseDevice(L"Jammer")),
-                  {Reads(L"lblDevice", L"Jammer"), Reads(L"lblSwUnit", L"Path B"), Confirm()}));
+    Acts acts = ChoosePath(L"Path B");
+    EditLine(Then(Then(acts, ChooseDevice(L"Jammer")),
+                  {See(L"lblDevice", L"Jammer"), See(L"lblSwUnit", L"Path B"), PressOk}));
     EXPECT_EQ(StoredDevice().DevName, L"Jammer");
     EXPECT_EQ(StoredDevice().SigPathName, L"Path B");
 }
@@ -303,9 +301,8 @@ TEST_F(DeviceChoice, ADeviceThatTheHostCannotHandOverLeavesTheLabels) {
             [this, at](Form&) { host->faults.FailOperation(L"DeviceList.GetDevice", at, 57); });
     };
     AnswerMenu(L"Probe");  // the menu looks up two devices before it shows
-    EditLine({goes(3), PressMouse(L"imgDevice", MouseButtons::Right),
-              Reads(L"lblDevice", L"Camera"), HasTip(L"lblDevice", L""),
-              Reads(L"lblDeviceSett", L"Gain=3"), Confirm()});
+    EditLine({goes(3), PressMouse(L"imgDevice", MouseButtons::Right), See(L"lblDevice", L"Camera"),
+              SeeTip(L"lblDevice", L""), See(L"lblDeviceSett", L"Gain=3"), PressOk});
     EXPECT_FALSE(engine->Change());
     EXPECT_THAT(host->journal.LinesOf(L"TraceLog.ReportError"), IsEmpty());
     EXPECT_THAT(Section(7), ElementsAre(L"Gain=3", L"Mode=on"));
@@ -320,10 +317,10 @@ TEST_F(DeviceChoice, ADeviceThatHasGoneSinceTheMenuCameUpLeavesTheLabels) {
     };
     AnswerMenu(L"Jammer");
     AnswerMenu(L"Path B");
-    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDevice", L"Radio"),
-              Reads(L"lblDeviceSett", L"Gain=3"),
+    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), See(L"lblDevice", L"Radio"),
+              See(L"lblDeviceSett", L"Gain=3"),
               Do([this](Form&) { Add<sim::SimSignalPath>(L"Path B"); }), Press(L"imgSwitchUnit"),
-              Reads(L"lblSwUnit", L"Output"), Cancel()});
+              See(L"lblSwUnit", L"Output"), PressCancel});
     EXPECT_THAT(host->journal.LinesOf(L"TraceLog.ReportError"), IsEmpty());
 }
 
@@ -333,7 +330,7 @@ TEST_F(DeviceChoice, AnErrorOfTheSettingsDialogEndsAChoiceQuietly) {
          {L"SystemServices.OpenSettingsFile", L"DeviceSettingsStore.EditSettings"}) {
         AnswerMenu(L"Probe");
         EditLine({Do([&](Form&) { host->faults.FailOperation(call, 1, 57); }),
-                  PressMouse(L"imgDevice", MouseButtons::Right), Cancel()});
+                  PressMouse(L"imgDevice", MouseButtons::Right), PressCancel});
         host->faults.Clear();
     }
     EXPECT_EQ(StoredDevice().DevName, L"Camera");

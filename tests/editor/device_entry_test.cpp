@@ -16,7 +16,7 @@ class DeviceEntry : public BenchDialog {
     /// A refused entry leaves the dialog open, and nothing in the list.
     void ExpectRefused(p_ActionTypes kind, const String& text) {
         AnswerBox(text);
-        AddKind(kind, {Confirm(), HasFocus(L"cmdOK"), Cancel()});
+        AddKind(kind, {PressOk, SeeFocus(L"cmdOK"), PressCancel});
         EXPECT_EQ(TakeCalls(), Journal(DialogShown, EntryTaken,
                                        EntryRefused(text, IUserDialogs::Critical), DialogHidden));
         EXPECT_EQ(State().MainTest.EnterCount, 0);
@@ -39,7 +39,7 @@ TEST_F(DeviceEntry, ADeviceWithoutSettingsIsNotTaken) {
     for (const p_ActionTypes kind : {atSetDevice, atCheckEut, atMonitorEUT}) {
         OpenTemplate({OnDevice(kind, L"Camera")});
         AnswerBox(L"T(9208)");
-        EditLine({ForgetCalls(), Confirm(), Cancel()});
+        EditLine({ForgetCalls(), PressOk, PressCancel});
         EXPECT_THAT(TakeCalls(),
                     ElementsAre(EntryTaken, EntryRefused(L"T(9208)", IUserDialogs::Critical),
                                 DialogHidden));
@@ -53,7 +53,7 @@ TEST_F(DeviceEntry, MissingSettingsAreToldBeforeANumberThatNoRecordHolds) {
     OpenTemplate({OnDevice(atCheckEut, L"Camera")});
     AnswerBox(L"T(9201)");  // where the box is left
     AnswerBox(L"T(9208)");
-    EditLine({Type(L"txtWaitTime", L"1" + String(40, L'0')), Confirm(), Cancel()});
+    EditLine({Type(L"txtWaitTime", L"1" + String(40, L'0')), PressOk, PressCancel});
     EXPECT_FALSE(engine->Change());
 }
 
@@ -61,7 +61,7 @@ TEST_F(DeviceEntry, ADeviceWhoseNewSettingsWereNotConfirmedIsTaken) {
     OpenTemplate();
     AnswerMenu(L"Camera");
     CancelSettings();
-    AddKind(atSetDevice, {Press(L"imgDevice"), Confirm()});
+    AddKind(atSetDevice, {Press(L"imgDevice"), PressOk});
     EXPECT_EQ(StoredDevice().DevName, L"Camera");
 }
 
@@ -70,7 +70,7 @@ TEST_F(DeviceEntry, ARefusedEntryIsTakenOnceADeviceIsChosen) {
     AnswerBox(L"T(9205)");
     AnswerMenu(L"Camera");
     AnswerSettings(L"Gain=5");
-    AddKind(atCheckEut, {Confirm(), Press(L"imgDevice"), Confirm()});
+    AddKind(atCheckEut, {PressOk, Press(L"imgDevice"), PressOk});
     EXPECT_EQ(StoredDevice().DevName, L"Camera");
     EXPECT_EQ(LinesBelow(L"ETE"), Lines{L"T(9065): Camera"});
 }
@@ -85,7 +85,7 @@ TEST_F(DeviceEntry, EachBoxOfACheckIsTakenOver) {
         {L"chkGotoLoadingPosition", &aceSetDevice::LoadingPos}};
     for (const auto& [box, flag] : boxes) {
         OpenTemplate({OnDevice(atCheckEut, L"Camera")}, true);
-        EditLine({Tick(box, true), Confirm()});
+        EditLine({Tick(box, true), PressOk});
         p_Action expected = OnDevice(atCheckEut, L"Camera", {flag});
         auto& record = std::get<aceSetDevice>(expected.Parameter);
         ForgetDevices(record);
@@ -93,14 +93,14 @@ TEST_F(DeviceEntry, EachBoxOfACheckIsTakenOver) {
         ForgetDevices(stored);
         EXPECT_EQ(stored, record) << testing::PrintToString(box);
         EXPECT_TRUE(engine->Change());
-        EditLine({Tick(box, false), Confirm()});
+        EditLine({Tick(box, false), PressOk});
         EXPECT_FALSE(StoredDevice().*flag);
     }
 }
 
 TEST_F(DeviceEntry, TimesOfACheckAreTakenInSecondsWithPointOrComma) {
     OpenTemplate({OnDevice(atCheckEut, L"Camera")}, true);
-    EditLine({Type(L"txtWaitTime", L"2.5"), Type(L"txtCycleTime", L"0,25"), Confirm()});
+    EditLine({Type(L"txtWaitTime", L"2.5"), Type(L"txtCycleTime", L"0,25"), PressOk});
     EXPECT_EQ(StoredDevice().WaitTime, 2.5F);
     EXPECT_EQ(StoredDevice().CycleTime, 0.25);
 }
@@ -110,7 +110,7 @@ TEST_F(DeviceEntry, TimesWhoseDigitsDoNotAllShowAreNoChangeWhileNobodyTypes) {
     std::get<aceSetDevice>(action.Parameter).CycleTime = 1.0 / 3.0;
     std::get<aceSetDevice>(action.Parameter).WaitTime = 1.0F / 3.0F;
     OpenTemplate({action}, true);
-    EditLine({Reads(L"txtCycleTime", L"0.33"), Confirm()});
+    EditLine({See(L"txtCycleTime", L"0.33"), PressOk});
     EXPECT_FALSE(engine->Change());
     EXPECT_EQ(StoredDevice().CycleTime, 1.0 / 3.0);
 }
@@ -118,7 +118,7 @@ TEST_F(DeviceEntry, TimesWhoseDigitsDoNotAllShowAreNoChangeWhileNobodyTypes) {
 TEST_F(DeviceEntry, ASetDeviceTakesOverNoMoreThanItsDeviceAndItsSettings) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera", {&aceSetDevice::Notify})});
     AnswerSettings(L"Gain=4");
-    EditLine({Press(L"imgDevice"), Confirm()});
+    EditLine({Press(L"imgDevice"), PressOk});
     EXPECT_TRUE(StoredDevice().Notify);
     EXPECT_EQ(StoredDevice().ChanNo, 7);
     EXPECT_EQ(StoredDevice().Path, L"");
@@ -128,7 +128,7 @@ TEST_F(DeviceEntry, TheLineInTheTreeShowsTheDeviceThatWasTaken) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     AnswerMenu(L"Radio");
     AnswerSettings(L"Band=1");
-    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Confirm()});
+    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), PressOk});
     EXPECT_EQ(LinesBelow(L"ETE"), Lines{L"T(9061): Radio"});
 }
 

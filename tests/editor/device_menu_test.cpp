@@ -23,7 +23,7 @@ class DeviceMenu : public BenchDialog {
                        UsesAsked(L"Checker"), UsesAsked(L"Tracker"));
     }
     /// Opens a menu from which nothing is chosen, and forgets all calls before it.
-    std::vector<FormAct> LookAt(const String& picture, std::int32_t button = MouseButtons::Left) {
+    Acts LookAt(const String& picture, std::int32_t button = MouseButtons::Left) {
         host->user.ExpectMenu(std::nullopt);
         return {ForgetCalls(), PressMouse(picture, button)};
     }
@@ -36,8 +36,8 @@ class DeviceMenu : public BenchDialog {
         }
         return calls;
     }
-    static std::vector<FormAct> ThenCancel(std::vector<FormAct> acts) {
-        acts.push_back(Cancel());
+    static Acts ThenCancel(Acts acts) {
+        acts.push_back(PressCancel);
         return acts;
     }
     void ExpectEmptyClass(const String& text) { AnswerBox(text); }
@@ -138,7 +138,7 @@ TEST_F(DeviceMenu, ThePressThatOpensTheMenuIsNoClick) {
 TEST_F(DeviceMenu, TheMiddleButtonOpensTheMenuOnlyWhileNothingIsChosen) {
     FillBench();
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
-    EditLine({ForgetCalls(), PressMouse(L"imgDevice", MouseButtons::Middle), Cancel()});
+    EditLine({ForgetCalls(), PressMouse(L"imgDevice", MouseButtons::Middle), PressCancel});
     EXPECT_THAT(TakeMenuCalls(), ElementsAre());
     AddKind(atSetDevice, ThenCancel(LookAt(L"imgDevice", MouseButtons::Middle)));
 }
@@ -146,9 +146,9 @@ TEST_F(DeviceMenu, TheMiddleButtonOpensTheMenuOnlyWhileNothingIsChosen) {
 TEST_F(DeviceMenu, AMenuFromWhichNothingIsChosenLeavesTheDialogAsItIs) {
     FillBench();
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
-    std::vector<FormAct> acts = LookAt(L"imgDevice", MouseButtons::Right);
+    Acts acts = LookAt(L"imgDevice", MouseButtons::Right);
     acts.insert(acts.end(),
-                {Reads(L"lblDevice", L"Camera"), Reads(L"lblDeviceSett", L"Gain=3"), Confirm()});
+                {See(L"lblDevice", L"Camera"), See(L"lblDeviceSett", L"Gain=3"), PressOk});
     EditLine(acts);
     EXPECT_FALSE(engine->Change());
     EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
@@ -161,7 +161,7 @@ TEST_F(DeviceMenu, WithoutADeviceThatCanBeUsedABoxSaysSo) {
     Add<sim::SimBcGenerator>(L"Radio");
     OpenTemplate();
     ExpectEmptyClass(L"T(9151)");
-    AddKind(atCheckEut, {ForgetCalls(), Press(L"imgDevice"), Cancel()});
+    AddKind(atCheckEut, {ForgetCalls(), Press(L"imgDevice"), PressCancel});
     EXPECT_EQ(TakeMenuCalls(), Journal(ClassAsked(L"Monitoring"), UsesAsked(L"Setter"),
                                        BoxShown(L"T(9151)", IUserDialogs::Critical, L"T(9021)")));
 }
@@ -177,7 +177,7 @@ TEST_F(DeviceMenu, ASetDeviceOfWhichThereAreOnlyGeneratorsIsOfferedThose) {
 TEST_F(DeviceMenu, WithoutAnyDeviceASetDeviceSaysSoToo) {
     OpenTemplate();
     ExpectEmptyClass(L"T(9151)");
-    AddKind(atSetDevice, {ForgetCalls(), Press(L"imgDevice"), Cancel()});
+    AddKind(atSetDevice, {ForgetCalls(), Press(L"imgDevice"), PressCancel});
     EXPECT_EQ(TakeMenuCalls(), Journal(ClassAsked(L"Monitoring"), ClassAsked(L"BcGenerators"),
                                        BoxShown(L"T(9151)", IUserDialogs::Critical, L"T(9021)")));
 }
@@ -187,13 +187,13 @@ TEST_F(DeviceMenu, WithoutAmplifierSwitchUnitOrSignalPathAnotherBoxSaysSo) {
     const String box = BoxShown(L"T(9154)", IUserDialogs::Critical, L"T(9021)");
     OpenTemplate({OnDevice(atSetDevice, L"Radio")});
     ExpectEmptyClass(L"T(9154)");
-    AddKind(atSwitchAmp, {ForgetCalls(), Press(L"imgAmplifier"), Cancel()});
+    AddKind(atSwitchAmp, {ForgetCalls(), Press(L"imgAmplifier"), PressCancel});
     EXPECT_EQ(TakeMenuCalls(), Journal(ClassAsked(L"Amplifiers"), box));
     ExpectEmptyClass(L"T(9154)");
-    AddKind(atSwitchUnit, {ForgetCalls(), Press(L"imgSwitchUnit"), Cancel()});
+    AddKind(atSwitchUnit, {ForgetCalls(), Press(L"imgSwitchUnit"), PressCancel});
     EXPECT_EQ(TakeMenuCalls(), Journal(ClassAsked(L"SwitchUnits"), box));
     ExpectEmptyClass(L"T(9154)");
-    EditLine({ForgetCalls(), Press(L"imgSwitchUnit"), Cancel()});
+    EditLine({ForgetCalls(), Press(L"imgSwitchUnit"), PressCancel});
     EXPECT_EQ(TakeMenuCalls(), Journal(ClassAsked(L"SignalPaths"), box));
 }
 
@@ -246,10 +246,11 @@ TEST_F(DeviceMenu, AmplifiersSwitchUnitsAndSignalPathsAreOfferedByTheLeftButtonA
     OpenTemplate({OnDevice(atSwitchAmp, L"Amplifier"), OnDevice(atSwitchUnit, L"Relays"),
                   OnDevice(atSetDevice, L"Radio")});
     for (const std::int32_t button : {MouseButtons::Right, MouseButtons::Middle}) {
-        EditLine({ForgetCalls(), PressMouse(L"imgAmplifier", button), Cancel()});
+        EditLine({ForgetCalls(), PressMouse(L"imgAmplifier", button), PressCancel});
         EXPECT_THAT(TakeMenuCalls(), ElementsAre()) << button;
         for (const StringView line : {L"CHI1ETE", L"CHI2ETE"}) {
-            EditLine({ForgetCalls(), PressMouse(L"imgSwitchUnit", button), Cancel()}, String(line));
+            EditLine({ForgetCalls(), PressMouse(L"imgSwitchUnit", button), PressCancel},
+                     String(line));
             EXPECT_THAT(TakeMenuCalls(), ElementsAre()) << button;
         }
     }
@@ -264,7 +265,7 @@ TEST_F(DeviceMenu, AnErrorOfTheHostEndsAMenuQuietly) {
                                   L"MonitorDevice.Capabilities", L"UserDialogs.ShowPopupMenu"}) {
         AddKind(atSetDevice,
                 {Do([&](Form&) { host->faults.FailOperation(call, 1, 57); }), ForgetCalls(),
-                 Press(L"imgDevice"), Reads(L"lblDevice", L"T(9147)"), Cancel()});
+                 Press(L"imgDevice"), See(L"lblDevice", L"T(9147)"), PressCancel});
         host->faults.Clear();
         EXPECT_THAT(host->journal.LinesOf(L"TraceLog.ReportError"), ElementsAre());
         EXPECT_LE(host->journal.LinesOf(L"UserDialogs").size(), 1U);

@@ -32,34 +32,34 @@ class GeneratorOpening : public BenchDialog {
 
 TEST_F(GeneratorOpening, AGeneratorHasASecondBoxForItsPathAndItsSignalPathIsLookedUp) {
     OpenTemplate({Generator(L"Output 1", L"Path A")});
-    EditLine({Sees(L"imgDevice"), Sees(L"imgSwitchUnit"), Reads(L"lblSwUnit", L"Output 1"),
+    EditLine({SeeShown({L"imgDevice", L"imgSwitchUnit"}), See(L"lblSwUnit", L"Output 1"),
               Do([this](Form&) {
                   EXPECT_TRUE(Held().BcGen);
                   EXPECT_FALSE(Held().MoniDev);
                   EXPECT_TRUE(Held().SigPath);
               }),
-              Cancel()});
+              PressCancel});
     EXPECT_EQ(TakeCalls(), Journal(Found(L"Radio"), Classed(L"Radio", 2), SettingsOfRadio(),
                                    Found(L"Path A"), DialogShown, DialogHidden));
 }
 
 TEST_F(GeneratorOpening, AGeneratorWithoutAPathSaysSoAlsoWhenItHasASignalPath) {
     OpenTemplate({Generator(L"", L"Path A")});
-    EditLine({Reads(L"lblSwUnit", L"T(9147)"), Confirm()});
+    EditLine({See(L"lblSwUnit", L"T(9147)"), PressOk});
     EXPECT_FALSE(engine->Change());
     EXPECT_EQ(StoredDevice().SigPathName, L"Path A");
 }
 
 TEST_F(GeneratorOpening, AGeneratorWithoutASignalPathLooksNoneUp) {
     OpenTemplate({Generator(L"Output 1", L"")});
-    EditLine({Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }), Cancel()});
+    EditLine({Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }), PressCancel});
     EXPECT_THAT(host->journal.LinesOf(L"DeviceList.GetDevice"), ElementsAre(Found(L"Radio")));
 }
 
 TEST_F(GeneratorOpening, ASignalPathThatIsMissingKeepsItsNameWithoutABox) {
     OpenTemplate({Generator(L"Lost", L"Lost")});
-    EditLine({Reads(L"lblSwUnit", L"Lost"), Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }),
-              Confirm()});
+    EditLine(
+        {See(L"lblSwUnit", L"Lost"), Do([this](Form&) { EXPECT_FALSE(Held().SigPath); }), PressOk});
     EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), ElementsAre());
     EXPECT_EQ(StoredDevice().SigPathName, L"Lost");
     EXPECT_EQ(StoredDevice().Path, L"Lost");
@@ -78,8 +78,8 @@ TEST_F(GeneratorOpening, AGeneratorIsMovedDownForTheSecondBoxThatTakesItsPlace) 
     Tops plain;
     Tops generator;
     OpenTemplate({OnDevice(atSetDevice, L"Camera"), Generator(L"Output 1", L"Path A")});
-    EditLine({takeTops(plain), Cancel()});
-    EditLine({takeTops(generator), Cancel()}, L"CHI1ETE");
+    EditLine({takeTops(plain), PressCancel});
+    EditLine({takeTops(generator), PressCancel}, L"CHI1ETE");
     EXPECT_GT(generator.device, plain.device);
     EXPECT_EQ(generator.unit, plain.device);
 }
@@ -87,8 +87,8 @@ TEST_F(GeneratorOpening, AGeneratorIsMovedDownForTheSecondBoxThatTakesItsPlace) 
 TEST_F(GeneratorOpening, AGeneratorThatIsCheckedHasThePlainPane) {
     for (const p_ActionTypes kind : {atCheckEut, atMonitorEUT}) {
         OpenTemplate({Generator(L"Output 1", L"Path A", kind)});
-        EditLine({Sees(L"imgDevice"), Misses(L"imgSwitchUnit"), Misses(L"lblSwUnit"),
-                  Do([this](Form&) { EXPECT_FALSE(Held().BcGen); }), Confirm()});
+        EditLine({SeeShown({L"imgDevice"}, {L"imgSwitchUnit", L"lblSwUnit"}),
+                  Do([this](Form&) { EXPECT_FALSE(Held().BcGen); }), PressOk});
         EXPECT_EQ(StoredDevice().Path, L"Output 1");
         EXPECT_FALSE(engine->Change());
     }
@@ -102,10 +102,9 @@ String MissingText(const String& name) {
 
 TEST_F(GeneratorOpening, AMissingDeviceIsToldAndTheDialogComesUpWithItsNameAndTheLastSettings) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera"), OnDevice(atSetDevice, L"Gone")});
-    EditLine({Cancel()});
+    EditLine({PressCancel});
     AnswerBox(MissingText(L"Gone"));
-    EditLine({Reads(L"lblDevice", L"Gone"), Reads(L"lblDeviceSett", L"Gain=3"), Confirm()},
-             L"CHI1ETE");
+    EditLine({See(L"lblDevice", L"Gone"), See(L"lblDeviceSett", L"Gain=3"), PressOk}, L"CHI1ETE");
     EXPECT_EQ(TakeCalls(), Journal(Found(L"Gone"), BoxShown(MissingText(L"Gone"), 0, L"T(9021)"),
                                    DialogShown, EntryTaken, DialogHidden));
     EXPECT_EQ(StoredDevice(1).DevName, L"Gone");
@@ -115,7 +114,7 @@ TEST_F(GeneratorOpening, AMissingDeviceIsToldAndTheDialogComesUpWithItsNameAndTh
 TEST_F(GeneratorOpening, AMissingDeviceOfACheckCanBeConfirmedWithOtherBoxes) {
     OpenTemplate({OnDevice(atCheckEut, L"Gone")});
     AnswerBox(MissingText(L"Gone"));
-    EditLine({Tick(L"chkStopTest", true), Confirm()});
+    EditLine({Tick(L"chkStopTest", true), PressOk});
     EXPECT_EQ(StoredDevice().DevName, L"Gone");
     EXPECT_TRUE(StoredDevice().StopTest);
     EXPECT_TRUE(engine->Change());
@@ -123,10 +122,10 @@ TEST_F(GeneratorOpening, AMissingDeviceOfACheckCanBeConfirmedWithOtherBoxes) {
 
 TEST_F(GeneratorOpening, AMissingDeviceBehindSettingsThatWereNoneIsRefused) {
     OpenTemplate({OnDevice(atSetDevice, L"Gone")});
-    AddKind(atSetDevice, {Cancel()});
+    AddKind(atSetDevice, {PressCancel});
     AnswerBox(MissingText(L"Gone"));
     AnswerBox(L"T(9208)");
-    EditLine({Reads(L"lblDeviceSett", L"T(9148)"), Confirm(), Cancel()});
+    EditLine({See(L"lblDeviceSett", L"T(9148)"), PressOk, PressCancel});
     EXPECT_FALSE(engine->Change());
 }
 
@@ -143,7 +142,7 @@ TEST_F(GeneratorOpening, AMissingDeviceThatARunHasHeldIsHeldNoMore) {
                   EXPECT_FALSE(Held().Device);
                   EXPECT_FALSE(Held().BcGen);
               }),
-              Misses(L"imgSwitchUnit"), Confirm()});
+              SeeShown({}, {L"imgSwitchUnit"}), PressOk});
     EXPECT_EQ(StoredDevice().Path, L"Output 1");
     EXPECT_FALSE(engine->Change());
 }
@@ -151,7 +150,7 @@ TEST_F(GeneratorOpening, AMissingDeviceThatARunHasHeldIsHeldNoMore) {
 TEST_F(GeneratorOpening, ThePressOnAMissingDeviceOpensNothing) {
     OpenTemplate({OnDevice(atSetDevice, L"Gone")});
     AnswerBox(MissingText(L"Gone"));
-    EditLine({ForgetCalls(), Press(L"imgDevice"), Reads(L"lblDevice", L"Gone"), Cancel()});
+    EditLine({ForgetCalls(), Press(L"imgDevice"), See(L"lblDevice", L"Gone"), PressCancel});
     EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), ElementsAre());
     EXPECT_THAT(host->journal.LinesOf(L"DeviceSettingsStore"), ElementsAre());
 }
@@ -161,20 +160,19 @@ TEST_F(GeneratorOpening, ThePressOnAMissingDeviceOpensNothing) {
 TEST_F(GeneratorOpening, TheSecondBoxOfAGeneratorIsGoneForTheNextDevice) {
     OpenTemplate({Generator(L"Output 1", L"Path A"), OnDevice(atSetDevice, L"Camera"),
                   OnDevice(atSetDevice, L"Gone")});
-    const std::vector<FormAct> isPlain{Sees(L"imgDevice"), Misses(L"imgSwitchUnit"),
-                                       Misses(L"lblSwUnit"), Cancel()};
-    EditLine({Cancel()});
+    const Acts isPlain{SeeShown({L"imgDevice"}, {L"imgSwitchUnit", L"lblSwUnit"}), PressCancel};
+    EditLine({PressCancel});
     EditLine(isPlain, L"CHI1ETE");
-    EditLine({Cancel()});
+    EditLine({PressCancel});
     AnswerBox(MissingText(L"Gone"));
     EditLine(isPlain, L"CHI2ETE");
-    EditLine({Cancel()});
+    EditLine({PressCancel});
     AddKind(atSetDevice, isPlain);
 }
 
 TEST_F(GeneratorOpening, ANewActionHasNeitherGeneratorNorSignalPathOfTheOneBefore) {
     OpenTemplate({Generator(L"Output 1", L"Path A")});
-    EditLine({Cancel()});
+    EditLine({PressCancel});
     AnswerMenu(L"Radio");
     AnswerSettings(L"Gain=5");
     AddKind(atSetDevice, {Do([this](Form&) {
@@ -182,19 +180,19 @@ TEST_F(GeneratorOpening, ANewActionHasNeitherGeneratorNorSignalPathOfTheOneBefor
                               EXPECT_FALSE(Held().SigPath);
                               EXPECT_EQ(Held().SigPathName, L"");
                           }),
-                          Press(L"imgDevice"), Reads(L"lblSwUnit", L"T(9147)"), Confirm()});
+                          Press(L"imgDevice"), See(L"lblSwUnit", L"T(9147)"), PressOk});
     EXPECT_EQ(StoredDevice(1).Path, L"");
     EXPECT_EQ(StoredDevice(1).SigPathName, L"");
 }
 
 TEST_F(GeneratorOpening, ASecondDeviceIsNotHeldAsTheGeneratorOfTheOneBefore) {
     OpenTemplate({Generator(L"Output 1", L"Path A"), OnDevice(atSetDevice, L"Camera")});
-    EditLine({Cancel()});
+    EditLine({PressCancel});
     EditLine({Do([this](Form&) {
                   EXPECT_FALSE(Held().BcGen);
                   EXPECT_TRUE(Held().MoniDev);
               }),
-              Confirm()},
+              PressOk},
              L"CHI1ETE");
     EXPECT_EQ(StoredDevice(1).Path, L"");
     EXPECT_FALSE(engine->Change());
@@ -203,8 +201,8 @@ TEST_F(GeneratorOpening, ASecondDeviceIsNotHeldAsTheGeneratorOfTheOneBefore) {
 TEST_F(GeneratorOpening, SettingsThatWereChangedInACancelledDialogAreNoChangeOfTheNextOne) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     AnswerSettings(L"Gain=5");
-    EditLine({Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=5"), Cancel()});
-    EditLine({Reads(L"lblDeviceSett", L"Gain=5"), Confirm()});
+    EditLine({Press(L"imgDevice"), See(L"lblDeviceSett", L"Gain=5"), PressCancel});
+    EditLine({See(L"lblDeviceSett", L"Gain=5"), PressOk});
     EXPECT_FALSE(engine->Change());
 }
 
@@ -214,7 +212,7 @@ TEST_F(GeneratorOpening, ACancelledDialogLeavesWhatAPasteInserts) {
     host->user.ExpectMenu(L"T(9016)");
     EXPECT_TRUE(tree.Press(L"CHI1ETE", MouseButtons::Right));
     EXPECT_TRUE(tree.Release(L"CHI1ETE", MouseButtons::Right));
-    AddKind(atSetDevice, {Cancel()});
+    AddKind(atSetDevice, {PressCancel});
     host->user.ExpectMenu(L"T(9017)");
     EXPECT_TRUE(tree.Press(L"CHI1ETE", MouseButtons::Right));
     EXPECT_TRUE(tree.Release(L"CHI1ETE", MouseButtons::Right));

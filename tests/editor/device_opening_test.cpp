@@ -33,11 +33,11 @@ class DeviceOpening : public BenchDialog {
         Section(7) = {L"Gain=3"};
     }
     /// A new action whose device is chosen from the menu and set up.
-    void AddCamera(p_ActionTypes kind, std::vector<FormAct> acts = {}) {
+    void AddCamera(p_ActionTypes kind, Acts acts = {}) {
         AnswerMenu(L"Camera");
         AnswerSettings(L"Gain=5");
         acts.insert(acts.begin(), Press(L"imgDevice"));
-        acts.push_back(Confirm());
+        acts.push_back(PressOk);
         AddKind(kind, acts);
     }
     static p_Action Check() {
@@ -64,35 +64,35 @@ class DeviceOpening : public BenchDialog {
 TEST_F(DeviceOpening, ANewActionHasNoDeviceAndNoSettingsAndAsksTheHostNothing) {
     OpenTemplate();
     for (const p_ActionTypes kind : {atSetDevice, atCheckEut}) {
-        AddKind(kind, {Reads(L"lblDevice", NoDevice), Reads(L"lblDeviceSett", NoSettings),
-                       Sees(L"imgDevice"), Misses(L"imgSwitchUnit"), Cancel()});
+        AddKind(kind, {See(L"lblDevice", NoDevice), See(L"lblDeviceSett", NoSettings),
+                       SeeShown({L"imgDevice"}, {L"imgSwitchUnit"}), PressCancel});
         EXPECT_THAT(TakeCalls(), ElementsAre(DialogShown, DialogHidden));
     }
 }
 
 TEST_F(DeviceOpening, ANewCheckNotifiesAndEntersANoteThoughTheBoxOfTheNoteIsHidden) {
     OpenTemplate();
-    AddCamera(atCheckEut, {Sees(L"chkNotify"), Misses(L"chkComment")});
+    AddCamera(atCheckEut, {SeeShown({L"chkNotify"}, {L"chkComment"})});
     EXPECT_EQ(BoxesOf(StoredDevice()), L"CommToTable Notify 10 20");
 }
 
 TEST_F(DeviceOpening, ANewMonitoringStopsTheTestAndEntersANoteThoughBothBoxesAreHidden) {
     Open(aceVKSTemplate);
-    AddCamera(atMonitorEUT, {Misses(L"chkStopTest"), Misses(L"chkComment"), Misses(L"chkNotify")});
+    AddCamera(atMonitorEUT, {SeeShown({}, {L"chkStopTest", L"chkComment", L"chkNotify"})});
     const p_Action& stored = State().VKSTemplate.Enter[0];
     EXPECT_EQ(BoxesOf(std::get<aceSetDevice>(stored.Parameter)), L"StopTest CommToTable 10 20");
 }
 
 TEST_F(DeviceOpening, ANewSetDeviceStoresWhatALineWithoutTheseFieldsIsReadAs) {
     OpenTemplate();
-    AddCamera(atSetDevice, {Misses(L"chkNotify"), Misses(L"chkWait"), Misses(L"chkCycleTime")});
+    AddCamera(atSetDevice, {SeeShown({}, {L"chkNotify", L"chkWait", L"chkCycleTime"})});
     EXPECT_EQ(BoxesOf(StoredDevice()), L"UseTimeCyc 10 20");
 }
 
 TEST_F(DeviceOpening, WhatWasTickedAndTypedInADialogBeforeIsNotThatOfANewAction) {
     OpenTemplate({Check()}, true);
     EditLine({Tick(L"chkNotify", true), Tick(L"chkWait", true), Type(L"txtWaitTime", L"55"),
-              Type(L"txtCycleTime", L"66"), Cancel()});
+              Type(L"txtCycleTime", L"66"), PressCancel});
     AddCamera(atSetDevice);
     EXPECT_EQ(BoxesOf(StoredDevice(1)), L"UseTimeCyc 10 20");
     AddCamera(atCheckEut);
@@ -104,7 +104,7 @@ TEST_F(DeviceOpening, WhatWasTickedAndTypedInADialogBeforeIsNotThatOfANewAction)
 TEST_F(DeviceOpening, EachNewCheckTakesTheNextNumberWhenItsDialogOpensAlsoForACancelledOne) {
     OpenTemplate();
     AddKind(atCheckEut,
-            {Do([this](Form&) { EXPECT_EQ(context.DeviceSectionCounter, 101); }), Cancel()});
+            {Do([this](Form&) { EXPECT_EQ(context.DeviceSectionCounter, 101); }), PressCancel});
     AddCamera(atCheckEut);
     EXPECT_EQ(StoredDevice().ChanNo, 102);
     EXPECT_EQ(context.DeviceSectionCounter, 102);
@@ -129,7 +129,7 @@ TEST_F(DeviceOpening, ANewSetDeviceUsesASectionOfItsOwnUntilItIsInserted) {
 
 TEST_F(DeviceOpening, ANewSetDeviceAfterADialogOfAnotherOneLeavesThatOnesSectionAlone) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
-    EditLine({Cancel()});
+    EditLine({PressCancel});
     AddCamera(atSetDevice);
     EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
     EXPECT_EQ(StoredDevice(0).ChanNo, 7);
@@ -138,7 +138,7 @@ TEST_F(DeviceOpening, ANewSetDeviceAfterADialogOfAnotherOneLeavesThatOnesSection
 
 TEST_F(DeviceOpening, AnExistingActionKeepsItsNumber) {
     OpenTemplate({Check()});
-    EditLine({Tick(L"chkNotify", true), Confirm()});
+    EditLine({Tick(L"chkNotify", true), PressOk});
     EXPECT_EQ(StoredDevice().ChanNo, 7);
     EXPECT_EQ(context.DeviceSectionCounter, 100);
 }
@@ -148,7 +148,7 @@ TEST_F(DeviceOpening, AnExistingActionKeepsItsNumber) {
 TEST_F(DeviceOpening, AnExistingActionLooksItsDeviceUpAndReadsItsSettings) {
     for (const p_ActionTypes kind : {atSetDevice, atCheckEut, atMonitorEUT}) {
         OpenTemplate({OnDevice(kind, L"Camera")});
-        EditLine({Reads(L"lblDevice", L"Camera"), Reads(L"lblDeviceSett", L"Gain=3"), Cancel()});
+        EditLine({See(L"lblDevice", L"Camera"), See(L"lblDeviceSett", L"Gain=3"), PressCancel});
         EXPECT_EQ(TakeCalls(), Journal(Found(L"Camera"), Classed(L"Camera", 1), Opened(),
                                        SettingsRead(L"Camera", 7), DialogShown, DialogHidden));
     }
@@ -161,8 +161,8 @@ TEST_F(DeviceOpening, TheSettingsAreThoseOfTheModulesFile) {
     Open(aceMonitoring);
     AnswerMenu(L"Camera");
     AnswerSettings(L"Zoom=5");
-    EditLine({Reads(L"lblDeviceSett", L"Zoom=2"), PressMouse(L"imgDevice", MouseButtons::Right),
-              Confirm()});
+    EditLine(
+        {See(L"lblDeviceSett", L"Zoom=2"), PressMouse(L"imgDevice", MouseButtons::Right), PressOk});
     EXPECT_THAT(host->files[L"monitoring.ini"][SectionOf(7)], ElementsAre(L"Zoom=5"));
     EXPECT_THAT(Section(7), ElementsAre(L"Gain=3"));
 }
@@ -172,8 +172,8 @@ TEST_F(DeviceOpening, WithoutASettingsFileADeviceHasNoSettings) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     AnswerMenu(L"Camera");
     AnswerSettings(L"Gain=9");
-    EditLine({Reads(L"lblDeviceSett", NoSettings), PressMouse(L"imgDevice", MouseButtons::Right),
-              Reads(L"lblDeviceSett", L"Gain=9"), Confirm()});
+    EditLine({See(L"lblDeviceSett", NoSettings), PressMouse(L"imgDevice", MouseButtons::Right),
+              See(L"lblDeviceSett", L"Gain=9"), PressOk});
     EXPECT_TRUE(engine->Change());
     EXPECT_THAT(host->journal.LinesOf(L"SettingsFile"), IsEmpty());
 }
@@ -182,15 +182,15 @@ TEST_F(DeviceOpening, SettingsThatAreEmptyReadAsNone) {
     for (const std::vector<String>& lines : {std::vector<String>{}, std::vector<String>{L""}}) {
         Section(7) = lines;
         OpenTemplate({OnDevice(atSetDevice, L"Camera")});
-        EditLine({Reads(L"lblDeviceSett", NoSettings), Cancel()});
+        EditLine({See(L"lblDeviceSett", NoSettings), PressCancel});
     }
 }
 
 TEST_F(DeviceOpening, TheSettingsOfAnyOtherClassAreAskedBehindTheDialogOfTheHost) {
     Add<sim::SimAmplifier>(L"Amplifier");
     OpenTemplate({OnDevice(atSetDevice, L"Amplifier")});
-    EditLine({Reads(L"lblDevice", L"Amplifier"), Reads(L"lblDeviceSett", L"Gain=3"),
-              Sees(L"imgDevice"), Misses(L"imgSwitchUnit"), Cancel()});
+    EditLine({See(L"lblDevice", L"Amplifier"), See(L"lblDeviceSett", L"Gain=3"),
+              SeeShown({L"imgDevice"}, {L"imgSwitchUnit"}), PressCancel});
     EXPECT_EQ(TakeCalls(),
               Journal(Found(L"Amplifier"), Classed(L"Amplifier", 4),
                       Called(L"DeviceSettingsStore.SetDevice", L"Amplifier", 1), Opened(),
@@ -199,7 +199,7 @@ TEST_F(DeviceOpening, TheSettingsOfAnyOtherClassAreAskedBehindTheDialogOfTheHost
 
 TEST_F(DeviceOpening, AnExistingCheckShowsItsBoxesAndTimes) {
     OpenTemplate({Check()}, true);
-    EditLine({Reads(L"txtWaitTime", L"12.50"), Reads(L"txtCycleTime", L"33.00"), Do([](Form& form) {
+    EditLine({See(L"txtWaitTime", L"12.50"), See(L"txtCycleTime", L"33.00"), Do([](Form& form) {
                   const auto isTicked = [&](StringView name) {
                       return static_cast<bool>(form.Find<CheckBox>(name)->ticked);
                   };
@@ -208,22 +208,22 @@ TEST_F(DeviceOpening, AnExistingCheckShowsItsBoxesAndTimes) {
                   EXPECT_FALSE(isTicked(L"chkNotify") || isTicked(L"chkWait") ||
                                isTicked(L"chkComment"));
               }),
-              Cancel()});
+              PressCancel});
 }
 
 TEST_F(DeviceOpening, TimesShowWithTheSeparatorOfTheHost) {
     host->decimalSeparator = L',';
     OpenTemplate({Check()}, true);
-    EditLine({Reads(L"txtWaitTime", L"12,50"), Reads(L"txtCycleTime", L"33,00"),
-              Type(L"txtWaitTime", L"13,5"), Confirm()});
+    EditLine({See(L"txtWaitTime", L"12,50"), See(L"txtCycleTime", L"33,00"),
+              Type(L"txtWaitTime", L"13,5"), PressOk});
     EXPECT_EQ(StoredDevice().WaitTime, 13.5F);
     EXPECT_EQ(StoredDevice().CycleTime, 33.0);
 }
 
 TEST_F(DeviceOpening, WithoutEmissionACheckKeepsWhatItsHiddenBoxesHold) {
     OpenTemplate({Check()});
-    EditLine({Misses(L"chkCycleTime"), Misses(L"txtCycleTime"), Misses(L"chkGotoLoadingPosition"),
-              Tick(L"chkNotify", true), Confirm()});
+    EditLine({SeeShown({}, {L"chkCycleTime", L"txtCycleTime", L"chkGotoLoadingPosition"}),
+              Tick(L"chkNotify", true), PressOk});
     EXPECT_EQ(BoxesOf(StoredDevice()), L"StopTest Notify LoadingPos UseTimeCyc 12 33");
 }
 
@@ -231,7 +231,7 @@ TEST_F(DeviceOpening, AnExistingActionThatIsConfirmedUntouchedIsNoChange) {
     for (const p_ActionTypes kind : {atSetDevice, atCheckEut, atMonitorEUT}) {
         const p_Action action = OnDevice(kind, L"Camera", {&aceSetDevice::WaitState});
         OpenTemplate({action});
-        EditLine({Confirm()});
+        EditLine({PressOk});
         EXPECT_FALSE(engine->Change());
         EXPECT_EQ(State().MainTest.Enter[0], action);
     }

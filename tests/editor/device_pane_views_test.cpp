@@ -94,7 +94,7 @@ class PaneViews : public MacroBench, public ::testing::WithParamInterface<PaneVi
         State().EmiTemplate = view.measuresEmission;
         Open(isWireless ? aceVKSTemplate : aceTemplate);
         Lines pane;
-        const std::vector<FormAct> acts{Do([&](Form& form) { pane = ShownPane(form); }), Cancel()};
+        const Acts acts{Do([&](Form& form) { pane = ShownPane(form); }), PressCancel};
         const String moment = isTrack ? L"EFR" : L"ETE";
         if (view.existing) {
             EditLine(acts, L"CHI0" + moment);

@@ -39,8 +39,8 @@ class DeviceSettings : public BenchDialog {
             host->journal.Clear();
             host->faults.FailOperation(call, 1, 57);
         };
-        EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDeviceSett", L"Gain=4"),
-                  Do(fails), Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=4"), Confirm()});
+        EditLine({PressMouse(L"imgDevice", MouseButtons::Right), See(L"lblDeviceSett", L"Gain=4"),
+                  Do(fails), Press(L"imgDevice"), See(L"lblDeviceSett", L"Gain=4"), PressOk});
         EXPECT_EQ(host->journal.LinesOf(call).size(), 1U);
         EXPECT_THAT(host->journal.LinesOf(L"DeviceSettingsStore"), IsEmpty());
     }
@@ -53,7 +53,7 @@ TEST_F(DeviceSettings, AMonitoringDeviceIsToldItsUseAndItsSettingsAreReadBeforeT
         OpenTemplate({OnDevice(kind, L"Camera")});
         CancelSettings();
         EditLine(
-            {ForgetCalls(), Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=3"), Cancel()});
+            {ForgetCalls(), Press(L"imgDevice"), See(L"lblDeviceSett", L"Gain=3"), PressCancel});
         EXPECT_EQ(TakeSettingsCalls(),
                   Journal(Opened(), Classed(L"Camera", 1), UsedFor(L"Camera", use),
                           SettingsRead(L"Camera", 7), Edited(L"Camera", L"Gain=3"), Released));
@@ -63,7 +63,7 @@ TEST_F(DeviceSettings, AMonitoringDeviceIsToldItsUseAndItsSettingsAreReadBeforeT
 TEST_F(DeviceSettings, AGeneratorIsToldNoUse) {
     OpenTemplate({OnDevice(atSetDevice, L"Radio")});
     CancelSettings();
-    EditLine({ForgetCalls(), Press(L"imgDevice"), Cancel()});
+    EditLine({ForgetCalls(), Press(L"imgDevice"), PressCancel});
     EXPECT_EQ(TakeSettingsCalls(),
               Journal(Opened(), Classed(L"Radio", 2), SettingsRead(L"Radio", 7),
                       Edited(L"Radio", L"Gain=3"), Released));
@@ -72,8 +72,8 @@ TEST_F(DeviceSettings, AGeneratorIsToldNoUse) {
 TEST_F(DeviceSettings, TheLeftButtonOpensTheSettingsOfAChosenDeviceAndNoMenu) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     AnswerSettings(L"Gain=4");
-    EditLine({PressMouse(L"imgDevice", MouseButtons::Left), Reads(L"lblDeviceSett", L"Gain=4"),
-              Confirm()});
+    EditLine(
+        {PressMouse(L"imgDevice", MouseButtons::Left), See(L"lblDeviceSett", L"Gain=4"), PressOk});
     EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), IsEmpty());
     EXPECT_THAT(Section(7), ElementsAre(L"Gain=4"));
 }
@@ -82,7 +82,7 @@ TEST_F(DeviceSettings, TheSettingsOfAChosenDeviceAreReadAnewAndWhatIsEmptyReadsA
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     CancelSettings();
     EditLine({Do([this](Form&) { Section(7).clear(); }), ForgetCalls(), Press(L"imgDevice"),
-              Reads(L"lblDeviceSett", L"T(9148)"), Cancel()});
+              See(L"lblDeviceSett", L"T(9148)"), PressCancel});
     EXPECT_EQ(TakeSettingsCalls(),
               Journal(Opened(), Classed(L"Camera", 1), UsedFor(L"Camera", 2),
                       SettingsRead(L"Camera", 7), Edited(L"Camera", L"T(9148)"), Released));
@@ -93,8 +93,8 @@ TEST_F(DeviceSettings, WithoutASettingsFileTheHostsDialogBeginsWithoutSettingsAn
     const String camera = L"Camera";
     OpenTemplate({OnDevice(atSetDevice, camera)});
     AnswerSettings(L"Gain=4");
-    EditLine({ForgetCalls(), Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=4"),
-              Do([this](Form&) { EXPECT_TRUE(Parts().DeviceSettingsChanged); }), Cancel()});
+    EditLine({ForgetCalls(), Press(L"imgDevice"), See(L"lblDeviceSett", L"Gain=4"),
+              Do([this](Form&) { EXPECT_TRUE(Parts().DeviceSettingsChanged); }), PressCancel});
     EXPECT_EQ(TakeSettingsCalls(),
               Journal(Opened(), Classed(camera, 1), UsedFor(camera, 2),
                       Called(L"Device.ReadSettings", camera, 2, false, SectionOf(7)),
@@ -111,7 +111,7 @@ TEST_F(DeviceSettings, SettingsWithAnotherTextAreAChangeOfTheAction) {
         OpenTemplate({OnDevice(kind, L"Camera")});
         engine->Change(false);
         AnswerSettings(L"Gain=4");
-        EditLine({Press(L"imgDevice"), Confirm()});
+        EditLine({Press(L"imgDevice"), PressOk});
         EXPECT_TRUE(engine->Change()) << kind;
     }
 }
@@ -119,7 +119,7 @@ TEST_F(DeviceSettings, SettingsWithAnotherTextAreAChangeOfTheAction) {
 TEST_F(DeviceSettings, SettingsWithTheSameTextAreNone) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     AnswerSettings(L"Gain=3");
-    EditLine({Press(L"imgDevice"), Confirm()});
+    EditLine({Press(L"imgDevice"), PressOk});
     EXPECT_FALSE(engine->Change());
 }
 
@@ -127,8 +127,7 @@ TEST_F(DeviceSettings, ASecondDialogThatChangesNothingForgetsTheChangeOfTheFirst
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     AnswerSettings(L"Gain=4");
     CancelSettings();
-    EditLine(
-        {Press(L"imgDevice"), Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=4"), Confirm()});
+    EditLine({Press(L"imgDevice"), Press(L"imgDevice"), See(L"lblDeviceSett", L"Gain=4"), PressOk});
     EXPECT_FALSE(engine->Change());
 }
 
@@ -137,8 +136,8 @@ TEST_F(DeviceSettings, TheSameDeviceThatIsChosenAndThenSetUpIsForgottenAsAChange
     AnswerMenu(L"Camera");
     AnswerSettings(L"Gain=4");
     CancelSettings();
-    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDeviceSett", L"Gain=4"),
-              Press(L"imgDevice"), Confirm()});
+    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), See(L"lblDeviceSett", L"Gain=4"),
+              Press(L"imgDevice"), PressOk});
     EXPECT_FALSE(engine->Change());
 }
 
@@ -147,7 +146,7 @@ TEST_F(DeviceSettings, AnotherDeviceStaysAChangeBehindASecondDialogForItsNameDif
     AnswerMenu(L"Probe");
     AnswerSettings(L"Gain=4");
     CancelSettings();
-    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Press(L"imgDevice"), Confirm()});
+    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Press(L"imgDevice"), PressOk});
     EXPECT_TRUE(engine->Change());
     EXPECT_EQ(StoredDevice().DevName, L"Probe");
 }
@@ -158,17 +157,17 @@ TEST_F(DeviceSettings, SettingsThatReadAsNoneInsteadOfAsNewAreAChange) {
     CancelSettings();
     CancelSettings();
     AnswerBox(L"T(9208)");
-    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), Reads(L"lblDeviceSett", L"T(12041)"),
-              Press(L"imgDevice"), Reads(L"lblDeviceSett", L"T(9148)"),
-              Do([this](Form&) { EXPECT_TRUE(Parts().DeviceSettingsChanged); }), Confirm(),
-              Cancel()});
+    EditLine({PressMouse(L"imgDevice", MouseButtons::Right), See(L"lblDeviceSett", L"T(12041)"),
+              Press(L"imgDevice"), See(L"lblDeviceSett", L"T(9148)"),
+              Do([this](Form&) { EXPECT_TRUE(Parts().DeviceSettingsChanged); }), PressOk,
+              PressCancel});
 }
 
 TEST_F(DeviceSettings, SettingsThatOthersHaveChangedMeanwhileAreAChange) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
     CancelSettings();
     EditLine({Do([this](Form&) { Section(7) = {L"Gain=9"}; }), Press(L"imgDevice"),
-              Reads(L"lblDeviceSett", L"Gain=9"), Confirm()});
+              See(L"lblDeviceSett", L"Gain=9"), PressOk});
     EXPECT_TRUE(engine->Change());
 }
 
@@ -181,7 +180,7 @@ TEST_F(DeviceSettings, AnErrorOfTheHostEndsTheSettingsQuietly) {
           L"Device.ReadSettings", L"Device.SettingsText", L"DeviceSettingsStore.SetDevice",
           L"DeviceSettingsStore.EditSettings"}) {
         EditLine({Do([&](Form&) { host->faults.FailOperation(call, 1, 57); }), ForgetCalls(),
-                  Press(L"imgDevice"), Reads(L"lblDevice", L"Camera"), Cancel()});
+                  Press(L"imgDevice"), See(L"lblDevice", L"Camera"), PressCancel});
         host->faults.Clear();
         EXPECT_THAT(host->journal.LinesOf(L"TraceLog.ReportError"), IsEmpty())
             << testing::PrintToString(call);
@@ -203,7 +202,7 @@ TEST_F(DeviceSettings, AnErrorBeforeTheSettingsAreReadKeepsTheChangeBeforeIt) {
 TEST_F(DeviceSettings, ADeviceThatCannotBeUsedSoEndsTheSettingsQuietly) {
     AddMonitor(L"Tracker", 8);
     OpenTemplate({OnDevice(atCheckEut, L"Tracker")});
-    EditLine({ForgetCalls(), Press(L"imgDevice"), Reads(L"lblDeviceSett", L"Gain=3"), Cancel()});
+    EditLine({ForgetCalls(), Press(L"imgDevice"), See(L"lblDeviceSett", L"Gain=3"), PressCancel});
     EXPECT_THAT(host->journal.LinesOf(L"DeviceSettingsStore"), IsEmpty());
 }
 

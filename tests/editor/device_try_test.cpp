@@ -24,7 +24,7 @@ class DeviceTry : public BenchDialog {
 
 TEST_F(DeviceTry, ASetDeviceIsSetForGoodWithTheSettingsOfItsSection) {
     OpenTemplate({OnDevice(atSetDevice, L"Camera")});
-    EditLine({ForgetCalls(), Try(), Cancel()});
+    EditLine({ForgetCalls(), Try(), PressCancel});
     EXPECT_EQ(TakeCalls(),
               Journal(Ready(7, 2), Called(L"MonitorDevice.SetChannel", L"Camera", 7, 1),
                       StateOf(L"Camera"), DialogHidden));
@@ -36,7 +36,7 @@ TEST_F(DeviceTry, ANewSetDeviceIsSetFromTheSectionOfNewOnes) {
     OpenTemplate();
     AnswerMenu(L"Camera");
     AnswerSettings(L"Gain=5");
-    AddKind(atSetDevice, {Press(L"imgDevice"), ForgetCalls(), Try(), Cancel()});
+    AddKind(atSetDevice, {Press(L"imgDevice"), ForgetCalls(), Try(), PressCancel});
     EXPECT_EQ(TakeCalls(),
               Journal(Ready(0, 2), Called(L"MonitorDevice.SetChannel", L"Camera", 0, 1),
                       StateOf(L"Camera"), DialogHidden));
@@ -46,7 +46,7 @@ TEST_F(DeviceTry, ANewSetDeviceIsSetFromTheSectionOfNewOnes) {
 TEST_F(DeviceTry, AGeneratorIsSetWithTheSignalPathOfTheDialog) {
     OpenTemplate({OnDevice(atSetDevice, L"Radio")});
     AnswerMenu(L"Path A");
-    EditLine({Press(L"imgSwitchUnit"), ForgetCalls(), Try(), Cancel()});
+    EditLine({Press(L"imgSwitchUnit"), ForgetCalls(), Try(), PressCancel});
     EXPECT_EQ(TakeCalls(), Journal(Opened(), StateOf(L"Radio"), Classed(L"Radio", 2),
                                    Called(L"BcGenerator.SetSignalPath", L"Radio", true),
                                    Loaded(L"Radio", SectionOf(7)),
@@ -56,7 +56,7 @@ TEST_F(DeviceTry, AGeneratorIsSetWithTheSignalPathOfTheDialog) {
 TEST_F(DeviceTry, ACheckAndAMonitoringReadTheChannelAndSetNothing) {
     for (const p_ActionTypes kind : {atCheckEut, atMonitorEUT}) {
         OpenTemplate({OnDevice(kind, L"Camera")});
-        EditLine({ForgetCalls(), Try(), Cancel()});
+        EditLine({ForgetCalls(), Try(), PressCancel});
         EXPECT_EQ(TakeCalls(), Journal(Ready(7, 4), ChannelRead(L"Camera", 7), MarkCompared(0.0),
                                        StateOf(L"Camera"), DialogHidden));
     }
@@ -67,7 +67,7 @@ TEST_F(DeviceTry, ACheckThatFailsTellsTheOperatorAndLeavesItsRequest) {
     camera->readings[7] = {1.0};
     comments->answers = {false};
     EditLine(
-        {Tick(L"chkNotify", true), Tick(L"chkStopTest", true), ForgetCalls(), Try(), Cancel()});
+        {Tick(L"chkNotify", true), Tick(L"chkStopTest", true), ForgetCalls(), Try(), PressCancel});
     EXPECT_EQ(TakeCalls(),
               Journal(Ready(7, 4), ChannelRead(L"Camera", 7), MarkCompared(1.0), StateOf(L"Camera"),
                       NameOf(L"Camera"), Shown(L"Camera has failed", false), Progress(L""),
@@ -79,7 +79,7 @@ TEST_F(DeviceTry, AnEntryThatIsRefusedIsNotTried) {
     OpenTemplate();
     for (const p_ActionTypes kind : {atSetDevice, atCheckEut}) {
         AnswerBox(L"T(9205)");
-        AddKind(kind, {ForgetCalls(), Try(), Cancel()});
+        AddKind(kind, {ForgetCalls(), Try(), PressCancel});
         EXPECT_THAT(TakeCalls(),
                     ElementsAre(EntryRefused(L"T(9205)", IUserDialogs::Critical), DialogHidden));
     }
@@ -89,14 +89,14 @@ TEST_F(DeviceTry, AnActionWithoutANameIsNotTried) {
     for (const p_ActionTypes kind : {atSetDevice, atCheckEut, atMonitorEUT}) {
         OpenTemplate({OnDevice(kind, L"")});
         AnswerBox(L"Device <> does not exist in the device list! Please adapt your settings!");
-        EditLine({ForgetCalls(), Try(), Cancel()});
+        EditLine({ForgetCalls(), Try(), PressCancel});
         EXPECT_THAT(TakeCalls(), ElementsAre(DialogHidden));
     }
 }
 
 TEST_F(DeviceTry, TheDialogGoesOnBehindATryAndTakesTheEntry) {
     OpenTemplate({OnDevice(atCheckEut, L"Camera")});
-    EditLine({Tick(L"chkStopTest", true), Try(), Confirm()});
+    EditLine({Tick(L"chkStopTest", true), Try(), PressOk});
     EXPECT_TRUE(StoredDevice().StopTest);
     EXPECT_TRUE(engine->Change());
 }
@@ -107,7 +107,7 @@ TEST_F(DeviceTry, ADeviceThatIsMissingIsLookedUpOnceMoreAndItsFailureIsShown) {
     host->user.Expect(
         {L"frmEditor",
          {Do([this](Form&) { host->user.Expect(L"frmGpibError", Press(L"cmdIgnore")); }),
-          ForgetCalls(), Try(), Cancel()},
+          ForgetCalls(), Try(), PressCancel},
          {}});
     Select(L"CHI0ETE");
     EXPECT_TRUE(tree.DoubleClick(L"CHI0ETE"));

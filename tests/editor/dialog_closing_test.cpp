@@ -217,7 +217,7 @@ class HeldByTheDialog : public DialogClosing {
     void Choose(const String& key, const String& caption) {
         Select(key);
         host->user.ExpectMenu(caption);
-        EXPECT_TRUE(tree.Press(key, MouseButtons::Right) && tree.Release(key, MouseButtons::Right));
+        EXPECT_TRUE(RightClick(key));
     }
     static inline const String Copy = L"T(9016)";
     static inline const String Paste = L"T(9017)";

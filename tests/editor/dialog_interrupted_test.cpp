@@ -11,14 +11,6 @@ class DialogInterrupted : public ShownDialog {
   protected:
     DialogInterrupted() { context.ModuleFileNames.fill(L"setup.ini"); }
 
-    /// The host does something in the next call of that name.
-    void In(StringView operation, std::function<void()> act) {
-        host->beforeCall = [=](StringView called, const auto&) mutable {
-            if (act && called == operation) {
-                std::exchange(act, nullptr)();
-            }
-        };
-    }
     static sim::FormAct Calling(std::function<void()> act) {
         return sim::Do([act = std::move(act)](Form&) { act(); });
     }

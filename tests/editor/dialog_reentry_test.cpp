@@ -14,16 +14,7 @@ const String Code = L"frmEditor (Code)";
 class DialogReentry : public ShownDialog {
   protected:
     DialogReentry() { context.ModuleFileNames.fill(L"setup.ini"); }
-    ~DialogReentry() override { host->beforeCall = nullptr; }
 
-    /// `act` runs in the n-th call of that name from here on, before the host does it.
-    void In(StringView operation, std::function<void()> act, std::size_t n = 1) {
-        host->beforeCall = [=, left = n](StringView called, const auto&) mutable {
-            if (left > 0 && called == operation && --left == 0) {
-                act();
-            }
-        };
-    }
     /// The engine is let go, and the operator answers the question whether to close the dialog.
     void LetGo(bool yes) {
         host->user.ExpectQuestion(yes);

@@ -203,18 +203,11 @@ TEST_F(LineDrops, ALineThatIsMovedTakesItsOpenBusAlongAndACopyHasNone) {
 class FailedDrops : public MouseTest {
   protected:
     FailedDrops() { OpenWhole(aceTemplate); }
-    ~FailedDrops() override { host->beforeCall = nullptr; }
 
     /// The first such call of a drop fails, which begins by asking for the target.
     void FailInTheDrop(const String& call) {
         host->faults.Clear();
-        host->beforeCall = [this, call, isArmed = false](StringView operation,
-                                                         sim::CallArguments) mutable {
-            if (!isArmed && operation == L"Tree.DropHighlight") {
-                isArmed = true;
-                host->faults.FailOperation(call, 1, 57);
-            }
-        };
+        In(L"Tree.DropHighlight", [this, call] { host->faults.FailOperation(call, 1, 57); });
     }
     /// Error 57 comes out of the drop, and nobody hears of an end of it.
     void ExpectFailedDrag(const String& from, const String& to) {

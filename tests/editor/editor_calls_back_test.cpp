@@ -18,7 +18,6 @@ class EditorCallsBack : public EditorTest {
         context.ModuleFileNames[0] = L"lists.ini";
         host->tracing = true;
     }
-    ~EditorCallsBack() override { host->beforeCall = nullptr; }
 
     /// `act` runs in the first call of that name behind the first of `behind`.
     void In(StringView operation, std::function<void()> act, StringView behind = {}) {

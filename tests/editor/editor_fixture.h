@@ -10,6 +10,8 @@ namespace ace::test {
 
 class EditorTest : public ShownEditor {
   protected:
+    ~EditorTest() override { host->beforeCall = nullptr; }
+
     /// What the rooms of the open editor share.
     EditorParts& Parts() { return std::dynamic_pointer_cast<frmEditor>(context.Editor)->Parts(); }
     /// Opens what the node stands in and selects it, as the operator does. The journal starts
@@ -23,6 +25,17 @@ class EditorTest : public ShownEditor {
     }
     /// The held action becomes this one, as after a dialog that was confirmed.
     void HoldNew(const p_Action& action) { Hold(Parts().held, action); }
+    /// The host does this in the n-th call of that operation from here on, before its own work.
+    void In(StringView operation, std::function<void()> act, std::size_t n = 1) {
+        host->beforeCall = [=, left = n](StringView called, sim::CallArguments) mutable {
+            if (left > 0 && called == operation && --left == 0) {
+                act();
+            }
+        };
+    }
+    bool RightClick(const std::optional<String>& key) {
+        return tree.Press(key, MouseButtons::Right) && tree.Release(key, MouseButtons::Right);
+    }
     /// Captions of the lines below a node, in their order.
     Lines LinesBelow(const String& key) {
         Lines lines;

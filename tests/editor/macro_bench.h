@@ -31,7 +31,7 @@ class MacroBench : public BenchDialog {
         }
         return Action(atAPI, record);
     }
-    void AddMacro(std::vector<FormAct> acts) { AddKind(atAPI, std::move(acts)); }
+    void AddMacro(Acts acts) { AddKind(atAPI, std::move(acts)); }
     const aceAPI& StoredMacro(std::int32_t index = 0) { return Stored<aceAPI>(index); }
     /// Parameters from 1 on; one line says so when there are none.
     static Lines ParametersOf(const aceAPI& record) {

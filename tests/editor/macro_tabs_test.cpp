@@ -20,13 +20,13 @@ TEST_F(MacroTabs, AnotherTabStoresTheParameterThatIsLeftAndShowsItsOwn) {
     EditLine({ForgetCalls(), TypeValue(L"11"), GoToTab(2), Holds({L"11", L"Levels", L"2"}),
               HasTabs(3, 2), HasValue(L"2"), TypeValue(L"22"), GoToTab(1),
               Holds({L"11", L"Levels", L"22"}), HasTable(L"Levels"), TakeTable(L"Fields"),
-              GoToTab(0), Holds({L"11", L"Fields", L"22"}), HasValue(L"11"), Cancel()});
+              GoToTab(0), Holds({L"11", L"Fields", L"22"}), HasValue(L"11"), PressCancel});
     EXPECT_THAT(StoredParameters(), ElementsAre(L"1", L"Levels", L"2"));
 }
 
 TEST_F(MacroTabs, WhatIsTypedIntoTheTabInFrontIsTakenWithTheOthers) {
     OpenTemplate({Macro(L"log.mac", {L"1", L"Levels", L"2"})});
-    EditLine({GoToTab(2), TypeValue(L"3"), Confirm()});
+    EditLine({GoToTab(2), TypeValue(L"3"), PressOk});
     EXPECT_THAT(StoredParameters(), ElementsAre(L"1", L"Levels", L"3"));
 }
 
@@ -37,7 +37,7 @@ TEST_F(MacroTabs, AValueIsANumberOrAVariableAndItsCommaBecomesAPoint) {
     for (const auto& row : rows) {
         OpenTemplate();
         AddMacro({TakeProgram(L"log.mac"), TypeValue(row.first), GoToTab(1), HasTabs(3, 1),
-                  Holds({row.second, L"", L""}), Cancel()});
+                  Holds({row.second, L"", L""}), PressCancel});
     }
 }
 
@@ -46,7 +46,7 @@ TEST_F(MacroTabs, AnyOtherValueIsRefusedAndTheTabStaysWithItsField) {
         OpenTemplate();
         AnswerBox(L"T(21093)");
         AddMacro({TakeProgram(L"log.mac"), TypeValue(typed), ForgetCalls(), GoToTab(1),
-                  HasTabs(3, 0), HasValue(typed), HasFocus(L"txtAPIParameterValue"), Cancel()});
+                  HasTabs(3, 0), HasValue(typed), SeeFocus(L"txtAPIParameterValue"), PressCancel});
         EXPECT_THAT(TakeCalls(), ElementsAre(EntryRefused(L"T(21093)"), DialogHidden))
             << testing::PrintToString(typed);
     }
@@ -56,8 +56,8 @@ TEST_F(MacroTabs, AMissingTableIsRefusedAndTheTabStaysWithItsField) {
     OpenTemplate();
     AnswerBox(L"T(21094)");
     AddMacro({TakeProgram(L"log.mac"), TypeValue(L"1"), GoToTab(1), ForgetCalls(), GoToTab(2),
-              HasTabs(3, 1), HasTable(L""), HasFocus(L"filAPIParameterTable"), TakeTable(L"Levels"),
-              GoToTab(2), HasTabs(3, 2), Cancel()});
+              HasTabs(3, 1), HasTable(L""), SeeFocus(L"filAPIParameterTable"), TakeTable(L"Levels"),
+              GoToTab(2), HasTabs(3, 2), PressCancel});
     const Lines boxes = host->journal.LinesOf(L"UserDialogs");
     EXPECT_THAT(boxes, ElementsAre(EntryRefused(L"T(21094)")));
 }
@@ -76,7 +76,7 @@ TEST_F(MacroTabs, AConfirmedDialogRefusesTheFirstParameterThatIsWrongAndBringsIt
     for (const Row& row : rows) {
         OpenTemplate({Macro(L"log.mac", row.parameters)});
         AnswerBox(row.text);
-        EditLine({ForgetCalls(), Confirm(), HasTabs(3, row.tab), HasFocus(row.field), Cancel()});
+        EditLine({ForgetCalls(), PressOk, HasTabs(3, row.tab), SeeFocus(row.field), PressCancel});
         EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), ElementsAre(EntryRefused(row.text)));
         EXPECT_EQ(State().MainTest.Enter[0], Macro(L"log.mac", row.parameters));
         EXPECT_FALSE(engine->Change());
@@ -88,26 +88,26 @@ TEST_F(MacroTabs, ARefusedDialogIsConfirmedOnceEveryParameterIsRight) {
     AnswerBox(L"T(21093)");
     AnswerBox(L"T(21094)");
     AnswerBox(L"T(21093)");
-    AddMacro({TakeProgram(L"log.mac"), Confirm(), TypeValue(L"1"), Confirm(), HasTabs(3, 1),
-              HasTable(L""), TakeTable(L"Levels"), Confirm(), HasTabs(3, 2), HasValue(L""),
-              TypeValue(L"2,5"), Confirm()});
+    AddMacro({TakeProgram(L"log.mac"), PressOk, TypeValue(L"1"), PressOk, HasTabs(3, 1),
+              HasTable(L""), TakeTable(L"Levels"), PressOk, HasTabs(3, 2), HasValue(L""),
+              TypeValue(L"2,5"), PressOk});
     EXPECT_THAT(StoredParameters(), ElementsAre(L"1", L"Levels", L"2.5"));
 }
 
 TEST_F(MacroTabs, ATabThatIsInFrontAlreadyStoresNothing) {
     OpenTemplate();
     AddMacro({TakeProgram(L"log.mac"), TypeValue(L"wrong"), ForgetCalls(), GoToTab(0),
-              HasValue(L"wrong"), Cancel()});
+              HasValue(L"wrong"), PressCancel});
     EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), ElementsAre());
 }
 
 TEST_F(MacroTabs, VariablesAreOfferedBesideAValueOfAWirelessModuleAlone) {
     OpenTemplate();
-    AddMacro({TakeProgram(L"one.mac"), Misses(L"cb_show_VKSVars(2)"), Cancel()});
+    AddMacro({TakeProgram(L"one.mac"), SeeShown({}, {L"cb_show_VKSVars(2)"}), PressCancel});
     Open(aceVKSTemplate);
     AnswerMenu(L"DUT Power");
-    AddMacro({TakeProgram(L"one.mac"), Sees(L"cb_show_VKSVars(2)"), Press(L"cb_show_VKSVars(2)"),
-              HasValue(L"#POWER#"), Confirm()});
+    AddMacro({TakeProgram(L"one.mac"), SeeShown({L"cb_show_VKSVars(2)"}),
+              Press(L"cb_show_VKSVars(2)"), HasValue(L"#POWER#"), PressOk});
     EXPECT_EQ(ParametersOf(std::get<aceAPI>(State().VKSTemplate.Enter[0].Parameter)),
               Lines{L"#POWER#"});
 }

@@ -68,9 +68,6 @@ class MouseTest : public EveryModule {
 
     // ---- acts ------------------------------------------------------------------------------
 
-    bool RightClick(const std::optional<String>& key) {
-        return tree.Press(key, MouseButtons::Right) && tree.Release(key, MouseButtons::Right);
-    }
     /// Right click on a node, and a choice in the menu that comes up, or none.
     void ChooseFromMenu(const String& key, std::optional<String> caption) {
         host->user.ExpectMenu(std::move(caption));

@@ -12,7 +12,6 @@ const String Delete = L"T(9012)";
 class MouseLifetime : public MouseTest {
   protected:
     MouseLifetime() { OpenWhole(aceTemplate); }
-    ~MouseLifetime() override { host->beforeCall = nullptr; }
 
     std::int32_t DoubleClickAWait() {
         return ErrorOf([&] { list.DoubleClick(L"ACT:0"); });
@@ -30,14 +29,6 @@ class MouseLifetime : public MouseTest {
             EXPECT_EQ(ErrorOf([&] { sim::Press(L"cmdOK")(form); }), number);
             EXPECT_TRUE(form.IsShown());
         });
-    }
-    /// `act` happens in the next call of that name.
-    void In(StringView operation, std::function<void()> act) {
-        host->beforeCall = [=](StringView called, const auto&) mutable {
-            if (act && called == operation) {
-                std::exchange(act, nullptr)();
-            }
-        };
     }
     /// The store with a new wait behind the last line of the stop list.
     ModuleLists WithAWaitAtTheEnd() {

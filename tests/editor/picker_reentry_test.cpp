@@ -24,13 +24,10 @@ class PickerReentry : public BenchDialog {
     /// open before the call has come back.
     FormAct CloseIn(StringView operation) {
         return Do([this, operation](Form&) {
-            host->beforeCall = [this, operation, isDone = false](StringView called,
-                                                                 sim::CallArguments) mutable {
-                if (called == operation && !std::exchange(isDone, true)) {
-                    std::dynamic_pointer_cast<frmEditor>(context.Editor)->CloseByFrame();
-                    EXPECT_EQ(ErrorOf([&] { tree.DoubleClick(L"CHI1ETE"); }), 10);
-                }
-            };
+            In(operation, [this] {
+                std::dynamic_pointer_cast<frmEditor>(context.Editor)->CloseByFrame();
+                EXPECT_EQ(ErrorOf([&] { tree.DoubleClick(L"CHI1ETE"); }), 10);
+            });
         });
     }
     void ExpectNothingDone() {
@@ -68,7 +65,7 @@ TEST_F(PickerReentry, SettingsWhoseDialogHasGoneAreNotEdited) {
 TEST_F(PickerReentry, NoOtherDialogOpensBeforeTheFirstOneComesUp) {
     for (const StringView call : {L"DeviceList.GetDevice", L"Device.SettingsText"}) {
         CloseIn(call)(*std::dynamic_pointer_cast<frmEditor>(context.Editor));
-        EditLine({Reads(L"lblDevice", L"Camera"), Reads(L"lblDeviceSett", L"Gain=3"), Cancel()});
+        EditLine({See(L"lblDevice", L"Camera"), See(L"lblDeviceSett", L"Gain=3"), PressCancel});
         ExpectNothingDone();
     }
 }

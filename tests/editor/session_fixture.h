@@ -2,14 +2,13 @@
 /// engine saves it, and what was saved is loaded again.
 #pragma once
 
+#include "editor/dialog_acts.h"
 #include "editor/editor_fixture.h"
 
 namespace ace::test {
 
 class EditorSession : public EditorTest {
   protected:
-    using Acts = std::vector<sim::FormAct>;
-
     EditorSession() {
         auto& bench = host->bench;
         bench.Add<sim::SimMonitor>(*host, L"Meter");
@@ -71,7 +70,7 @@ class EditorSession : public EditorTest {
     void Command(const String& key, const std::optional<String>& caption) {
         Show(key);
         host->user.ExpectMenu(caption);
-        EXPECT_TRUE(tree.Press(key, MouseButtons::Right) && tree.Release(key, MouseButtons::Right));
+        EXPECT_TRUE(RightClick(key));
     }
     bool Drag(const String& from, const String& to, std::int32_t shift = 0) {
         Show(from);

@@ -51,10 +51,10 @@ class SwitchDialog : public BenchDialog {
 TEST_F(SwitchDialog, AChosenAmplifierIsTakenWithoutSettings) {
     OpenTemplate();
     AnswerMenu(L"Amplifier");
-    AddKind(atSwitchAmp, {Reads(L"lblDevice", L"T(9147)"), Press(L"imgAmplifier"), ForgetCalls(),
-                          Reads(L"lblDevice", L"Amplifier"), HasTip(L"lblDevice", L"Amplifier"),
+    AddKind(atSwitchAmp, {See(L"lblDevice", L"T(9147)"), Press(L"imgAmplifier"), ForgetCalls(),
+                          See(L"lblDevice", L"Amplifier"), SeeTip(L"lblDevice", L"Amplifier"),
                           Do([this](Form&) { EXPECT_TRUE(Held().AmplDev); }),
-                          Choose(L"cboSwitchAmp", 3), Confirm()});
+                          Choose(L"cboSwitchAmp", 3), PressOk});
     EXPECT_THAT(TakeCalls(), ElementsAre(EntryTaken, DialogHidden));
     EXPECT_EQ(StoredDevice().DevName, L"Amplifier");
     EXPECT_EQ(StoredDevice().AmpState, 3);
@@ -64,7 +64,7 @@ TEST_F(SwitchDialog, AChosenAmplifierIsTakenWithoutSettings) {
 TEST_F(SwitchDialog, TheChoiceOfAnAmplifierAsksForNothingButTheDevice) {
     OpenTemplate({Amplifier(1)});
     AnswerMenu(L"Amplifier");
-    EditLine({ForgetCalls(), Press(L"imgAmplifier"), Cancel()});
+    EditLine({ForgetCalls(), Press(L"imgAmplifier"), PressCancel});
     EXPECT_EQ(TakeCalls(), Journal(ClassAsked(L"Amplifiers"), MenuShown(L"1 \"Amplifier\" checked"),
                                    Found(L"Amplifier"), NameOf(L"Amplifier"), DialogHidden));
 }
@@ -73,16 +73,16 @@ TEST_F(SwitchDialog, EachStateOfAnAmplifierIsTheItemOfItsNumber) {
     const Lines states{L"Power Off", L"Power On", L"Standby", L"Operate", L"Reset"};
     OpenTemplate({Amplifier(4)});
     for (std::int32_t state = 0; state < 5; ++state) {
-        EditLine({Choose(L"cboSwitchAmp", state), Confirm()});
+        EditLine({Choose(L"cboSwitchAmp", state), PressOk});
         EXPECT_EQ(StoredDevice().AmpState, state);
-        EditLine({Offers(L"cboSwitchAmp", states),
-                  Reads(L"cboSwitchAmp", states[static_cast<std::size_t>(state)]), Cancel()});
+        EditLine({SeeItems(L"cboSwitchAmp", states),
+                  See(L"cboSwitchAmp", states[static_cast<std::size_t>(state)]), PressCancel});
     }
 }
 
 TEST_F(SwitchDialog, AStateThatTheListLacksIsKept) {
     OpenTemplate({Amplifier(7)});
-    EditLine({Reads(L"cboSwitchAmp", L""), Confirm()});
+    EditLine({See(L"cboSwitchAmp", L""), PressOk});
     EXPECT_EQ(StoredDevice().AmpState, 7);
     EXPECT_FALSE(engine->Change());
 }
@@ -90,7 +90,7 @@ TEST_F(SwitchDialog, AStateThatTheListLacksIsKept) {
 TEST_F(SwitchDialog, AnAmplifierThatIsMissingKeepsItsNameWithoutABox) {
     OpenTemplate({Amplifier(1)});
     host->bench.devices.clear();
-    EditLine({Reads(L"lblDevice", L"Amplifier"), Choose(L"cboSwitchAmp", 0), Confirm()});
+    EditLine({See(L"lblDevice", L"Amplifier"), Choose(L"cboSwitchAmp", 0), PressOk});
     EXPECT_EQ(TakeCalls(), Journal(Found(L"Amplifier"), DialogShown, EntryTaken, DialogHidden));
     EXPECT_EQ(StoredDevice().DevName, L"Amplifier");
     EXPECT_EQ(StoredDevice().AmpState, 0);
@@ -102,13 +102,13 @@ TEST_F(SwitchDialog, AnAmplifierThatHasGoneSinceTheMenuCameUpIsNotTaken) {
     OpenTemplate({Amplifier(1)});
     LoseDevicesInTheMenu();
     AnswerMenu(L"Spare");
-    EditLine({Press(L"imgAmplifier"), Reads(L"lblDevice", L"Amplifier"), HasTip(L"lblDevice", L""),
+    EditLine({Press(L"imgAmplifier"), See(L"lblDevice", L"Amplifier"), SeeTip(L"lblDevice", L""),
               Do([&](Form&) {
                   EXPECT_EQ(Held().DevName, L"Amplifier");
                   EXPECT_EQ(Held().AmplDev, amplifier);
                   EXPECT_FALSE(Parts().DeviceSettingsChanged);
               }),
-              Confirm()});
+              PressOk});
     ExpectUnchanged(L"Amplifier");
 }
 
@@ -123,15 +123,15 @@ TEST_F(SwitchDialog, TheAmplifierOfAnExistingActionIsLookedUpAndHeld) {
                   EXPECT_EQ(Held().Device, found);
                   EXPECT_EQ(Held().AmplDev, std::dynamic_pointer_cast<IAmplifier>(found));
               }),
-              Cancel()});
+              PressCancel});
 }
 
 TEST_F(SwitchDialog, NeitherKindHasSettingsOrATest) {
     OpenTemplate();
     for (const p_ActionTypes kind : {atSwitchAmp, atSwitchUnit}) {
-        AddKind(kind, {Misses(L"imgDevice"), Misses(L"lblDeviceSett"), Misses(L"chkNotify"),
-                       Misses(L"chkWait"), Misses(L"txtWaitTime"), Misses(L"cmdTestAction(2)"),
-                       Cancel()});
+        AddKind(kind, {SeeShown({}, {L"imgDevice", L"lblDeviceSett", L"chkNotify", L"chkWait",
+                                     L"txtWaitTime", L"cmdTestAction(2)"}),
+                       PressCancel});
     }
 }
 
@@ -141,10 +141,10 @@ TEST_F(SwitchDialog, AChosenUnitBringsItsPathsOfWhichNoneIsChosen) {
     OpenTemplate();
     AnswerMenu(L"Relays");
     AddKind(atSwitchUnit,
-            {Offers(L"cboSUPaths", {}), ForgetCalls(), Press(L"imgSwitchUnit"),
-             Reads(L"lblDevice", L"Relays"), Offers(L"cboSUPaths", {L"A", L"B", L"b"}),
-             Reads(L"cboSUPaths", L""), Do([this](Form&) { EXPECT_TRUE(Held().SwitchDev); }),
-             Choose(L"cboSUPaths", 1), Confirm()});
+            {SeeItems(L"cboSUPaths", {}), ForgetCalls(), Press(L"imgSwitchUnit"),
+             See(L"lblDevice", L"Relays"), SeeItems(L"cboSUPaths", {L"A", L"B", L"b"}),
+             See(L"cboSUPaths", L""), Do([this](Form&) { EXPECT_TRUE(Held().SwitchDev); }),
+             Choose(L"cboSUPaths", 1), PressOk});
     EXPECT_EQ(TakeCalls(),
               Journal(ClassAsked(L"SwitchUnits"), MenuShown(L"1 \"Relays\", 2 \"Matrix\""),
                       Found(L"Relays"), NameOf(L"Relays"), PathsAsked(L"Relays"), EntryTaken,
@@ -156,7 +156,7 @@ TEST_F(SwitchDialog, AChosenUnitBringsItsPathsOfWhichNoneIsChosen) {
 TEST_F(SwitchDialog, AUnitOfWhichNoPathIsChosenIsTakenWithoutOne) {
     OpenTemplate({Unit(L"Relays", L"B")});
     AnswerMenu(L"Matrix");
-    EditLine({Press(L"imgSwitchUnit"), Offers(L"cboSUPaths", {L"In", L"Out"}), Confirm()});
+    EditLine({Press(L"imgSwitchUnit"), SeeItems(L"cboSUPaths", {L"In", L"Out"}), PressOk});
     EXPECT_EQ(StoredDevice().DevName, L"Matrix");
     EXPECT_EQ(StoredDevice().Path, L"");
 }
@@ -164,7 +164,7 @@ TEST_F(SwitchDialog, AUnitOfWhichNoPathIsChosenIsTakenWithoutOne) {
 TEST_F(SwitchDialog, TheSameUnitChosenAgainLosesItsPath) {
     OpenTemplate({Unit(L"Relays", L"B")});
     AnswerMenu(L"Relays");
-    EditLine({Press(L"imgSwitchUnit"), Reads(L"cboSUPaths", L""), Confirm()});
+    EditLine({Press(L"imgSwitchUnit"), See(L"cboSUPaths", L""), PressOk});
     EXPECT_EQ(StoredDevice().Path, L"");
     EXPECT_TRUE(engine->Change());
 }
@@ -173,11 +173,11 @@ TEST_F(SwitchDialog, AnExistingUnitHasItsPathChosenByAnExactComparison) {
     for (const auto& [path, index] :
          std::initializer_list<std::pair<String, std::int32_t>>{{L"B", 1}, {L"b", 2}, {L"a", -1}}) {
         OpenTemplate({Unit(L"Relays", path)});
-        EditLine({Offers(L"cboSUPaths", {L"A", L"B", L"b"}), Reads(L"cboSUPaths", path),
+        EditLine({SeeItems(L"cboSUPaths", {L"A", L"B", L"b"}), See(L"cboSUPaths", path),
                   Do([index = index](Form& form) {
                       EXPECT_EQ(form.Find<DropDown>(L"cboSUPaths")->listIndex, index);
                   }),
-                  Confirm()});
+                  PressOk});
         EXPECT_EQ(StoredDevice().Path, path);
         EXPECT_FALSE(engine->Change());
     }
@@ -186,7 +186,7 @@ TEST_F(SwitchDialog, AnExistingUnitHasItsPathChosenByAnExactComparison) {
 TEST_F(SwitchDialog, AUnitThatIsMissingKeepsItsNameAndItsPathWithoutABox) {
     OpenTemplate({Unit(L"Relays", L"B")});
     host->bench.devices.clear();
-    EditLine({Reads(L"lblDevice", L"Relays"), Reads(L"cboSUPaths", L"B"), Confirm()});
+    EditLine({See(L"lblDevice", L"Relays"), See(L"cboSUPaths", L"B"), PressOk});
     EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), IsEmpty());
     EXPECT_EQ(StoredDevice().Path, L"B");
     EXPECT_FALSE(engine->Change());
@@ -197,13 +197,13 @@ TEST_F(SwitchDialog, AUnitThatHasGoneSinceTheMenuCameUpIsNotTaken) {
     OpenTemplate({Unit(L"Relays", L"B")});
     LoseDevicesInTheMenu();
     AnswerMenu(L"Matrix");
-    EditLine({Press(L"imgSwitchUnit"), Reads(L"lblDevice", L"Relays"), HasTip(L"lblDevice", L""),
-              Offers(L"cboSUPaths", {L"A", L"B", L"b"}), Reads(L"cboSUPaths", L"B"), Do([&](Form&) {
+    EditLine({Press(L"imgSwitchUnit"), See(L"lblDevice", L"Relays"), SeeTip(L"lblDevice", L""),
+              SeeItems(L"cboSUPaths", {L"A", L"B", L"b"}), See(L"cboSUPaths", L"B"), Do([&](Form&) {
                   EXPECT_EQ(Held().DevName, L"Relays");
                   EXPECT_EQ(Held().SwitchDev, unit);
                   EXPECT_FALSE(Parts().DeviceSettingsChanged);
               }),
-              Confirm()});
+              PressOk});
     ExpectUnchanged(L"Relays");
     EXPECT_EQ(StoredDevice().Path, L"B");
 }
@@ -218,7 +218,7 @@ TEST_F(SwitchDialog, TheUnitOfAnExistingActionIsLookedUpAndHeld) {
                   EXPECT_EQ(Held().Device, found);
                   EXPECT_EQ(Held().SwitchDev, std::dynamic_pointer_cast<ISwitchUnit>(found));
               }),
-              Cancel()});
+              PressCancel});
 }
 
 TEST_F(SwitchDialog, ADeviceThatIsNoUnitLeavesTheListOfPathsAsItWas) {
@@ -229,24 +229,24 @@ TEST_F(SwitchDialog, ADeviceThatIsNoUnitLeavesTheListOfPathsAsItWas) {
     AnswerMenu(L"Relays");
     AnswerMenu(L"Other");
     AddKind(atSwitchUnit, {Press(L"imgSwitchUnit"), Choose(L"cboSUPaths", 2),
-                           Press(L"imgSwitchUnit"), Reads(L"lblDevice", L"Other"),
-                           Offers(L"cboSUPaths", {L"A", L"B", L"b"}), Reads(L"cboSUPaths", L"b"),
-                           Do([this](Form&) { EXPECT_FALSE(Held().SwitchDev); }), Cancel()});
+                           Press(L"imgSwitchUnit"), See(L"lblDevice", L"Other"),
+                           SeeItems(L"cboSUPaths", {L"A", L"B", L"b"}), See(L"cboSUPaths", L"b"),
+                           Do([this](Form&) { EXPECT_FALSE(Held().SwitchDev); }), PressCancel});
 }
 
 TEST_F(SwitchDialog, APathOfTheDialogBeforeIsNotOfferedToANewUnit) {
     OpenTemplate({Unit(L"Relays", L"B")});
-    EditLine({Cancel()});
-    AddKind(atSwitchUnit, {Reads(L"lblDevice", L"T(9147)"), Offers(L"cboSUPaths", {}),
-                           Reads(L"cboSUPaths", L""), Cancel()});
+    EditLine({PressCancel});
+    AddKind(atSwitchUnit, {See(L"lblDevice", L"T(9147)"), SeeItems(L"cboSUPaths", {}),
+                           See(L"cboSUPaths", L""), PressCancel});
 }
 
 TEST_F(SwitchDialog, AUnitThatFailsToTellItsPathsEndsTheChoiceQuietly) {
     OpenTemplate({Unit(L"Relays", L"B")});
     AnswerMenu(L"Matrix");
     EditLine({Do([this](Form&) { host->faults.FailOperation(L"SwitchUnit.Paths", 1, 57); }),
-              Press(L"imgSwitchUnit"), Reads(L"lblDevice", L"Relays"), Reads(L"cboSUPaths", L"B"),
-              Confirm()});
+              Press(L"imgSwitchUnit"), See(L"lblDevice", L"Relays"), See(L"cboSUPaths", L"B"),
+              PressOk});
     EXPECT_THAT(host->journal.LinesOf(L"TraceLog.ReportError"), IsEmpty());
     EXPECT_EQ(StoredDevice().DevName, L"Relays");
     EXPECT_FALSE(engine->Change());
@@ -258,10 +258,10 @@ TEST_F(SwitchDialog, TheUnitOfAGeneratorsDialogBeforeHasItsOwnPlaceAgain) {
     Section(7) = {L"Gain=3"};
     OpenTemplate({OnDevice(atSetDevice, L"Radio"), Unit(L"Relays", L"B")});
     AnswerMenu(L"Path A");
-    EditLine({Press(L"imgSwitchUnit"), Cancel()});
+    EditLine({Press(L"imgSwitchUnit"), PressCancel});
     AnswerMenu(L"Matrix");
-    EditLine({Misses(L"lblSwUnit"), ForgetCalls(), Press(L"imgSwitchUnit"),
-              Reads(L"lblDevice", L"Matrix"), Cancel()},
+    EditLine({SeeShown({}, {L"lblSwUnit"}), ForgetCalls(), Press(L"imgSwitchUnit"),
+              See(L"lblDevice", L"Matrix"), PressCancel},
              L"CHI1ETE");
     EXPECT_THAT(host->journal.LinesOf(L"DeviceList.DevicesOfClass"),
                 ElementsAre(ClassAsked(L"SwitchUnits")));

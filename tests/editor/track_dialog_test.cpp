@@ -27,10 +27,8 @@ class TrackDialog : public BenchDialog {
         State().EmiTemplate = measuresEmission;
         Open(aceTemplate);
     }
-    void AddTrack(std::vector<FormAct> acts) { AddKind(atTrackFreq, std::move(acts), L"EFR"); }
-    void EditTrack(std::vector<FormAct> acts, const String& line = L"CHI0EFR") {
-        EditLine(std::move(acts), line);
-    }
+    void AddTrack(Acts acts) { AddKind(atTrackFreq, std::move(acts), L"EFR"); }
+    void EditTrack(Acts acts, const String& line = L"CHI0EFR") { EditLine(std::move(acts), line); }
     static p_Action Synchronised(const String& generator, const String& path = {}) {
         aceTrackFreq record;
         record.GenName = generator;
@@ -65,9 +63,9 @@ class TrackDialog : public BenchDialog {
         });
     }
     /// A refused entry, whose dialog is then cancelled.
-    void ExpectRefused(std::vector<FormAct> acts, const String& text, const String& focus) {
+    void ExpectRefused(Acts acts, const String& text, const String& focus) {
         AnswerBox(text);
-        acts.insert(acts.end(), {ForgetCalls(), Confirm(), HasFocus(focus), Cancel()});
+        acts.insert(acts.end(), {ForgetCalls(), PressOk, SeeFocus(focus), PressCancel});
         AddTrack(acts);
         EXPECT_THAT(TakeCalls(), ElementsAre(EntryTaken, EntryRefused(text), DialogHidden));
         EXPECT_EQ(State().MainTest.FreqCount, 0);
@@ -79,15 +77,15 @@ class TrackDialog : public BenchDialog {
 
 TEST_F(TrackDialog, ANewActionBeginsWithTheFirstItemsAndWithoutATable) {
     OpenEmission();
-    AddTrack({HasOption(Generator), Offers(L"cboGenerator", {L"Synth 1", L"Synth 2"}),
-              Reads(L"cboGenerator", L"Synth 1"),
-              Offers(L"cboSigPath", {L"T(9113)", L"Path A", L"Path B"}),
-              Reads(L"cboSigPath", L"T(9113)"), Reads(L"filLimitLine", L""),
-              Offers(L"cboCANDriver", {L"Tracker", L"Probe"}), Reads(L"cboCANDriver", L"Tracker"),
-              Reads(L"txtDelayTime", L"100"), Do([](Form& form) {
+    AddTrack({HasOption(Generator), SeeItems(L"cboGenerator", {L"Synth 1", L"Synth 2"}),
+              See(L"cboGenerator", L"Synth 1"),
+              SeeItems(L"cboSigPath", {L"T(9113)", L"Path A", L"Path B"}),
+              See(L"cboSigPath", L"T(9113)"), See(L"filLimitLine", L""),
+              SeeItems(L"cboCANDriver", {L"Tracker", L"Probe"}), See(L"cboCANDriver", L"Tracker"),
+              See(L"txtDelayTime", L"100"), Do([](Form& form) {
                   EXPECT_FALSE(form.Find<CheckBox>(L"chkAskGenOutputOn")->ticked);
               }),
-              Cancel()});
+              PressCancel});
     EXPECT_THAT(TakeCalls(), ElementsAre(DialogShown, DialogHidden));
 }
 
@@ -95,12 +93,12 @@ TEST_F(TrackDialog, ANewActionAfterAnotherOneBeginsAnew) {
     p_Action other = Synchronised(L"Synth 2", L"Path B");
     std::get<aceTrackFreq>(other.Parameter).AskOnMeasStart = true;
     OpenEmission({other, Followed(L"Probe", 250)});
-    EditTrack({Cancel()});
-    EditTrack({Cancel()}, L"CHI1EFR");
-    AddTrack({HasOption(Generator), Reads(L"cboGenerator", L"Synth 1"),
-              Reads(L"cboSigPath", L"T(9113)"), Reads(L"filLimitLine", L""),
-              Reads(L"txtDelayTime", L"100"), Choose(L"optTrackFrq", Monitor),
-              Reads(L"cboCANDriver", L"Tracker"), Confirm()});
+    EditTrack({PressCancel});
+    EditTrack({PressCancel}, L"CHI1EFR");
+    AddTrack({HasOption(Generator), See(L"cboGenerator", L"Synth 1"),
+              See(L"cboSigPath", L"T(9113)"), See(L"filLimitLine", L""),
+              See(L"txtDelayTime", L"100"), Choose(L"optTrackFrq", Monitor),
+              See(L"cboCANDriver", L"Tracker"), PressOk});
     EXPECT_EQ(StoredTrack(2).GenName, L"");
     EXPECT_EQ(StoredTrack(2).SigPathName, L"");
     EXPECT_EQ(StoredTrack(2).MoniName, L"Tracker");
@@ -109,10 +107,10 @@ TEST_F(TrackDialog, ANewActionAfterAnotherOneBeginsAnew) {
 
 TEST_F(TrackDialog, TheFrameThatDoesNotShowIsThatOfANewActionWhateverStoodThereBefore) {
     OpenEmission({Synchronised(L"Synth 2", L"Path B"), Followed(L"Probe", 250)});
-    EditTrack({Choose(L"optTrackFrq", Monitor), Reads(L"cboCANDriver", L"Tracker"),
-               Reads(L"txtDelayTime", L"100"), Cancel()});
-    EditTrack({Choose(L"optTrackFrq", Generator), Reads(L"cboGenerator", L"Synth 1"),
-               Reads(L"cboSigPath", L"T(9113)"), Reads(L"filLimitLine", L""), Cancel()},
+    EditTrack({Choose(L"optTrackFrq", Monitor), See(L"cboCANDriver", L"Tracker"),
+               See(L"txtDelayTime", L"100"), PressCancel});
+    EditTrack({Choose(L"optTrackFrq", Generator), See(L"cboGenerator", L"Synth 1"),
+               See(L"cboSigPath", L"T(9113)"), See(L"filLimitLine", L""), PressCancel},
               L"CHI1EFR");
 }
 
@@ -122,15 +120,15 @@ TEST_F(TrackDialog, WhatARunHasHeldForAnotherGeneratorIsHeldNoMore) {
     record.GenDev = std::dynamic_pointer_cast<IRfGenerator>(host->bench.Device(L"Synth 1"));
     ASSERT_NE(record.GenDev, nullptr);
     OpenEmission({run});
-    EditTrack({Choose(L"cboGenerator", 1), Confirm()});
+    EditTrack({Choose(L"cboGenerator", 1), PressOk});
     EXPECT_EQ(StoredTrack().GenName, L"Synth 2");
     EXPECT_EQ(StoredTrack().GenDev, nullptr);
 }
 
 TEST_F(TrackDialog, AnExistingGeneratorShowsItsTableTypeAndItsSignalPath) {
     OpenEmission({Synchronised(L"Synth 2", L"Path B")});
-    EditTrack({HasOption(Generator), Reads(L"cboGenerator", L"Synth 2"),
-               Reads(L"cboSigPath", L"Path B"), HasTable(40, 2, L"Levels"), Confirm()});
+    EditTrack({HasOption(Generator), See(L"cboGenerator", L"Synth 2"),
+               See(L"cboSigPath", L"Path B"), HasTable(40, 2, L"Levels"), PressOk});
     EXPECT_THAT(TakeCalls(), ElementsAre(DialogShown, EntryTaken, DialogHidden));
     EXPECT_EQ(State().MainTest.Freq[0], Synchronised(L"Synth 2", L"Path B"));
     EXPECT_FALSE(engine->Change());
@@ -138,8 +136,8 @@ TEST_F(TrackDialog, AnExistingGeneratorShowsItsTableTypeAndItsSignalPath) {
 
 TEST_F(TrackDialog, AGeneratorWithoutASignalPathShowsTheFirstItemBehindOneThatHadOne) {
     OpenEmission({Synchronised(L"Synth 2", L"Path B"), Synchronised(L"Synth 1")});
-    EditTrack({Cancel()});
-    EditTrack({Reads(L"cboGenerator", L"Synth 1"), Reads(L"cboSigPath", L"T(9113)"), Confirm()},
+    EditTrack({PressCancel});
+    EditTrack({See(L"cboGenerator", L"Synth 1"), See(L"cboSigPath", L"T(9113)"), PressOk},
               L"CHI1EFR");
     EXPECT_EQ(StoredTrack(1).SigPathName, L"");
     EXPECT_FALSE(engine->Change());
@@ -147,17 +145,17 @@ TEST_F(TrackDialog, AGeneratorWithoutASignalPathShowsTheFirstItemBehindOneThatHa
 
 TEST_F(TrackDialog, AnExistingMonitorShowsItsDelay) {
     OpenEmission({Followed(L"Probe", 250)});
-    EditTrack({HasOption(Monitor), Reads(L"cboCANDriver", L"Probe"), Reads(L"txtDelayTime", L"250"),
-               Confirm()});
+    EditTrack({HasOption(Monitor), See(L"cboCANDriver", L"Probe"), See(L"txtDelayTime", L"250"),
+               PressOk});
     EXPECT_EQ(State().MainTest.Freq[0], Followed(L"Probe", 250));
     EXPECT_FALSE(engine->Change());
 }
 
 TEST_F(TrackDialog, AnActionWithNeitherNameLeavesTheFieldsOfTheDialogBefore) {
     OpenEmission({Followed(L"Probe", 250), Followed(L"", 0)});
-    EditTrack({Cancel()});
-    EditTrack({HasOption(Monitor), Reads(L"cboCANDriver", L"Probe"), Reads(L"txtDelayTime", L"250"),
-               Cancel()},
+    EditTrack({PressCancel});
+    EditTrack({HasOption(Monitor), See(L"cboCANDriver", L"Probe"), See(L"txtDelayTime", L"250"),
+               PressCancel},
               L"CHI1EFR");
 }
 
@@ -165,16 +163,16 @@ TEST_F(TrackDialog, AnActionWithBothNamesIsAGenerators) {
     p_Action both = Synchronised(L"Synth 2");
     std::get<aceTrackFreq>(both.Parameter).MoniName = L"Probe";
     OpenEmission({both});
-    EditTrack({HasOption(Generator), Reads(L"cboGenerator", L"Synth 2"), Confirm()});
+    EditTrack({HasOption(Generator), See(L"cboGenerator", L"Synth 2"), PressOk});
     EXPECT_EQ(StoredTrack().MoniName, L"");
     EXPECT_TRUE(engine->Change());
 }
 
 TEST_F(TrackDialog, TheOptionsShowOneFrameOrTheOther) {
     OpenEmission();
-    AddTrack({Choose(L"optTrackFrq", Monitor), HasOption(Monitor), Sees(L"txtDelayTime"),
-              Misses(L"cboGenerator"), Choose(L"optTrackFrq", Generator), HasOption(Generator),
-              Sees(L"cboGenerator"), Misses(L"txtDelayTime"), Cancel()});
+    AddTrack({Choose(L"optTrackFrq", Monitor), HasOption(Monitor),
+              SeeShown({L"txtDelayTime"}, {L"cboGenerator"}), Choose(L"optTrackFrq", Generator),
+              HasOption(Generator), SeeShown({L"cboGenerator"}, {L"txtDelayTime"}), PressCancel});
 }
 
 // ---- what is taken over ------------------------------------------------------------------------
@@ -183,7 +181,7 @@ TEST_F(TrackDialog, ANewGeneratorIsTakenWithAllItsFields) {
     OpenEmission();
     AddTrack({Choose(L"cboGenerator", 1), Choose(L"cboSigPath", 2),
               ChooseTable(L"filLimitLine", 41, 3, L"Field"), Tick(L"chkAskGenOutputOn", true),
-              Confirm()});
+              PressOk});
     EXPECT_EQ(StoredTrack().GenName, L"Synth 2");
     EXPECT_EQ(StoredTrack().SigPathName, L"Path B");
     EXPECT_EQ(StoredTrack().TableName, L"Field");
@@ -196,7 +194,7 @@ TEST_F(TrackDialog, ANewGeneratorIsTakenWithAllItsFields) {
 
 TEST_F(TrackDialog, TheFirstItemOfTheSignalPathsIsNone) {
     OpenEmission({Synchronised(L"Synth 1", L"Path A")});
-    EditTrack({Choose(L"cboSigPath", 0), Confirm()});
+    EditTrack({Choose(L"cboSigPath", 0), PressOk});
     EXPECT_EQ(StoredTrack().SigPathName, L"");
     EXPECT_TRUE(engine->Change());
 }
@@ -204,7 +202,7 @@ TEST_F(TrackDialog, TheFirstItemOfTheSignalPathsIsNone) {
 TEST_F(TrackDialog, ANewMonitorIsTakenWithItsDelayInMilliseconds) {
     OpenEmission();
     AddTrack({Choose(L"optTrackFrq", Monitor), Choose(L"cboCANDriver", 1),
-              Type(L"txtDelayTime", L"350"), Confirm()});
+              Type(L"txtDelayTime", L"350"), PressOk});
     EXPECT_EQ(StoredTrack().MoniName, L"Probe");
     EXPECT_EQ(StoredTrack().DelayTime, 350);
     EXPECT_EQ(StoredTrack().GenName, L"");
@@ -213,7 +211,7 @@ TEST_F(TrackDialog, ANewMonitorIsTakenWithItsDelayInMilliseconds) {
 
 TEST_F(TrackDialog, AGeneratorThatIsMadeAMonitorKeepsItsNameBesideIt) {
     OpenEmission({Synchronised(L"Synth 2", L"Path B")});
-    EditTrack({Choose(L"optTrackFrq", Monitor), Choose(L"cboCANDriver", 0), Confirm()});
+    EditTrack({Choose(L"optTrackFrq", Monitor), Choose(L"cboCANDriver", 0), PressOk});
     EXPECT_EQ(StoredTrack().MoniName, L"Tracker");
     EXPECT_EQ(StoredTrack().GenName, L"Synth 2");
     EXPECT_EQ(StoredTrack().TableName, L"Levels");
@@ -222,7 +220,7 @@ TEST_F(TrackDialog, AGeneratorThatIsMadeAMonitorKeepsItsNameBesideIt) {
 
 TEST_F(TrackDialog, AnotherDelayAloneIsNoChange) {
     OpenEmission({Followed(L"Probe", 250)});
-    EditTrack({Type(L"txtDelayTime", L"300"), Confirm()});
+    EditTrack({Type(L"txtDelayTime", L"300"), PressOk});
     EXPECT_EQ(StoredTrack().DelayTime, 250);
     EXPECT_FALSE(engine->Change());
 }
@@ -232,7 +230,7 @@ TEST_F(TrackDialog, AnotherDelayAloneIsNoChange) {
 TEST_F(TrackDialog, WithoutAGeneratorNothingIsTaken) {
     host->bench.devices.clear();
     OpenEmission();
-    ExpectRefused({Reads(L"cboGenerator", L""), ChooseTable(L"filLimitLine", 40, 0, L"Levels")},
+    ExpectRefused({See(L"cboGenerator", L""), ChooseTable(L"filLimitLine", 40, 0, L"Levels")},
                   L"T(9206)", L"cmdOK");
 }
 
@@ -257,7 +255,7 @@ TEST_F(TrackDialog, ADelayOfNothingIsRefusedWithTheLimitsOfTheBox) {
 
 TEST_F(TrackDialog, ADelayBeyondItsLimitsIsTaken) {
     OpenEmission();
-    AddTrack({Choose(L"optTrackFrq", Monitor), Type(L"txtDelayTime", L"700"), Confirm()});
+    AddTrack({Choose(L"optTrackFrq", Monitor), Type(L"txtDelayTime", L"700"), PressOk});
     EXPECT_EQ(StoredTrack().DelayTime, 700);
 }
 
@@ -266,7 +264,7 @@ TEST_F(TrackDialog, WithoutAMonitoringDeviceThatTracksNothingIsTaken) {
     AddMonitor(L"Camera", 2 + 4);
     OpenEmission();
     ExpectRefused(
-        {Choose(L"optTrackFrq", Monitor), Offers(L"cboCANDriver", {}), Reads(L"cboCANDriver", L"")},
+        {Choose(L"optTrackFrq", Monitor), SeeItems(L"cboCANDriver", {}), See(L"cboCANDriver", L"")},
         L"T(9205)", L"cmdOK");
 }
 
@@ -281,12 +279,12 @@ TEST_F(TrackDialog, WithoutADelayAndADeviceTheDelayIsAskedForFirst) {
 
 TEST_F(TrackDialog, NamesThatTheListsLackAreShownAndKept) {
     OpenEmission({Synchronised(L"Gone", L"Lost"), Followed(L"Away", 5)});
-    EditTrack({Reads(L"cboGenerator", L"Gone"), Reads(L"cboSigPath", L"Lost"),
-               Tick(L"chkAskGenOutputOn", true), Confirm()});
+    EditTrack({See(L"cboGenerator", L"Gone"), See(L"cboSigPath", L"Lost"),
+               Tick(L"chkAskGenOutputOn", true), PressOk});
     EXPECT_EQ(StoredTrack().GenName, L"Gone");
     EXPECT_EQ(StoredTrack().SigPathName, L"Lost");
     EXPECT_TRUE(StoredTrack().AskOnMeasStart);
-    EditTrack({Reads(L"cboCANDriver", L"Away"), Confirm()}, L"CHI1EFR");
+    EditTrack({See(L"cboCANDriver", L"Away"), PressOk}, L"CHI1EFR");
     EXPECT_EQ(StoredTrack(1).MoniName, L"Away");
 }
 
@@ -310,13 +308,14 @@ TEST_F(TrackDialog, DevicesThatComeAndGoBehindThatAreSeenByTheNextEditorAlone) {
     host->bench.devices.clear();
     Add<sim::SimRfGenerator>(L"Synth 3");
     const Lines before{L"Synth 1", L"Synth 2"};
-    EditTrack({Offers(L"cboGenerator", before), Reads(L"cboGenerator", L"Synth 2"), Cancel()});
+    EditTrack({SeeItems(L"cboGenerator", before), See(L"cboGenerator", L"Synth 2"), PressCancel});
     Open(aceTemplate);
-    AddTrack({Offers(L"cboGenerator", before), Cancel()});
+    AddTrack({SeeItems(L"cboGenerator", before), PressCancel});
     engine->Release();
     Open(aceTemplate);
-    AddTrack({Offers(L"cboGenerator", {L"Synth 3"}), Reads(L"cboGenerator", L"Synth 3"), Cancel()});
-    EditTrack({Reads(L"cboGenerator", L"Synth 2"), Confirm()});
+    AddTrack(
+        {SeeItems(L"cboGenerator", {L"Synth 3"}), See(L"cboGenerator", L"Synth 3"), PressCancel});
+    EditTrack({See(L"cboGenerator", L"Synth 2"), PressOk});
     EXPECT_EQ(StoredTrack().GenName, L"Synth 2");
 }
 
@@ -325,8 +324,8 @@ TEST_F(TrackDialog, DevicesThatComeAndGoBehindThatAreSeenByTheNextEditorAlone) {
 TEST_F(TrackDialog, WithoutEmissionTheActionIsTakenAsItStands) {
     const p_Action action = Followed(L"", 0);
     OpenEmission({action, Synchronised(L"Gone", L"Lost")}, false);
-    EditTrack({Choose(L"optTrackFrq", Monitor), Type(L"txtDelayTime", L"0"), Confirm()});
-    EditTrack({Choose(L"optTrackFrq", Generator), Tick(L"chkAskGenOutputOn", true), Confirm()},
+    EditTrack({Choose(L"optTrackFrq", Monitor), Type(L"txtDelayTime", L"0"), PressOk});
+    EditTrack({Choose(L"optTrackFrq", Generator), Tick(L"chkAskGenOutputOn", true), PressOk},
               L"CHI1EFR");
     EXPECT_EQ(State().MainTest.Freq[0], action);
     EXPECT_EQ(State().MainTest.Freq[1], Synchronised(L"Gone", L"Lost"));
@@ -335,11 +334,11 @@ TEST_F(TrackDialog, WithoutEmissionTheActionIsTakenAsItStands) {
 
 TEST_F(TrackDialog, WithoutEmissionTheFieldsAreThoseOfTheDialogBefore) {
     OpenEmission({Followed(L"Probe", 250), Synchronised(L"Synth 2", L"Path B")});
-    EditTrack({Cancel()});
+    EditTrack({PressCancel});
     State().EmiTemplate = false;
     Open(aceTemplate);
-    EditTrack({HasOption(Monitor), Reads(L"cboCANDriver", L"Probe"), Reads(L"txtDelayTime", L"250"),
-               Cancel()},
+    EditTrack({HasOption(Monitor), See(L"cboCANDriver", L"Probe"), See(L"txtDelayTime", L"250"),
+               PressCancel},
               L"CHI1EFR");
 }
 
