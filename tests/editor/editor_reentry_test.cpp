@@ -3,8 +3,6 @@
 /// no messages run, but a host may have its own view of that. A sample runs by default; ACE_PROVE=1
 /// in the environment runs all, and ACE_SEED another sample.
 #include "editor/interrupted_editor.h"
-#include "support/every_operation.h"
-#include "support/sample.h"
 
 namespace ace::test {
 namespace {
@@ -192,17 +190,7 @@ TEST(EditorReentry, WhateverTheHostDoesWithTheEditorInAnyOfItsCallsMemoryStaysSo
 }
 
 TEST(EditorReentry, EveryOperationOfTheEngineInAnyOfItsCallsDoesSoToo) {
-    Sample sample(1000);
-    for (const EditorWork& work : Works) {
-        const std::size_t calls = CallsOf(work);
-        for (std::size_t i = 0; i < calls * std::size(EveryOperation); ++i) {
-            if (sample.Takes()) {
-                const OperationRow& row = EveryOperation[i % std::size(EveryOperation)];
-                InterruptedWork(work).Run(i / std::size(EveryOperation) + 1, row.name,
-                                          [&](OpenEditor& open) { row.call(*open.engine); });
-            }
-        }
-    }
+    CallEveryOperationIn(Works, Sample(1000));
 }
 
 }  // namespace

@@ -3,7 +3,9 @@
 #pragma once
 
 #include "editor/broken_into_editor.h"
+#include "support/every_operation.h"
 #include "support/list_agreement.h"
+#include "support/sample.h"
 
 namespace ace::test {
 
@@ -111,6 +113,22 @@ inline std::size_t CallsOf(const EditorWork& work) {
     InterruptedWork undisturbed(work);
     undisturbed.Run(InterruptedWork::Never, "nothing", [](OpenEditor&) {});
     return undisturbed.Calls();
+}
+
+/// Every operation of the engine in any call of the host that one of the works makes, as far as the
+/// sample takes it.
+template <class Works>
+void CallEveryOperationIn(const Works& works, Sample sample) {
+    for (const EditorWork& work : works) {
+        const std::size_t calls = CallsOf(work);
+        for (std::size_t i = 0; i < calls * std::size(EveryOperation); ++i) {
+            if (sample.Takes()) {
+                const OperationRow& row = EveryOperation[i % std::size(EveryOperation)];
+                InterruptedWork(work).Run(i / std::size(EveryOperation) + 1, row.name,
+                                          [&](OpenEditor& open) { row.call(*open.engine); });
+            }
+        }
+    }
 }
 
 }  // namespace ace::test

@@ -3,8 +3,6 @@
 /// the editor opens again. A sample runs by default; ACE_PROVE=1 in the environment runs all, and
 /// ACE_SEED another sample.
 #include "editor/interrupted_editor.h"
-#include "support/every_operation.h"
-#include "support/sample.h"
 
 namespace ace::test {
 namespace {
@@ -110,17 +108,7 @@ TEST(OperatorReentry, WhateverTheHostDoesInAnyCallOfTheDialogMemoryStaysSound) {
 }
 
 TEST(OperatorReentry, EveryOperationOfTheEngineInAnyOfItsCallsDoesSoToo) {
-    Sample sample(500);
-    for (const EditorWork& work : Works) {
-        const std::size_t calls = CallsOf(work);
-        for (std::size_t i = 0; i < calls * std::size(EveryOperation); ++i) {
-            if (sample.Takes()) {
-                const OperationRow& row = EveryOperation[i % std::size(EveryOperation)];
-                InterruptedWork(work).Run(i / std::size(EveryOperation) + 1, row.name,
-                                          [&](OpenEditor& open) { row.call(*open.engine); });
-            }
-        }
-    }
+    CallEveryOperationIn(Works, Sample(500));
 }
 
 }  // namespace
