@@ -53,6 +53,20 @@ TEST_F(DeviceTry, AGeneratorIsSetWithTheSignalPathOfTheDialog) {
                                    Called(L"BcGenerator.Apply", L"Radio"), DialogHidden));
 }
 
+TEST_F(DeviceTry, ASignalPathThatIsChosenInATestIsNotThatOfTheTest) {
+    const auto other = Add<sim::SimSignalPath>(L"Path B");
+    OpenTemplate({OnDevice(atSetDevice, L"Radio")});
+    AnswerMenu(L"Path A");
+    AnswerMenu(L"Path B");
+    EditLine({Press(L"imgSwitchUnit"), Do([&](Form& form) {
+                  In(L"BcGenerator.Apply", [&] { Press(L"imgSwitchUnit")(form); });
+                  Try()(form);
+              }),
+              PressOk});
+    EXPECT_EQ(StoredDevice().SigPathName, L"Path B");
+    EXPECT_EQ(StoredDevice().SigPath, other);
+}
+
 TEST_F(DeviceTry, ACheckAndAMonitoringReadTheChannelAndSetNothing) {
     for (const p_ActionTypes kind : {atCheckEut, atMonitorEUT}) {
         OpenTemplate({OnDevice(kind, L"Camera")});

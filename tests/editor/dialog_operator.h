@@ -45,6 +45,7 @@ class DialogOperator {
     // ---- what comes up -----------------------------------------------------------------------
 
     std::int32_t AnswerBox(std::int32_t style) {
+        ++x_boxes;
         if ((style & IUserDialogs::YesNo) == 0) {
             return IUserDialogs::AnswerOk;
         }
@@ -111,8 +112,10 @@ class DialogOperator {
             x_dialog->wave = x_soundText;
         }
         const std::optional<String> outcome = x_dialog->Outcome(form);
+        const std::size_t boxes = x_boxes;
         EXPECT_TRUE(sim::Press(L"cmdOK")(form));
         EXPECT_EQ(form.IsShown(), !outcome);
+        EXPECT_TRUE(outcome || x_boxes > boxes) << "refused without a word";
         confirmed = outcome;
         settingsChanged = x_dialog->settingsChanged;
         ++done;
@@ -181,6 +184,7 @@ class DialogOperator {
     std::mt19937& x_random;
     DialogEdits& x_edits;
     DialogModel* x_dialog = nullptr;
+    std::size_t x_boxes = 0;  ///< so far
 
     const Control* x_focus = nullptr;
     String x_soundText;

@@ -48,8 +48,7 @@ std::int32_t ParseKindNumber(StringView text) {
 
 std::int32_t DroppedNumber(StringView text) {
     text = text.substr(std::min(text.size(), DragPrefix.size()), DigitsOfNumber);
-    const auto end = std::ranges::find_if_not(text, IsDigit);
-    const StringView digits = text.substr(0, static_cast<std::size_t>(end - text.begin()));
+    const StringView digits = text.substr(0, text.find_first_not_of(L"0123456789"));
     return digits.empty() ? -1 : ReadRoundedNumber(digits);
 }
 

@@ -59,7 +59,6 @@ void frmEditor::SetTreeControl(ITreeControl* tree) {
         Raise(Errors::ArrayInUse);
     }
     const OwnWork work(x_parts);
-    ++x_parts.builds;
     Link(x_parts.m_View, tree, x_treeEvents);
     ViewOf(x_parts).SetUp({.images = imlActions()});
 }
