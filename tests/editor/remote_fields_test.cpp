@@ -52,8 +52,12 @@ TEST_P(EachInterface, AddressPortAndTerminatorSurviveAnEditOfTheCommand) {
 }
 
 TEST_F(RemoteFields, AnAddressThatTheListLacksStandsThereAndStays) {
-    EXPECT_EQ(Edited(Gpib(1205, L"*RST"), {See(L"cboGpibAddress", L"12:5"), ChangeCommand}),
-              Gpib(1205, L"*CLS"));
+    const std::pair<std::int32_t, String> addresses[] = {
+        {1205, L"12:5"}, {401, L"4:1"}, {100, L"1:0"}, {131, L"1:31"}, {-120, L"-1:-20"}};
+    for (const auto& [address, shown] : addresses) {
+        EXPECT_EQ(Edited(Gpib(address, L"*RST"), {See(L"cboGpibAddress", shown), ChangeCommand}),
+                  Gpib(address, L"*CLS"));
+    }
 }
 
 TEST_F(RemoteFields, APortAndATerminatorThatTheListsLackStay) {
@@ -167,9 +171,9 @@ struct LeftPort {
     std::int32_t kept;
 };
 class LeftPorts : public RemoteFields, public ::testing::WithParamInterface<LeftPort> {};
-const LeftPort AllLeftPorts[] = {{L"5026", 5026},  {L"32767", 32767}, {L"-1", -1},
-                                 {L"32768", 5025}, {L"50000", 5025},  {L"", 5025},
-                                 {L"five", 5025},  {L"5026x", 5025}};
+const LeftPort AllLeftPorts[] = {
+    {L"5026", 5026},  {L"32767", 32767}, {L"-1", -1}, {L"-32768", -32768}, {L"-32769", 5025},
+    {L"32768", 5025}, {L"50000", 5025},  {L"", 5025}, {L"five", 5025},     {L"5026x", 5025}};
 INSTANTIATE_TEST_SUITE_P(Each, LeftPorts, ::testing::ValuesIn(AllLeftPorts));
 
 /// No box comes up; the interface is left, so that OK doesn't read the field.

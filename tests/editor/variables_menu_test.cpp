@@ -163,6 +163,15 @@ TEST_P(ModulesWithVariables, OnlyTheWirelessModulesHaveTheButton) {
     }
 }
 
+TEST_F(VariablesMenu, AnItemThatTheMenuDoesNotHaveIsNone) {
+    struct Beyond : DefaultUserDialogs {
+        std::optional<std::size_t> ShowPopupMenu(const std::vector<MenuItem>& items) override {
+            return items.size();
+        }
+    } dialogs;
+    EXPECT_FALSE((PopUpMenu{{{1, L"one"}}}).PopUp(dialogs));
+}
+
 /// A comment has no field that takes one.
 TEST_F(VariablesMenu, ACommentHasNoButtonOfVariables) {
     OpenWith(aceVKSTemplate, {Comment(true)});

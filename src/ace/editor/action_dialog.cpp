@@ -228,10 +228,9 @@ void ActionDialog::Store() {
 
 void ActionDialog::Confirm() {
     const KeptAlive alive(x_parts);
-    const bool wasShown = x_form.IsShown();
     x_form.SetFocus(cmdOK);
     x_parts.context.Platform().Yield();
-    if (wasShown && !x_form.IsShown()) {
+    if (!x_form.IsShown()) {
         return;
     }
     Boolean isComplete;

@@ -60,7 +60,7 @@ class TestedRemote {
         }
     }
     ~TestedRemote() {
-        if (x_parts.isEditing && x_parts.tested.DrvHdl <= aceRemote::NoHandle) {
+        if (x_parts.tested.DrvHdl <= aceRemote::NoHandle) {
             x_parts.tested = std::move(record);
         } else {
             CloseBusDevice(x_parts.context, record);
