@@ -119,8 +119,10 @@ TEST_F(DialogInterrupted, OkToALineWhileAListOfTheModuleRunsChangesNothing) {
     OpenWith(aceTemplate, {WaitFor(1500), WaitFor(4000)});
     Fill(State().MainTest, LeaveList, {WaitFor(1)});
     const ModuleLists before = State();
+    int runs = 0;
     const sim::FormAct okMeanwhile = Calling([&] {
         host->onTimedMessage = [&] {
+            ++runs;
             EXPECT_EQ(ErrorOf([&] { PressOk(dynamic_cast<Form&>(*context.Editor)); }), 10);
         };
         engine->StopTest();
@@ -128,20 +130,24 @@ TEST_F(DialogInterrupted, OkToALineWhileAListOfTheModuleRunsChangesNothing) {
     });
     ShowLine({sim::Type(L"txtWait", L"2"), okMeanwhile, PressCancel});
     EXPECT_EQ(SetIn(Parts().lists).Enter[0], WaitFor(1500));
+    EXPECT_EQ(Parts().held.Action, WaitFor(1500));
     EXPECT_EQ(static_cast<const ModuleLists&>(State()), before);
     EXPECT_FALSE(engine->Change());
     ShowLine({sim::Type(L"txtWait", L"5"), okMeanwhile, PressOk}, 1);
     EXPECT_EQ(Stored(), WaitFor(1500));
     EXPECT_EQ(Stored(1), WaitFor(5000));
+    EXPECT_EQ(runs, 2);
 }
 
 TEST_F(DialogInterrupted, ALineThatNeedsNoDialogIsNoMatterForAListThatRuns) {
     OpenWith(aceTemplate, {Action(atTestStop, {})});
     Fill(State().MainTest, LeaveList, {WaitFor(1)});
-    host->onTimedMessage = [&] { EXPECT_EQ(ErrorOf([&] { tree.DoubleClick(LineKey()); }), 0); };
+    std::optional<std::int32_t> error;
+    host->onTimedMessage = [&] { error = ErrorOf([&] { tree.DoubleClick(LineKey()); }); };
     Select(LineKey());
     engine->StopTest();
     host->onTimedMessage = nullptr;
+    EXPECT_EQ(error, 0);
     EXPECT_FALSE(engine->Change());
 }
 
@@ -169,6 +175,13 @@ class TestInterrupted : public DialogInterrupted {
 
     const sim::FormAct Send = sim::Press(L"cmdTestAction(1)");
 };
+
+TEST_F(TestInterrupted, BehindALoadNothingIsTestedAnyMore) {
+    OpenBoth();
+    ShowLine({Calling([&] { engine->LoadEditor(&list, &tree); }),
+              Failing(10, [&] { Send(Dialog()); }), PressCancel});
+    EXPECT_EQ(Count(L"GpibDriver"), 0U);
+}
 
 TEST_F(TestInterrupted, ADialogThatIsLeftInItsTestClosesTheDeviceOnce) {
     OpenBoth();

@@ -196,6 +196,20 @@ TEST_F(MouseLifetime, AReleaseWhileTheMenuStandsIsError91ForWhatIsChosen) {
     ExpectStore(before);
 }
 
+/// Another menu has come and gone meanwhile, of the dialog of the same line.
+TEST_F(MouseLifetime, WhatIsChosenInTheMenuIsDoneBehindADialogWithAMenuOfItsOwn) {
+    host->bench.Add<sim::SimMonitor>(*host, L"Meter");
+    SetEntries(MomentNamed("TemplateStart"), State(), {OnDevice(atSetDevice, L"Meter")});
+    OpenWhole(aceTemplate);
+    ModuleLists expected = Store();
+    SetEntries(MomentNamed("TemplateStart"), expected, {});
+    In(L"UserDialogs.ShowPopupMenu", [&] { tree.DoubleClick(L"CHI0ETE"); });
+    ExpectDialog({sim::PressMouse(L"imgDevice", MouseButtons::Right), sim::Press(L"cmdCancel")});
+    host->user.ExpectMenu(std::nullopt);
+    ChooseFromMenu(L"CHI0ETE", Delete);
+    ExpectLists(expected, true);
+}
+
 TEST_F(MouseLifetime, AReleaseWhileAMenuStandsThatIsLeftIsNone) {
     In(L"UserDialogs.ShowPopupMenu", [&] { engine->Release(); });
     host->user.ExpectMenu(std::nullopt);

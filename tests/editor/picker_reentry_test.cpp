@@ -70,6 +70,19 @@ TEST_F(PickerReentry, NoOtherDialogOpensBeforeTheFirstOneComesUp) {
     }
 }
 
+/// The lists that show now may be another module's, with a settings file of its own.
+TEST_F(PickerReentry, BehindALoadNoDeviceIsPickedAndNoSettingsAreEdited) {
+    const FormAct load = Do([&](Form&) { engine->LoadEditor(&list, &tree); });
+    EditLine({load, ForgetCalls(), PressMouse(L"imgDevice", MouseButtons::Right),
+              Press(L"imgDevice"), PressCancel});
+    EXPECT_THAT(host->journal.LinesOf(L"UserDialogs"), IsEmpty());
+    ExpectNothingDone();
+    AnswerMenu(L"Other");
+    EditLine({Do([&](Form& form) { In(L"UserDialogs.ShowPopupMenu", [&] { load(form); }); }),
+              PressMouse(L"imgDevice", MouseButtons::Right), PressCancel});
+    ExpectNothingDone();
+}
+
 TEST_F(PickerReentry, SettingsThatAreConfirmedBehindTheDialogComeIntoItsSection) {
     AnswerSettings(L"Gain=9");
     EditLine({CloseIn(L"DeviceSettingsStore.EditSettings"), Press(L"imgDevice")});

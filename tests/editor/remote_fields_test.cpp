@@ -90,8 +90,11 @@ TEST_F(RemoteFields, TheDeviceThatARunHasOpenedStaysOpenWhateverTheDialogShows) 
     p_Action action = Gpib(120, L"*RST");
     RecordOf<aceRemote>(action).DrvHdl = 5;
     OpenWith(aceTemplate, {action});
-    for (const sim::FormAct& end : {PressCancel, PressOk}) {
+    const std::pair<sim::FormAct, std::int32_t> ends[] = {{PressCancel, 5},
+                                                          {PressOk, aceRemote::NoHandle}};
+    for (const auto& [end, handle] : ends) {
         ShowLine({sim::Choose(L"cboGpibAddress", 3), sim::Choose(L"cboIface", 0), end});
+        EXPECT_EQ(RecordOf<aceRemote>(Stored()).DrvHdl, handle);
     }
     EXPECT_THAT(host->journal.LinesOf(L"GpibDriver"), ::testing::IsEmpty());
 }

@@ -134,7 +134,8 @@ void aceActionsEngine::LoadEditor(IListControl* ActionsList, ITreeControl* Actio
     });
 }
 
-/// Messages may run in the unloading: the host may drop this object there, or open another editor.
+/// Messages may run in the unloading: the host may drop this object there, or end the editor once
+/// more and open another.
 void aceActionsEngine::Release() {
     const std::shared_ptr<EngineState> state = x_state;
     ThreadContext& context = state->Context;

@@ -45,8 +45,9 @@ class _aceActionsEngine {
     virtual Boolean VKSInfByPower() = 0;
     /// Ends the editor, whichever object opened it. To be called before the object goes if
     /// `LoadEditor` was called. While the dialog of an action is open, the operator is asked first
-    /// whether to close it, and messages run: "No" takes the entry over as OK does. That
-    /// editor is gone afterwards, whatever the answer; one that was opened meanwhile stays.
+    /// whether to close it, and messages run: "No" takes the entry over as OK does. The
+    /// editor is gone afterwards, whatever the answer; only an error of that edit (10, 91), which
+    /// comes out, leaves it as it is.
     virtual void Release() = 0;
 
     // ---- lists and files -------------------------------------------------------------------
@@ -68,7 +69,8 @@ class _aceActionsEngine {
     /// the operations that load an open editor again too. Either may be none: error 91 where it is
     /// first used, and the editor's form is there by then. When the tree can't be built, it is
     /// empty and neither control is linked any more; an error of the list leaves the tree. Messages
-    /// may run while the form is made; an editor that is released there is error 91. Handled.
+    /// may run while the form is made; an editor that is released there is error 91. While the
+    /// operator is asked whether the dialog is to be closed (`Release`): error 10. Handled.
     virtual void LoadEditor(IListControl* ActionsList, ITreeControl* ActionsTree) = 0;
     /// Collapses the tree of an open editor, and selects and opens subrange `Number`, from 1; below
     /// that it is collapsed alone. Nothing without an editor, and nothing is selected in the

@@ -67,7 +67,8 @@ class IEditor {
     /// open, the operator is first asked whether to close it, and messages run. Yes drops the
     /// entry, No takes it over as OK does. One that is refused keeps the dialog open: the form
     /// lives as long as somebody holds it, and has no engine to hand an entry to. An error of that
-    /// edit comes out, and the editor is as before. A load while the operator is asked is error 10.
+    /// edit comes out, and the editor is as before. Linking a tree while the operator is asked is
+    /// error 10.
     virtual void Unload() = 0;
 };
 

@@ -149,7 +149,7 @@ void ActionDialog::Prepare(const Statements& stmt, Pane& pane, Boolean isNew) {
 void ActionDialog::Show(const Statements& stmt, Pane& pane, Boolean isNew) {
     const std::shared_ptr<EngineState> engine = x_parts.engine;
     Prepare(stmt, pane, isNew);
-    if (x_parts.engine == engine && x_parts.builds == x_builds) {
+    if (x_parts.engine == engine && IsOfItsTree(x_parts)) {
         const TestsOfDialog tests(x_parts);
         stmt([&] { x_form.ShowModal(x_parts.context.FormHost()); });
     }
@@ -165,7 +165,7 @@ void ActionDialog::ShowEditor(Boolean AddNew) {
         x_parts.AddNew = AddNew;
         x_parts.DeviceSettingsChanged = false;
         x_key = stmt([&] { return ViewOf(x_parts).Key(ViewOf(x_parts).Selected()); });
-        x_builds = x_parts.builds;
+        x_parts.editedBuild = x_parts.builds;
         if (Pane* const pane = PaneOfHeld()) {
             Show(stmt, *pane, AddNew);
         } else {
@@ -202,12 +202,17 @@ void ActionDialog::GetEntry(Boolean& Ok) {
     });
 }
 
-/// The entry is meant for the node for which the dialog was opened, whatever a host has selected
-/// meanwhile. A tree that was built anew may have another node in its place.
-void ActionDialog::SelectNode() {
-    if (x_builds != x_parts.builds) {
+/// What the dialog does outside itself, it does for the lists for which it was opened. A tree that
+/// was built anew may have another node in the place of that one.
+void ActionDialog::RequireItsTree() const {
+    if (!IsOfItsTree(x_parts)) {
         Raise(Errors::ArrayInUse);
     }
+}
+
+/// The entry is meant for the node for which the dialog was opened, whatever a host has selected
+/// meanwhile.
+void ActionDialog::SelectNode() {
     const TreeNode node = ViewOf(x_parts).Find(x_key);
     if (ViewOf(x_parts).Selected() != node) {
         ViewOf(x_parts).Select(node);
@@ -215,10 +220,8 @@ void ActionDialog::SelectNode() {
 }
 
 void ActionDialog::Store() {
-    if (x_parts.AddNew || PaneOfHeld() != nullptr) {
-        RequireFreeModule(*Required(x_parts.engine), x_parts.moduleKind);
-    }
     if (x_parts.AddNew) {
+        RequireFreeModule(*Required(x_parts.engine), x_parts.moduleKind);
         AddAction(x_parts, true);
     } else {
         ModifyAction(x_parts);
@@ -233,6 +236,9 @@ void ActionDialog::Confirm() {
     if (!x_form.IsShown()) {
         return;
     }
+    const EngineState& engine = *Required(x_parts.engine);
+    RequireItsTree();
+    RequireFreeModule(engine, x_parts.moduleKind);
     Boolean isComplete;
     GetEntry(isComplete);
     if (isComplete) {
@@ -261,6 +267,7 @@ void ActionDialog::AskToClose() {
 
 void ActionDialog::Test() {
     const KeptAlive alive(x_parts);
+    RequireItsTree();
     Boolean isComplete;
     GetEntry(isComplete);
     if (isComplete) {

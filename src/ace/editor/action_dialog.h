@@ -66,6 +66,7 @@ class ActionDialog {
     void LayOut(Pane& shown);
     void ShowVariableButton(Pane& pane) const;
     void BeginAt(Control* field);
+    void RequireItsTree() const;
     void SelectNode();
     void Store();
     void Test();
@@ -75,7 +76,6 @@ class ActionDialog {
     std::array<Pane*, 6> x_panes;  ///< by `DialogPane`
     bool x_isConfirmed = false;    ///< the entry of the last show has come into the lists
     String x_key;                  ///< of the node for which the dialog was opened
-    std::uint32_t x_builds = 0;    ///< of the tree at that time
 };
 
 }  // namespace ace

@@ -115,8 +115,8 @@ void OpenContextMenu(EditorParts& parts, ActionDialog& dialog, const Statements&
     const std::uint32_t builds = parts.builds;
     const std::optional<MenuItem> chosen =
         stmt([&] { return parts.usrPopUp.PopUp(parts.context.UserDialogs()); });
-    const bool isMeant = chosen && !parts.PickingDevice && parts.builds == builds &&
-                         stmt([&] { return ViewOf(parts).Selected(); }) == node;
+    const bool isMeant =
+        chosen && parts.builds == builds && stmt([&] { return ViewOf(parts).Selected(); }) == node;
     if (isMeant) {
         RunCommand(parts, dialog, stmt, chosen->command);
     }

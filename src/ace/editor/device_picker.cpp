@@ -267,7 +267,7 @@ void DevicePicker::ShowStoredSettings(const std::shared_ptr<IDevice>& device,
 /// Intentional: a change of the device before this one counts no more, unless the text differs.
 void DevicePicker::DeviceClicked() {
     Quietly([&] {
-        if (x_fields.lblDevice.caption == Text(InputTexts::NoDevice)) {
+        if (!IsStanding() || x_fields.lblDevice.caption == Text(InputTexts::NoDevice)) {
             return;
         }
         const std::shared_ptr<IDevice> device = Required(Record().Device);

@@ -57,8 +57,11 @@ class DevicePicker {
     void ShowSettings(IDevice& device, const std::shared_ptr<ISettingsFile>& settings);
     void EditSettings(const std::shared_ptr<ISettingsFile>& settings);
     std::shared_ptr<ISettingsFile> OpenedSettings() const;
-    /// The dialog hasn't gone in a call in which messages ran: what is held is still its action.
-    bool IsStanding() const { return x_fields.fraAction.OfForm().IsShown(); }
+    /// The dialog hasn't gone in a call in which messages ran, and the editor still shows the lists
+    /// of its action: what is held is that action, and the settings file is that of its module.
+    bool IsStanding() const {
+        return x_fields.fraAction.OfForm().IsShown() && IsOfItsTree(x_parts);
+    }
 
     aceSetDevice& Record() const { return x_parts.held.Records.SetDevice; }
     std::int32_t HeldKind() const { return x_parts.held.Action.ActionType; }

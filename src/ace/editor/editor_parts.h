@@ -39,7 +39,8 @@ struct EditorParts {
     bool isEditing = false;    ///< from the beginning of `ShowEditor` to its end
     aceRemote tested;          ///< with the bus device that a test in the dialog has opened, if any
     std::uint32_t builds = 0;  ///< rises whenever the tree is built anew
-    bool isAtWork = false;     ///< an operation uses the lists, see `OwnWork`
+    std::uint32_t editedBuild = 0;  ///< the build in which the action that is edited stood
+    bool isAtWork = false;          ///< an operation uses the lists, see `OwnWork`
 };
 
 /// Keeps what an act works with while it lives, whoever ends the editor or its engine meanwhile. An
@@ -51,6 +52,11 @@ struct KeptAlive {
     std::shared_ptr<ThreadContext> context;  ///< none for one that nobody shares
     std::shared_ptr<Form> form;
 };
+/// The tree is still that in which the action that is edited stood: another one may be of another
+/// module, with its own lists and settings file.
+inline bool IsOfItsTree(const EditorParts& parts) {
+    return parts.builds == parts.editedBuild;
+}
 /// Error 10 while an action is edited, from before its dialog comes up: the operator can't do
 /// anything else then, and no host may.
 void RequireNoDialog(const EditorParts& parts);

@@ -117,7 +117,7 @@ void RemotePane::InterfaceChosen() {
     }
 }
 
-/// What a test has opened belongs to the address before.
+/// A handle belongs to the address before.
 void RemotePane::AddressChosen() {
     aceRemote& record = Records().Remote;
     const std::int32_t address = AddressOf(cboGpibAddress.Text(), record.GpibAddress);

@@ -60,7 +60,7 @@ void TrackPane::ShowNew() {
     ShowValue(Context(), txtDelayTime, DelayOfNew);
 }
 
-/// The fields that the record doesn't fill are those of a new one.
+/// The fields that a record with a name doesn't fill are those of a new one.
 void TrackPane::ShowRecord(const aceTrackFreq& record) {
     if (record.GenName.empty() && record.MoniName.empty()) {
         return;
