@@ -29,6 +29,12 @@ TEST(EffectWords, EffectsAreToldInPlainWords) {
               L"error report: error 13, Type mismatch");
 }
 
+TEST(EffectWords, AMessageForTheOperatorIsADialogAndAllElseAnEffect) {
+    EXPECT_EQ(EffectKind({L"UserDialogs.ShowMessageBox", {}}), LineKind::Dialog);
+    EXPECT_EQ(EffectKind({L"Platform.Beep", {}}), LineKind::Effect);
+    EXPECT_EQ(EffectKind({L"Some.OtherCall", {}}), LineKind::Effect);
+}
+
 TEST(EffectWords, AnEventAboutAnAmplifierHasItsStateInWords) {
     using sim::CallText;
     const auto wordsOf = [](const wchar_t* state) {

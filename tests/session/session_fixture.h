@@ -14,7 +14,7 @@ namespace ace::workbench {
 /// Keeps what a session tells: "enter subrange 1: beep", "new frequency 80 MHz: wait 1.5 s".
 class KeptLines final : public SessionListener {
   public:
-    void OnLine(const Place& place, const String& words) override {
+    void OnLine(const Place& place, LineKind, const String& words) override {
         const String frequency = place.hertz > 0.0 ? L" " + FrequencyText(place.hertz) : String();
         lines.push_back(ToUtf8(place.moment + frequency + L": " + words));
         times.push_back(place.timeMs);

@@ -11,6 +11,8 @@ TEST(Wording, TimesCountHoursMinutesSecondsAndMilliseconds) {
     EXPECT_EQ(TimeText(1500.0), L"0:00:01.500");
     EXPECT_EQ(TimeText(61'007.0), L"0:01:01.007");
     EXPECT_EQ(TimeText(36'000'000.0), L"10:00:00.000");
+    EXPECT_EQ(DurationText(254'000.0), L"0:04:14");
+    EXPECT_EQ(DurationText(1500.0), L"0:00:01.500");
 }
 
 TEST(Wording, SecondsGoToTheMillisecond) {

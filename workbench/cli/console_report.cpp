@@ -132,10 +132,14 @@ void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock
     Print({});
 }
 
-void ConsoleReport::OnLine(const Place& place, const String& words) {
+void ConsoleReport::OnLine(const Place& place, LineKind, const String& words) {
     const String frequency = place.hertz > 0.0 ? FrequencyText(place.hertz) : String();
     Print(Padded(TimeText(place.timeMs), TimeWidth) + Padded(place.moment, MomentWidth) + L" " +
           Padded(frequency, FrequencyWidth) + words);
+}
+
+void ConsoleReport::PrintMoment(double timeMs, StringView moment, const String& words) {
+    Print(Padded(TimeText(timeMs), TimeWidth) + Padded(moment, MomentWidth) + L" " + words);
 }
 
 void ConsoleReport::OnProgress(std::size_t done, std::size_t total) {

@@ -17,7 +17,7 @@ class ConsoleReport final : public SessionListener {
 
     /// `isReal` says that the transports are.
     void PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock, bool isReal);
-    void OnLine(const Place& place, const String& words) override;
+    void OnLine(const Place& place, LineKind kind, const String& words) override;
     void OnProgress(std::size_t done, std::size_t total) override;
     /// `traceFailure` says why the trace file is not complete; empty while it is.
     void PrintSummary(Outcome outcome, const Summary& summary, const Answers& answers,
@@ -30,6 +30,8 @@ class ConsoleReport final : public SessionListener {
     void PrintText(StringView text);
     /// The words behind which the user types an answer; without a line end.
     void PrintPrompt(const String& words);
+    /// A moment, or several that are told as one, with what was done in it.
+    void PrintMoment(double timeMs, StringView moment, const String& words);
     /// A line of the set-up or of the summary.
     void PrintPair(StringView name, const String& text);
 

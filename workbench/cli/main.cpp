@@ -92,12 +92,21 @@ void AddHostOptions(CLI::App* run, RunArguments& arguments) {
         ->type_name("FILE");
 }
 
+void AddReportOptions(CLI::App* run, RunArguments& arguments) {
+    run->add_flag("--brief", arguments.brief,
+                  "prints one line for each moment, and one for all frequencies of a sweep, with "
+                  "dialogs, failures, verdicts, comments and errors, but no single effects");
+}
+
 void AddRun(CLI::App& app, RunArguments& arguments) {
     CLI::App* const run = app.add_subcommand(
-        "run", "Loads a settings file and drives its test; prints one line per effect.");
+        "run",
+        "Loads a settings file and drives its test; prints one line per effect, or with --brief "
+        "per moment.");
     AddSetUpOptions(run, arguments);
     AddSweeps(run, arguments);
     AddHostOptions(run, arguments);
+    AddReportOptions(run, arguments);
     run->footer(RunExitCodes);
 }
 

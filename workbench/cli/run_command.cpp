@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "workbench/cli/console_report.h"
+#include "workbench/cli/brief_report.h"
 #include "workbench/cli/run_outputs.h"
 #include "workbench/devices/device_file.h"
 #include "workbench/files/text_encoding.h"
@@ -157,6 +157,15 @@ std::unique_ptr<IOperator> MakeOperator(const RunArguments& arguments,
                                               [&host] { return host.InterruptIsNew(); });
 }
 
+/// A brief report has told each comment where it came.
+Summary CountsToPrint(const RunArguments& arguments, const Session& session) {
+    Summary summary = session.Counts();
+    if (arguments.brief) {
+        summary.comments.clear();
+    }
+    return summary;
+}
+
 }  // namespace
 
 Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& surroundings) {
@@ -182,7 +191,9 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     };
     const std::unique_ptr<IOperator> theOperator =
         MakeOperator(arguments, surroundings, report, *host);
-    Session session(host, setUp, answers, report, theOperator.get());
+    BriefReport brief(report, setUp);
+    SessionListener& listener = arguments.brief ? static_cast<SessionListener&>(brief) : report;
+    Session session(host, setUp, answers, listener, theOperator.get());
     session.Load(file);
 
     traffic = MakeOutputs(arguments, trace.get());
@@ -192,7 +203,8 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     report.PrintSetUp(file, setUp, clock, arguments.real);
     RequireOutput(report);
     const Outcome outcome = session.Run();
-    report.PrintSummary(outcome, session.Counts(), answers, trace ? trace->Failure() : String());
+    report.PrintSummary(outcome, CountsToPrint(arguments, session), answers,
+                        trace ? trace->Failure() : String());
     PrintTransports(report, *host);
     PrintNotes(report, arguments, *host);
     return report.IsLost() ? std::max(outcome, Outcome::Failed) : outcome;

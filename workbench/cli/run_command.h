@@ -19,6 +19,7 @@ struct RunArguments : SetUpArguments {
     std::optional<std::string> answers;  ///< path of an answers file
     std::optional<std::string> trace;    ///< path of a trace file
     std::optional<std::string> clock;    ///< "virtual", or "real" as it is with real transports
+    bool brief = false;                  ///< prints moments instead of single effects
     bool ask = false;                    ///< the operator answers at the terminal
     bool real = false;                   ///< real transports
     std::optional<std::string> config;   ///< path of the workbench's configuration

@@ -7,7 +7,7 @@ namespace ace::workbench {
 BenchHost::BenchHost(Clock clock, TransportChoice choice, std::shared_ptr<FaultRules> rules)
     : TransportHost(clock, std::move(choice)), x_faults(std::move(rules)) {
     x_faults->onFault = [this](const FaultRule& rule) {
-        Tell(L"failure on purpose: " + rule.text);
+        Tell(LineKind::Failure, L"failure on purpose: " + rule.text);
     };
     if (!x_faults->IsEmpty()) {
         beforeCall = [this](StringView operation, sim::CallArguments arguments) {

@@ -88,6 +88,7 @@ struct EffectRow {
     StringView operation;
     StringView pattern{};
     String (*make)(const Values& values) = nullptr;
+    LineKind kind = LineKind::Effect;
 };
 constexpr EffectRow Effects[] = {
     {L"SystemServices.ShowTimedMessage", {}, Waiting},
@@ -100,7 +101,7 @@ constexpr EffectRow Effects[] = {
     {L"GpibDriver.CloseDevice", L"close the bus device %1"},
     {L"SystemServices.SetProgressText", {}, Busy},
     {L"SystemServices.WriteMacroSync", L"macro synchronisation: %3"},
-    {L"UserDialogs.ShowMessageBox", {}, MessageBox},
+    {L"UserDialogs.ShowMessageBox", {}, MessageBox, LineKind::Dialog},
     {L"ApiMacro.Abort", L"the API macro is told to end"},
     {L"Device.Activate", L"%1: is activated"},
     {L"Device.LoadSettings", L"%1: takes its settings from [%3]"},
@@ -176,19 +177,30 @@ constexpr auto SortedEffects = [] {
     return rows;
 }();
 
+/// None for a call that the table does not know.
+const EffectRow* FindEffect(const sim::HostCall& call) {
+    const auto* const row =
+        std::ranges::lower_bound(SortedEffects, call.operation, ComesBefore, &EffectRow::operation);
+    return row != SortedEffects.end() && row->operation == call.operation ? row : nullptr;
+}
+
 }  // namespace
 
 String EffectWords(const sim::HostCall& call) {
     if (call.isQuestion) {
         return {};
     }
-    const EffectRow* const row =
-        std::ranges::lower_bound(SortedEffects, call.operation, ComesBefore, &EffectRow::operation);
-    if (row == SortedEffects.end() || row->operation != call.operation) {
+    const EffectRow* const row = FindEffect(call);
+    if (row == nullptr) {
         return sim::JournalEntry(call).Line();
     }
     const Values values(call.arguments);
     return row->make != nullptr ? row->make(values) : Filled(row->pattern, values);
+}
+
+LineKind EffectKind(const sim::HostCall& call) {
+    const EffectRow* const row = FindEffect(call);
+    return row != nullptr ? row->kind : LineKind::Effect;
 }
 
 }  // namespace ace::workbench

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "sim/journal.h"
+#include "workbench/session/line_kind.h"
 
 namespace ace::workbench {
 
@@ -10,5 +11,7 @@ namespace ace::workbench {
 /// of a wait, and its clearing; what `TransportHost` sends and starts). A call that the table does
 /// not know is told as the journal has it.
 String EffectWords(const sim::HostCall& call);
+/// `Dialog` for a message on the operator's screen, `Effect` for any other call.
+LineKind EffectKind(const sim::HostCall& call);
 
 }  // namespace ace::workbench

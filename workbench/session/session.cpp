@@ -27,6 +27,10 @@ bool IsFrequency(const Moment& moment) {
     return moment.call == MomentCall::NewFrequency;
 }
 
+LineKind KindOf(const Dialog& dialog) {
+    return dialog.kind == PromptKind::Failure ? LineKind::Failure : LineKind::Dialog;
+}
+
 /// In monitoring: what a channel does, and the step behind a frequency.
 bool StandsBetweenFrequencies(const Moment& moment) {
     using enum MomentCall;
@@ -84,12 +88,17 @@ Outcome Session::Run() {
 /// From here on the host's calls are effects of the test.
 void Session::ListenToHost() {
     x_host->counts = {};
+    x_host->tellsEffects = x_listener.WantsEffects();
     x_host->journal.Observe([this](const sim::HostCall& call) {
+        const LineKind kind = EffectKind(call);
+        if (!Wants(kind)) {
+            return;
+        }
         if (const String words = EffectWords(call); !words.empty()) {
-            Tell(words);
+            Tell(kind, words);
         }
     });
-    x_host->onRemark = [this](StringView words) { Tell(String(words)); };
+    x_host->onRemark = [this](LineKind kind, StringView words) { Tell(kind, String(words)); };
     x_host->onInterrupt = [this] { OnInterrupt(); };
     x_host->onPrompt = [this](const Dialog& dialog) { return Decide(dialog); };
     x_host->place = [this] { return CurrentPlace(); };
@@ -99,33 +108,44 @@ void Session::RunMoment(const Moment& moment) {
     x_current = moment;
     x_place = MomentWords(moment);
     ++x_summary.moments;
+    MomentCost cost{.startMs = x_host->Now(), .actions = x_host->counts.actions};
+    x_listener.OnMomentStarts(moment);
+    RunActions(moment);
+    cost.endMs = x_host->Now();
+    cost.actions = x_host->counts.actions - cost.actions;
+    x_listener.OnMomentEnds(moment, cost);
+    const std::size_t end = x_plan.size() - 1;  // the end of the test runs in any case
+    if (x_outcome != Outcome::Finished && x_at < end) {
+        Tell(LineKind::Ending, L"the test is stopped");
+        x_next = end;
+        x_host->skipsWaits = false;  // amplifiers need their time, whoever is in a hurry
+    }
+}
+
+/// An error ends the moment, and is told.
+void Session::RunActions(const Moment& moment) {
     try {
         if (moment.call == MomentCall::VKSDUTStepGlobBefore) {
             FillRowPlaceholders(*x_engine, x_setUp, moment);
-            Tell(RowWords(*x_engine, x_setUp.matrix, moment));
+            Tell(LineKind::Effect, RowWords(*x_engine, x_setUp.matrix, moment));
         }
         CallEngine(moment);
     } catch (...) {
         const RunTimeError error = CurrentRunTimeError();
         ++x_summary.errors;
-        Tell(L"ERROR " + std::to_wstring(error.Number()) + L": " + error.Description());
+        Tell(LineKind::Error,
+             L"ERROR " + std::to_wstring(error.Number()) + L": " + error.Description());
         if (moment.call == MomentCall::VKSStep) {
             TakeVerdict(moment, Verdict::BrokenOff);
         }
         Worsen(Outcome::Failed);
     }
     x_host->CheckInterrupt();
-    const std::size_t end = x_plan.size() - 1;  // the end of the test runs in any case
-    if (x_outcome != Outcome::Finished && x_at < end) {
-        Tell(L"the test is stopped");
-        x_next = end;
-        x_host->skipsWaits = false;  // amplifiers need their time, whoever is in a hurry
-    }
 }
 
 /// The end of the test runs in any case, and its waits too.
 void Session::OnInterrupt() {
-    Tell(L"stopped by the user");
+    Tell(LineKind::Ending, L"stopped by the user");
     Worsen(Outcome::Stopped);
     if (x_at + 1 < x_plan.size()) {
         x_host->skipsWaits = true;
@@ -154,14 +174,15 @@ void Session::CallEngine(const Moment& moment) {
 
 void Session::TakeVerdict(const Moment& step, Verdict verdict) {
     ++x_summary.verdicts[static_cast<std::size_t>(verdict)];
-    Tell(VerdictWords(step, verdict));
+    Tell(LineKind::Verdict, VerdictWords(step, verdict));
 }
 
 void Session::ActOnAnswer(const MomentCallRow& row, std::int32_t answer) {
     bool stops = row.meaning == AnswerMeaning::TrueStops && answer != 0;
     if (row.meaning == AnswerMeaning::CodeCounts) {
         if (const ChannelCode* code = FindChannelCode(answer)) {
-            Tell(L"code " + std::to_wstring(answer) + L": " + String(code->words));
+            Tell(LineKind::Request,
+                 L"code " + std::to_wstring(answer) + L": " + String(code->words));
             stops = code->stopsTest;
         }
     }
@@ -178,7 +199,7 @@ void Session::TakeRequests(_aceActionsEngine& engine) {
     }
     for (const RequestRow& row : Requests) {
         if ((bits & row.bit) != 0) {
-            Tell(String(row.words));
+            Tell(LineKind::Request, String(row.words));
         }
     }
     x_summary.parkings += (bits & acEutParkAccessories) != 0 ? 1 : 0;
@@ -195,7 +216,7 @@ void Session::StoreComment(const Value& comment) {
     const Place here = CurrentPlace();
     const String frequency = here.hertz > 0.0 ? FrequencyText(here.hertz) : here.moment;
     x_summary.comments.push_back(frequency + L": " + words);
-    Tell(L"comment stored: " + QuotedLine(words));
+    Tell(LineKind::Comment, L"comment stored: " + QuotedLine(words));
 }
 
 /// What the devices read behind a frequency is what the channels do next. A measurement that is to
@@ -239,7 +260,7 @@ void Session::RepeatFrequencies() {
         x_plan[first].isAgain = true;
         x_next = first;
     } else {
-        Tell(L"it was repeated before, so the test goes on");
+        Tell(LineKind::Request, L"it was repeated before, so the test goes on");
     }
 }
 
@@ -265,13 +286,13 @@ Reply Session::Decide(const Dialog& dialog) {
     }
     if (!reply && dialog.kind == PromptKind::Question) {
         ++x_summary.unanswered;
-        Tell(shown + L": NO ANSWER, so it is No");
+        Tell(KindOf(dialog), shown + L": NO ANSWER, so it is No");
         Worsen(Outcome::Unanswered);
         return Reply::Stop;
     }
     const Reply decided = reply.value_or(Reply::GoOn);
     Count(dialog.kind, decided);
-    Tell(shown + L": " + String(WordOf(dialog.kind, decided)));
+    Tell(KindOf(dialog), shown + L": " + String(WordOf(dialog.kind, decided)));
     return decided;
 }
 
@@ -292,7 +313,7 @@ std::optional<Reply> Session::AskOperator(const Dialog& dialog) {
             }
         } else {
             x_operatorIsGone = true;
-            Tell(L"the operator's input has ended, so the test is stopped");
+            Tell(LineKind::Ending, L"the operator's input has ended, so the test is stopped");
             Worsen(Outcome::Unanswered);
         }
     }
@@ -326,8 +347,10 @@ Place Session::CurrentPlace() const {
     return {x_host->Now(), x_place, x_at < x_plan.size() ? x_current.hertz : 0.0};
 }
 
-void Session::Tell(const String& words) {
-    x_listener.OnLine(CurrentPlace(), words);
+void Session::Tell(LineKind kind, const String& words) {
+    if (Wants(kind)) {
+        x_listener.OnLine(CurrentPlace(), kind, words);
+    }
 }
 
 void Session::Close() {

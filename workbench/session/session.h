@@ -15,12 +15,24 @@
 
 namespace ace::workbench {
 
+/// What one call of the engine took.
+struct MomentCost {
+    double startMs = 0.0;  ///< when it began, since the session began
+    double endMs = 0.0;    ///< when it and the dwell behind it were over
+    std::size_t actions = 0;
+};
+
 /// Is told what happens, while it happens.
 class SessionListener {
   public:
     virtual ~SessionListener() = default;
+    /// False when nobody looks at effects: no line of that kind comes. Asked once, before the test.
+    virtual bool WantsEffects() const { return true; }
     /// One effect, answer, request or error, as one line of plain words.
-    virtual void OnLine(const Place& place, const String& words) = 0;
+    virtual void OnLine(const Place& place, LineKind kind, const String& words) = 0;
+    /// A moment begins; what is told until `OnMomentEnds` belongs to it.
+    virtual void OnMomentStarts(const Moment&) {}
+    virtual void OnMomentEnds(const Moment&, const MomentCost&) {}
     /// So many of the frequencies of the test are done.
     virtual void OnProgress(std::size_t, std::size_t) {}
 };
@@ -73,6 +85,7 @@ class Session {
 
   private:
     void RunMoment(const Moment& moment);
+    void RunActions(const Moment& moment);
     void CallEngine(const Moment& moment);
     void TakeVerdict(const Moment& step, Verdict verdict);
     void ActOnAnswer(const MomentCallRow& row, std::int32_t answer);
@@ -88,7 +101,8 @@ class Session {
     bool IsAtEnd() const { return x_at + 1 >= x_plan.size(); }
     void Worsen(Outcome outcome);
     Place CurrentPlace() const;
-    void Tell(const String& words);
+    bool Wants(LineKind kind) const { return x_host->tellsEffects || kind != LineKind::Effect; }
+    void Tell(LineKind kind, const String& words);
     void OnInterrupt();
     void ListenToHost();
     void Close();

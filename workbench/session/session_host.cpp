@@ -119,7 +119,7 @@ class SessionPlatform final : public sim::SimPlatform {
         if (IsPlainFile(fileName)) {
             return 1;
         }
-        x_host.Tell(L"this sound can't be played: there is no such file");
+        x_host.Tell(LineKind::Failure, L"this sound can't be played: there is no such file");
         return 0;
     }
 
@@ -225,7 +225,7 @@ std::shared_ptr<IPlatform> SessionHost::MakePlatform() {
 std::shared_ptr<IFormHost> SessionHost::MakeFormHost() {
     return std::make_shared<OperatorScreen>(
         *this, [this](const Dialog& dialog) { return Ask(dialog); },
-        [this](StringView words) { Tell(words); });
+        [this](StringView words) { Tell(LineKind::Dialog, words); });
 }
 std::shared_ptr<IUserDialogs> SessionHost::MakeUserDialogs() {
     return std::make_shared<OperatorBoxes>(*this);

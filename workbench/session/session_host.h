@@ -9,6 +9,7 @@
 #include "sim/sim_host.h"
 #include "workbench/files/disk_settings_file.h"
 #include "workbench/session/dialog.h"
+#include "workbench/session/line_kind.h"
 
 namespace ace::workbench {
 
@@ -52,8 +53,10 @@ class SessionHost : public sim::SimHost {
     std::function<void()> onInterrupt;
     /// Real waits pass at once.
     bool skipsWaits = false;
+    /// False when nobody looks at effects, so that none is put into words.
+    bool tellsEffects = true;
     /// Is told what no call of the journal tells.
-    std::function<void(StringView words)> onRemark;
+    std::function<void(LineKind kind, StringView words)> onRemark;
 
     /// Where the test stands; set by the session while it runs.
     std::function<Place()> place;
@@ -68,10 +71,10 @@ class SessionHost : public sim::SimHost {
     void CheckInterrupt();
     /// What `onPrompt` decides.
     Reply Ask(const Dialog& dialog) const { return onPrompt ? onPrompt(dialog) : Reply::GoOn; }
-    /// Hands `words` to `onRemark`.
-    void Tell(StringView words) const {
+    /// Hands a line to `onRemark`.
+    void Tell(LineKind kind, StringView words) const {
         if (onRemark) {
-            onRemark(words);
+            onRemark(kind, words);
         }
     }
 

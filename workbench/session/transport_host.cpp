@@ -48,8 +48,8 @@ class TransportHost::NamedPrograms final : public ForwardingPlatform {
         Next().ActivateProgram(processId);
         x_host.x_process = processId;
         x_host.x_program = x_host.x_programs[processId];
-        x_host.Tell(L"program " + QuotedLine(x_host.x_program) +
-                    L": still runs and is not started again");
+        x_host.Tell(LineKind::Effect, L"program " + QuotedLine(x_host.x_program) +
+                                          L": still runs and is not started again");
     }
     double StartProgram(const String& commandLine) override {
         x_host.x_program = commandLine;
@@ -108,24 +108,28 @@ RealHostNeeds TransportHost::Needs() {
     RealHostNeeds needs;
     needs.settings = x_choice.settings;
     needs.events = [this] { CheckInterrupt(); };
-    needs.remark = [this](const String& line) { Tell(line); };
+    needs.remark = [this](const String& line) { Tell(LineKind::Failure, line); };
     needs.openConfiguration = x_choice.openConfiguration;
     return needs;
 }
 
 void TransportHost::TellTraffic(const TrafficLine& line) const {
+    if (!tellsEffects) {
+        return;
+    }
     const String address = line.address.empty() ? String() : L" " + String(line.address);
-    Tell(String(line.transport) + address + ShownBytes(line.bytes) + L": " + String(line.what));
+    Tell(LineKind::Effect,
+         String(line.transport) + address + ShownBytes(line.bytes) + L": " + String(line.what));
 }
 
 void TransportHost::OnSilence() {
     const String program = L"program " + QuotedLine(x_program);
     if (skipsWaits) {  // its time has not passed
-        Tell(program + L": interrupted before it confirmed its work");
+        Tell(LineKind::Failure, program + L": interrupted before it confirmed its work");
         return;
     }
     x_silentPrograms.push_back(x_program);
-    Tell(program + L": no confirmation within its time; the test goes on");
+    Tell(LineKind::Failure, program + L": no confirmation within its time; the test goes on");
 }
 
 std::shared_ptr<IDeviceList> TransportHost::MakeDeviceList() {

@@ -48,6 +48,15 @@ String TimeText(double milliseconds) {
            Digits(whole / 1000 % 60, 2) + L"." + Digits(whole % 1000, 3);
 }
 
+String DurationText(double milliseconds) {
+    static constexpr StringView None = L".000";
+    String text = TimeText(milliseconds);
+    if (text.ends_with(None)) {
+        text.resize(text.size() - None.size());
+    }
+    return text;
+}
+
 bool IsEmptyOrComment(StringView line, StringView marks) {
     return line.empty() || marks.find(line.front()) != StringView::npos;
 }

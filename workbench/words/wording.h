@@ -15,6 +15,8 @@ String Counted(std::size_t count, StringView one, StringView many);
 String SecondsText(double milliseconds);
 /// "1:02:03.500": hours, minutes, seconds.
 String TimeText(double milliseconds);
+/// "1:02:03", and its milliseconds only where it has some: "0:00:01.500".
+String DurationText(double milliseconds);
 /// The line is empty, or a comment: it begins with one of `marks`, which differ from file to file.
 /// It has no blanks around it.
 bool IsEmptyOrComment(StringView line, StringView marks);
