@@ -79,6 +79,32 @@ TEST_F(DispatcherTest, KindsWithoutARoutineCostOnlyTheTraceLines) {
     }
 }
 
+// ---- the action that runs ----------------------------------------------------------------------
+
+TEST_F(DispatcherTest, TheRunningActionIsNamedFromItsFirstTraceLineToItsLastAndNoLonger) {
+    host->tracing = true;
+    p_Action action = Action(atWait, aceWait{5.0});
+    std::size_t calls = 0;
+    host->journal.Observe([&](const sim::HostCall& call) {
+        ++calls;
+        EXPECT_EQ(context.RunningAction, &action) << testing::PrintToString(call.operation);
+    });
+    Do(action);
+    host->journal.Observe({});
+    EXPECT_GT(calls, 2U);
+    EXPECT_EQ(context.RunningAction, nullptr);
+}
+
+TEST_F(DispatcherTest, TheActionThatFailedIsNamedUntilTheNextOneBegins) {
+    p_Action bad = Action(atWait, std::monostate{});
+    EXPECT_EQ(FailureOf(bad).Number(), 13);
+    EXPECT_EQ(ErrorOf([&] { Do(bad); }), 13);
+    EXPECT_EQ(context.RunningAction, &bad);
+    p_Action next = OfKind(atTestStop);
+    Do(next);
+    EXPECT_EQ(context.RunningAction, nullptr);
+}
+
 // ---- records -----------------------------------------------------------------------------------
 
 /// The kinds that carry a record, and the record.

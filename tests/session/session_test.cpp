@@ -238,7 +238,8 @@ TEST_F(SessionTest, ARunTimeErrorIsToldAndTheEndOfTheTestStillRuns) {
               Outcome::Failed);
     ASSERT_EQ(kept.lines.size(), 4U);
     EXPECT_THAT(kept.lines[0], ::testing::StartsWith("start of test: error report: error 13, "));
-    EXPECT_THAT(kept.lines[1], ::testing::StartsWith("start of test: ERROR 13: "));
+    EXPECT_EQ(kept.lines[1], "start of test: ERROR 13: type mismatch at " + Path("test.ini") +
+                                 ": [ActionsOnTest] EnterAction1");
     EXPECT_EQ(kept.lines[2], "start of test: the test is stopped");
     EXPECT_EQ(kept.lines[3], "end of test: wait 0.002 s");
     EXPECT_EQ(summary.errors, 1U);

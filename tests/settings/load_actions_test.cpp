@@ -31,6 +31,38 @@ TEST_F(LoadActions, TellsTheModulesOfAutomaticTestsWithSteps) {
     }
 }
 
+/// Keeps which set each section fills.
+struct KeptSets : ILineObserver {
+    struct Row {
+        SetPlace place;
+        String section;
+        bool operator==(const Row&) const = default;
+    };
+    void SetStarts(const SetPlace& place) override { rows.push_back({place, {}}); }
+    void SectionStarts(StringView section) override { rows.back().section = section; }
+    void LineIsRead(const LineReport&) override {}
+    std::vector<Row> rows;
+};
+
+TEST_F(LoadActions, TheObserverIsToldWhichSetEachSectionFills) {
+    host->files[L"f"][L"ActionsOnTest1_VKS"] = {L"VKS_UKey=K", L"SUBSTEPS=1"};
+    host->files[L"f"][L"ActionsOnStepK_1_VKS"] = {L"VKS_Key=S"};
+    KeptSets kept;
+    context.LineObserver = &kept;
+    engine.LoadActions(L"f", 2, aceMonitoring);
+    engine.LoadActions(L"f", 1, aceVKSTemplate);
+    context.LineObserver = nullptr;
+    const EngineState& state = engine.State();
+    EXPECT_THAT(kept.rows,
+                ElementsAre(KeptSets::Row{{&state.MoniEut}, L"ActionsOnEutMon"},
+                            KeptSets::Row{{&state.MoniLoop}, L"ActionsOnMonTestLoop"},
+                            KeptSets::Row{{nullptr, &state.MoniChannels, 0}, L"ActionsOnChannel1"},
+                            KeptSets::Row{{nullptr, &state.MoniChannels, 1}, L"ActionsOnChannel2"},
+                            KeptSets::Row{{&state.VKSTemplate}, L"ActionsOnVKSTemplate"},
+                            KeptSets::Row{{nullptr, &state.VKSTests, 0}, L"ActionsOnTest1"},
+                            KeptSets::Row{{nullptr, &state.VKSSteps, 0}, L"ActionsOnStepK_1"}));
+}
+
 TEST_F(LoadActions, ABadLineIsReportedThreeTimesAndRaised) {
     host->files[L"f"][L"ActionsOnTest"] = {L"; remark"};
     EXPECT_EQ(ErrorOf([&] { engine.LoadActions(L"f", 0, aceTemplate); }), 5);

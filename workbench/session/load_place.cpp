@@ -22,7 +22,8 @@ std::size_t LineNumber(const String& fileName, StringView section, std::int32_t 
 
 }  // namespace
 
-LoadPlace::LoadPlace(ThreadContext& context) : x_context(context), x_before(context.LineObserver) {
+LoadPlace::LoadPlace(ThreadContext& context, ActionPlaces* places)
+    : x_context(context), x_before(context.LineObserver), x_places(places) {
     x_context.LineObserver = this;
 }
 
@@ -30,11 +31,23 @@ LoadPlace::~LoadPlace() {
     x_context.LineObserver = x_before;
 }
 
+void LoadPlace::SetStarts(const SetPlace& place) {
+    if (x_places != nullptr) {
+        x_places->SetStarts(place);
+    }
+}
+
 void LoadPlace::SectionStarts(StringView section) {
     x_section = section;
+    if (x_places != nullptr) {
+        x_places->SectionStarts(section);
+    }
 }
 
 void LoadPlace::LineIsRead(const LineReport& report) {
+    if (x_places != nullptr) {
+        x_places->LineIsRead(report);
+    }
     if (report.meaning == LineMeaning::UnknownKeyword) {
         x_passedOver.push_back(
             L"[" + String(report.section) + L"] " + QuotedLine(String(report.line)) +

@@ -6,17 +6,20 @@
 #include <ace/core/thread_context.h>
 #include <ace/settings/line_observer.h>
 
+#include "workbench/session/action_places.h"
+
 namespace ace::workbench {
 
 /// Watches a load from its construction to its end and keeps the line that stopped it, and those of
-/// actions whose keyword their list doesn't know.
+/// actions whose keyword their list doesn't know. `places`, if any, is told of every line.
 class LoadPlace final : public ILineObserver {
   public:
-    explicit LoadPlace(ThreadContext& context);
+    explicit LoadPlace(ThreadContext& context, ActionPlaces* places = nullptr);
     ~LoadPlace() override;
     LoadPlace(const LoadPlace&) = delete;
     LoadPlace& operator=(const LoadPlace&) = delete;
 
+    void SetStarts(const SetPlace& place) override;
     void SectionStarts(StringView section) override;
     void LineIsRead(const LineReport& report) override;
 
@@ -29,6 +32,7 @@ class LoadPlace final : public ILineObserver {
   private:
     ThreadContext& x_context;
     ILineObserver* x_before;
+    ActionPlaces* x_places;
     String x_section;
     std::int32_t x_lineIndex = -1;  ///< of the line that stopped the load; -1 for none
     String x_line;

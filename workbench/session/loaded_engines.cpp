@@ -12,15 +12,15 @@ namespace {
 
 std::unique_ptr<_aceActionsEngine> Load(ThreadContext& context, const TestSetUp& setUp,
                                         const String& fileName, aceModul moduleKind,
-                                        std::vector<String>& notes) {
-    LoadPlace place(context);
+                                        LoadedEngines& engines) {
+    LoadPlace place(context, &engines.places);
     auto engine = std::make_unique<aceActionsEngine>(context);
     try {
         engine->LoadActions(fileName, setUp.subRanges, moduleKind);
     } catch (...) {
         RefuseFile(place.Describe(fileName, CurrentRunTimeError()));
     }
-    notes.insert(notes.end(), place.PassedOver().begin(), place.PassedOver().end());
+    engines.notes.insert(engines.notes.end(), place.PassedOver().begin(), place.PassedOver().end());
     return engine;
 }
 
@@ -28,9 +28,9 @@ std::unique_ptr<_aceActionsEngine> Load(ThreadContext& context, const TestSetUp&
 
 LoadedEngines LoadEngines(ThreadContext& context, const TestSetUp& setUp, const String& fileName) {
     LoadedEngines engines;
-    engines.engine = Load(context, setUp, fileName, setUp.moduleKind, engines.notes);
+    engines.engine = Load(context, setUp, fileName, setUp.moduleKind, engines);
     if (setUp.moduleKind == aceEMSAutoTemplateGeneral && setUp.subRanges > 0) {
-        engines.steps = Load(context, setUp, fileName, aceEMSAutoTemplate, engines.notes);
+        engines.steps = Load(context, setUp, fileName, aceEMSAutoTemplate, engines);
     }
     AnnounceWireless(*engines.engine, setUp);
     return engines;

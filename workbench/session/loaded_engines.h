@@ -7,6 +7,7 @@
 #include <ace/core/actions_engine_interface.h>
 #include <ace/core/thread_context.h>
 
+#include "workbench/session/action_places.h"
 #include "workbench/session/set_up.h"
 
 namespace ace::workbench {
@@ -16,6 +17,7 @@ struct LoadedEngines {
     std::unique_ptr<_aceActionsEngine> engine;
     std::unique_ptr<_aceActionsEngine> steps;  ///< none for any other test, and without steps
     std::vector<String> notes;                 ///< on actions of the file that the engines lack
+    ActionPlaces places;                       ///< of the actions of both
 };
 
 /// Loads the lists of a test and announces its wireless tests or its matrix. A failure is

@@ -69,6 +69,8 @@ void Session::Load(const String& fileName) {
     LoadedEngines engines = LoadEngines(x_context, x_setUp, fileName);
     x_engine = std::move(engines.engine);
     x_steps = std::move(engines.steps);
+    x_places = std::move(engines.places);
+    x_fileName = fileName;
     x_summary.wirelessSteps =
         static_cast<std::size_t>(std::ranges::count(x_plan, MomentCall::VKSStep, &Moment::call));
 }
@@ -124,6 +126,7 @@ void Session::RunMoment(const Moment& moment) {
 
 /// An error ends the moment, and is told.
 void Session::RunActions(const Moment& moment) {
+    x_context.RunningAction = nullptr;
     try {
         if (moment.call == MomentCall::VKSDUTStepGlobBefore) {
             FillRowPlaceholders(*x_engine, x_setUp, moment);
@@ -131,16 +134,26 @@ void Session::RunActions(const Moment& moment) {
         }
         CallEngine(moment);
     } catch (...) {
-        const RunTimeError error = CurrentRunTimeError();
-        ++x_summary.errors;
-        Tell(LineKind::Error,
-             L"ERROR " + std::to_wstring(error.Number()) + L": " + error.Description());
+        TellError(CurrentRunTimeError());
         if (moment.call == MomentCall::VKSStep) {
             TakeVerdict(moment, Verdict::BrokenOff);
         }
         Worsen(Outcome::Failed);
     }
     x_host->CheckInterrupt();
+}
+
+/// With the action that failed, on the screen and in the trace.
+void Session::TellError(const RunTimeError& error) {
+    ++x_summary.errors;
+    String words = L"ERROR " + std::to_wstring(error.Number()) + L": " + error.Description();
+    if (const auto source = x_places.Find(x_context.RunningAction)) {
+        words += L" at " + SourceText(x_fileName, *source);
+    }
+    if (x_host->traceFile && x_host->traceFile->IsEnabled()) {
+        x_host->traceFile->WriteLine(L"error", L"workbench", L"Session", x_place, words, {});
+    }
+    Tell(LineKind::Error, words);
 }
 
 /// The end of the test runs in any case, and its waits too.

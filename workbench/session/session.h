@@ -7,6 +7,7 @@
 
 #include <ace/core/thread_context.h>
 
+#include "workbench/session/action_places.h"
 #include "workbench/session/answers.h"
 #include "workbench/session/channel_watch.h"
 #include "workbench/session/plan.h"
@@ -87,6 +88,7 @@ class Session {
     void RunMoment(const Moment& moment);
     void RunActions(const Moment& moment);
     void CallEngine(const Moment& moment);
+    void TellError(const RunTimeError& error);
     void TakeVerdict(const Moment& step, Verdict verdict);
     void ActOnAnswer(const MomentCallRow& row, std::int32_t answer);
     void TakeRequests(_aceActionsEngine& engine);
@@ -117,6 +119,8 @@ class Session {
     ThreadContext x_context;
     std::unique_ptr<_aceActionsEngine> x_engine;
     std::unique_ptr<_aceActionsEngine> x_steps;  ///< the steps of a susceptibility test
+    String x_fileName;
+    ActionPlaces x_places;
     std::vector<WatchedChannel> x_channels;
     Moment x_current;  ///< the moment that runs: of the plan, or of a channel that changed there
 

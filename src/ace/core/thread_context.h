@@ -99,6 +99,10 @@ class ThreadContext : public std::enable_shared_from_this<ThreadContext> {
     /// Told of every line that a load reads, so that the place of an error can be named; the
     /// host's, which sets it, keeps it alive and takes it away. None for nobody.
     ILineObserver* LineObserver = nullptr;
+    /// The action that runs, so that a host can name it: none between two, and once one that ran
+    /// inside it has ended. After an error the one that failed, until the next one begins. It is to
+    /// be compared with the places in the lists, which may have been changed since.
+    const p_Action* RunningAction = nullptr;
     std::shared_ptr<IApiMacro> RunningMacro;  ///< the macro in progress, kept when idle
     ace::SpareTexts SpareTexts;
 

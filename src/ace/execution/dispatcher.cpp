@@ -223,9 +223,12 @@ Boolean Dispatch(ActionRun run) {
 }  // namespace
 
 Boolean modActions::RunActing(ThreadContext& context, p_Action& action, std::int32_t moduleKind) {
-    return Logged(context, DoActionLines, NoMessage, [&](const Statements& stmt) {
+    context.RunningAction = &action;
+    const Boolean result = Logged(context, DoActionLines, NoMessage, [&](const Statements& stmt) {
         return Dispatch({context, stmt, action, moduleKind});
     });
+    context.RunningAction = nullptr;
+    return result;
 }
 
 }  // namespace ace

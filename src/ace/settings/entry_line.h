@@ -3,28 +3,9 @@
 
 #include <ace/core/operation.h>
 #include <ace/settings/line_fields.h>
+#include <ace/settings/line_step.h>
 
 namespace ace {
-
-/// What a step of the reader is about. It is noted before the step, so that a failure can be told
-/// in words.
-struct LineStep {
-    enum Kind : std::uint8_t {
-        Plain,  ///< the error speaks for itself
-        FindEqualSign,
-        FindColon,
-        FindComma,
-        FindField,   ///< `number`: which, from 0
-        NeedNumber,  ///< `text`: what should be one
-        NeedTruth,   ///< `text`: what should be one
-        MakeList,    ///< `number`: its count
-        FindEntry,   ///< `number`: which, from 1; `text`: the same as the key has it
-        UseMoniDev,  ///< the old form without generator
-    };
-    Kind kind = Plain;
-    std::int32_t number = 0;
-    StringView text;
-};
 
 /// The value of an entry line, the working records that it fills, and a mark for each field that it
 /// names. Numbers that are out of range are error 6.

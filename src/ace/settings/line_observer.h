@@ -5,6 +5,7 @@
 #include <array>
 
 #include <ace/settings/keyword_table.h>
+#include <ace/settings/line_step.h>
 
 namespace ace {
 
@@ -48,6 +49,17 @@ struct LineReport {
 
     std::int32_t error = 0;  ///< number of the error that ends the section here; 0 for none
     String reason;           ///< the error in words: what is wrong with the line
+    /// What the reader was at when the error came; `Plain` where the number says it all.
+    LineStep::Kind failedStep = LineStep::Plain;
+};
+
+/// A set of lists that a load fills, in the object that loads.
+struct SetPlace {
+    const p_Subrange* fixed = nullptr;           ///< one that the module has once, or none
+    const DynArray<p_Subrange>* sets = nullptr;  ///< the numbered sets, where `fixed` is none
+    std::int32_t index = 0;                      ///< of the numbered one, from 0
+
+    bool operator==(const SetPlace&) const = default;
 };
 
 /// Told of every line once. First come, in file order, the lines that need no list: the short ones,
@@ -57,6 +69,8 @@ struct LineReport {
 class ILineObserver {
   public:
     virtual ~ILineObserver() = default;
+    /// A load is about to fill a set; `SectionStarts` follows with the section that it comes from.
+    virtual void SetStarts(const SetPlace&) {}
     /// A section is about to be asked of the host, under this name.
     virtual void SectionStarts(StringView) {}
     virtual void LineIsRead(const LineReport& report) = 0;

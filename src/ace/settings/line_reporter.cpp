@@ -73,6 +73,7 @@ void LineReporter::Stopped(LineReport& report, const LineStep& step) {
     const RunTimeError error = CurrentRunTimeError();
     report.error = error.Number();
     report.reason = Reason(step, error);
+    report.failedStep = step.kind;
     Complete(report);
     x_observer.LineIsRead(report);
 }

@@ -1,9 +1,19 @@
 #include <optional>
 
 #include <ace/settings/action_line.h>
+#include <ace/settings/line_observer.h>
 #include <ace/settings/settings_statements.h>
 
 namespace ace {
+
+void SettingsStatements::ReadSet(const SetPlace& place, const String& section,
+                                 p_Subrange& set) const {
+    ILineObserver* const observer = x_state.Context.LineObserver;
+    if (observer != nullptr) {
+        observer->SetStarts(place);
+    }
+    modActions::ReadSection(x_state.Context, x_settings, section, set, observer);
+}
 
 void SettingsStatements::ReadFixed(const FixedSet& fixed) const {
     p_Subrange& set = x_state.*fixed.set;
@@ -12,19 +22,13 @@ void SettingsStatements::ReadFixed(const FixedSet& fixed) const {
             Do([&] { EmptyList(set, list); });
         }
     }
-    Do([&] {
-        modActions::ReadSection(x_state.Context, x_settings, String(fixed.section), set,
-                                x_state.Context.LineObserver);
-    });
+    Do([&] { ReadSet({&set}, String(fixed.section), set); });
 }
 
 void SettingsStatements::ReadElement(DynArray<p_Subrange>& sets, std::int32_t index,
                                      const String& section) const {
     const DynArray<p_Subrange>::Hold hold(sets);
-    Do([&] {
-        modActions::ReadSection(x_state.Context, x_settings, section, sets[index],
-                                x_state.Context.LineObserver);
-    });
+    Do([&] { ReadSet({nullptr, &sets, index}, section, sets[index]); });
 }
 
 void SettingsStatements::WriteLists(const String& section, const p_Subrange& set) const {

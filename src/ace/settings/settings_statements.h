@@ -5,6 +5,8 @@
 
 namespace ace {
 
+struct SetPlace;
+
 /// The steps of loading and saving. Each is one statement of the operation: reported when it fails,
 /// and run again when the host says so.
 class SettingsStatements {
@@ -37,6 +39,8 @@ class SettingsStatements {
     void SetBoolean(const String& section, StringView key, Boolean value) const;
 
   private:
+    void ReadSet(const SetPlace& place, const String& section, p_Subrange& set) const;
+
     EngineState& x_state;
     ISettingsFile& x_settings;
     const Statements& x_stmt;

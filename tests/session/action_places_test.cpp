@@ -1,0 +1,104 @@
+#include "workbench/session/action_places.h"
+
+#include <ace/core/actions_engine.h>
+
+#include "session_fixture.h"
+#include "workbench/files/trace_file.h"
+#include "workbench/session/loaded_engines.h"
+
+namespace ace::workbench {
+namespace {
+
+class ActionPlacesTest : public SessionTest {
+  protected:
+    /// Loads a file; its engines stay.
+    ModuleLists& Load(const std::string& text) {
+        Write("test.ini", text);
+        const TestSetUp setUp = SetUpOf(text);
+        engines = LoadEngines(context, setUp, WidePath("test.ini"));
+        return static_cast<aceActionsEngine&>(*engines.engine).State();
+    }
+    /// What the user reads of an action, without the folder of the test.
+    std::string TextOf(const p_Action& action) const {
+        const std::optional<ActionSource> source = engines.places.Find(&action);
+        if (!source) {
+            return "nowhere";
+        }
+        const std::string text = ToUtf8(SourceText(WidePath("test.ini"), *source));
+        EXPECT_TRUE(text.starts_with(Path("test.ini")));
+        return text.substr(Path("test.ini").size());
+    }
+    ThreadContext context{std::make_shared<SessionHost>()};
+    LoadedEngines engines;
+};
+
+TEST_F(ActionPlacesTest, AnActionIsToldByFileLineSectionEntryAndValue) {
+    const ModuleLists& lists = Load(
+        "[Workbench]\nModule=0\nSubRanges=2\n"
+        "[ActionsOnTest]\nNumOfLeaveActions=2\nLeaveAction2=WAIT:1\nLeaveAction1=WAIT:2\n"
+        "[ActionsOnSR2]\nNumOfEnterActions=1\nEnterAction1=API:a\n");
+    EXPECT_EQ(TextOf(lists.MainTest.Leave[0]), ":7: [ActionsOnTest] LeaveAction1 \"WAIT:2\"");
+    EXPECT_EQ(TextOf(lists.MainTest.Leave[1]), ":6: [ActionsOnTest] LeaveAction2 \"WAIT:1\"");
+    EXPECT_EQ(TextOf(lists.MainSubranges[1].Enter[0]),
+              ":10: [ActionsOnSR2] EnterAction1 \"API:a\"");
+}
+
+TEST_F(ActionPlacesTest, TheLastLineThatFilledAnEntryIsItsOwn) {
+    const ModuleLists& lists = Load(
+        "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\nNumOfEnterActions=1\n"
+        "EnterAction1=WAIT:1\nEnterAction1=WAIT:2\n");
+    EXPECT_EQ(TextOf(lists.MainTest.Enter[0]), ":7: [ActionsOnTest] EnterAction1 \"WAIT:2\"");
+}
+
+TEST_F(ActionPlacesTest, AnEmptyEntryIsToldByTheLineThatWasPassedOverOrByItsKeyAlone) {
+    const ModuleLists& lists = Load(
+        "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\nNumOfEnterActions=2\n"
+        "EnterAction2=SWICHAMP:Amp A,3\n");
+    EXPECT_EQ(TextOf(lists.MainTest.Enter[0]), ": [ActionsOnTest] EnterAction1");
+    EXPECT_EQ(TextOf(lists.MainTest.Enter[1]),
+              ":6: [ActionsOnTest] EnterAction2 \"SWICHAMP:Amp A,3\"");
+}
+
+/// Test sections without key leave no gap, and the steps of all tests stand in one array.
+TEST_F(ActionPlacesTest, WirelessTestsAndStepsAreToldByTheirSections) {
+    const ModuleLists& lists = Load(
+        "[Workbench]\nModule=7\nSubRanges=2\n"
+        "[ActionsOnTest2_VKS]\nVKS_UKey=B\nSUBSTEPS=2\n"
+        "[ActionsOnTest2]\nNumOfEnterActions=1\nEnterAction1=WAIT:1\n"
+        "[ActionsOnStepB_2_VKS]\nVKS_Key=S\n"
+        "[ActionsOnStepB_2]\nNumOfEnterActions=1\nEnterAction1=WAIT:2\n");
+    EXPECT_EQ(TextOf(lists.VKSTests[0].Enter[0]), ":9: [ActionsOnTest2] EnterAction1 \"WAIT:1\"");
+    EXPECT_EQ(TextOf(lists.VKSSteps[0].Enter[0]),
+              ":14: [ActionsOnStepB_2] EnterAction1 \"WAIT:2\"");
+}
+
+TEST_F(ActionPlacesTest, WhatStandsInNoListComesFromNowhere) {
+    Load(
+        "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\nNumOfEnterActions=1\n"
+        "EnterAction1=WAIT:1\n");
+    EXPECT_EQ(TextOf(p_Action{}), "nowhere");
+    EXPECT_FALSE(engines.places.Find(nullptr));
+}
+
+TEST_F(ActionPlacesTest, AFileThatHasGoneIsToldWithoutItsLine) {
+    EXPECT_EQ(SourceText(L"gone.ini", {L"ActionsOnTest", 3, 0, 4}),
+              L"gone.ini: [ActionsOnTest] FrequAction1");
+}
+
+/// A run names the action beside number and text, on the screen and in the trace.
+TEST_F(ActionPlacesTest, ARunTimeErrorNamesItsAction) {
+    const std::string text =
+        "[Workbench]\nModule=0\nSubRanges=1\n"
+        "[ActionsOnSR1]\nNumOfEnterActions=2\nEnterAction1=WAIT:1\nEnterAction2=SWICHAMP:Amp A,3\n";
+    const auto trace = std::make_shared<TraceFile>(Path("trace.txt"), [] { return "now "; });
+    EXPECT_EQ(RunText(text, {}, [&](SessionHost& host, Session&) { host.traceFile = trace; }),
+              Outcome::Failed);
+    const std::string words = "ERROR 13: type mismatch at " + Path("test.ini") +
+                              ":7: [ActionsOnSR1] EnterAction2 \"SWICHAMP:Amp A,3\"";
+    EXPECT_THAT(kept.lines, ::testing::Contains("enter subrange 1: " + words));
+    trace->Make();
+    EXPECT_THAT(Read("trace.txt"), ::testing::HasSubstr(words));
+}
+
+}  // namespace
+}  // namespace ace::workbench
