@@ -131,12 +131,14 @@ TEST_F(BriefReportTest, AnErrorEndsItsMomentAndTheTest) {
     EXPECT_EQ(Moments("[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\n"
                       "NumOfEnterActions=2\nEnterAction1=WAIT:1500\n"
                       "NumOfLeaveActions=1\nLeaveAction1=WAIT:250\n"),
-              "0:00:01.500  start of test                        ERROR 13: type mismatch\n"
-              "0:00:01.500  start of test        2 actions, 0:00:01.500\n"
-              "0:00:01.500  start of test                        the test is stopped\n"
-              "0:00:01.750  end of test          1 action, 0:00:00.250\n"
-              "\n"
-              "Result     stopped by an error\n");
+              "0:00:01.500  start of test                        ERROR 13: type mismatch at " +
+                  Path("test.ini") +
+                  ": [ActionsOnTest] EnterAction2\n"
+                  "0:00:01.500  start of test        2 actions, 0:00:01.500\n"
+                  "0:00:01.500  start of test                        the test is stopped\n"
+                  "0:00:01.750  end of test          1 action, 0:00:00.250\n"
+                  "\n"
+                  "Result     stopped by an error\n");
 }
 
 const std::string Asking =

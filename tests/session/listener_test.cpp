@@ -64,7 +64,8 @@ TEST_F(ListenerTest, EachLineHasItsKind) {
                             "address: 1205 / Command: *RST\": Ignore",
                             "dialog: question \"Good?\": Yes",
                             "effect: error report: error 13, type mismatch",
-                            "error: ERROR 13: type mismatch",
+                            "error: ERROR 13: type mismatch at " + Path("test.ini") +
+                                ": [ActionsOnStepT_1] EnterAction4",
                             "verdict: verdict of \"Power\": n.a., because the step was broken off",
                             "ending: the test is stopped"));
 }
