@@ -332,22 +332,5 @@ TEST_F(Lifetime, TheEndRaisesAndReportsNothingWhateverFails) {
     EXPECT_EQ(context.ComPortForm, nullptr);
 }
 
-// ---- what is not there yet ---------------------------------------------------------------------
-
-TEST_F(Lifetime, AnOperationThatIsNotBuiltYetSaysSoWithItsName) {
-    const auto engine = MakeEngine();
-    const auto errorText = [](const auto& act) -> String {
-        try {
-            act();
-        } catch (const RunTimeError& error) {
-            return std::to_wstring(error.Number()) + L" " + error.Description();
-        }
-        return {};
-    };
-    Array2D<String> texts;
-    EXPECT_EQ(errorText([&] { engine->PrintStrings(aceTemplate, *engine, texts, 0); }),
-              L"4099 PrintStrings is not built yet");
-}
-
 }  // namespace
 }  // namespace ace::test

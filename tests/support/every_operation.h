@@ -25,6 +25,12 @@ inline void SetPlaceholders(aceActionsEngine& engine) {
     values.Redim(0, 1);
     engine.SetVKSReplaceVar(placeholders, values);
 }
+/// An engine that prints itself.
+inline void PrintLists(aceActionsEngine& engine) {
+    Array2D<String> rows;
+    rows.Redim(0, 0, 0, 1);
+    engine.PrintStrings(engine.State().Modul, engine, rows, 0);
+}
 inline void AnnounceTests(aceActionsEngine& engine) {
     DynArray<String> keys;
     keys.Redim(0, 1);
@@ -68,6 +74,7 @@ inline constexpr OperationRow EveryOperation[] = {
     {"SaveActions", [](auto& engine) { engine.SaveActions(L"saved.ini"); }},
     {"WriteActionLists",
      [](auto& engine) { engine.WriteActionLists(L"saved.ini", aceTSTemplate); }},
+    {"PrintStrings", PrintLists},
     {"Change true", [](auto& engine) { engine.Change(true); }},
     {"Change false", [](auto& engine) { engine.Change(false); }},
     {"AddSubrange 1", [](auto& engine) { engine.AddSubrange(1, L"T9"); }},

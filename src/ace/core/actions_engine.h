@@ -13,7 +13,7 @@
 ///   matrix/dut_matrix.cpp            the tables and flags of the matrix
 ///   matrix/matrix_execution.cpp      the moments of wireless tests and of the matrix, the replace
 ///                                    variables
-///   execution/not_built_yet.cpp      everything that says so when it is called
+///   dialogs/settings_print.cpp       PrintStrings
 #pragma once
 
 #include <cassert>

@@ -234,10 +234,12 @@ class _aceActionsEngine {
 
     // ---- print and save ------------------------------------------------------------------------
 
-    /// Writes the printable listing of the lists of `Engine`, as those of `Modul`, into row
-    /// `lngIdx` of `strTmps`: the text into column 0, the print's layout into column 1. This object
-    /// keeps a copy of the lists, so it is one that serves the print alone. `lngIdx` stays.
-    /// Handled.
+    /// Adds the listing of the lists of `Engine`, as those of `Modul`, to row `lngIdx` of
+    /// `strTmps`: to column 0 the text below a heading, in column 1 the layout; one CR each where
+    /// there is no text. This object serves `Modul` then and keeps a copy, without bus devices.
+    /// Error 9: no such element. 10: a list of `Modul` runs here or is being printed; nothing has
+    /// changed. 13: an `Engine` of another class; the row is untouched. 91: a monitoring device
+    /// that an action tracks with was never used; lists before it stand. Messages may run. Handled.
     virtual void PrintStrings(aceModul Modul, _aceActionsEngine& Engine, Array2D<String>& strTmps,
                               std::int32_t lngIdx) = 0;
     /// Writes the lists of `Modul` and clears its `Change` flag before the file is released. No

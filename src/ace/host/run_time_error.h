@@ -57,13 +57,10 @@ inline constexpr std::int32_t ObjectNotSet = 91;
 inline constexpr std::int32_t KeyInUse = 457;
 /// A device, bus or connection does not come to life.
 inline constexpr std::int32_t DeviceFailed = 4010;
-/// An operation or action kind that this version does not carry yet; the description names it.
-inline constexpr std::int32_t NotBuiltYet = 4099;
 }  // namespace Errors
 
-/// One of the numbers above with its standing description; `DeviceFailed` and `NotBuiltYet` have
-/// none, because theirs tells the case. Made at the start of the program, so
-/// that it costs no memory when there is none.
+/// One of the numbers above with its standing description; `DeviceFailed` has none, because its own
+/// tells the case. Made at the start of the program, so that it costs no memory when there is none.
 RunTimeError StandingError(std::int32_t number);
 /// Raises that error.
 [[noreturn]] void Raise(std::int32_t number);
