@@ -54,6 +54,24 @@ TEST(Wording, CountsHaveOneAndMany) {
     EXPECT_EQ(Counted(2, L"step", L"steps"), L"2 steps");
 }
 
+TEST(Wording, ATextIsBrokenAtTheLastBlankThatFitsOrInTheMidstOfAWord) {
+    const auto wrapped = [](StringView text, std::size_t width) {
+        String lines;
+        for (const String& line : Wrapped(text, width)) {
+            lines += L"[" + line + L"]";
+        }
+        return lines;
+    };
+    EXPECT_EQ(wrapped(L"one two three", 7), L"[one two][three]");
+    EXPECT_EQ(wrapped(L"one two three", 6), L"[one][two][three]");
+    EXPECT_EQ(wrapped(L"one two three", 13), L"[one two three]");
+    EXPECT_EQ(wrapped(L"abcdefgh ij", 3), L"[abc][def][gh][ij]");
+    EXPECT_EQ(wrapped(L"abc def", 3), L"[abc][def]");
+    EXPECT_EQ(wrapped(L" abcdef", 3), L"[ ab][cde][f]");
+    EXPECT_EQ(wrapped(L"one two", 0), L"[one two]");
+    EXPECT_EQ(wrapped(L"", 5), L"[]");
+}
+
 TEST(Wording, APatternTakesItsValuesByNumber) {
     const std::array values{String(L"a"), String(L"b")};
     EXPECT_EQ(Filled(L"%2 and %1", values), L"b and a");

@@ -87,6 +87,18 @@ String Padded(StringView text, std::size_t width) {
     return padded;
 }
 
+std::vector<String> Wrapped(StringView text, std::size_t width) {
+    std::vector<String> lines;
+    while (width > 0 && text.size() > width) {
+        const std::size_t blank = text.rfind(L' ', width);
+        const bool breaksAtBlank = blank != StringView::npos && blank > 0;
+        lines.emplace_back(text.substr(0, breaksAtBlank ? blank : width));
+        text.remove_prefix(breaksAtBlank ? blank + 1 : width);
+    }
+    lines.emplace_back(text);
+    return lines;
+}
+
 bool FitsPattern(StringView text, StringView pattern) {
     std::size_t at = 0;
     std::size_t in = 0;

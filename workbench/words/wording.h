@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include <ace/host/basic_types.h>
 
@@ -29,6 +30,9 @@ String OneLine(StringView text);
 String QuotedLine(StringView text);
 /// `text`, and blanks behind it up to `width` characters; a longer text stays whole.
 String Padded(StringView text, std::size_t width);
+/// `text` in lines of at most `width` characters, broken at a blank, which goes, or where there is
+/// none in the midst of a word. At least one line; 0 breaks nothing.
+std::vector<String> Wrapped(StringView text, std::size_t width);
 /// `pattern` with each "%1" to "%9" replaced by the value of that number; empty for a missing one.
 template <class Values>
 String Filled(StringView pattern, const Values& values) {
