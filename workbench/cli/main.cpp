@@ -1,11 +1,14 @@
 // The command line of the reference host.
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
 #include <iostream>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include "workbench/cli/interrupts.h"
+#include "workbench/cli/print_command.h"
 #include "workbench/cli/run_command.h"
 #include "workbench/cli/tree_command.h"
 #include "workbench/files/text_encoding.h"
@@ -29,6 +32,13 @@ constexpr const char* TreeExitCodes =
     "Exit codes:\n"
     "  0  the tree is printed\n"
     "  3  the tree can't be built, or the output can't be written\n"
+    "  4  a file can't be read or makes no sense\n"
+    "  5  the command line makes no sense\n";
+
+constexpr const char* PrintExitCodes =
+    "Exit codes:\n"
+    "  0  the print is shown\n"
+    "  3  an action can't be printed, or the output can't be written\n"
     "  4  a file can't be read or makes no sense\n"
     "  5  the command line makes no sense\n";
 
@@ -98,7 +108,7 @@ void AddReportOptions(CLI::App* run, RunArguments& arguments) {
                   "dialogs, failures, verdicts, comments and errors, but no single effects");
 }
 
-void AddRun(CLI::App& app, RunArguments& arguments) {
+CLI::App* AddRun(CLI::App& app, RunArguments& arguments) {
     CLI::App* const run = app.add_subcommand(
         "run",
         "Loads a settings file and drives its test; prints one line per effect, or with --brief "
@@ -108,6 +118,7 @@ void AddRun(CLI::App& app, RunArguments& arguments) {
     AddHostOptions(run, arguments);
     AddReportOptions(run, arguments);
     run->footer(RunExitCodes);
+    return run;
 }
 
 CLI::App* AddTree(CLI::App& app, SetUpArguments& arguments) {
@@ -118,6 +129,16 @@ CLI::App* AddTree(CLI::App& app, SetUpArguments& arguments) {
     AddSetUpOptions(tree, arguments);
     tree->footer(TreeExitCodes);
     return tree;
+}
+
+CLI::App* AddPrint(CLI::App& app, SetUpArguments& arguments) {
+    CLI::App* const print = app.add_subcommand(
+        "print",
+        "Prints a settings file's lists as the engine does for a report, with a note on what that "
+        "leaves out.");
+    AddSetUpOptions(print, arguments);
+    print->footer(PrintExitCodes);
+    return print;
 }
 
 int Fail(const CommandError& error) {
@@ -153,6 +174,24 @@ Outcome PrintTree(const SetUpArguments& arguments) {
     return Outcome::Finished;
 }
 
+/// Characters in a line of the terminal; 0 for any other output.
+std::size_t OutputWidth() {
+    winsize size{};
+    const bool isKnown = isatty(STDOUT_FILENO) != 0 && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
+    return isKnown ? size.ws_col : 0;
+}
+
+Outcome PrintLists(const SetUpArguments& arguments) {
+    PrintCommand(arguments, {.out = std::cout, .width = OutputWidth()});
+    return Outcome::Finished;
+}
+
+/// One of the commands, and what it does when its arguments are read.
+struct Command {
+    const CLI::App* app;
+    std::function<Outcome()> act;
+};
+
 /// The exit code of a command, which prints to the standard output.
 int ExitCodeOf(const std::function<Outcome()>& command) {
     try {
@@ -185,11 +224,15 @@ int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);  // so that the stream knows what it has read ahead
     CLI::App app{"Reference host of the actions engine"};
     app.require_subcommand(0, 1);
-    app.footer("ace-workbench run --help and ace-workbench tree --help tell more.");
+    app.footer("ace-workbench COMMAND --help tells more.");
     RunArguments toRun;
+    SetUpArguments toShow;
     SetUpArguments toPrint;
-    AddRun(app, toRun);
-    const CLI::App* const tree = AddTree(app, toPrint);
+    const Command commands[] = {
+        {AddRun(app, toRun), [&] { return RunWith(toRun); }},
+        {AddTree(app, toShow), [&] { return PrintTree(toShow); }},
+        {AddPrint(app, toPrint), [&] { return PrintLists(toPrint); }},
+    };
     try {
         app.parse(argc, argv);
     } catch (const CLI::Success& success) {
@@ -197,8 +240,10 @@ int main(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         return Fail({Outcome::WrongUse, FromUtf8(error.what()) + L" (" + HelpFor(app) + L")"});
     }
-    if (app.get_subcommands().empty()) {
+    const auto* const wanted = std::ranges::find_if(
+        commands, [](const Command& command) { return command.app->parsed(); });
+    if (wanted == std::end(commands)) {
         return Fail({Outcome::WrongUse, L"say what to do, such as: ace-workbench run FILE"});
     }
-    return ExitCodeOf([&] { return tree->parsed() ? PrintTree(toPrint) : RunWith(toRun); });
+    return ExitCodeOf(wanted->act);
 }
