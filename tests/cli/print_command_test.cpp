@@ -80,6 +80,20 @@ TEST_F(PrintCommandTest, TheListsForAllRowsOfAMatrixStandInTheNoteToo) {
                          "+-------------------------------+\n"));
 }
 
+/// The editor has a node for the row of all frequencies, too.
+TEST_F(PrintCommandTest, ARowWithoutActionsIsNotTold) {
+    EXPECT_EQ(Note("[Workbench]\nModule=8\nSubRanges=0\n[Workbench.DUT]\nFreq0=0\n"
+                   "FreqName0=Test mode\nBandwidthName0=narrow\nPowerName0=low\n"
+                   "InfluencedByFrequency=0\n"
+                   "[ActionsOnVKSTemplate_0]\nCount=1\nFreq=0\nBandwidth=0\nPower=0\n"
+                   "[ActionsOnStep_0_1_VKS]\nID0=0\nID1=-1\nID2=-1\n"
+                   "[ActionsOnStep_0_1]\nNumOfEnterActions=1\nEnterAction1=WAIT:10\n"),
+              "+-----------------------------+\n"
+              "| NOT ON THIS PRINT: 1 action |\n"
+              "|    1  Test mode             |\n"
+              "+-----------------------------+\n");
+}
+
 TEST_F(PrintCommandTest, ASusceptibilityTestHasThePrintsOfBothItsEngines) {
     EXPECT_EQ(Below("[Workbench]\nModule=2\nSubRanges=2\n"
                     "[ActionsOnEMSAutoTest]\nNumOfLeaveActions=1\nLeaveAction1=PARKACC:\n"
@@ -224,6 +238,19 @@ TEST_F(PrintCommandTest, OnATerminalLinesAndNoteAreBrokenAtItsWidth) {
                          "|    2  [ActionsOnAzimuthChart] |\n"
                          "|       MLLeaAction1-2          |\n"
                          "+-------------------------------+\n"));
+}
+
+TEST_F(PrintCommandTest, ANoteIsNoWiderThanAPageOnTheWidestTerminal) {
+    Write("test.ini",
+          "[Workbench]\nModule=7\nSubRanges=1\n[ActionsOnTest1_VKS]\n"
+          "VKS_UKey=A test whose name is long\nSUBSTEPS=1\n"
+          "[ActionsOnStepA test whose name is long_1_VKS]\nVKS_Key=S\nVKS_Name=A step\n"
+          "[ActionsOnStepA test whose name is long_1]\nNumOfEnterActions=1\n"
+          "EnterAction1=WAIT:1\n");
+    EXPECT_THAT(
+        PrintOf({.file = Path("test.ini")}, 200),
+        HasSubstr("|    1  A test whose name is long: A step, [ActionsOnStepA test whose name |"
+                  "\n|       is long_1] EnterAction1"));
 }
 
 TEST_F(PrintCommandTest, ControlCharactersOfAFileNeverReachTheTerminal) {
