@@ -165,6 +165,18 @@ TEST_F(PrintFailures, OnTheObjectWhoseListRunsItIsError10AndChangesNothing) {
     EXPECT_TRUE(static_cast<const ModuleLists&>(State()) == before);
 }
 
+TEST_F(PrintFailures, BetweenTwoActionsTheWalkGoesOnInTheListsThatWereTakenOver) {
+    FillStart({WaitFor(1), WaitFor(2)});
+    Fill(printer->State().MainTest, EnterList, {WaitFor(3), WaitFor(4)});
+    host->onYield = [&](std::size_t n) {
+        if (n == 2) {
+            engine->PrintStrings(aceTemplate, *printer, rows, 0);
+        }
+    };
+    engine->StartTest();
+    EXPECT_EQ(TakeEffects(), Journal(Yielded, Waited(1), Yielded, Waited(4)));
+}
+
 TEST_F(PrintFailures, Error10LeavesTheModuleOfTheObject) {
     MakeSets(&ModuleLists::TSTests, &ModuleLists::TSTestCount, 1);
     const DynArray<p_Subrange>::Hold hold(State().TSTests);
