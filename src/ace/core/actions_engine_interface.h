@@ -237,9 +237,9 @@ class _aceActionsEngine {
     /// Adds the listing of the lists of `Engine`, as those of `Modul`, to row `lngIdx` of
     /// `strTmps`: to column 0 the text below a heading, in column 1 the layout; one CR each where
     /// there is no text. This object serves `Modul` then and keeps a copy, without bus devices.
-    /// Error 9: no such element. 10: a list of `Modul` runs here or is being printed; nothing has
-    /// changed. 13: an `Engine` of another class; the row is untouched. 91: a monitoring device
-    /// that an action tracks with was never used; lists before it stand. Messages may run. Handled.
+    /// Error 9 outside `strTmps`; 10 while its own lists run or are printed: nothing has changed;
+    /// 13 for an `Engine` of another class, but for the matrix: the row is untouched; 9, 13, 91 (a
+    /// tracked device was never used) in a list: those before stand. Messages may run. Handled.
     virtual void PrintStrings(aceModul Modul, _aceActionsEngine& Engine, Array2D<String>& strTmps,
                               std::int32_t lngIdx) = 0;
     /// Writes the lists of `Modul` and clears its `Change` flag before the file is released. No
