@@ -107,9 +107,7 @@ String ErrorsText(const Summary& summary) {
 
 }  // namespace
 
-void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock,
-                               bool isReal) {
-    PrintPair(L"File", file);
+void ConsoleReport::PrintTest(const TestSetUp& setUp) {
     if (!setUp.title.empty()) {
         PrintPair(L"Title", setUp.title);
     }
@@ -122,6 +120,12 @@ void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock
             PrintPair(L"Sweep " + std::to_wstring(i + 1), SweepText(*setUp.sweeps[i]));
         }
     }
+}
+
+void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock,
+                               bool isReal) {
+    PrintPair(L"File", file);
+    PrintTest(setUp);
     PrintPair(L"Clock", clock == Clock::Real ? L"real" : L"virtual: waits pass at once");
     if (isReal) {
         PrintPair(L"Transports", L"real: commands leave this machine, programs are started");

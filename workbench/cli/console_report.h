@@ -15,6 +15,8 @@ class ConsoleReport final : public SessionListener {
     /// `out` must outlive the object.
     ConsoleReport(std::ostream& out, bool isTerminal) : x_out(out), x_isTerminal(isTerminal) {}
 
+    /// What is tested: title, module, matrix and sweeps.
+    void PrintTest(const TestSetUp& setUp);
     /// `isReal` says that the transports are.
     void PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock, bool isReal);
     void OnLine(const Place& place, LineKind kind, const String& words) override;

@@ -4,7 +4,6 @@
 
 #include "workbench/cli/brief_report.h"
 #include "workbench/cli/run_outputs.h"
-#include "workbench/devices/device_file.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/files/trace_file.h"
 #include "workbench/session/bench_host.h"
@@ -13,18 +12,6 @@
 namespace ace::workbench {
 
 namespace {
-
-SetUpOptions ReadRunOptions(const RunArguments& arguments) {
-    SetUpOptions options = ReadOptions(arguments);
-    for (const std::string& text : arguments.sweeps) {
-        try {
-            options.sweeps.push_back(ParseSweep(FromUtf8(text)));
-        } catch (const RunTimeError& error) {
-            RefuseUse(L"--sweep: " + error.Description());
-        }
-    }
-    return options;
-}
 
 Clock ReadClock(const RunArguments& arguments) {
     const std::string text = arguments.clock.value_or(arguments.real ? "real" : "virtual");
@@ -37,23 +24,15 @@ Clock ReadClock(const RunArguments& arguments) {
     return text == "real" ? Clock::Real : Clock::Virtual;
 }
 
-Answers ReadAnswers(const RunArguments& arguments) {
-    return arguments.answers
-               ? Answers(ExistingText(*arguments.answers), FromUtf8(*arguments.answers))
-               : Answers();
-}
-
 std::shared_ptr<FaultRules> ReadFaults(const RunArguments& arguments) {
     return arguments.faults ? std::make_shared<FaultRules>(ExistingText(*arguments.faults),
                                                            FromUtf8(*arguments.faults))
                             : std::make_shared<FaultRules>();
 }
 
-/// Puts the devices of the file on the bench. A channel that a device watches needs the device.
-void ReadBench(const RunArguments& arguments, const TestSetUp& setUp, BenchHost& host) {
-    if (arguments.devices) {
-        ReadDevices(ExistingDocument(*arguments.devices), FromUtf8(*arguments.devices), host);
-    }
+/// A channel that a device watches needs the device.
+void ReadRunBench(const RunArguments& arguments, const TestSetUp& setUp, BenchHost& host) {
+    ReadBench(arguments, host);
     for (const ChannelEvents& channel : setUp.channels) {
         if (channel.watch && !IsMonitor(host.bench, channel.watch->device)) {
             RefuseUse(L"channel \"" + channel.name + L"\" is watched by \"" +
@@ -169,7 +148,7 @@ Summary CountsToPrint(const RunArguments& arguments, const Session& session) {
 }  // namespace
 
 Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& surroundings) {
-    const SetUpOptions options = ReadRunOptions(arguments);
+    const SetUpOptions options = ReadTestOptions(arguments);
     const Clock clock = ReadClock(arguments);
     CheckOutputs(arguments);
     const String file = FromUtf8(arguments.file);
@@ -181,7 +160,7 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     std::ofstream traffic;  // outlives the host, which writes it
     const auto host =
         std::make_shared<BenchHost>(clock, std::move(transports), ReadFaults(arguments));
-    ReadBench(arguments, setUp, *host);
+    ReadRunBench(arguments, setUp, *host);
     const auto trace = arguments.trace ? std::make_shared<TraceFile>(*arguments.trace) : nullptr;
     host->traceFile = trace;
     host->journal.KeepNone();  // the report follows the calls as they come

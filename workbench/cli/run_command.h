@@ -7,16 +7,14 @@
 #include <string>
 #include <vector>
 
-#include "workbench/cli/set_up_arguments.h"
 #include "workbench/cli/terminal_operator.h"
+#include "workbench/cli/test_arguments.h"
 #include "workbench/session/session.h"
 
 namespace ace::workbench {
 
 /// The arguments as the user wrote them, in UTF-8.
-struct RunArguments : SetUpArguments {
-    std::vector<std::string> sweeps;
-    std::optional<std::string> answers;  ///< path of an answers file
+struct RunArguments : TestArguments {
     std::optional<std::string> trace;    ///< path of a trace file
     std::optional<std::string> clock;    ///< "virtual", or "real" as it is with real transports
     bool brief = false;                  ///< prints moments instead of single effects
@@ -24,7 +22,6 @@ struct RunArguments : SetUpArguments {
     bool real = false;                   ///< real transports
     std::optional<std::string> config;   ///< path of the workbench's configuration
     std::optional<std::string> traffic;  ///< path of a traffic log, made anew
-    std::optional<std::string> devices;  ///< path of a device file
     std::optional<std::string> faults;   ///< path of a script of failures
 };
 

@@ -1,0 +1,34 @@
+#include "workbench/cli/test_arguments.h"
+
+#include <ace/host/run_time_error.h>
+
+#include "workbench/devices/device_file.h"
+#include "workbench/files/text_encoding.h"
+
+namespace ace::workbench {
+
+SetUpOptions ReadTestOptions(const TestArguments& arguments) {
+    SetUpOptions options = ReadOptions(arguments);
+    for (const std::string& text : arguments.sweeps) {
+        try {
+            options.sweeps.push_back(ParseSweep(FromUtf8(text)));
+        } catch (const RunTimeError& error) {
+            RefuseUse(L"--sweep: " + error.Description());
+        }
+    }
+    return options;
+}
+
+Answers ReadAnswers(const TestArguments& arguments) {
+    return arguments.answers
+               ? Answers(ExistingText(*arguments.answers), FromUtf8(*arguments.answers))
+               : Answers();
+}
+
+void ReadBench(const TestArguments& arguments, sim::SimHost& host) {
+    if (arguments.devices) {
+        ReadDevices(ExistingDocument(*arguments.devices), FromUtf8(*arguments.devices), host);
+    }
+}
+
+}  // namespace ace::workbench

@@ -1,0 +1,30 @@
+/// What a command takes that runs a test, for real or on paper.
+#pragma once
+
+#include <vector>
+
+#include "workbench/cli/set_up_arguments.h"
+#include "workbench/session/answers.h"
+
+namespace ace::sim {
+class SimHost;
+}
+
+namespace ace::workbench {
+
+/// The arguments as the user wrote them, in UTF-8.
+struct TestArguments : SetUpArguments {
+    std::vector<std::string> sweeps{};
+    std::optional<std::string> answers{};  ///< path of an answers file
+    std::optional<std::string> devices{};  ///< path of a device file
+};
+
+/// `ReadOptions` with the sweeps. `CommandError` `WrongUse` for what makes no sense.
+SetUpOptions ReadTestOptions(const TestArguments& arguments);
+/// None without a file. One that can't be read or makes no sense is `CommandError` `BadFile`, as it
+/// is below.
+Answers ReadAnswers(const TestArguments& arguments);
+/// Puts the devices of the file on the bench of `host`, which must outlive them.
+void ReadBench(const TestArguments& arguments, sim::SimHost& host);
+
+}  // namespace ace::workbench
