@@ -46,6 +46,18 @@ TEST(CommandLine, HelpTellsTheExitCodes) {
     EXPECT_NE(ended.printed.find("a question had no answer"), std::string::npos);
 }
 
+TEST(CommandLine, APlanIsPrintedAndItsExitCodeTellsOfAnError) {
+    const Ended good = RunProgram("plan " + Examples + "ri_template.ini");
+    EXPECT_EQ(good.code, 0);
+    EXPECT_NE(good.printed.find("new frequency, 254 + 100 + 81 times"), std::string::npos);
+    const Ended bad = RunProgram("plan " + Examples + "lint_traps.ini");
+    EXPECT_EQ(bad.code, 3);
+    EXPECT_NE(bad.printed.find("Ends       start of test: ERROR 13"), std::string::npos);
+    EXPECT_EQ(RunProgram("plan " + Examples + "load_stops.ini").code, 4);
+    EXPECT_EQ(RunProgram("plan " + Examples + "ri_template.ini --real").code, 5);
+    EXPECT_EQ(RunProgram("plan " + Examples + "ri_template.ini > /dev/full").code, 3);
+}
+
 TEST(CommandLine, WrongUseIsOneLineAndCodeFive) {
     for (const char* arguments : {"", "fly", "run", "run a.ini b.ini", "run a.ini --speed 3",
                                   "run a.ini --sweep", "run a.ini --clock sundial"}) {

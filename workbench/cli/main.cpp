@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "workbench/cli/interrupts.h"
+#include "workbench/cli/plan_command.h"
 #include "workbench/cli/print_command.h"
 #include "workbench/cli/run_command.h"
 #include "workbench/cli/tree_command.h"
@@ -27,6 +28,14 @@ constexpr const char* RunExitCodes =
     "output at the start no test was run\n"
     "  4  a file can't be read or makes no sense; no test was run\n"
     "  5  the command line makes no sense; no test was run\n";
+
+constexpr const char* PlanExitCodes =
+    "Exit codes:\n"
+    "  0  the plan is printed\n"
+    "  3  the plan is printed, and a run-time error would end the test; or the output can't be "
+    "written\n"
+    "  4  a file can't be read or makes no sense\n"
+    "  5  the command line makes no sense\n";
 
 constexpr const char* TreeExitCodes =
     "Exit codes:\n"
@@ -62,10 +71,12 @@ void AddSetUpOptions(CLI::App* command, SetUpArguments& arguments) {
         ->type_name("N");
 }
 
-void AddSweeps(CLI::App* run, RunArguments& arguments) {
-    run->add_option("--sweep", arguments.sweeps,
-                    "such as 80MHz..1GHz/1%; given more than once: one for each subrange, the last "
-                    "for all that follow; otherwise the file's [Workbench.Subrange<n>]")
+void AddSweeps(CLI::App* command, TestArguments& arguments) {
+    command
+        ->add_option(
+            "--sweep", arguments.sweeps,
+            "such as 80MHz..1GHz/1%; given more than once: one for each subrange, the last "
+            "for all that follow; otherwise the file's [Workbench.Subrange<n>]")
         ->type_name("FROM..TO/STEP%")
         ->allow_extra_args(false);
 }
@@ -119,6 +130,24 @@ CLI::App* AddRun(CLI::App& app, RunArguments& arguments) {
     AddReportOptions(run, arguments);
     run->footer(RunExitCodes);
     return run;
+}
+
+CLI::App* AddPlan(CLI::App& app, TestArguments& arguments) {
+    CLI::App* const plan = app.add_subcommand(
+        "plan",
+        "Prints on one page what a run would do: each action once with how often it runs, dialogs, "
+        "devices, addresses and the time. Nothing is sent, started or changed.");
+    AddSetUpOptions(plan, arguments);
+    AddSweeps(plan, arguments);
+    plan->add_option("--devices", arguments.devices,
+                     "the devices of the bench; without it each device is taken to be there and to "
+                     "do what it is told")
+        ->type_name("FILE");
+    plan->add_option("--answers", arguments.answers,
+                     "the operator's answers; what no line of them fits is answered Yes or OK")
+        ->type_name("FILE");
+    plan->footer(PlanExitCodes);
+    return plan;
 }
 
 CLI::App* AddTree(CLI::App& app, SetUpArguments& arguments) {
@@ -226,10 +255,12 @@ int main(int argc, char** argv) {
     app.require_subcommand(0, 1);
     app.footer("ace-workbench COMMAND --help tells more.");
     RunArguments toRun;
+    TestArguments toPlan;
     SetUpArguments toShow;
     SetUpArguments toPrint;
     const Command commands[] = {
         {AddRun(app, toRun), [&] { return RunWith(toRun); }},
+        {AddPlan(app, toPlan), [&] { return PlanCommand(toPlan, std::cout); }},
         {AddTree(app, toShow), [&] { return PrintTree(toShow); }},
         {AddPrint(app, toPrint), [&] { return PrintLists(toPrint); }},
     };

@@ -18,7 +18,8 @@ const p_Subrange* SetAt(const SetPlace& place) {
     if (place.fixed != nullptr) {
         return place.fixed;
     }
-    const bool isThere = place.sets->IsAllocated() && place.index <= place.sets->UpperBound();
+    const bool isThere = place.sets->IsAllocated() && place.index >= place.sets->LowerBound() &&
+                         place.index <= place.sets->UpperBound();
     return isThere ? &(*place.sets)[place.index] : nullptr;
 }
 
@@ -84,6 +85,16 @@ void ActionPlaces::LineIsRead(const LineReport& report) {
     x_sets.back().entries.push_back({report.list, entry, report.lineIndex});
 }
 
+void ActionPlaces::SetsMoved(const DynArray<p_Subrange>& sets,
+                             const std::vector<std::int32_t>& indexes) {
+    for (FilledSet& filled : x_sets) {
+        const auto index = static_cast<std::size_t>(filled.place.index);
+        if (filled.place.sets == &sets && index < indexes.size()) {
+            filled.place.index = indexes[index];
+        }
+    }
+}
+
 std::optional<ActionSource> ActionPlaces::Find(const p_Action* action) const {
     for (const FilledSet& filled : x_sets) {
         const p_Subrange* const set = SetAt(filled.place);
@@ -102,6 +113,35 @@ std::optional<ActionSource> ActionPlaces::Find(const p_Action* action) const {
         }
     }
     return std::nullopt;
+}
+
+void ActionPlaces::AppendAll(const FilledSet& filled, const p_Subrange& set,
+                             std::vector<PlacedAction>& all) {
+    for (std::int32_t list = 1; list <= std::ssize(ActionLists); ++list) {
+        const DynArray<p_Action>& actions = set.*ActionLists[list - 1].actions;
+        const std::size_t begin = all.size();
+        const std::size_t count = actions.IsAllocated() ? actions.Size() : 0;
+        for (std::int32_t entry = 0; entry < static_cast<std::int32_t>(count); ++entry) {
+            all.push_back(
+                {&actions[actions.LowerBound() + entry], {filled.section, list, entry, -1}});
+        }
+        for (const EntryLineOf& line : filled.entries) {
+            const auto entry = static_cast<std::size_t>(line.entry);  // huge for -1, which is none
+            if (line.list == list && entry < count) {
+                all[begin + entry].source.lineIndex = line.lineIndex;
+            }
+        }
+    }
+}
+
+std::vector<PlacedAction> ActionPlaces::All() const {
+    std::vector<PlacedAction> all;
+    for (const FilledSet& filled : x_sets) {
+        if (const p_Subrange* const set = SetAt(filled.place)) {
+            AppendAll(filled, *set, all);
+        }
+    }
+    return all;
 }
 
 }  // namespace ace::workbench

@@ -19,6 +19,12 @@ struct ActionSource {
     std::int32_t lineIndex = -1;
 };
 
+/// An action of the lists with its source.
+struct PlacedAction {
+    const p_Action* action;
+    ActionSource source;
+};
+
 /// "EnterAction3"
 String EntryKey(const ActionSource& source);
 /// "file.ini:33: [ActionsOnSR1] EnterAction3 "WAIT:100"", as the file has it now; without what
@@ -26,16 +32,23 @@ String EntryKey(const ActionSource& source);
 String SourceText(const String& fileName, const ActionSource& source);
 
 /// Keeps, during loads that it is told of, which line filled which entry. The lists of the engines
-/// must outlive what is asked afterwards, and have the sets in the places in which they were read.
+/// must outlive what is asked afterwards, and have the sets in the places in which they were read
+/// or of which `SetsMoved` was told.
 class ActionPlaces final : public ILineObserver {
   public:
     void SetStarts(const SetPlace& place) override;
     void SectionStarts(StringView section) override;
     void LineIsRead(const LineReport& report) override;
 
+    /// Numbered sets have moved: the one that was read into element `i` of `sets` stands in element
+    /// `indexes[i]` now; -1 for one that is gone.
+    void SetsMoved(const DynArray<p_Subrange>& sets, const std::vector<std::int32_t>& indexes);
+
     /// The source of an action that stands in one of the lists; nothing for any other address. It
     /// takes time in proportion to the number of sections.
     std::optional<ActionSource> Find(const p_Action* action) const;
+    /// All actions of the lists, in the order in which their sets were read.
+    std::vector<PlacedAction> All() const;
 
   private:
     struct EntryLineOf {
@@ -48,6 +61,9 @@ class ActionPlaces final : public ILineObserver {
         String section;
         std::vector<EntryLineOf> entries;
     };
+
+    static void AppendAll(const FilledSet& filled, const p_Subrange& set,
+                          std::vector<PlacedAction>& all);
 
     std::vector<FilledSet> x_sets;
 };

@@ -92,6 +92,7 @@ void Session::ListenToHost() {
     x_host->counts = {};
     x_host->tellsEffects = x_listener.WantsEffects();
     x_host->journal.Observe([this](const sim::HostCall& call) {
+        x_listener.OnCall(call);
         const LineKind kind = EffectKind(call);
         if (!Wants(kind)) {
             return;
@@ -294,16 +295,19 @@ Reply Session::Decide(const Dialog& dialog) {
     const String shown = String(WordOf(dialog.kind)) + L" " + QuotedLine(dialog.message);
     std::optional<Reply> reply = x_answers.Take({dialog.kind, dialog.message, MomentWords(moment),
                                                  String(MomentCallRowOf(moment.call).operation)});
+    const bool isFromFile = reply.has_value();
     if (!reply) {
         reply = AskOperator(dialog);
     }
     if (!reply && dialog.kind == PromptKind::Question) {
         ++x_summary.unanswered;
+        x_listener.OnDialog(dialog, Reply::Stop, false);
         Tell(KindOf(dialog), shown + L": NO ANSWER, so it is No");
         Worsen(Outcome::Unanswered);
         return Reply::Stop;
     }
     const Reply decided = reply.value_or(Reply::GoOn);
+    x_listener.OnDialog(dialog, decided, isFromFile);
     Count(dialog.kind, decided);
     Tell(KindOf(dialog), shown + L": " + String(WordOf(dialog.kind, decided)));
     return decided;

@@ -34,6 +34,10 @@ class SessionListener {
     /// A moment begins; what is told until `OnMomentEnds` belongs to it.
     virtual void OnMomentStarts(const Moment&) {}
     virtual void OnMomentEnds(const Moment&, const MomentCost&) {}
+    /// What stood on the operator's screen, and the answer; `isFromFile`: by a line of the answers.
+    virtual void OnDialog(const Dialog&, Reply, bool /*isFromFile*/) {}
+    /// A call of the host as it is, effect or not, before its line.
+    virtual void OnCall(const sim::HostCall&) {}
     /// So many of the frequencies of the test are done.
     virtual void OnProgress(std::size_t, std::size_t) {}
 };
@@ -81,8 +85,10 @@ class Session {
     Outcome Run();
 
     const Summary& Counts() const { return x_summary; }
-    /// For tests that stand in for actions: what the engine shares with its host.
+    /// What the engine shares with its host: for those who stand in for actions or look at them.
     ThreadContext& Context() { return x_context; }
+    /// Where the actions come from that are loaded; of use until the test has run.
+    const ActionPlaces& Places() const { return x_places; }
 
   private:
     void RunMoment(const Moment& moment);

@@ -114,6 +114,9 @@ RealHostNeeds TransportHost::Needs() {
 }
 
 void TransportHost::TellTraffic(const TrafficLine& line) const {
+    if (onTraffic) {
+        onTraffic(line);
+    }
     if (!tellsEffects) {
         return;
     }

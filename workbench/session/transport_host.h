@@ -29,6 +29,9 @@ class TransportHost : public SessionHost {
     /// Writes the traffic log from here on. `out` must outlive the host.
     void WriteLog(std::ostream& out);
 
+    /// Is told of each command and start, and of those that failed.
+    std::function<void(const TrafficLine& line)> onTraffic;
+
     /// Command lines of the programs that were waited for until the time-out, in their order.
     const std::vector<String>& SilentPrograms() const { return x_silentPrograms; }
     /// False when the traffic log is not complete.

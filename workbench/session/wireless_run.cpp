@@ -115,12 +115,16 @@ void FillRowPlaceholders(Engine& engine, const TestSetUp& setUp, const Moment& r
     SetPairs(engine, pairs);
 }
 
+String CombinationWords(const Matrix& matrix, const Moment& row) {
+    return KeyWords(matrix, row.hertz, row.bandwidth, row.power);
+}
+
 String RowWords(Engine& engine, const Matrix& matrix, const Moment& row) {
     double hertz = row.hertz;  // the engine writes the key that it looked for into these
     std::int32_t bandwidth = row.bandwidth;
     std::int32_t power = row.power;
     const std::int32_t count = engine.VKSDUTStepActionCount(hertz, bandwidth, power);
-    const String wanted = KeyWords(matrix, row.hertz, row.bandwidth, row.power);
+    const String wanted = CombinationWords(matrix, row);
     const String found = KeyWords(matrix, hertz, bandwidth, power);
     return wanted + (found == wanted ? String() : L", as " + found) + L": " +
            (count == 0 ? String(L"no actions")

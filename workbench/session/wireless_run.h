@@ -18,6 +18,9 @@ void AnnounceWireless(_aceActionsEngine& engine, const TestSetUp& setUp);
 /// "#MEASFREQ#" and "#FREQ#" (hertz), "#BW#" and "#POWER#" (the names) and "#HOPPING#" (0).
 void FillRowPlaceholders(_aceActionsEngine& engine, const TestSetUp& setUp, const Moment& row);
 
+/// "2402 MHz (low), 1 MHz, 0 dBm": the combination of a row.
+String CombinationWords(const Matrix& matrix, const Moment& row);
+
 /// "2402 MHz (low), 1 MHz, 0 dBm: 3 actions": the combination, and how many actions the engine has
 /// for it. Where it looks for another row, because not everything influences the actions, that row
 /// stands between: "..., 0 dBm, as all frequencies, all bandwidths, 0 dBm: 2 actions".

@@ -17,6 +17,15 @@ struct TrafficPlace {
     double hertz = 0.0;  ///< 0 for moments without a frequency
 };
 
+/// What the transports are called in a log.
+namespace TrafficNames {
+inline constexpr StringView Tcp = L"TCP/IP";
+inline constexpr StringView Gpib = L"GPIB";
+inline constexpr StringView Serial = L"RS232";
+inline constexpr StringView Program = L"program";  ///< has no address; its bytes are what starts it
+inline constexpr StringView Macro = L"API macro";  ///< its bytes are its inputs
+}  // namespace TrafficNames
+
 /// One command, start or refusal without its time and place, for people who look on.
 struct TrafficLine {
     StringView transport;

@@ -46,12 +46,6 @@ void LogSending(TrafficLog& log, StringView transport, const String& address, co
     log.End(entry, bytes, L"sent " + std::to_wstring(bytes.size()) + L" bytes");
 }
 
-constexpr StringView Tcp = L"TCP/IP";
-constexpr StringView Gpib = L"GPIB";
-constexpr StringView Serial = L"RS232";
-constexpr StringView Program = L"program";
-constexpr StringView Macro = L"API macro";
-
 class TrafficDeviceList final : public ForwardingDeviceList {
   public:
     TrafficDeviceList(Log log, std::shared_ptr<IDeviceList> next)
@@ -60,7 +54,7 @@ class TrafficDeviceList final : public ForwardingDeviceList {
     std::int32_t OpenSocket(const String& host, std::int32_t port, std::int32_t third,
                             const String& protocol, std::int32_t& handle) override {
         const String address = host + L":" + std::to_wstring(port);
-        const TrafficLog::Entry entry = x_log->Begin(Tcp, address);
+        const TrafficLog::Entry entry = x_log->Begin(TrafficNames::Tcp, address);
         const std::int32_t result = LogFailure(*x_log, entry, {}, [&] {
             return Next().OpenSocket(host, port, third, protocol, handle);
         });
@@ -73,7 +67,8 @@ class TrafficDeviceList final : public ForwardingDeviceList {
     std::int32_t SendSocket(std::int32_t handle, const String& text) override {
         const auto address = x_addresses.find(handle);
         std::int32_t result = 0;
-        LogSending(*x_log, Tcp, address != x_addresses.end() ? address->second : String(), text,
+        LogSending(*x_log, TrafficNames::Tcp,
+                   address != x_addresses.end() ? address->second : String(), text,
                    [&] { result = Next().SendSocket(handle, text); });
         return result;
     }
@@ -92,7 +87,7 @@ class TrafficGpibDriver final : public ForwardingGpibDriver {
                             std::int16_t timeOut, std::int16_t sendEoi,
                             std::int16_t endOfString) override {
         const String address = std::to_wstring(board) + L":" + std::to_wstring(primary);
-        const TrafficLog::Entry entry = x_log->Begin(Gpib, address);
+        const TrafficLog::Entry entry = x_log->Begin(TrafficNames::Gpib, address);
         const std::int16_t handle = LogFailure(*x_log, entry, {}, [&] {
             return Next().OpenDevice(board, primary, secondary, timeOut, sendEoi, endOfString);
         });
@@ -104,7 +99,8 @@ class TrafficGpibDriver final : public ForwardingGpibDriver {
     }
     void WriteString(std::int16_t handle, const String& text) override {
         const auto address = x_addresses.find(handle);
-        LogSending(*x_log, Gpib, address != x_addresses.end() ? address->second : String(), text,
+        LogSending(*x_log, TrafficNames::Gpib,
+                   address != x_addresses.end() ? address->second : String(), text,
                    [&] { Next().WriteString(handle, text); });
     }
 
@@ -125,14 +121,14 @@ class TrafficSerialPort final : public ForwardingSerialPort {
     }
     using ForwardingSerialPort::PortOpen;
     void PortOpen(bool open) override {
-        const TrafficLog::Entry entry = x_log->Begin(Serial, Address());
+        const TrafficLog::Entry entry = x_log->Begin(TrafficNames::Serial, Address());
         LogFailure(*x_log, entry, {}, [&] { Next().PortOpen(open); });
         if (open && !Next().PortOpen()) {
             x_log->End(entry, {}, L"failed: the port stays closed");
         }
     }
     void Output(const String& text) override {
-        LogSending(*x_log, Serial, Address(), text, [&] { Next().Output(text); });
+        LogSending(*x_log, TrafficNames::Serial, Address(), text, [&] { Next().Output(text); });
     }
 
   private:
@@ -149,7 +145,7 @@ class TrafficPlatform final : public ForwardingPlatform {
 
     double StartProgram(const String& commandLine) override {
         const std::string line = ToUtf8(commandLine);
-        const TrafficLog::Entry entry = x_log->Begin(Program, {});
+        const TrafficLog::Entry entry = x_log->Begin(TrafficNames::Program, {});
         const double process =
             LogFailure(*x_log, entry, line, [&] { return Next().StartProgram(commandLine); });
         x_log->End(entry, line, L"started, process " + FormatGeneral(process, L'.'));
@@ -167,7 +163,7 @@ class TrafficApiMacro final : public ForwardingApiMacro {
 
     bool Load(const String& program, const Value& parameters, const Value& second,
               Value& value) override {
-        const TrafficLog::Entry entry = x_log->Begin(Macro, program);
+        const TrafficLog::Entry entry = x_log->Begin(TrafficNames::Macro, program);
         const bool loaded = LogFailure(
             *x_log, entry, {}, [&] { return Next().Load(program, parameters, second, value); });
         if (!loaded) {
@@ -179,7 +175,7 @@ class TrafficApiMacro final : public ForwardingApiMacro {
         return true;
     }
     bool Execute(String& text, String& errorText, Value& value) override {
-        const TrafficLog::Entry entry = x_log->Begin(Macro, x_program);
+        const TrafficLog::Entry entry = x_log->Begin(TrafficNames::Macro, x_program);
         const bool started = LogFailure(*x_log, entry, x_texts,
                                         [&] { return Next().Execute(text, errorText, value); });
         x_log->End(entry, x_texts, started ? L"started" : L"failed: " + errorText);
