@@ -70,6 +70,7 @@ need_test_tools() {
   need_header libgtest-dev gtest/gtest.h
   need_header libgmock-dev gmock/gmock.h
   need_header libcli11-dev CLI/CLI.hpp
+  need_header nlohmann-json3-dev nlohmann/json.hpp
   need_header libasio-dev asio.hpp
 }
 
@@ -83,6 +84,7 @@ need_sanitizers() {
 need_bench_tools() {
   need_build_tools
   need_header libcli11-dev CLI/CLI.hpp
+  need_header nlohmann-json3-dev nlohmann/json.hpp
   need_header libbenchmark-dev benchmark/benchmark.h
   need_header libsimpleini-dev SimpleIni.h
   need_tool pkg-config pkg-config

@@ -19,7 +19,7 @@ struct Layer {
 };
 
 /// From the bottom to the top: a layer includes itself and what stands before it.
-constexpr std::array<Layer, 14> Layers{{
+constexpr std::array<Layer, 15> Layers{{
     {"host", "src/ace/host", "ace/host"},
     {"core", "src/ace/core/", "ace/core/"},
     {"settings", "src/ace/settings/", "ace/settings/"},
@@ -33,6 +33,7 @@ constexpr std::array<Layer, 14> Layers{{
     {"workbench/transports", "workbench/transports/", "workbench/transports/"},
     {"workbench/devices", "workbench/devices/", "workbench/devices/"},
     {"workbench/session", "workbench/session/", "workbench/session/"},
+    {"workbench/check", "workbench/check/", "workbench/check/"},
     {"workbench/cli", "workbench/cli/", "workbench/cli/"},
 }};
 constexpr std::array<std::string_view, 3> Roots{"src", "sim", "workbench"};

@@ -48,7 +48,7 @@ TEST(Layers, EachFolderIncludesItselfAndTheOnesBeforeIt) {
 }
 
 TEST(Layers, TheFoldersOfTheWorkbenchHaveAnOrderToo) {
-    const std::array folders{"words", "files", "transports", "devices", "session", "cli"};
+    const std::array folders{"words", "files", "transports", "devices", "session", "check", "cli"};
     for (std::size_t from = 0; from < folders.size(); ++from) {
         for (std::size_t to = 0; to < folders.size(); ++to) {
             const auto file = std::string("workbench/") + folders[from] + "/a.cpp";

@@ -7,6 +7,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include "workbench/cli/check_command.h"
 #include "workbench/cli/interrupts.h"
 #include "workbench/cli/plan_command.h"
 #include "workbench/cli/print_command.h"
@@ -48,6 +49,15 @@ constexpr const char* PrintExitCodes =
     "Exit codes:\n"
     "  0  the print is shown\n"
     "  3  an action can't be printed, or the output can't be written\n"
+    "  4  a file can't be read or makes no sense\n"
+    "  5  the command line makes no sense\n";
+
+constexpr const char* CheckExitCodes =
+    "Exit codes:\n"
+    "  0  nothing was found\n"
+    "  1  there are findings\n"
+    "  2  the file can't be loaded, or not be saved\n"
+    "  3  the output can't be written\n"
     "  4  a file can't be read or makes no sense\n"
     "  5  the command line makes no sense\n";
 
@@ -170,6 +180,30 @@ CLI::App* AddPrint(CLI::App& app, SetUpArguments& arguments) {
     return print;
 }
 
+CLI::App* AddCheck(CLI::App& app, CheckArguments& arguments) {
+    CLI::App* const check = app.add_subcommand(
+        "check",
+        "Tells what in a settings file stops, is lost, is taken over or never runs, before its "
+        "test.");
+    AddSetUpOptions(check, arguments);
+    check->add_flag("--json", arguments.json, "one object of JSON a line");
+    check->add_flag("--as-loaded", arguments.asLoaded,
+                    "shows each line, the action as the engine holds it, and the line as it would "
+                    "be saved");
+    check
+        ->add_option("--devices", arguments.devices,
+                     "the devices of the bench; without them no name of a device is checked")
+        ->type_name("FILE");
+    check->add_option("--answers", arguments.answers, "checks these answers of an operator, too")
+        ->type_name("FILE");
+    check->add_option("--fault", arguments.faults, "checks this script of failures, too")
+        ->type_name("SCRIPT");
+    check->add_flag("--here", arguments.here,
+                    "sounds, programs and macros must be on this machine");
+    check->footer(CheckExitCodes);
+    return check;
+}
+
 int Fail(const CommandError& error) {
     std::cout.flush();
     std::cerr << "ace-workbench: " << ToUtf8(OneLine(error.text)) << '\n';
@@ -188,19 +222,21 @@ bool WaitForStandardInput(const std::function<bool()>& isInterrupted) {
     return true;
 }
 
-Outcome RunWith(const RunArguments& arguments) {
+int RunWith(const RunArguments& arguments) {
     CatchInterrupts();
-    return RunCommand(arguments, {.out = std::cout,
-                                  .isTerminal = isatty(STDOUT_FILENO) != 0,
-                                  .isInterrupted = IsInterrupted,
-                                  .input = {.stream = &std::cin,
-                                            .isTerminal = isatty(STDIN_FILENO) != 0,
-                                            .wait = WaitForStandardInput}});
+    const Outcome outcome =
+        RunCommand(arguments, {.out = std::cout,
+                               .isTerminal = isatty(STDOUT_FILENO) != 0,
+                               .isInterrupted = IsInterrupted,
+                               .input = {.stream = &std::cin,
+                                         .isTerminal = isatty(STDIN_FILENO) != 0,
+                                         .wait = WaitForStandardInput}});
+    return static_cast<int>(outcome);
 }
 
-Outcome PrintTree(const SetUpArguments& arguments) {
+int PrintTree(const SetUpArguments& arguments) {
     TreeCommand(arguments, std::cout);
-    return Outcome::Finished;
+    return 0;
 }
 
 /// Characters in a line of the terminal; 0 for any other output.
@@ -210,27 +246,31 @@ std::size_t OutputWidth() {
     return isKnown ? size.ws_col : 0;
 }
 
-Outcome PrintLists(const SetUpArguments& arguments) {
+int PrintLists(const SetUpArguments& arguments) {
     PrintCommand(arguments, {.out = std::cout, .width = OutputWidth()});
-    return Outcome::Finished;
+    return 0;
 }
 
-/// One of the commands, and what it does when its arguments are read.
+int Check(const CheckArguments& arguments) {
+    return static_cast<int>(CheckCommand(arguments, {.out = std::cout, .width = OutputWidth()}));
+}
+
+/// One of the commands, and what it does when its arguments are read: it answers the exit code.
 struct Command {
     const CLI::App* app;
-    std::function<Outcome()> act;
+    std::function<int()> act;
 };
 
 /// The exit code of a command, which prints to the standard output.
-int ExitCodeOf(const std::function<Outcome()>& command) {
+int ExitCodeOf(const std::function<int()>& command) {
     try {
-        const Outcome outcome = command();
+        const int code = command();
         if (!std::cout.flush()) {
             return Fail(
                 {Outcome::Failed,
                  L"the output can't be written any more, so what it tells is not complete"});
         }
-        return static_cast<int>(outcome);
+        return code;
     } catch (const CommandError& error) {
         return Fail(error);
     } catch (const std::exception& error) {
@@ -258,11 +298,13 @@ int main(int argc, char** argv) {
     TestArguments toPlan;
     SetUpArguments toShow;
     SetUpArguments toPrint;
+    CheckArguments toCheck;
     const Command commands[] = {
         {AddRun(app, toRun), [&] { return RunWith(toRun); }},
-        {AddPlan(app, toPlan), [&] { return PlanCommand(toPlan, std::cout); }},
+        {AddPlan(app, toPlan), [&] { return static_cast<int>(PlanCommand(toPlan, std::cout)); }},
         {AddTree(app, toShow), [&] { return PrintTree(toShow); }},
         {AddPrint(app, toPrint), [&] { return PrintLists(toPrint); }},
+        {AddCheck(app, toCheck), [&] { return Check(toCheck); }},
     };
     try {
         app.parse(argc, argv);

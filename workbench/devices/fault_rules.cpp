@@ -226,6 +226,14 @@ void FaultRules::Count(FaultSubject subject, StringView name, FaultAct act) {
     throw RunTimeError(failing->rule.error, L"on purpose: " + failing->rule.text, L"workbench");
 }
 
+std::vector<FaultRule> FaultRules::All() const {
+    std::vector<FaultRule> rules;
+    for (const Counted& counted : x_rules) {
+        rules.push_back(counted.rule);
+    }
+    return rules;
+}
+
 std::vector<String> FaultRules::Unused() const {
     std::vector<String> lines;
     for (const Counted& counted : x_rules) {

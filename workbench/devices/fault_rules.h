@@ -53,6 +53,8 @@ class FaultRules {
     FaultRules(StringView script, const String& path);
 
     bool IsEmpty() const { return x_rules.empty(); }
+    /// In the order of the script.
+    std::vector<FaultRule> All() const;
     /// Is told of each failure, before it happens; none to end that.
     std::function<void(const FaultRule&)> onFault;
 

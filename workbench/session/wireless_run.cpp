@@ -93,7 +93,13 @@ constexpr StringView Verdicts[VerdictCount] = {L"passed", L"failed",
                                                L"n.a., because the step was broken off",
                                                L"n.a., because the step has no actions"};
 
+constexpr StringView RowNames[] = {L"#MEASFREQ#", L"#FREQ#", L"#BW#", L"#POWER#", L"#HOPPING#"};
+
 }  // namespace
+
+std::span<const StringView> RowPlaceholders() {
+    return RowNames;
+}
 
 void AnnounceWireless(Engine& engine, const TestSetUp& setUp) {
     if (setUp.moduleKind == aceVKSDUT) {
@@ -107,11 +113,12 @@ void AnnounceWireless(Engine& engine, const TestSetUp& setUp) {
 void FillRowPlaceholders(Engine& engine, const TestSetUp& setUp, const Moment& row) {
     const Matrix& matrix = setUp.matrix;
     std::vector<Pair> pairs = PairsOf(setUp);
-    pairs.push_back({L"#MEASFREQ#", row.hertz});
-    pairs.push_back({L"#FREQ#", row.hertz});
-    pairs.push_back({L"#BW#", NameOf(matrix.bandwidths, row.bandwidth, {})});
-    pairs.push_back({L"#POWER#", NameOf(matrix.powers, row.power, {})});
-    pairs.push_back({L"#HOPPING#", std::int32_t{0}});
+    const Value values[] = {row.hertz, row.hertz, NameOf(matrix.bandwidths, row.bandwidth, {}),
+                            NameOf(matrix.powers, row.power, {}), std::int32_t{0}};
+    static_assert(std::size(values) == std::size(RowNames));
+    for (std::size_t i = 0; i < std::size(values); ++i) {
+        pairs.push_back({String(RowNames[i]), values[i]});
+    }
     SetPairs(engine, pairs);
 }
 

@@ -1,6 +1,8 @@
 /// What the host of a wireless test does beside calling its moments.
 #pragma once
 
+#include <span>
+
 #include <ace/core/actions_engine_interface.h>
 
 #include "workbench/session/moments.h"
@@ -13,6 +15,9 @@ namespace ace::workbench {
 /// modules are told nothing. Rows of the file that the tables and flags rule out are gone
 /// afterwards.
 void AnnounceWireless(_aceActionsEngine& engine, const TestSetUp& setUp);
+
+/// The placeholders that each matrix row has.
+std::span<const StringView> RowPlaceholders();
 
 /// Gives the engine the placeholders of a matrix row: those of the set-up, which win, then
 /// "#MEASFREQ#" and "#FREQ#" (hertz), "#BW#" and "#POWER#" (the names) and "#HOPPING#" (0).

@@ -1,5 +1,6 @@
 #include <ace/core/actions_engine.h>
 #include <ace/execution/walks.h>
+#include <ace/execution/what_runs.h>
 
 namespace ace {
 
@@ -31,10 +32,6 @@ void PassFrequency(p_Action& action, aceModul moduleKind, double frequency) {
         RecordOf<aceAPI>(action).Freq = frequency;
     }
 }
-
-/// The kinds that can act at a frequency; all others are skipped without a call.
-constexpr KindSet FrequencyKinds(atWait, atRemote, atSetDevice, atCheckEut, atSwitchUnit,
-                                 atTrackFreq, atAPI);
 
 /// In the general lists of a susceptibility test, waits and commands have no say in the result.
 bool CountsForResult(std::int32_t kind, aceModul moduleKind) {
@@ -73,6 +70,10 @@ bool CountsForResult(std::int32_t kind, aceModul moduleKind) {
 
 }  // namespace
 
+p_Subrange ModuleLists::*FrequencySetOf(std::int32_t moduleKind) {
+    return FindModule(moduleKind) != nullptr ? FrequencySets[moduleKind] : nullptr;
+}
+
 Boolean aceActionsEngine::NewFrequency(double FreqVal, Boolean IsNotEmiScSwMeas) {
     const std::shared_ptr<EngineState> state = x_state;
     ThreadContext& context = state->Context;
@@ -87,8 +88,7 @@ Boolean aceActionsEngine::NewFrequency(double FreqVal, Boolean IsNotEmiScSwMeas)
                 return false;
             }
             state->LastFrequency = FreqVal;
-            const bool known = FindModule(state->Modul) != nullptr;
-            p_Subrange ModuleLists::*set = known ? FrequencySets[state->Modul] : nullptr;
+            p_Subrange ModuleLists::*set = FrequencySetOf(state->Modul);
             return set != nullptr ? RunFrequencyList(*state, stmt, state.get()->*set, FreqVal)
                                   : Boolean(false);
         });

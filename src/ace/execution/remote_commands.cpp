@@ -4,6 +4,7 @@
 #include <ace/execution/remote_commands.h>
 #include <ace/execution/replace_variables.h>
 #include <ace/execution/status_line.h>
+#include <ace/execution/what_runs.h>
 #include <ace/host/checked_numbers.h>
 
 namespace ace {
@@ -19,9 +20,16 @@ constexpr std::int16_t NoEndOfString = 0;
 /// By terminator code; any other code adds nothing.
 constexpr StringView Terminators[] = {L"\n", L"\r", L"\r\n", L""};
 
+}  // namespace
+
+bool IsTerminatorCode(std::int32_t code) {
+    return code >= 0 && code < static_cast<std::int32_t>(std::size(Terminators));
+}
+
+namespace {
+
 StringView TerminatorOf(std::int32_t code) {
-    const bool known = code >= 0 && code < static_cast<std::int32_t>(std::size(Terminators));
-    return known ? Terminators[code] : StringView();
+    return IsTerminatorCode(code) ? Terminators[code] : StringView();
 }
 
 void ShowLabelled(ThreadContext& context, std::size_t label, StringView detail) {

@@ -1,5 +1,6 @@
 #include <ace/core/actions_engine.h>
 #include <ace/execution/walks.h>
+#include <ace/execution/what_runs.h>
 #include <ace/host/checked_numbers.h>
 
 namespace ace {
@@ -45,8 +46,8 @@ constexpr TestRow TestTable[ModulCount] = {
 
 constexpr TestRow NoTest{};
 
-const TestRow& TestRowOf(const EngineState& state) {
-    return FindModule(state.Modul) != nullptr ? TestTable[state.Modul] : NoTest;
+const TestRow& TestRowOf(std::int32_t moduleKind) {
+    return FindModule(moduleKind) != nullptr ? TestTable[moduleKind] : NoTest;
 }
 
 void ClearLatches(p_Subrange& set, unsigned lists) {
@@ -131,9 +132,13 @@ std::int32_t NumberOfElements(const DynArray<p_Subrange>& sets) {
 
 }  // namespace
 
+bool ParksAtTheEnd(std::int32_t moduleKind) {
+    return TestRowOf(moduleKind).stopParks;
+}
+
 Boolean aceActionsEngine::StartTest() {
     const std::shared_ptr<EngineState> state = x_state;
-    const TestRow& row = TestRowOf(*state);
+    const TestRow& row = TestRowOf(state->Modul);
     state->LastFrequency = -1.0;
     ClearLatches(*state, row);
     Boolean result;
@@ -151,7 +156,7 @@ Boolean aceActionsEngine::StartTest() {
 
 Boolean aceActionsEngine::StopTest() {
     const std::shared_ptr<EngineState> state = x_state;
-    const TestRow& row = TestRowOf(*state);
+    const TestRow& row = TestRowOf(state->Modul);
     if (state->Modul == aceEMIAutoTemplate) {
         state->Context.EutCheckRequest = acEutNoAction;
     }

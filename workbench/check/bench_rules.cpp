@@ -1,0 +1,174 @@
+// What the bench, the answers and the script of failures don't have.
+#include <algorithm>
+#include <array>
+
+#include "sim/sim_devices.h"
+#include "workbench/check/rule_tests.h"
+#include "workbench/session/plan.h"
+#include "workbench/words/slips.h"
+#include "workbench/words/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+using sim::SimClass;
+
+/// A device that an action names, and the classes of which it may be.
+struct NamedDevice {
+    String name;
+    std::vector<SimClass> classes;
+    StringView words;  ///< the classes in words
+};
+
+void AddNamed(std::vector<NamedDevice>& devices, const String& name, std::vector<SimClass> classes,
+              StringView words) {
+    if (!name.empty()) {
+        devices.push_back({name, std::move(classes), words});
+    }
+}
+
+std::vector<NamedDevice> DevicesOf(const CheckedAction& action) {
+    std::vector<NamedDevice> devices;
+    if (const auto* const track = action.As<aceTrackFreq>()) {
+        AddNamed(devices, track->GenName, {SimClass::Generators}, L"a generator");
+        AddNamed(devices, track->MoniName, {SimClass::Monitoring, SimClass::Receivers},
+                 L"a monitoring device");
+        if (!track->GenName.empty()) {
+            AddNamed(devices, track->SigPathName, {SimClass::SignalPaths}, L"a signal path");
+        }
+    }
+    const auto* const record = action.As<aceSetDevice>();
+    if (record == nullptr) {
+        return devices;
+    }
+    switch (action.action.ActionType) {
+        case atSetDevice:
+            AddNamed(devices, record->DevName, {SimClass::Monitoring, SimClass::BcGenerators},
+                     L"a monitoring device or a broadcast generator");
+            AddNamed(devices, record->SigPathName, {SimClass::SignalPaths}, L"a signal path");
+            break;
+        case atCheckEut:
+        case atMonitorEUT:
+            AddNamed(devices, record->DevName, {SimClass::Monitoring}, L"a monitoring device");
+            break;
+        case atSwitchAmp:
+            AddNamed(devices, record->DevName, {SimClass::Amplifiers}, L"an amplifier");
+            break;
+        case atSwitchUnit:
+            AddNamed(devices, record->DevName, {SimClass::SwitchUnits}, L"a switch unit");
+            break;
+        default:
+            break;
+    }
+    return devices;
+}
+
+/// "It has: Amp A, Amp B."
+String NamesOf(const sim::SimBench& bench, const std::vector<SimClass>& classes) {
+    String names;
+    for (const auto& device : bench.devices) {
+        if (std::ranges::find(classes, device->deviceClass) != classes.end()) {
+            names += (names.empty() ? L"" : L", ") + device->name;
+        }
+    }
+    return names.empty() ? String(L"It has none of that class.") : L"It has: " + names + L".";
+}
+
+}  // namespace
+
+void RuleTests::NoSuchDevice(const CheckedAction& action, const Found& found) {
+    const sim::SimBench* const bench = action.file.Input().bench;
+    for (const NamedDevice& named :
+         bench != nullptr ? DevicesOf(action) : std::vector<NamedDevice>()) {
+        if (!bench->Device(named.name)) {
+            found.At(action, {QuotedLine(named.name), NamesOf(*bench, named.classes)});
+        }
+    }
+}
+
+void RuleTests::DeviceOfOtherClass(const CheckedAction& action, const Found& found) {
+    const sim::SimBench* const bench = action.file.Input().bench;
+    for (const NamedDevice& named :
+         bench != nullptr ? DevicesOf(action) : std::vector<NamedDevice>()) {
+        const auto device = bench->Device(named.name);
+        if (device &&
+            std::ranges::find(named.classes, device->deviceClass) == named.classes.end()) {
+            found.At(action,
+                     {QuotedLine(named.name), String(named.words), NamesOf(*bench, named.classes)});
+        }
+    }
+}
+
+void RuleTests::NoSuchPath(const CheckedAction& action, const Found& found) {
+    const sim::SimBench* const bench = action.file.Input().bench;
+    const auto* const record = action.As<aceSetDevice>();
+    if (bench == nullptr || record == nullptr || !action.IsOf(L"SWITCHUNIT:")) {
+        return;
+    }
+    const auto unit = std::dynamic_pointer_cast<sim::SimSwitchUnit>(bench->Device(record->DevName));
+    if (!unit || unit->paths.empty() ||
+        std::ranges::find(unit->paths, record->Path) != unit->paths.end()) {
+        return;
+    }
+    String names;
+    for (const String& path : unit->paths) {
+        names += (names.empty() ? L"" : L", ") + path;
+    }
+    found.At(action, {QuotedLine(record->Path), QuotedLine(record->DevName), names});
+}
+
+void RuleTests::NoSuchTable(const CheckedAction& action, const Found& found) {
+    const sim::SimBench* const bench = action.file.Input().bench;
+    const auto* const record = action.As<aceTrackFreq>();
+    if (bench != nullptr && record != nullptr && !record->GenName.empty() &&
+        !record->TableName.empty() && !bench->Table(record->TableName)) {
+        found.At(action, {QuotedLine(record->TableName)});
+    }
+}
+
+/// A pattern that no moment of the test fits.
+void RuleTests::AnswerForNoMoment(const CheckedFile& file, const Found& found) {
+    const Answers* const answers = file.Input().answers;
+    if (answers == nullptr) {
+        return;
+    }
+    const std::vector<Moment> plan = PlanOf(file.Input().setUp);
+    for (const AnswerLine* line : answers->Unused()) {
+        const bool fits = std::ranges::any_of(plan, [&](const Moment& moment) {
+            return FitsPattern(MomentWords(moment), line->moment) ||
+                   FitsPattern(MomentCallRowOf(moment.call).operation, line->moment);
+        });
+        if (!fits) {
+            found.At({file.Input().answersPath, line->line, {}, {}, line->source},
+                     {QuotedLine(line->moment)});
+        }
+    }
+}
+
+void RuleTests::FaultForNoDevice(const CheckedFile& file, const Found& found) {
+    const sim::SimBench* const bench = file.Input().bench;
+    const FaultRules* const faults = file.Input().faults;
+    for (const FaultRule& rule : faults != nullptr ? faults->All() : std::vector<FaultRule>()) {
+        if (bench != nullptr && rule.subject == FaultSubject::Device && !bench->Device(rule.name)) {
+            found.At({file.Input().faultsPath, rule.line, {}, {}, rule.text},
+                     {QuotedLine(rule.name)});
+        }
+    }
+}
+
+void RuleTests::ChannelWithoutDevice(const CheckedFile& file, const Found& found) {
+    const sim::SimBench* const bench = file.Input().bench;
+    std::int32_t number = 0;
+    for (const ChannelEvents& channel : file.Input().setUp.channels) {
+        ++number;
+        if (bench != nullptr && channel.watch && !bench->Device(channel.watch->device)) {
+            const String section = L"Workbench.Channel" + std::to_wstring(number);
+            found.At({file.Input().path, file.Input().document->HeaderLine(section).value_or(0),
+                      section, L"Device", channel.watch->device},
+                     {QuotedLine(channel.watch->device), NamesOf(*bench, {SimClass::Monitoring})});
+        }
+    }
+}
+
+}  // namespace ace::workbench

@@ -1,0 +1,180 @@
+#include "workbench/check/checked_file.h"
+
+#include <algorithm>
+
+#include <ace/core/operation.h>
+#include <ace/core/text.h>
+#include <ace/settings/action_line.h>
+
+namespace ace::workbench {
+
+namespace {
+
+/// A document that is only read.
+class ReadOnlyFile final : public DiskSettingsFile {
+  public:
+    using DiskSettingsFile::DiskSettingsFile;
+    void Release() override {}
+};
+
+}  // namespace
+
+/// Hands the engine the document that is checked, whatever the disk holds meanwhile.
+class CheckedFile::Host final : public SessionHost {
+  public:
+    std::shared_ptr<const SettingsDocument> document;
+
+    std::shared_ptr<ISettingsFile> OpenFile(std::int32_t, const String&) override {
+        return std::make_shared<ReadOnlyFile>(std::make_shared<FileState>(), document);
+    }
+};
+
+/// Copies what the load tells of its lines.
+class CheckedFile::Reader final : public ILineObserver {
+  public:
+    Reader(aceModul moduleKind, const SettingsDocument& document, const ModuleLists& lists)
+        : x_moduleKind(moduleKind), x_document(document), x_lists(lists) {}
+
+    void SetStarts(const SetPlace& place) override {
+        CheckedSection section;
+        section.moduleKind = x_moduleKind;
+        section.place = place;
+        const ModuleRow& row = *FindModule(x_moduleKind);
+        for (const FixedSet& fixed : row.AllFixed()) {
+            section.fixed = &(x_lists.*fixed.set) == place.fixed ? fixed.set : section.fixed;
+        }
+        for (const NumberedSets& numbered : row.AllNumbered()) {
+            section.sets = &(x_lists.*numbered.sets) == place.sets ? numbered.sets : section.sets;
+        }
+        sections.push_back(std::move(section));
+    }
+    void SectionStarts(StringView name) override {
+        sections.back().name = name;
+        sections.back().header = x_document.HeaderLine(name).value_or(0);
+    }
+    void LineIsRead(const LineReport& report) override {
+        if (report.error != 0) {
+            stop = {report.lineIndex, String(report.line), report.meaning, report.failedStep,
+                    report.list,      report.count,        report.reason,  report.error};
+            return;
+        }
+        sections.back().lines.push_back({report.lineIndex, String(report.line), report.meaning,
+                                         String(report.key), String(report.keyword), report.list,
+                                         report.count, report.entry, report.row, report.inherited,
+                                         *report.origins});
+    }
+
+    std::vector<CheckedSection> sections;
+    StoppedLine stop;  ///< its index is -1 as long as no line has stopped the load
+
+  private:
+    aceModul x_moduleKind;
+    const SettingsDocument& x_document;
+    const ModuleLists& x_lists;
+};
+
+namespace {
+
+/// Which line fills which entry, in one pass from the end: the last one wins.
+void FindFilled(CheckedSection& section) {
+    std::ranges::stable_sort(section.lines, {}, &CheckedLine::index);
+    std::vector<bool> filled[std::size(ActionLists)];
+    for (std::size_t i = 0; i < std::size(ActionLists); ++i) {
+        const std::int32_t count = section.Lists().*ActionLists[i].count;
+        filled[i].resize(static_cast<std::size_t>(std::max(count, 0)));
+    }
+    for (auto line = section.lines.rbegin(); line != section.lines.rend(); ++line) {
+        if (line->meaning == LineMeaning::Entry) {
+            auto entry = filled[line->list - 1].begin() + line->entry;
+            line->fills = !*entry;
+            *entry = true;
+        }
+    }
+    for (std::int32_t list = 1; list <= 4; ++list) {
+        const std::vector<bool>& entries = filled[list - 1];
+        for (auto entry = std::ranges::find(entries, false); entry != entries.end();
+             entry = std::find(entry + 1, entries.end(), false)) {
+            section.emptyEntries.emplace_back(list,
+                                              static_cast<std::int32_t>(entry - entries.begin()));
+        }
+    }
+}
+
+}  // namespace
+
+const CheckedLine* CheckedSection::LineAt(std::int32_t index) const {
+    const auto found = std::ranges::lower_bound(lines, index, {}, &CheckedLine::index);
+    return found == lines.end() || found->index != index ? nullptr : &*found;
+}
+
+CheckedFile::CheckedFile(const CheckInput& input)
+    : x_input(input),
+      x_left(std::make_shared<SettingsDocument>(*input.document)),
+      x_host(std::make_shared<Host>()) {
+    x_host->journal.KeepNone();
+    x_host->document = x_left;
+    x_context = std::make_unique<ThreadContext>(x_host);
+    bool isComplete = Load(input.setUp.moduleKind);
+    if (isComplete && input.setUp.moduleKind == aceEMSAutoTemplateGeneral &&
+        input.setUp.subRanges > 0) {
+        isComplete = Load(aceEMSAutoTemplate);
+    }
+    for (const Stop& stop : x_stops) {
+        const auto section = std::ranges::find(x_sections, stop.section, &CheckedSection::name);
+        if (section != x_sections.end()) {
+            section->stops.push_back(stop.line);
+        }
+    }
+}
+
+CheckedFile::~CheckedFile() = default;
+
+/// Loads again and again, each time without the line that has stopped it before.
+bool CheckedFile::Load(aceModul moduleKind) {
+    for (;;) {
+        auto engine = std::make_unique<aceActionsEngine>(*x_context);
+        Reader reader(moduleKind, *x_input.document, engine->State());
+        x_context->LineObserver = &reader;
+        String failure;
+        try {
+            engine->LoadActions(x_input.path, x_input.setUp.subRanges, moduleKind);
+        } catch (...) {
+            const RunTimeError error = CurrentRunTimeError();
+            failure = error.Description() + L" (error " + std::to_wstring(error.Number()) + L")";
+        }
+        x_context->LineObserver = nullptr;
+        if (reader.stop.index >= 0 && x_stops.size() < MostStops) {
+            LeaveOut(reader);
+            continue;
+        }
+        x_failure = failure;
+        std::ranges::for_each(reader.sections, FindFilled);
+        std::ranges::move(reader.sections, std::back_inserter(x_sections));
+        x_engines.push_back(std::move(engine));
+        return failure.empty();
+    }
+}
+
+/// The line becomes an empty one, so that the others keep their places. With a count line that
+/// can't be read go the entries that it counts: without it each of them would stop the load.
+void CheckedFile::LeaveOut(const Reader& reader) {
+    const String& name = reader.sections.back().name;
+    x_stops.push_back({name, reader.stop});
+    std::vector<String> lines = x_left->GetSection(name);
+    lines[static_cast<std::size_t>(reader.stop.index)].clear();
+    if (reader.stop.meaning == LineMeaning::Count) {
+        const StringView entry = ActionListKeys[reader.stop.list - 1].entry;
+        for (String& line : lines) {
+            if (IsWord(entry, StringView(line).substr(0, entry.size()))) {
+                line.clear();
+            }
+        }
+    }
+    String text;
+    for (const String& line : lines) {
+        text += (&line == lines.data() ? L"" : L"\r\n") + line;
+    }
+    x_left->SetSection(name, text);
+}
+
+}  // namespace ace::workbench

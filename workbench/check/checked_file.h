@@ -1,0 +1,126 @@
+/// A settings file as the engine reads it, with all that a check asks of it.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <ace/core/actions_engine.h>
+#include <ace/settings/line_observer.h>
+
+#include "workbench/devices/fault_rules.h"
+#include "workbench/session/answers.h"
+#include "workbench/session/session_host.h"
+#include "workbench/session/set_up.h"
+
+namespace ace::workbench {
+
+/// A line of a section that the engine has asked for.
+struct CheckedLine {
+    std::int32_t index = 0;  ///< in its section, from 0
+    String text;
+    LineMeaning meaning = LineMeaning::Short;
+    String key;
+    String keyword;  ///< with its ":"
+    std::int32_t list = 0;
+    std::int32_t count = 0;
+    std::int32_t entry = -1;
+    const KeywordRow* row = nullptr;
+    LineFields inherited;
+    FieldOrigins origins{};
+    bool fills = false;  ///< the last line of its entry: what stands there comes from it
+
+    /// What stands behind the keyword.
+    StringView Value() const { return StringView(text).substr(key.size() + 1 + keyword.size()); }
+};
+
+/// A line at which the load ends.
+struct StoppedLine {
+    std::int32_t index = -1;  ///< in its section; -1 when it is none of its lines
+    String text;
+    LineMeaning meaning = LineMeaning::Short;
+    LineStep::Kind step = LineStep::Plain;
+    std::int32_t list = 0;
+    std::int32_t count = 0;
+    String reason;
+    std::int32_t error = 0;
+};
+
+/// A section that fills a set of lists.
+struct CheckedSection {
+    String name;
+    std::size_t header = 0;  ///< number of its header line in the file, from 1; 0 for a missing one
+    aceModul moduleKind = aceTemplate;
+    SetPlace place;
+    p_Subrange ModuleLists::*fixed = nullptr;           ///< the set that it fills, or
+    DynArray<p_Subrange> ModuleLists::*sets = nullptr;  ///< the numbered sets
+    std::vector<CheckedLine> lines;                     ///< in the order of the file
+    std::vector<StoppedLine> stops;  ///< the load of what is left of the section goes on
+    /// Entries that no line fills: number of the list from 1, index from 0.
+    std::vector<std::pair<std::int32_t, std::int32_t>> emptyEntries;
+
+    /// The set as it was loaded.
+    const p_Subrange& Lists() const {
+        return place.fixed != nullptr ? *place.fixed : (*place.sets)[place.index];
+    }
+    /// The line of an index; none for one that the load did not read.
+    const CheckedLine* LineAt(std::int32_t index) const;
+    /// Number of a line in the file, from 1.
+    std::size_t FileLine(std::int32_t index) const {
+        return header + 1 + static_cast<std::size_t>(index);
+    }
+};
+
+/// What is checked, and what is known beside the file. What is pointed to may be none.
+struct CheckInput {
+    const SettingsDocument* document = nullptr;
+    String path;  ///< for messages
+    TestSetUp setUp;
+    const sim::SimBench* bench = nullptr;  ///< the devices of the chamber
+    const Answers* answers = nullptr;
+    String answersPath;
+    const FaultRules* faults = nullptr;
+    String faultsPath;
+    bool here = false;  ///< sounds, programs and macros must be on this machine
+};
+
+/// A settings file read for a check. Lines that end a load are left out and the load is tried
+/// again, so that all of them are found.
+class CheckedFile {
+  public:
+    /// More lines than this that stop the load are not looked for.
+    static constexpr std::size_t MostStops = 100;
+
+    explicit CheckedFile(const CheckInput& input);
+    CheckedFile(const CheckedFile&) = delete;
+    CheckedFile& operator=(const CheckedFile&) = delete;
+    ~CheckedFile();
+
+    const CheckInput& Input() const { return x_input; }
+    const std::vector<CheckedSection>& Sections() const { return x_sections; }
+    /// Why the load fails without a line of a section; empty when it doesn't.
+    const String& Failure() const { return x_failure; }
+    /// The context of the lists, for what writes and describes them.
+    ThreadContext& Context() const { return *x_context; }
+
+  private:
+    class Reader;
+    class Host;
+
+    bool Load(aceModul moduleKind);
+    void LeaveOut(const Reader& reader);
+
+    const CheckInput& x_input;
+    std::shared_ptr<SettingsDocument> x_left;  ///< the document without the lines that stop
+    std::shared_ptr<Host> x_host;
+    std::unique_ptr<ThreadContext> x_context;
+    std::vector<std::unique_ptr<aceActionsEngine>> x_engines;
+    std::vector<CheckedSection> x_sections;
+    struct Stop {
+        String section;
+        StoppedLine line;
+    };
+    std::vector<Stop> x_stops;
+    String x_failure;
+};
+
+}  // namespace ace::workbench

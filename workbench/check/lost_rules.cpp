@@ -1,0 +1,167 @@
+// What the load of a file passes over, and what a save doesn't bring back.
+#include <cmath>
+#include <set>
+
+#include <ace/core/text.h>
+#include <ace/settings/action_line.h>
+
+#include "workbench/check/rule_tests.h"
+#include "workbench/words/slips.h"
+#include "workbench/words/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+/// What a list is called by its keys: "EnterAction".
+StringView ListWord(std::int32_t list) {
+    return ActionListKeys[list - 1].entry;
+}
+
+/// ": did you mean SWITCHAMP?" or nothing.
+String Hint(StringView text, std::span<const StringView> words) {
+    const StringView near = NearestWord(text, words);
+    return near.empty() ? String() : L" Did you mean " + String(near) + L"?";
+}
+
+std::vector<StringView> KeywordsOf(std::int32_t list) {
+    std::vector<StringView> words;
+    for (const KeywordRow& row : KeywordTable()) {
+        if (row.IsKnownIn(static_cast<std::size_t>(list - 1))) {
+            words.push_back(row.keyword);
+        }
+    }
+    return words;
+}
+
+/// The key without its number, and the words that it could be.
+StringView WithoutNumber(StringView key) {
+    return key.substr(0, key.find_last_not_of(L"0123456789") + 1);
+}
+std::vector<StringView> KeyWords() {
+    std::vector<StringView> words;
+    for (const ListKeys& keys : ActionListKeys) {
+        words.push_back(keys.count);
+        words.push_back(keys.entry);
+    }
+    return words;
+}
+
+/// The number of fields that a keyword's line may have; a command may hold commas in the old form.
+struct FieldCounts {
+    StringView keyword;
+    std::size_t most;
+};
+constexpr FieldCounts MostFields[] = {
+    {L"WAIT:", 1},       {L"NOTIFY:", 3},    {L"QUESTION:", 3},    {L"REMOTE:", 7},
+    {L"SETDEV:", 3},     {L"CHECKEUT:", 10}, {L"MONITOREUT:", 10}, {L"SWITCHAMP:", 2},
+    {L"SWITCHUNIT:", 2}, {L"FREQTRACK:", 6}, {L"SYNCGEN:", 6},
+};
+
+std::size_t FieldsOf(StringView value) {
+    return 1 + static_cast<std::size_t>(std::ranges::count(value, L','));
+}
+
+/// How many digits behind the point a number keeps in a saved file.
+bool KeepsDigits(double number, int decimals) {
+    const double scaled = number * std::pow(10.0, decimals);
+    return std::abs(scaled - std::round(scaled)) < 1e-6 || std::abs(scaled) > 1e15;
+}
+
+}  // namespace
+
+void RuleTests::UnknownKeyword(const CheckedFile& file, const CheckedSection& section,
+                               const CheckedLine& line, const Found& found) {
+    if (line.meaning == LineMeaning::UnknownKeyword && line.row == nullptr) {
+        found.At(
+            file, section, line,
+            {line.keyword, Hint(line.keyword, KeywordsOf(line.list)), String(ListWord(line.list))});
+    }
+}
+
+void RuleTests::KeywordOfOtherList(const CheckedFile& file, const CheckedSection& section,
+                                   const CheckedLine& line, const Found& found) {
+    if (line.meaning == LineMeaning::UnknownKeyword && line.row != nullptr) {
+        found.At(file, section, line, {String(line.row->keyword), String(ListWord(line.list))});
+    }
+}
+
+void RuleTests::ForeignKey(const CheckedFile& file, const CheckedSection& section,
+                           const CheckedLine& line, const Found& found) {
+    const bool isShort = line.meaning == LineMeaning::Short && !line.text.empty();
+    if (line.meaning != LineMeaning::UnknownKey && !isShort) {
+        return;
+    }
+    const StringView key = Trimmed(line.key);
+    const std::vector<StringView> words = KeyWords();
+    String hint = Hint(WithoutNumber(key), words);
+    if (!hint.empty() && key.size() != line.key.size()) {
+        hint = L" There are blanks around the key.";
+    }
+    found.At(file, section, line, {hint});
+}
+
+/// The line that counts is the last one of its entry.
+void RuleTests::EntryTwice(const CheckedFile& file, const CheckedSection& section,
+                           const CheckedLine& line, const Found& found) {
+    if (line.meaning == LineMeaning::Entry && !line.fills) {
+        found.At(file, section, line,
+                 {String(ListWord(line.list)) + std::to_wstring(line.entry + 1)});
+    }
+}
+
+void RuleTests::CountTwice(const CheckedFile& file, const CheckedSection& section,
+                           const Found& found) {
+    std::set<std::int32_t> lists;
+    for (const CheckedLine& line : section.lines) {
+        if (line.meaning == LineMeaning::Count && !lists.insert(line.list).second) {
+            found.At(file, section, line, {line.key});
+        }
+    }
+}
+
+void RuleTests::LostTerminator(const CheckedAction& action, const Found& found) {
+    const auto* const record = action.As<aceRemote>();
+    if (record == nullptr || !action.IsOf(L"REMOTE:") || record->Iface != aceRemote::TcpIp ||
+        action.line.list == 1 || record->Command.empty()) {
+        return;
+    }
+    String value(action.line.Value());
+    for (int comma = 0; comma < 3; ++comma) {
+        value.erase(0, value.find(L',') + 1);
+    }
+    const String port = value.substr(0, value.find(L','));
+    const std::size_t colon = port.find(L':');
+    const auto code =
+        colon == String::npos ? std::nullopt : WholeInteger(StringView(port).substr(colon + 1));
+    if (code && *code != record->Terminator) {
+        found.At(action, {std::to_wstring(*code), std::to_wstring(record->Terminator)});
+    }
+}
+
+void RuleTests::LostDecimals(const CheckedAction& action, const Found& found) {
+    const auto tell = [&](double number, int decimals) {
+        if (!KeepsDigits(number, decimals)) {
+            found.At(action, {FormatGeneral(number, L'.'), FormatFixed(number, decimals, L'.')});
+        }
+    };
+    if (const auto* const wait = action.As<aceWait>()) {
+        tell(wait->Time, 3);
+    }
+    const auto* const check = action.As<aceSetDevice>();
+    if (check != nullptr && (action.IsOf(L"CHECKEUT:") || action.IsOf(L"MONITOREUT:"))) {
+        tell(check->CycleTime, 2);
+        tell(static_cast<double>(check->WaitTime), 2);
+    }
+}
+
+void RuleTests::MoreFields(const CheckedAction& action, const Found& found) {
+    for (const FieldCounts& row : MostFields) {
+        const std::size_t fields = FieldsOf(action.line.Value());
+        if (action.IsOf(row.keyword) && fields > row.most) {
+            found.At(action, {std::to_wstring(fields), std::to_wstring(row.most)});
+        }
+    }
+}
+
+}  // namespace ace::workbench

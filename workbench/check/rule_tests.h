@@ -1,0 +1,114 @@
+/// How the rules look, for their table.
+#pragma once
+
+#include "workbench/check/rules.h"
+
+namespace ace::workbench {
+
+/// Why a line stops the load.
+enum class StopCause {
+    NoEqualSign,
+    NoColon,
+    SmallCount,
+    LargeCount,
+    NoCount,
+    BeyondCount,
+    NoNumber,
+    LargeNumber,
+    FewFields,
+    Other,
+};
+
+namespace RuleTests {
+
+// ---- stop_rules.cpp ----------------------------------------------------------------------------
+
+void FindStops(const CheckedFile& file, const CheckedSection& section, const Found& found,
+               StopCause cause);
+template <StopCause Cause>
+void Stop(const CheckedFile& file, const CheckedSection& section, const Found& found) {
+    FindStops(file, section, found, Cause);
+}
+void LoadFails(const CheckedFile& file, const Found& found);
+void EmptyEntry(const CheckedFile& file, const CheckedSection& section, const Found& found);
+
+// ---- lost_rules.cpp ----------------------------------------------------------------------------
+
+void UnknownKeyword(const CheckedFile& file, const CheckedSection& section, const CheckedLine& line,
+                    const Found& found);
+void KeywordOfOtherList(const CheckedFile& file, const CheckedSection& section,
+                        const CheckedLine& line, const Found& found);
+void ForeignKey(const CheckedFile& file, const CheckedSection& section, const CheckedLine& line,
+                const Found& found);
+void EntryTwice(const CheckedFile& file, const CheckedSection& section, const CheckedLine& line,
+                const Found& found);
+void CountTwice(const CheckedFile& file, const CheckedSection& section, const Found& found);
+void LostTerminator(const CheckedAction& action, const Found& found);
+void LostDecimals(const CheckedAction& action, const Found& found);
+void MoreFields(const CheckedAction& action, const Found& found);
+
+// ---- section_rules.cpp -------------------------------------------------------------------------
+
+void SectionBeyond(const CheckedFile& file, const Found& found);
+void MisspeltSection(const CheckedFile& file, const Found& found);
+void SectionUnread(const CheckedFile& file, const Found& found);
+void SectionTwice(const CheckedFile& file, const Found& found);
+void MisspeltKey(const CheckedFile& file, const Found& found);
+void KeyTwice(const CheckedFile& file, const Found& found);
+void NoDeviceSection(const CheckedAction& action, const Found& found);
+void UnusedDeviceSection(const CheckedFile& file, const Found& found);
+
+// ---- inherited_rules.cpp -----------------------------------------------------------------------
+
+void InheritedMessage(const CheckedAction& action, const Found& found);
+void InheritedSound(const CheckedAction& action, const Found& found);
+void InheritedCommand(const CheckedAction& action, const Found& found);
+void InheritedProgram(const CheckedAction& action, const Found& found);
+void InheritedTerminator(const CheckedAction& action, const Found& found);
+void InheritedSignalPath(const CheckedAction& action, const Found& found);
+void InheritedGenerator(const CheckedAction& action, const Found& found);
+void InheritedMonitor(const CheckedAction& action, const Found& found);
+void InheritedLoadingPosition(const CheckedAction& action, const Found& found);
+
+// ---- run_rules.cpp -----------------------------------------------------------------------------
+
+void SkippedAtFrequency(const CheckedAction& action, const Found& found);
+void ListNeverRuns(const CheckedFile& file, const CheckedSection& section, const Found& found);
+void TrackingOutside(const CheckedAction& action, const Found& found);
+void SignalStopsTest(const CheckedAction& action, const Found& found);
+void ParksNothing(const CheckedAction& action, const Found& found);
+void WaitsForOperator(const CheckedAction& action, const Found& found);
+void PlaceholderStays(const CheckedAction& action, const Found& found);
+void RadiationStays(const CheckedFile& file, const Found& found);
+
+// ---- value_rules.cpp ---------------------------------------------------------------------------
+
+void TextForNumber(const CheckedAction& action, const Found& found);
+void FlagUnknown(const CheckedAction& action, const Found& found);
+void WaitOutside(const CheckedAction& action, const Found& found);
+void UnknownTransport(const CheckedAction& action, const Found& found);
+void UnknownTerminator(const CheckedAction& action, const Found& found);
+void NoTerminator(const CheckedAction& action, const Found& found);
+void PortOutside(const CheckedAction& action, const Found& found);
+void AmplifierStateOutside(const CheckedAction& action, const Found& found);
+void NothingToDo(const CheckedAction& action, const Found& found);
+
+// ---- bench_rules.cpp ---------------------------------------------------------------------------
+
+void NoSuchDevice(const CheckedAction& action, const Found& found);
+void DeviceOfOtherClass(const CheckedAction& action, const Found& found);
+void NoSuchPath(const CheckedAction& action, const Found& found);
+void NoSuchTable(const CheckedAction& action, const Found& found);
+void AnswerForNoMoment(const CheckedFile& file, const Found& found);
+void FaultForNoDevice(const CheckedFile& file, const Found& found);
+void ChannelWithoutDevice(const CheckedFile& file, const Found& found);
+
+// ---- here_rules.cpp ----------------------------------------------------------------------------
+
+void SoundNotHere(const CheckedAction& action, const Found& found);
+void ProgramNotHere(const CheckedAction& action, const Found& found);
+void MacroNotHere(const CheckedAction& action, const Found& found);
+
+}  // namespace RuleTests
+
+}  // namespace ace::workbench

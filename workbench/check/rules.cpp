@@ -1,0 +1,81 @@
+#include "workbench/check/rules.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "workbench/words/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+constexpr GroupWords Groups[FindingGroupCount] = {
+    {L"stops", L"Stops the load or the save", L"of what stops the load or the save"},
+    {L"lost", L"Skipped or lost", L"of what is skipped or lost"},
+    {L"taken-over", L"Taken over from a line above", L"of what is taken over"},
+    {L"never-runs", L"Never runs, or does not do what it says",
+     L"of what does not do what it says"},
+};
+
+void Look(const CheckedFile& file, const Rule& rule, std::vector<Finding>& findings) {
+    const Found found(rule, findings);
+    if (rule.inFile != nullptr) {
+        rule.inFile(file, found);
+        return;
+    }
+    for (const CheckedSection& section : file.Sections()) {
+        if (rule.inSection != nullptr) {
+            rule.inSection(file, section, found);
+        } else if (rule.inAction != nullptr) {
+            ForEachAction(file, section,
+                          [&](const CheckedAction& action) { rule.inAction(action, found); });
+        } else {
+            for (const CheckedLine& line : section.lines) {
+                rule.inLine(file, section, line, found);
+            }
+        }
+    }
+}
+
+}  // namespace
+
+const GroupWords& WordsOf(FindingGroup group) {
+    return Groups[static_cast<std::size_t>(group)];
+}
+
+String PlaceWords(const FindingPlace& place) {
+    String words = place.file + (place.line > 0 ? L":" + std::to_wstring(place.line) : L"") + L":";
+    if (!place.section.empty()) {
+        words += L" [" + place.section + L"]";
+    }
+    return place.entry.empty() ? words : words + L" " + place.entry;
+}
+
+void Found::At(FindingPlace place, std::initializer_list<String> words) const {
+    const std::vector<String> values(words);
+    x_findings.push_back(
+        {&x_rule, std::move(place), Filled(x_rule.meaning, values), Filled(x_rule.advice, values)});
+}
+
+void Found::At(const CheckedFile& file, const CheckedSection& section, const CheckedLine& line,
+               std::initializer_list<String> words) const {
+    const std::size_t equals = line.text.find(L'=');
+    const bool hasKey = equals != String::npos;
+    At({file.Input().path, section.FileLine(line.index), section.name,
+        hasKey ? line.text.substr(0, equals) : String(),
+        hasKey ? line.text.substr(equals + 1) : line.text},
+       words);
+}
+
+std::vector<Finding> FindingsOf(const CheckedFile& file) {
+    std::vector<Finding> findings;
+    for (const Rule& rule : Rules()) {
+        Look(file, rule, findings);
+    }
+    std::ranges::stable_sort(findings, {}, [](const Finding& finding) {
+        return std::tuple(finding.rule->group, finding.place.line);
+    });
+    return findings;
+}
+
+}  // namespace ace::workbench

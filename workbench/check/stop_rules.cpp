@@ -1,0 +1,124 @@
+// What stops the load of a file, or its save.
+#include <algorithm>
+#include <map>
+
+#include <ace/core/operation.h>
+#include <ace/settings/action_line.h>
+
+#include "sim/sim_settings.h"
+#include "workbench/check/rule_tests.h"
+#include "workbench/words/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+std::int32_t CountOf(const CheckedSection& section, std::int32_t list) {
+    return list == 0 ? 0 : section.Lists().*ActionLists[list - 1].count;
+}
+
+StopCause CauseOf(const CheckedSection& section, const StoppedLine& line) {
+    switch (line.step) {
+        case LineStep::FindEqualSign:
+            return StopCause::NoEqualSign;
+        case LineStep::FindColon:
+            return StopCause::NoColon;
+        case LineStep::MakeList:
+            return line.count < 1 ? StopCause::SmallCount : StopCause::LargeCount;
+        case LineStep::FindEntry:
+            return CountOf(section, line.list) < 1 ? StopCause::NoCount : StopCause::BeyondCount;
+        case LineStep::NeedNumber:
+        case LineStep::NeedTruth:
+            return line.error == Errors::Overflow ? StopCause::LargeNumber : StopCause::NoNumber;
+        case LineStep::FindComma:
+        case LineStep::FindField:
+        case LineStep::UseMoniDev:
+            return StopCause::FewFields;
+        case LineStep::Plain:
+            break;
+    }
+    return StopCause::Other;
+}
+
+const CheckedLine* CountLineOf(const CheckedSection& section, std::int32_t list) {
+    for (const CheckedLine& line : section.lines) {
+        if (line.meaning == LineMeaning::Count && line.list == list) {
+            return &line;
+        }
+    }
+    return nullptr;
+}
+
+String KeyOf(StringView line) {
+    return String(Trimmed(line.substr(0, line.find(L'='))));
+}
+
+/// "EnterAction4, EnterAction5 and 3 more"
+String Enumerated(const std::vector<String>& keys) {
+    constexpr std::size_t Most = 3;
+    String text;
+    for (std::size_t i = 0; i < keys.size() && i < Most; ++i) {
+        text += (i == 0 ? L"" : L", ") + keys[i];
+    }
+    return keys.size() > Most ? text + L" and " + std::to_wstring(keys.size() - Most) + L" more"
+                              : text;
+}
+
+}  // namespace
+
+void RuleTests::FindStops(const CheckedFile& file, const CheckedSection& section,
+                          const Found& found, StopCause cause) {
+    for (const StoppedLine& stop : section.stops) {
+        if (CauseOf(section, stop) == cause) {
+            CheckedLine line;
+            line.index = stop.index;
+            line.text = stop.text;
+            found.At(file, section, line,
+                     {stop.reason, std::to_wstring(CountOf(section, stop.list))});
+        }
+    }
+}
+
+/// Whatever no line can tell, such as a key beside the sections of lines.
+void RuleTests::LoadFails(const CheckedFile& file, const Found& found) {
+    if (!file.Failure().empty()) {
+        found.At({file.Input().path}, {file.Failure()});
+    }
+    for (const CheckedSection& section : file.Sections()) {
+        FindStops(file, section, found, StopCause::Other);
+    }
+}
+
+/// At the line that should have filled it, or at the count that asks for it. One that is left out
+/// because of its own error is told already.
+void RuleTests::EmptyEntry(const CheckedFile& file, const CheckedSection& section,
+                           const Found& found) {
+    if (section.emptyEntries.empty()) {
+        return;
+    }
+    std::map<String, const CheckedLine*, sim::NameLess> lines;  // none for a line that is left out
+    for (const StoppedLine& stop : section.stops) {
+        lines.emplace(KeyOf(stop.text), nullptr);
+    }
+    for (const CheckedLine& line : section.lines) {
+        lines.emplace(KeyOf(line.text), &line);
+    }
+    std::vector<String> withoutLine[std::size(ActionLists)];
+    for (const auto& [list, entry] : section.emptyEntries) {
+        String key = String(ActionListKeys[list - 1].entry) + std::to_wstring(entry + 1);
+        const auto line = lines.find(key);
+        if (line == lines.end()) {
+            withoutLine[list - 1].push_back(std::move(key));
+        } else if (line->second != nullptr) {
+            found.At(file, section, *line->second, {key});
+        }
+    }
+    for (std::int32_t list = 1; list <= 4; ++list) {
+        const CheckedLine* const line = CountLineOf(section, list);
+        if (line != nullptr && !withoutLine[list - 1].empty()) {
+            found.At(file, section, *line, {Enumerated(withoutLine[list - 1])});
+        }
+    }
+}
+
+}  // namespace ace::workbench

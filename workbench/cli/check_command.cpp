@@ -1,0 +1,167 @@
+#include "workbench/cli/check_command.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "workbench/check/as_loaded.h"
+#include "workbench/check/rules.h"
+#include "workbench/cli/console_report.h"
+#include "workbench/devices/device_file.h"
+#include "workbench/files/text_encoding.h"
+#include "workbench/session/bench_host.h"
+#include "workbench/words/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+/// What stands beside the file; it outlives the check.
+struct Surroundings {
+    std::shared_ptr<BenchHost> bench;
+    std::optional<Answers> answers;
+    std::optional<FaultRules> faults;
+};
+
+Surroundings ReadSurroundings(const CheckArguments& arguments) {
+    Surroundings read;
+    if (arguments.devices) {
+        read.bench = std::make_shared<BenchHost>(Clock::Virtual, TransportChoice(),
+                                                 std::make_shared<FaultRules>());
+        ReadDevices(ExistingDocument(*arguments.devices), FromUtf8(*arguments.devices),
+                    *read.bench);
+    }
+    if (arguments.answers) {
+        read.answers.emplace(ExistingText(*arguments.answers), FromUtf8(*arguments.answers));
+    }
+    if (arguments.faults) {
+        read.faults.emplace(ExistingText(*arguments.faults), FromUtf8(*arguments.faults));
+    }
+    return read;
+}
+
+CheckInput InputOf(const CheckArguments& arguments, const SettingsDocument& document,
+                   const Surroundings& surroundings) {
+    CheckInput input;
+    input.document = &document;
+    input.path = FromUtf8(arguments.file);
+    input.setUp = ReadSetUp(document, input.path, ReadOptions(arguments));
+    input.bench = surroundings.bench ? &surroundings.bench->bench : nullptr;
+    input.answers = surroundings.answers ? &*surroundings.answers : nullptr;
+    input.answersPath = FromUtf8(arguments.answers.value_or(std::string()));
+    input.faults = surroundings.faults ? &*surroundings.faults : nullptr;
+    input.faultsPath = FromUtf8(arguments.faults.value_or(std::string()));
+    input.here = arguments.here;
+    return input;
+}
+
+/// A text below its heading, in lines that fit the terminal.
+void PrintIndented(ConsoleReport& report, StringView text, std::size_t width) {
+    constexpr std::size_t Indentation = 4;
+    const std::size_t left = width > Indentation ? width - Indentation : width;
+    for (const String& line : Wrapped(text, left)) {
+        report.PrintText(String(Indentation, L' ') + line);
+    }
+}
+
+/// "3: 1 of what stops the load or the save, 2 of what is skipped or lost"
+String CountsText(const std::vector<Finding>& findings) {
+    if (findings.empty()) {
+        return L"none: the file does what it says";
+    }
+    String text = std::to_wstring(findings.size());
+    StringView separator = L": ";
+    for (std::size_t i = 0; i < FindingGroupCount; ++i) {
+        const auto group = static_cast<FindingGroup>(i);
+        const auto count = std::ranges::count(
+            findings, group, [](const Finding& finding) { return finding.rule->group; });
+        if (count > 0) {
+            text.append(separator)
+                .append(std::to_wstring(count))
+                .append(L" ")
+                .append(WordsOf(group).count);
+            separator = L", ";
+        }
+    }
+    return text;
+}
+
+void Print(ConsoleReport& report, const CheckInput& input, const std::vector<Finding>& findings,
+           std::size_t width) {
+    report.PrintPair(L"File", input.path);
+    report.PrintPair(L"Module", ModuleText(input.setUp.moduleKind, input.setUp.subRanges));
+    for (const String& note : input.setUp.notes) {
+        report.PrintPair(L"Note", note);
+    }
+    report.PrintPair(L"Findings", CountsText(findings));
+    const Finding* before = nullptr;
+    for (const Finding& finding : findings) {
+        if (before == nullptr || before->rule->group != finding.rule->group) {
+            report.PrintText(L"\n" + String(WordsOf(finding.rule->group).title) + L"\n");
+        }
+        before = &finding;
+        const String text =
+            finding.place.text.empty() ? L"" : L" " + QuotedLine(finding.place.text);
+        report.PrintText(PlaceWords(finding.place) + text);
+        PrintIndented(report, finding.meaning, width);
+        PrintIndented(report, finding.advice, width);
+    }
+}
+
+CheckResult ResultOf(const std::vector<Finding>& findings) {
+    const bool isUnusable = std::ranges::any_of(findings, [](const Finding& finding) {
+        return finding.rule->group == FindingGroup::Stops;
+    });
+    return isUnusable         ? CheckResult::Unusable
+           : findings.empty() ? CheckResult::Clean
+                              : CheckResult::Findings;
+}
+
+}  // namespace
+
+std::string JsonOf(const Finding& finding) {
+    nlohmann::ordered_json object;
+    const auto add = [&](const char* key, StringView text) {
+        if (!text.empty()) {
+            object[key] = ToUtf8(text);
+        }
+    };
+    add("rule", finding.rule->name);
+    add("group", WordsOf(finding.rule->group).name);
+    add("file", finding.place.file);
+    if (finding.place.line > 0) {
+        object["line"] = finding.place.line;
+    }
+    add("section", finding.place.section);
+    add("entry", finding.place.entry);
+    add("text", finding.place.text);
+    add("meaning", finding.meaning);
+    add("advice", finding.advice);
+    return object.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
+}
+
+CheckResult CheckCommand(const CheckArguments& arguments, const CheckOutput& output) {
+    const SettingsDocument document = ExistingDocument(arguments.file);
+    const Surroundings surroundings = ReadSurroundings(arguments);
+    const CheckInput input = InputOf(arguments, document, surroundings);
+    const CheckedFile file(input);
+    const std::vector<Finding> findings = FindingsOf(file);
+
+    std::ostringstream text;
+    ConsoleReport report(text, false);
+    if (arguments.asLoaded) {
+        for (const String& line : AsLoaded(file, output.width)) {
+            report.PrintText(line + L"\n");
+        }
+    } else if (arguments.json) {
+        for (const Finding& finding : findings) {
+            text << JsonOf(finding) << '\n';
+        }
+    } else {
+        Print(report, input, findings, output.width);
+    }
+    output.out << text.str();
+    return ResultOf(findings);
+}
+
+}  // namespace ace::workbench
