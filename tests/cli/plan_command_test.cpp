@@ -213,6 +213,54 @@ TEST_F(PlanCommandTest, AnActionThatStopsTheTestStandsInTheHead) {
     EXPECT_EQ(outcome, Outcome::Finished);
 }
 
+/// The second and third subrange enter with the same action, but for the end of a long command.
+std::string ThreeSubranges(const std::string& third) {
+    return "[Workbench]\nModule=0\nSubRanges=3\n[ActionsOnSR1]\n" + One("Enter", "WAIT:1") +
+           "[ActionsOnSR2]\n" + One("Enter", "REMOTE:SOUR:CORR:STAT OFF;FREQ 1,0,5,0,,0,") +
+           "[ActionsOnSR3]\n" +
+           One("Enter", "REMOTE:SOUR:CORR:STAT OFF;FREQ " + third + ",0,5,0,,0,");
+}
+
+TEST_F(PlanCommandTest, ListsWithTheSameActionsAreToldAsOne) {
+    EXPECT_THAT(Blocks(ThreeSubranges("1")),
+                StartsWith("enter subrange 1: 1 action, 0:00:00.001\n"
+                           "  x1      Wait: 0.001 s\n"
+                           "\n"
+                           "enter subrange 2 to 3, 2 times: 2 actions\n"
+                           "  x2      Remote: Gpib0:5,SOUR:CORR:STAT OFF;F...\n"
+                           "\n"
+                           "Commands"));
+    const std::string differs = Blocks(ThreeSubranges("2"));
+    EXPECT_THAT(differs, HasSubstr("\nenter subrange 2: 1 action\n"));
+    EXPECT_THAT(differs, HasSubstr("\nenter subrange 3: 1 action\n"));
+}
+
+TEST_F(PlanCommandTest, TheFrequenciesOfVeryManySweepsAreTheirSum) {
+    std::string text = "[Workbench]\nModule=6\n[ActionsOnAzimuthChart]\n" + One("Frequ", "WAIT:1");
+    for (int sweep = 1; sweep <= 9; ++sweep) {
+        text += "[Workbench.Subrange" + std::to_string(sweep) +
+                "]\nStartHz=1\nStopHz=2\nStepPercent=100\n";
+    }
+    EXPECT_THAT(Blocks(text), StartsWith("new frequency, 18 times in 9 sweeps: 18 actions, "));
+}
+
+TEST_F(PlanCommandTest, AQuestionThatNobodyAnswersIsANoteAndAnAnswerThatFitsNothingIsTold) {
+    const std::string text = StartOfTest + One("Enter", "QUESTION:Door?,,0");
+    const std::string note =
+        "\nNote       questions are taken as Yes; without --ask or a line of "
+        "--answers a run stops there\n";
+    EXPECT_THAT(PlanOfText(text), HasSubstr(note));
+    Write("answers.txt", "* | question | Door? | Yes\n* | question | Lamp? | Yes\n");
+    TestArguments arguments;
+    arguments.answers = Path("answers.txt");
+    const std::string page = PlanOfText(text, arguments);
+    EXPECT_THAT(page, Not(HasSubstr(note)));
+    EXPECT_THAT(page, HasSubstr("\n  x1      question \"Door?\", start of test: Yes by the answers "
+                                "file\n"));
+    EXPECT_THAT(page,
+                HasSubstr("\nUnused     line 2 of the answers: * | question | Lamp? | Yes\n"));
+}
+
 TEST_F(PlanCommandTest, WhatTheBenchLacksIsANoteAndAFailureForTheOperator) {
     Write("bench.ini", "[Devices]\nAmp=Amplifiers\n");
     TestArguments arguments;

@@ -175,12 +175,16 @@ void ConsoleReport::PrintSummary(Outcome outcome, const Summary& summary, const 
     PrintPair(L"Operator", OperatorText(summary));
     PrintChecks(summary);
     PrintPair(L"Errors", ErrorsText(summary));
+    PrintUnused(answers);
+    if (!traceFailure.empty()) {
+        PrintPair(L"Trace", L"not complete: " + traceFailure);
+    }
+}
+
+void ConsoleReport::PrintUnused(const Answers& answers) {
     for (const AnswerLine* line : answers.Unused()) {
         PrintPair(L"Unused",
                   L"line " + std::to_wstring(line->line) + L" of the answers: " + line->source);
-    }
-    if (!traceFailure.empty()) {
-        PrintPair(L"Trace", L"not complete: " + traceFailure);
     }
 }
 

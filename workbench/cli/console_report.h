@@ -25,6 +25,9 @@ class ConsoleReport final : public SessionListener {
     void PrintSummary(Outcome outcome, const Summary& summary, const Answers& answers,
                       const String& traceFailure);
 
+    /// The lines of the answers that never answered anything.
+    void PrintUnused(const Answers& answers);
+
     /// Something could not be printed, because the disk is full or nobody reads any more.
     bool IsLost() const;
 

@@ -71,6 +71,19 @@ String ProgramOf(std::string_view commandLine) {
     return line.substr(begin, line.find(isQuoted ? L'"' : L' ', begin) - begin);
 }
 
+/// The first action that is the same as that of `index`. `firsts` are those that it can be, of
+/// which none is like another.
+std::size_t FirstLike(const std::vector<PlacedAction>& all, std::vector<std::size_t>& firsts,
+                      std::size_t index) {
+    const auto known = std::ranges::find_if(
+        firsts, [&](std::size_t first) { return *all[first].action == *all[index].action; });
+    if (known != firsts.end()) {
+        return *known;
+    }
+    firsts.push_back(index);
+    return index;
+}
+
 /// Counts while the session runs.
 class Collector final : public SessionListener {
   public:
@@ -120,7 +133,9 @@ class Collector final : public SessionListener {
 
 void Collector::Begin(ThreadContext& context, const ActionPlaces& places, aceModul moduleKind) {
     x_context = &context;
-    for (PlacedAction& placed : places.All()) {
+    std::vector<PlacedAction> all = places.All();
+    std::unordered_map<String, std::vector<std::size_t>> byText;
+    for (PlacedAction& placed : all) {
         const std::size_t index = x_result.actions.size();
         const bool isNewList = index == 0 ||
                                x_result.actions.back().source.section != placed.source.section ||
@@ -131,9 +146,9 @@ void Collector::Begin(ThreadContext& context, const ActionPlaces& places, aceMod
         x_lists.back().end = index + 1;
         x_listOf.push_back(x_lists.size() - 1);
         x_actions.emplace(placed.action, index);
-        x_result.actions.push_back(
-            {std::move(placed.source),
-             TreeText(context, moduleKind, *placed.action).value_or(String())});
+        String text = TreeText(context, moduleKind, *placed.action).value_or(String());
+        const std::size_t like = FirstLike(all, byText[text], index);
+        x_result.actions.push_back({std::move(placed.source), std::move(text), like});
     }
 }
 

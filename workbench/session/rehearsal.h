@@ -15,6 +15,7 @@ namespace ace::workbench {
 struct RehearsedAction {
     ActionSource source;
     String text;            ///< as the editor shows it; empty for an entry that came back empty
+    std::size_t like = 0;   ///< index of the first action that is the same in all that it is told
     std::size_t times = 0;  ///< that it was begun
 };
 

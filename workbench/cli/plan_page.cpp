@@ -1,0 +1,373 @@
+#include "workbench/cli/plan_page.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+#include <span>
+
+#include <ace/core/text.h>
+
+#include "workbench/words/wording.h"
+
+namespace ace::workbench {
+
+namespace {
+
+/// More lines of what never runs say nothing new.
+constexpr std::size_t MostNeverRun = 30;
+constexpr std::size_t TimesWidth = 7;
+
+/// "x254   " and what runs so often.
+String TimesLine(std::size_t times, const String& words) {
+    return L"  " + Padded(L"x" + std::to_wstring(times), TimesWidth) + L" " + words;
+}
+
+String TextOf(const RehearsedAction& action) {
+    return action.text.empty() ? String(L"(an entry that came back empty from the file)")
+                               : action.text;
+}
+
+/// "[ActionsOnSR1] EnterAction3 Wait: 0.500 s"
+String SourceLine(const RehearsedAction& action) {
+    return L"[" + action.source.section + L"] " + EntryKey(action.source) + L" " + TextOf(action);
+}
+
+// ---- the moments of a list -----------------------------------------------------------------
+
+/// Those of one kind.
+using MomentsOfKind = std::span<const RehearsedMoments>;
+
+/// "5", "1 to 16", "2, 4, 9 ... 30"
+String NumbersText(MomentsOfKind moments) {
+    constexpr std::size_t MostNumbers = 4;
+    const bool isGapless = std::ranges::adjacent_find(moments, [](const auto& a, const auto& b) {
+                               return b.number != a.number + 1;
+                           }) == moments.end();
+    String text = IntegerText(moments.front().number);
+    if (moments.size() == 1) {
+        return text;
+    }
+    if (isGapless) {
+        return text + L" to " + IntegerText(moments.back().number);
+    }
+    const bool isLong = moments.size() > MostNumbers;
+    for (const RehearsedMoments& part : moments.subspan(1, isLong ? 2 : moments.size() - 1)) {
+        text += L", " + IntegerText(part.number);
+    }
+    return isLong ? text + L" ... " + IntegerText(moments.back().number) : text;
+}
+
+std::size_t TimesOf(MomentsOfKind moments) {
+    std::size_t times = 0;
+    for (const RehearsedMoments& part : moments) {
+        times += part.times;
+    }
+    return times;
+}
+
+/// "254 + 100 + 81 times", one number for each sweep; of very many only the sum.
+String SweepsText(MomentsOfKind moments) {
+    constexpr std::size_t MostSweeps = 8;
+    String all = Counted(TimesOf(moments), L"time", L"times");
+    if (moments.size() == 1) {
+        return all;
+    }
+    if (moments.size() > MostSweeps) {
+        return all + L" in " + std::to_wstring(moments.size()) + L" sweeps";
+    }
+    String text;
+    for (const RehearsedMoments& part : moments) {
+        text += (text.empty() ? L"" : L" + ") + std::to_wstring(part.times);
+    }
+    return text + L" times";
+}
+
+/// "enter subrange 1", "new frequency, 254 + 100 + 81 times", "after step 1 to 254, 254 times",
+/// "matrix row 5 (2402 MHz (low), 1 MHz, 0 dBm)"
+String KindText(MomentsOfKind moments, const Moment& first, const Matrix& matrix) {
+    const MomentCallRow& row = MomentCallRowOf(moments.front().call);
+    const String words =
+        Filled(row.words, std::array{NumbersText(moments), first.name, first.stepKey});
+    if (row.call == MomentCall::NewFrequency) {
+        return words + L", " + SweepsText(moments);
+    }
+    const std::size_t times = TimesOf(moments);
+    if (times != 1) {
+        return words + L", " + std::to_wstring(times) + L" times";
+    }
+    return row.call == MomentCall::VKSDUTStep
+               ? words + L" (" + CombinationWords(matrix, first) + L")"
+               : words;
+}
+
+// ---- lists that are told as one ------------------------------------------------------------
+
+/// An action of a list, and how often it runs.
+struct Line {
+    const RehearsedAction* action;
+    std::size_t times;
+};
+
+/// One list, or those of several subranges, steps, tests, channels or rows with the same actions.
+struct Block {
+    Moment first;
+    std::vector<RehearsedMoments> moments{};
+    std::vector<Line> lines{};
+    std::size_t begun = 0;
+    double workMs = 0.0;
+};
+
+/// What lists have in common that are told as one: the kind of their moment, and which actions run
+/// how often.
+using BlockKey = std::pair<MomentCall, std::vector<std::pair<std::size_t, std::size_t>>>;
+
+/// Lists that go by a number have others like them; those with a name have none.
+bool GoesByNumber(const RehearsedList& list) {
+    return list.first.number != 0;
+}
+
+Block BlockOf(const RehearsedList& list, const std::vector<RehearsedAction>& actions) {
+    Block block{list.first, list.moments, {}, list.begun, list.workMs};
+    for (std::size_t i = list.begin; i < list.end; ++i) {
+        if (actions[i].times != 0) {
+            block.lines.push_back({&actions[i], actions[i].times});
+        }
+    }
+    return block;
+}
+
+void Merge(Block& block, const Block& other) {
+    block.moments.insert(block.moments.end(), other.moments.begin(), other.moments.end());
+    std::ranges::stable_sort(block.moments, {}, &RehearsedMoments::number);
+    for (std::size_t i = 0; i < block.lines.size(); ++i) {
+        block.lines[i].times += other.lines[i].times;
+    }
+    block.begun += other.begun;
+    block.workMs += other.workMs;
+}
+
+/// In the order in which the test reaches the first list of each.
+std::vector<Block> BlocksOf(const Rehearsal& rehearsal) {
+    std::vector<Block> blocks;
+    std::map<BlockKey, std::size_t> places;
+    for (const RehearsedList& list : rehearsal.lists) {
+        Block block = BlockOf(list, rehearsal.actions);
+        BlockKey key{list.first.call, {}};
+        for (const Line& line : block.lines) {
+            key.second.emplace_back(line.action->like, line.times);
+        }
+        const auto known = GoesByNumber(list) ? places.find(key) : places.end();
+        if (known != places.end()) {
+            Merge(blocks[known->second], block);
+            continue;
+        }
+        if (GoesByNumber(list)) {
+            places.emplace(std::move(key), blocks.size());
+        }
+        blocks.push_back(std::move(block));
+    }
+    return blocks;
+}
+
+/// A list can run at moments of two kinds: tracking starts at the start of a test, too.
+String MomentsText(const Block& block, const Matrix& matrix) {
+    String text;
+    for (auto begin = block.moments.begin(); begin != block.moments.end();) {
+        const auto end =
+            std::find_if(begin, block.moments.end(),
+                         [&](const RehearsedMoments& part) { return part.call != begin->call; });
+        text +=
+            (text.empty() ? L"" : L"; ") + KindText(MomentsOfKind(begin, end), block.first, matrix);
+        begin = end;
+    }
+    return text;
+}
+
+// ---- the parts of the page -----------------------------------------------------------------
+
+class Page {
+  public:
+    Page(ConsoleReport& report, const TestSetUp& setUp, const Rehearsal& rehearsal)
+        : x_report(report), x_setUp(setUp), x_rehearsal(rehearsal) {}
+
+    void PrintNotes(const std::vector<String>& notes);
+    void PrintEnds();
+    void PrintLists();
+    void PrintDialogs();
+    void PrintDevices();
+    void PrintAddresses();
+    void PrintTime(const Answers& answers);
+    void PrintNeverRun();
+
+  private:
+    void PrintTitle(const String& title) { x_report.PrintText(L"\n" + title); }
+
+    ConsoleReport& x_report;
+    const TestSetUp& x_setUp;
+    const Rehearsal& x_rehearsal;
+};
+
+void Page::PrintNotes(const std::vector<String>& notes) {
+    for (const String& note : notes) {
+        x_report.PrintPair(L"Note", note);
+    }
+}
+
+void Page::PrintEnds() {
+    for (const RehearsedEnd& end : x_rehearsal.ends) {
+        const bool isByAction = !end.isError && end.action != RehearsedEnd::NoAction;
+        x_report.PrintPair(
+            L"Ends", end.moment + L": " + end.words +
+                         (isByAction ? L", behind " + SourceLine(x_rehearsal.actions[end.action])
+                                     : String()));
+    }
+}
+
+void Page::PrintLists() {
+    for (const Block& block : BlocksOf(x_rehearsal)) {
+        const String time = DurationText(block.workMs);
+        PrintTitle(MomentsText(block, x_setUp.matrix) + L": " +
+                   Counted(block.begun, L"action", L"actions") +
+                   (time == DurationText(0.0) ? String() : L", " + time));
+        for (const Line& line : block.lines) {
+            x_report.PrintText(TimesLine(line.times, TextOf(*line.action)));
+        }
+    }
+    if (x_rehearsal.lists.empty()) {
+        PrintTitle(L"no actions");
+    }
+}
+
+void Page::PrintDialogs() {
+    if (x_rehearsal.dialogs.empty()) {
+        return;
+    }
+    PrintTitle(L"Shown to the operator:");
+    for (const RehearsedDialog& shown : x_rehearsal.dialogs) {
+        const String answer = shown.fromFile == 0
+                                  ? String()
+                                  : L": " + String(WordOf(shown.dialog.kind, shown.reply)) +
+                                        L" by the answers file" +
+                                        (shown.fromFile < shown.times
+                                             ? L" " + Counted(shown.fromFile, L"time", L"times")
+                                             : String());
+        x_report.PrintText(TimesLine(shown.times, String(WordOf(shown.dialog.kind)) + L" " +
+                                                      QuotedLine(shown.dialog.message) +
+                                                      (shown.differs ? L" and others" : L"") +
+                                                      L", " + shown.moment + answer));
+    }
+}
+
+String DeedsText(const RehearsedDevice& device) {
+    String text;
+    for (const RehearsedDeed& deed : device.deeds) {
+        text += (text.empty() ? L"" : L", ") + deed.words +
+                (deed.times == 1 ? String() : L" x" + std::to_wstring(deed.times));
+    }
+    return text;
+}
+
+void Page::PrintDevices() {
+    if (x_rehearsal.devices.empty()) {
+        return;
+    }
+    PrintTitle(L"Devices:");
+    for (const RehearsedDevice& device : x_rehearsal.devices) {
+        x_report.PrintText(L"  " + device.name + L": " + DeedsText(device));
+    }
+}
+
+String WhereText(const RehearsedAddress& address) {
+    return address.transport + L" " + OneLine(address.address);
+}
+
+void Page::PrintAddresses() {
+    if (x_rehearsal.addresses.empty()) {
+        return;
+    }
+    PrintTitle(L"Commands, programs and macros:");
+    std::size_t width = 0;
+    for (const RehearsedAddress& address : x_rehearsal.addresses) {
+        width = std::max(width, WhereText(address).size());
+    }
+    for (const RehearsedAddress& address : x_rehearsal.addresses) {
+        const String where = WhereText(address);
+        const String what = address.isStarted
+                                ? Counted(address.times, L"start", L"starts")
+                                : Counted(address.times, L"command", L"commands") + L", " +
+                                      Counted(address.bytes, L"byte", L"bytes");
+        x_report.PrintText(L"  " + Padded(where, width) + L"  " + what);
+    }
+}
+
+/// What takes time that nobody knows before.
+String UnknownText(const Rehearsal& rehearsal) {
+    std::size_t dialogs = 0;
+    for (const RehearsedDialog& shown : rehearsal.dialogs) {
+        dialogs += shown.times - shown.fromFile;
+    }
+    std::size_t macros = 0;
+    for (const RehearsedAddress& address : rehearsal.addresses) {
+        macros += address.transport == TrafficNames::Macro ? address.times : 0;
+    }
+    String text;
+    const auto add = [&](std::size_t count, StringView what, StringView one, StringView many) {
+        if (count != 0) {
+            text += (text.empty() ? L"" : L", ") + String(what) + L" (" +
+                    Counted(count, one, many) + L")";
+        }
+    };
+    add(dialogs, L"the operator", L"dialog", L"dialogs");
+    add(rehearsal.programsAwaited, L"programs that confirm their work", L"start", L"starts");
+    add(macros, L"macros", L"run", L"runs");
+    return text;
+}
+
+void Page::PrintTime(const Answers& answers) {
+    const Summary& counts = x_rehearsal.counts;
+    PrintTitle({});
+    x_report.PrintPair(L"Time", DurationText(counts.waitedMs + counts.dwellMs) + L": " +
+                                    DurationText(counts.waitedMs) + L" waits of actions, " +
+                                    DurationText(counts.dwellMs) + L" dwelling on frequencies");
+    if (const String words = UnknownText(x_rehearsal); !words.empty()) {
+        x_report.PrintPair(L"Unknown", L"how long it takes: " + words);
+    }
+    x_report.PrintUnused(answers);
+}
+
+void Page::PrintNeverRun() {
+    std::size_t count = 0;
+    for (const RehearsedAction& action : x_rehearsal.actions) {
+        if (action.times != 0) {
+            continue;
+        }
+        if (count == 0) {
+            PrintTitle(L"never runs:");
+        }
+        if (++count <= MostNeverRun) {
+            x_report.PrintText(TimesLine(0, SourceLine(action)));
+        }
+    }
+    if (count > MostNeverRun) {
+        x_report.PrintText(L"  and " + Counted(count - MostNeverRun, L"action", L"actions") +
+                           L" more");
+    }
+}
+
+}  // namespace
+
+void PrintPlan(ConsoleReport& report, const TestSetUp& setUp, const std::vector<String>& notes,
+               const Rehearsal& rehearsal, const Answers& answers) {
+    report.PrintTest(setUp);
+    Page page(report, setUp, rehearsal);
+    page.PrintNotes(notes);
+    page.PrintEnds();
+    page.PrintLists();
+    page.PrintDialogs();
+    page.PrintDevices();
+    page.PrintAddresses();
+    page.PrintTime(answers);
+    page.PrintNeverRun();
+}
+
+}  // namespace ace::workbench
