@@ -170,6 +170,18 @@ TEST_F(BriefReportTest, TheOperatorIsAskedInTheMiddleOfIt) {
               "Result     finished\n");
 }
 
+TEST_F(BriefReportTest, TheTrafficLogHasWhatTheReportLeavesOut) {
+    RunArguments arguments;
+    arguments.traffic = Path("traffic.log");
+    Moments(
+        "[Workbench]\nModule=6\n[ActionsOnAzimuthChart]\nNumOfEnterActions=1\n"
+        "EnterAction1=REMOTE:*RST,0,5,0,,0,\n",
+        arguments);
+    EXPECT_EQ(printed.find("*RST"), std::string::npos);
+    EXPECT_NE(Read("traffic.log").find("\tGPIB\t0:5\t\"*RST\\n\"\tsent 5 bytes (simulated)\n"),
+              std::string::npos);
+}
+
 TEST_F(BriefReportTest, TheUsersStopIsToldWithTheMomentThatItEnded) {
     isInterrupted = [] { return true; };
     EXPECT_EQ(Moments("[Workbench]\nModule=6\n"),
