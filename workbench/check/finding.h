@@ -43,7 +43,11 @@ struct Finding {
     String advice;   ///< what to do
 };
 
+/// The load, the save or the run surely ends there.
+bool EndsTest(const Finding& finding);
 /// "file.ini:33: [ActionsOnSR1] EnterAction1"; only what there is.
 String PlaceWords(const FindingPlace& place);
+/// The same with the line and what it means, on one line.
+String FindingWords(const Finding& finding);
 
 }  // namespace ace::workbench

@@ -51,6 +51,16 @@ String PlaceWords(const FindingPlace& place) {
     return place.entry.empty() ? words : words + L" " + place.entry;
 }
 
+bool EndsTest(const Finding& finding) {
+    return finding.rule->endsTest;
+}
+
+String FindingWords(const Finding& finding) {
+    const String& text = finding.place.text;
+    return PlaceWords(finding.place) + (text.empty() ? String() : L" " + QuotedLine(text)) + L": " +
+           finding.meaning;
+}
+
 void Found::At(FindingPlace place, std::initializer_list<String> words) const {
     const std::vector<String> values(words);
     x_findings.push_back(

@@ -122,8 +122,8 @@ void ConsoleReport::PrintTest(const TestSetUp& setUp) {
     }
 }
 
-void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock,
-                               bool isReal) {
+void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock, bool isReal,
+                               const std::vector<Finding>& findings) {
     PrintPair(L"File", file);
     PrintTest(setUp);
     PrintPair(L"Clock", clock == Clock::Real ? L"real" : L"virtual: waits pass at once");
@@ -133,7 +133,24 @@ void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock
     for (const String& note : setUp.notes) {
         PrintPair(L"Note", note);
     }
+    PrintFindings(findings);
     Print({});
+}
+
+/// More than a few say nothing that the first ones don't.
+void ConsoleReport::PrintFindings(const std::vector<Finding>& findings) {
+    constexpr std::size_t Most = 5;
+    std::size_t told = 0;
+    for (const Finding& finding : findings) {
+        if (EndsTest(finding) && told < Most) {
+            ++told;
+            PrintPair(L"Finding", FindingWords(finding));
+        }
+    }
+    if (const std::size_t left = findings.size() - told; left > 0) {
+        PrintPair(L"Findings", std::to_wstring(left) + (told > 0 ? L" more" : L"") +
+                                   L": ace-workbench check tells " + (left == 1 ? L"it" : L"them"));
+    }
 }
 
 void ConsoleReport::OnLine(const Place& place, LineKind, const String& words) {

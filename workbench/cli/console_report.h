@@ -4,6 +4,7 @@
 #include <chrono>
 #include <iosfwd>
 
+#include "workbench/check/finding.h"
 #include "workbench/session/session.h"
 
 namespace ace::workbench {
@@ -17,8 +18,10 @@ class ConsoleReport final : public SessionListener {
 
     /// What is tested: title, module, matrix and sweeps.
     void PrintTest(const TestSetUp& setUp);
-    /// `isReal` says that the transports are.
-    void PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock, bool isReal);
+    /// `isReal` says that the transports are. Of the findings those that surely end the test are
+    /// told, and the number of the others.
+    void PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock, bool isReal,
+                    const std::vector<Finding>& findings);
     void OnLine(const Place& place, LineKind kind, const String& words) override;
     void OnProgress(std::size_t done, std::size_t total) override;
     /// `traceFailure` says why the trace file is not complete; empty while it is.
@@ -41,6 +44,7 @@ class ConsoleReport final : public SessionListener {
     void PrintPair(StringView name, const String& text);
 
   private:
+    void PrintFindings(const std::vector<Finding>& findings);
     void PrintChecks(const Summary& summary);
     void Print(const String& line);
     void EraseProgress();

@@ -107,6 +107,8 @@ void AddHostOptions(CLI::App* run, RunArguments& arguments) {
         "--real", arguments.real,
         "sends commands, starts programs and runs macros for real; without it all of that "
         "is simulated");
+    run->add_flag("--despite-findings", arguments.despiteFindings,
+                  "with --real, runs a test also when a check says that it will end with an error");
     run->add_option("--config", arguments.config,
                     "the workbench's configuration: serial ports, bus library, time-outs, ...")
         ->type_name("FILE");

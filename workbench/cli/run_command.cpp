@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "workbench/check/rules.h"
 #include "workbench/cli/brief_report.h"
 #include "workbench/cli/run_outputs.h"
 #include "workbench/files/text_encoding.h"
@@ -125,6 +126,33 @@ void RequireOutput(const ConsoleReport& report) {
     }
 }
 
+/// What a check finds of the test that is about to be run.
+std::vector<Finding> FindingsBefore(const RunArguments& arguments, const SettingsDocument& document,
+                                    const TestSetUp& setUp, const Answers& answers,
+                                    const BenchHost& host) {
+    CheckInput input;
+    input.document = &document;
+    input.path = FromUtf8(arguments.file);
+    input.setUp = setUp;
+    input.bench = arguments.devices ? &host.bench : nullptr;
+    input.answers = &answers;
+    input.answersPath = FromUtf8(arguments.answers.value_or(std::string()));
+    input.faults = &host.Faults();
+    input.faultsPath = FromUtf8(arguments.faults.value_or(std::string()));
+    input.here = arguments.real;
+    return FindingsOf(CheckedFile(input));
+}
+
+/// A test that would end in the midst is not begun on real instruments.
+void RequireRunnable(const RunArguments& arguments, const std::vector<Finding>& findings) {
+    const auto first = std::ranges::find_if(findings, EndsTest);
+    if (arguments.real && !arguments.despiteFindings && first != findings.end()) {
+        RefuseFile(FindingWords(*first) +
+                   L"; no test was run: ace-workbench check tells all findings, "
+                   L"--despite-findings runs it all the same");
+    }
+}
+
 /// None unless the operator is to be asked.
 std::unique_ptr<IOperator> MakeOperator(const RunArguments& arguments,
                                         const CommandSurroundings& surroundings,
@@ -152,7 +180,8 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     const Clock clock = ReadClock(arguments);
     CheckOutputs(arguments);
     const String file = FromUtf8(arguments.file);
-    const TestSetUp setUp = ReadSetUp(ExistingDocument(arguments.file), file, options);
+    const SettingsDocument document = ExistingDocument(arguments.file);
+    const TestSetUp setUp = ReadSetUp(document, file, options);
     Answers answers = ReadAnswers(arguments);
     SettingsFiles files;
     TransportChoice transports = ReadTransports(arguments, files);
@@ -174,12 +203,15 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     SessionListener& listener = arguments.brief ? static_cast<SessionListener&>(brief) : report;
     Session session(host, setUp, answers, listener, theOperator.get());
     session.Load(file);
+    const std::vector<Finding> findings =
+        FindingsBefore(arguments, document, setUp, answers, *host);
+    RequireRunnable(arguments, findings);
 
     traffic = MakeOutputs(arguments, trace.get());
     if (traffic.is_open()) {
         host->WriteLog(traffic);
     }
-    report.PrintSetUp(file, setUp, clock, arguments.real);
+    report.PrintSetUp(file, setUp, clock, arguments.real, findings);
     RequireOutput(report);
     const Outcome outcome = session.Run();
     report.PrintSummary(outcome, CountsToPrint(arguments, session), answers,

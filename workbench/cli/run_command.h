@@ -20,6 +20,7 @@ struct RunArguments : TestArguments {
     bool brief = false;                  ///< prints moments instead of single effects
     bool ask = false;                    ///< the operator answers at the terminal
     bool real = false;                   ///< real transports
+    bool despiteFindings = false;        ///< runs a test for real that a check says will fail
     std::optional<std::string> config;   ///< path of the workbench's configuration
     std::optional<std::string> traffic;  ///< path of a traffic log, made anew
     std::optional<std::string> faults;   ///< path of a script of failures
@@ -33,7 +34,9 @@ struct CommandSurroundings {
     TerminalInput input{};  ///< where the operator answers; needed for `ask`
 };
 
-/// Runs the test and prints it. What keeps it from being run is `CommandError`.
+/// Checks the file, runs the test and prints it. What keeps it from being run is `CommandError`;
+/// with real transports also a finding that surely ends the test, unless it is to be run all the
+/// same.
 Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& surroundings);
 
 }  // namespace ace::workbench
