@@ -72,6 +72,40 @@ TEST_F(ActionPlacesTest, WirelessTestsAndStepsAreToldByTheirSections) {
               ":14: [ActionsOnStepB_2] EnterAction1 \"WAIT:2\"");
 }
 
+TEST_F(ActionPlacesTest, AllActionsComeBySetListAndEntryWithTheirLines) {
+    const ModuleLists& lists = Load(
+        "[Workbench]\nModule=0\nSubRanges=1\n[ActionsOnSR1]\nNumOfEnterActions=1\n"
+        "EnterAction1=WAIT:1\n[ActionsOnTest]\nNumOfFreqActions=2\nNumOfLeaveActions=1\n"
+        "FrequAction2=WAIT:2\nFrequAction1=WAIT:3\n");
+    std::vector<String> sources;
+    std::vector<const p_Action*> actions;
+    for (const PlacedAction& placed : engines.places.All()) {
+        sources.push_back(placed.source.section + L" " + EntryKey(placed.source) + L" " +
+                          std::to_wstring(placed.source.lineIndex));
+        actions.push_back(placed.action);
+    }
+    EXPECT_THAT(sources, ::testing::ElementsAre(
+                             L"ActionsOnTest LeaveAction1 -1", L"ActionsOnTest FrequAction1 3",
+                             L"ActionsOnTest FrequAction2 2", L"ActionsOnSR1 EnterAction1 1"));
+    EXPECT_THAT(actions,
+                ::testing::ElementsAre(&lists.MainTest.Leave[0], &lists.MainTest.Freq[0],
+                                       &lists.MainTest.Freq[1], &lists.MainSubranges[0].Enter[0]));
+}
+
+/// Its influence rules out the row for all powers; the next one takes its place.
+TEST_F(ActionPlacesTest, ARowOfAMatrixKeepsItsSectionWhenOthersGo) {
+    const ModuleLists& lists = Load(
+        "[Workbench]\nModule=8\nSubRanges=2\n[Workbench.DUT]\nFreq0=1\nBandwidthName0=a\n"
+        "PowerName0=b\nInfluencedByPower=1\n[ActionsOnVKSTemplate_2]\nCount=2\nPower=1\n"
+        "[ActionsOnStep_2_1_VKS]\nID0=-1\nID1=-1\nID2=-1\n"
+        "[ActionsOnStep_2_1]\nNumOfEnterActions=1\nEnterAction1=WAIT:1\n"
+        "[ActionsOnStep_2_2_VKS]\nID0=-1\nID1=-1\nID2=0\n"
+        "[ActionsOnStep_2_2]\nNumOfEnterActions=1\nEnterAction1=WAIT:2\n");
+    ASSERT_EQ(lists.VKSStepCount, 1);
+    EXPECT_EQ(TextOf(lists.VKSSteps[0].Enter[0]),
+              ":25: [ActionsOnStep_2_2] EnterAction1 \"WAIT:2\"");
+}
+
 TEST_F(ActionPlacesTest, WhatStandsInNoListComesFromNowhere) {
     Load(
         "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\nNumOfEnterActions=1\n"

@@ -218,6 +218,13 @@ TEST_F(RehearsalTest, WithoutABenchEachNamedDeviceDoesWhatItIsTold) {
     EXPECT_EQ(found.outcome, Outcome::Finished);
 }
 
+TEST_F(RehearsalTest, OnlyABroadcastGeneratorIsSetWithASignalPath) {
+    Rehearse(AtStart({"SETDEV:BC,103,Path 1"}));
+    EXPECT_THAT(Devices(), ElementsAre("Path 1: is made ready x1",
+                                       "BC: takes its settings from [Actions103-Device] x1, its "
+                                       "settings are applied x1"));
+}
+
 TEST_F(RehearsalTest, ABenchLacksWhatItDoesNotHaveAndItsEquipmentIsWell) {
     Rehearse(AtStart({"CHECKEUT:EUT,1,1,0,0,0,0.00,0,0.00,0", "SWITCHAMP:Amp,3"}), {},
              [](sim::SimHost& host) {
