@@ -165,12 +165,14 @@ std::unique_ptr<IOperator> MakeOperator(const RunArguments& arguments,
 }
 
 /// A brief report has told each comment where it came.
-Summary CountsToPrint(const RunArguments& arguments, const Session& session) {
-    Summary summary = session.Counts();
+void PrintEnd(ConsoleReport& report, const RunArguments& arguments, Outcome outcome, Summary counts,
+              const Answers& answers, const TraceFile* trace, const BenchHost& host) {
     if (arguments.brief) {
-        summary.comments.clear();
+        counts.comments.clear();
     }
-    return summary;
+    report.PrintSummary(outcome, counts, answers, trace != nullptr ? trace->Failure() : String());
+    PrintTransports(report, host);
+    PrintNotes(report, arguments, host);
 }
 
 }  // namespace
@@ -203,8 +205,7 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     SessionListener& listener = arguments.brief ? static_cast<SessionListener&>(brief) : report;
     Session session(host, setUp, answers, listener, theOperator.get());
     session.Load(file);
-    const std::vector<Finding> findings =
-        FindingsBefore(arguments, document, setUp, answers, *host);
+    const auto findings = FindingsBefore(arguments, document, setUp, answers, *host);
     RequireRunnable(arguments, findings);
 
     traffic = MakeOutputs(arguments, trace.get());
@@ -214,10 +215,7 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     report.PrintSetUp(file, setUp, clock, arguments.real, findings);
     RequireOutput(report);
     const Outcome outcome = session.Run();
-    report.PrintSummary(outcome, CountsToPrint(arguments, session), answers,
-                        trace ? trace->Failure() : String());
-    PrintTransports(report, *host);
-    PrintNotes(report, arguments, *host);
+    PrintEnd(report, arguments, outcome, session.Counts(), answers, trace.get(), *host);
     return report.IsLost() ? std::max(outcome, Outcome::Failed) : outcome;
 }
 
