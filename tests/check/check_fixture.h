@@ -25,8 +25,9 @@ inline std::vector<Finding> FindingsIn(const std::string& text, const Beside& be
     const SettingsDocument document(text);
     const auto host = std::make_shared<BenchHost>(Clock::Virtual, TransportChoice(),
                                                   std::make_shared<FaultRules>());
+    const SettingsDocument bench(beside.bench);
     if (!beside.bench.empty()) {
-        ReadDevices(SettingsDocument(beside.bench), L"bench.ini", *host);
+        ReadDevices(bench, L"bench.ini", *host);
     }
     const Answers answers(FromUtf8(beside.answers), L"answers.txt");
     const FaultRules faults(FromUtf8(beside.faults), L"faults.txt");
@@ -35,6 +36,8 @@ inline std::vector<Finding> FindingsIn(const std::string& text, const Beside& be
     input.path = L"test.ini";
     input.setUp = ReadSetUp(document, input.path, options);
     input.bench = beside.bench.empty() ? nullptr : &host->bench;
+    input.benchDocument = beside.bench.empty() ? nullptr : &bench;
+    input.benchPath = L"bench.ini";
     input.answers = &answers;
     input.answersPath = L"answers.txt";
     input.faults = &faults;

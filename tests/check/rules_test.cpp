@@ -52,6 +52,10 @@ const RuleCase StopCases[] = {
      SingleTest + Start({"WAIT:1"})},
 };
 
+const std::string Sweep1 =
+    "[Workbench.Subrange1]\nStartHz=80000000\nStopHz=81000000\nStepPercent=1\n";
+const std::string Swept = SingleTest + Sweep1;
+
 const RuleCase LostCases[] = {
     {"unknown-keyword", 6, SingleTest + Start({"SWICHAMP:Amp A,2"}),
      SingleTest + Start({"SWITCHAMP:Amp A,2"})},
@@ -68,8 +72,12 @@ const RuleCase LostCases[] = {
     {"section-beyond", 4, SingleTest + "[ActionsOnSR2]\n", SingleTest + "[ActionsOnSR1]\n"},
     {"section-misspelt", 4, SingleTest + "[ActionOnSR1]\n", SingleTest + "[Actions of mine]\n"},
     {"section-unread", 4, SingleTest + "[ActionsOnStep1]\n", SingleTest + "[ActionsOnSR1]\n"},
-    {"section-twice", 4, SingleTest + "[ActionsOnSR1]\n[actionsonsr1]\n",
+    {"section-twice", 5, SingleTest + "[ActionsOnSR1]\n[actionsonsr1]\n",
      SingleTest + "[ActionsOnSR1]\n"},
+    {"header-broken", 8, Swept + "[ActionsOnTest\nNumOfEnterActions=1\nEnterAction1=WAIT:1\n",
+     Swept + Start({"WAIT:1"})},
+    {"number-without-section", 3, "[Workbench]\nModule=0\nSubRanges=2\n" + Sweep1,
+     "[Workbench]\nModule=0\nSubRanges=2\n" + Sweep1 + "[ActionsOnSR2]\n"},
     {"key-misspelt", 8,
      SingleTest + "[Workbench.Subrange1]\nStartHz=1\nStopHz=2\nStepPercent=1\nDwell=5\n",
      SingleTest + "[Workbench.Subrange1]\nStartHz=1\nStopHz=2\nStepPercent=1\nFieldVm=5\n"},
@@ -142,8 +150,10 @@ const RuleCase RunCases[] = {
      SingleTest + Start({"REMOTE:C,0,13,2,,0,"})},
     {"address-outside", 6, SingleTest + Start({"REMOTE:C,2,h,99999:0,,0,"}),
      SingleTest + Start({"REMOTE:C,2,h,65535:0,,0,"})},
-    {"amplifier-state-unknown", 6, SingleTest + Start({"SWITCHAMP:Amp A,7"}),
-     SingleTest + Start({"SWITCHAMP:Amp A,0"})},
+    {"host-missing", 6, SingleTest + Start({"REMOTE:C,2,,5025:0,,0,"}),
+     SingleTest + Start({"REMOTE:C,2,h,5025:0,,0,"})},
+    {"amplifier-state-unknown", 6, SingleTest + Start({"SWITCHAMP:Amp A,5"}),
+     SingleTest + Start({"SWITCHAMP:Amp A,4"})},
     {"nothing-to-do", 6, SingleTest + Start({"REMOTE:,,,,,0,"}),
      SingleTest + Start({"REMOTE:,,,,prog,0,"})},
 };
@@ -163,6 +173,24 @@ const RuleCase BesideCases[] = {
      SingleTest,
      {.answers = "* | question | * | Yes\nstart test | question | * | Yes\n"},
      Beside{.answers = "start of test | question | * | Yes\nEnterSubrange | question | * | Yes\n"}},
+    {"answer-for-no-message",
+     1,
+     SingleTest + Start({"QUESTION:Door closed?,,0"}),
+     SingleTest + Start({"QUESTION:Door closed?,,0"}),
+     {.answers = "* | question | Door shut* | Yes\n"},
+     Beside{.answers = "* | question | door closed* | Yes\n* | failure | Door shut* | Ignore\n"}},
+    {"fault-for-nothing",
+     1,
+     SingleTest + Start({"REMOTE:C,0,113,0,,0,"}),
+     SingleTest + Start({"REMOTE:C,0,113,0,,0,"}),
+     {.faults = "GPIB 0:13 fails at every write\n"},
+     Beside{.faults = "GPIB 1:13 fails at every write\n"}},
+    {"failure-never-read",
+     4,
+     Swept + AtFrequency({"CHECKEUT:DAQ,101,0,0,0,0,1,0,1,0"}),
+     Swept + AtFrequency({"CHECKEUT:DAQ,101,0,0,0,0,1,0,1,0"}),
+     {.bench = "[Devices]\nDAQ=Monitoring\n[DAQ]\nFail1=102, 80MHz..81MHz, 1 s, 1\n"},
+     Beside{.bench = "[Devices]\nDAQ=Monitoring\n[DAQ]\nFail1=101, 80MHz..81MHz, 1 s, 1\n"}},
     {"fault-for-no-device",
      1,
      SingleTest,

@@ -1,11 +1,8 @@
-// What the bench, the answers and the script of failures don't have.
+// What the bench doesn't have.
 #include <algorithm>
-#include <array>
 
 #include "sim/sim_devices.h"
 #include "workbench/check/rule_tests.h"
-#include "workbench/session/plan.h"
-#include "workbench/words/slips.h"
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {
@@ -124,36 +121,6 @@ void RuleTests::NoSuchTable(const CheckedAction& action, const Found& found) {
     if (bench != nullptr && record != nullptr && !record->GenName.empty() &&
         !record->TableName.empty() && !bench->Table(record->TableName)) {
         found.At(action, {QuotedLine(record->TableName)});
-    }
-}
-
-/// A pattern that no moment of the test fits.
-void RuleTests::AnswerForNoMoment(const CheckedFile& file, const Found& found) {
-    const Answers* const answers = file.Input().answers;
-    if (answers == nullptr) {
-        return;
-    }
-    const std::vector<Moment> plan = PlanOf(file.Input().setUp);
-    for (const AnswerLine* line : answers->Unused()) {
-        const bool fits = std::ranges::any_of(plan, [&](const Moment& moment) {
-            return FitsPattern(MomentWords(moment), line->moment) ||
-                   FitsPattern(MomentCallRowOf(moment.call).operation, line->moment);
-        });
-        if (!fits) {
-            found.At({file.Input().answersPath, line->line, {}, {}, line->source},
-                     {QuotedLine(line->moment)});
-        }
-    }
-}
-
-void RuleTests::FaultForNoDevice(const CheckedFile& file, const Found& found) {
-    const sim::SimBench* const bench = file.Input().bench;
-    const FaultRules* const faults = file.Input().faults;
-    for (const FaultRule& rule : faults != nullptr ? faults->All() : std::vector<FaultRule>()) {
-        if (bench != nullptr && rule.subject == FaultSubject::Device && !bench->Device(rule.name)) {
-            found.At({file.Input().faultsPath, rule.line, {}, {}, rule.text},
-                     {QuotedLine(rule.name)});
-        }
     }
 }
 

@@ -32,8 +32,8 @@ class CheckedFile::Host final : public SessionHost {
 /// Copies what the load tells of its lines.
 class CheckedFile::Reader final : public ILineObserver {
   public:
-    Reader(aceModul moduleKind, const SettingsDocument& document, const ModuleLists& lists)
-        : x_moduleKind(moduleKind), x_document(document), x_lists(lists) {}
+    Reader(aceModul moduleKind, const CheckedFile& file, const ModuleLists& lists)
+        : x_moduleKind(moduleKind), x_file(file), x_lists(lists) {}
 
     void SetStarts(const SetPlace& place) override {
         CheckedSection section;
@@ -50,7 +50,7 @@ class CheckedFile::Reader final : public ILineObserver {
     }
     void SectionStarts(StringView name) override {
         sections.back().name = name;
-        sections.back().header = x_document.HeaderLine(name).value_or(0);
+        sections.back().header = x_file.HeaderLine(sections.back().name);
     }
     void LineIsRead(const LineReport& report) override {
         if (report.error != 0) {
@@ -69,7 +69,7 @@ class CheckedFile::Reader final : public ILineObserver {
 
   private:
     aceModul x_moduleKind;
-    const SettingsDocument& x_document;
+    const CheckedFile& x_file;
     const ModuleLists& x_lists;
 };
 
@@ -100,6 +100,12 @@ void FindFilled(CheckedSection& section) {
     }
 }
 
+/// An entry of a list whose count stands nowhere.
+bool LacksCount(const CheckedSection& section, const StoppedLine& stop) {
+    return stop.step == LineStep::FindEntry && stop.list > 0 &&
+           section.Lists().*ActionLists[stop.list - 1].count < 1;
+}
+
 }  // namespace
 
 const CheckedLine* CheckedSection::LineAt(std::int32_t index) const {
@@ -111,6 +117,12 @@ CheckedFile::CheckedFile(const CheckInput& input)
     : x_input(input),
       x_left(std::make_shared<SettingsDocument>(*input.document)),
       x_host(std::make_shared<Host>()) {
+    const std::vector<String> names = input.document->SectionNames();
+    const std::vector<std::size_t> headerLines = input.document->HeaderLines();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        x_headers.emplace_back(names[i], headerLines[i]);
+        x_headerLines.emplace(names[i], headerLines[i]);
+    }
     x_host->journal.KeepNone();
     x_host->document = x_left;
     x_context = std::make_unique<ThreadContext>(x_host);
@@ -129,11 +141,16 @@ CheckedFile::CheckedFile(const CheckInput& input)
 
 CheckedFile::~CheckedFile() = default;
 
+std::size_t CheckedFile::HeaderLine(const String& name) const {
+    const auto found = x_headerLines.find(name);
+    return found == x_headerLines.end() ? 0 : found->second;
+}
+
 /// Loads again and again, each time without the line that has stopped it before.
 bool CheckedFile::Load(aceModul moduleKind) {
     for (;;) {
         auto engine = std::make_unique<aceActionsEngine>(*x_context);
-        Reader reader(moduleKind, *x_input.document, engine->State());
+        Reader reader(moduleKind, *this, engine->State());
         x_context->LineObserver = &reader;
         String failure;
         try {
@@ -156,13 +173,15 @@ bool CheckedFile::Load(aceModul moduleKind) {
 }
 
 /// The line becomes an empty one, so that the others keep their places. With a count line that
-/// can't be read go the entries that it counts: without it each of them would stop the load.
+/// can't be read, or that is not there, go the entries that it counts: each of them would stop the
+/// load for the same reason.
 void CheckedFile::LeaveOut(const Reader& reader) {
     const String& name = reader.sections.back().name;
     x_stops.push_back({name, reader.stop});
     std::vector<String> lines = x_left->GetSection(name);
     lines[static_cast<std::size_t>(reader.stop.index)].clear();
-    if (reader.stop.meaning == LineMeaning::Count) {
+    if (reader.stop.meaning == LineMeaning::Count ||
+        LacksCount(reader.sections.back(), reader.stop)) {
         const StringView entry = ActionListKeys[reader.stop.list - 1].entry;
         for (String& line : lines) {
             if (IsWord(entry, StringView(line).substr(0, entry.size()))) {

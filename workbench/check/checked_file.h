@@ -1,12 +1,14 @@
 /// A settings file as the engine reads it, with all that a check asks of it.
 #pragma once
 
+#include <map>
 #include <memory>
 #include <vector>
 
 #include <ace/core/actions_engine.h>
 #include <ace/settings/line_observer.h>
 
+#include "sim/sim_settings.h"
 #include "workbench/devices/fault_rules.h"
 #include "workbench/session/answers.h"
 #include "workbench/session/session_host.h"
@@ -75,7 +77,9 @@ struct CheckInput {
     const SettingsDocument* document = nullptr;
     String path;  ///< for messages
     TestSetUp setUp;
-    const sim::SimBench* bench = nullptr;  ///< the devices of the chamber
+    const sim::SimBench* bench = nullptr;             ///< the devices of the chamber
+    const SettingsDocument* benchDocument = nullptr;  ///< the file that they come from
+    String benchPath;
     const Answers* answers = nullptr;
     String answersPath;
     const FaultRules* faults = nullptr;
@@ -97,6 +101,10 @@ class CheckedFile {
 
     const CheckInput& Input() const { return x_input; }
     const std::vector<CheckedSection>& Sections() const { return x_sections; }
+    /// Every header of the file in its order, with its line from 1.
+    const std::vector<std::pair<String, std::size_t>>& Headers() const { return x_headers; }
+    /// Line of the section that is read under this name, from 1; 0 for a missing one.
+    std::size_t HeaderLine(const String& name) const;
     /// Why the load fails without a line of a section; empty when it doesn't.
     const String& Failure() const { return x_failure; }
     /// The context of the lists, for what writes and describes them.
@@ -110,6 +118,8 @@ class CheckedFile {
     void LeaveOut(const Reader& reader);
 
     const CheckInput& x_input;
+    std::vector<std::pair<String, std::size_t>> x_headers;
+    std::map<String, std::size_t, sim::NameLess> x_headerLines;
     std::shared_ptr<SettingsDocument> x_left;  ///< the document without the lines that stop
     std::shared_ptr<Host> x_host;
     std::unique_ptr<ThreadContext> x_context;

@@ -53,6 +53,8 @@ void SectionBeyond(const CheckedFile& file, const Found& found);
 void MisspeltSection(const CheckedFile& file, const Found& found);
 void SectionUnread(const CheckedFile& file, const Found& found);
 void SectionTwice(const CheckedFile& file, const Found& found);
+void HeaderBroken(const CheckedFile& file, const Found& found);
+void NumberWithoutSection(const CheckedFile& file, const Found& found);
 void MisspeltKey(const CheckedFile& file, const Found& found);
 void KeyTwice(const CheckedFile& file, const Found& found);
 void NoDeviceSection(const CheckedAction& action, const Found& found);
@@ -90,6 +92,7 @@ void UnknownTransport(const CheckedAction& action, const Found& found);
 void UnknownTerminator(const CheckedAction& action, const Found& found);
 void NoTerminator(const CheckedAction& action, const Found& found);
 void PortOutside(const CheckedAction& action, const Found& found);
+void HostMissing(const CheckedAction& action, const Found& found);
 void AmplifierStateOutside(const CheckedAction& action, const Found& found);
 void NothingToDo(const CheckedAction& action, const Found& found);
 
@@ -99,9 +102,15 @@ void NoSuchDevice(const CheckedAction& action, const Found& found);
 void DeviceOfOtherClass(const CheckedAction& action, const Found& found);
 void NoSuchPath(const CheckedAction& action, const Found& found);
 void NoSuchTable(const CheckedAction& action, const Found& found);
-void AnswerForNoMoment(const CheckedFile& file, const Found& found);
-void FaultForNoDevice(const CheckedFile& file, const Found& found);
 void ChannelWithoutDevice(const CheckedFile& file, const Found& found);
+
+// ---- beside_rules.cpp --------------------------------------------------------------------------
+
+void AnswerForNoMoment(const CheckedFile& file, const Found& found);
+void AnswerForNoMessage(const CheckedFile& file, const Found& found);
+void FaultForNoDevice(const CheckedFile& file, const Found& found);
+void FaultForNothing(const CheckedFile& file, const Found& found);
+void FailureNeverRead(const CheckedFile& file, const Found& found);
 
 // ---- here_rules.cpp ----------------------------------------------------------------------------
 

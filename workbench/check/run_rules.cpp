@@ -62,9 +62,10 @@ std::vector<String> TextsOf(const CheckedAction& action) {
     return texts;
 }
 
-/// "#FREQ#" and the like: capital letters, digits and "_" between two "#".
+/// "#FREQ#" and the like: letters, digits and "_" between two "#". Small letters are a slip.
 std::vector<String> PlaceholdersIn(const String& text) {
-    constexpr StringView Letters = L"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_";
+    constexpr StringView Letters =
+        L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_";
     std::vector<String> names;
     std::size_t begin = text.find(L'#');
     while (begin != String::npos) {

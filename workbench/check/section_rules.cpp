@@ -10,6 +10,7 @@
 #include "sim/sim_settings.h"
 #include "workbench/check/rule_tests.h"
 #include "workbench/files/place_text.h"
+#include "workbench/session/plan.h"
 #include "workbench/words/slips.h"
 #include "workbench/words/wording.h"
 
@@ -61,17 +62,12 @@ String Numberless(StringView name) {
     return text;
 }
 
-std::size_t LineOf(const CheckedFile& file, StringView section) {
-    return file.Input().document->HeaderLine(section).value_or(0);
-}
-
 /// Every section name once, in the order of the file.
 std::vector<String> NamesOf(const CheckedFile& file) {
     std::vector<String> names;
-    Names seen;
-    for (String& name : file.Input().document->SectionNames()) {
-        if (seen.insert(name).second) {
-            names.push_back(std::move(name));
+    for (const auto& [name, line] : file.Headers()) {
+        if (line == file.HeaderLine(name)) {
+            names.push_back(name);
         }
     }
     return names;
@@ -104,13 +100,18 @@ const OwnSection* OwnSectionOf(StringView name) {
     return nullptr;
 }
 
+bool IsDigits(StringView text) {
+    return !text.empty() && text.find_first_not_of(L"0123456789") == StringView::npos;
+}
+
 /// Number of the numbered section of the module that `name` is; nothing for any other name.
 std::optional<std::int32_t> NumberOf(const CheckedFile& file, StringView name) {
     std::optional<std::int32_t> number;
     const auto look = [&](aceModul moduleKind) {
         for (const NumberedSets& sets : FindModule(moduleKind)->AllNumbered()) {
-            if (BeginsWith(name, sets.sectionWord) && !number) {
-                number = WholeInteger(name.substr(sets.sectionWord.size()));
+            const StringView digits = name.substr(std::min(name.size(), sets.sectionWord.size()));
+            if (BeginsWith(name, sets.sectionWord) && !number && IsDigits(digits)) {
+                number = WholeInteger(digits);
             }
         }
     };
@@ -119,6 +120,28 @@ std::optional<std::int32_t> NumberOf(const CheckedFile& file, StringView name) {
         look(aceEMSAutoTemplate);
     }
     return number;
+}
+
+/// A frequency of the test belongs to the sweep of that number.
+bool IsSwept(const CheckedFile& file, std::int32_t number) {
+    const std::vector<Moment> plan = PlanOf(file.Input().setUp);
+    return std::ranges::any_of(plan, [&](const Moment& moment) {
+        return moment.call == MomentCall::NewFrequency && moment.number == number;
+    });
+}
+
+/// A numbered section of the workbench whose number the test does not come to.
+bool IsOwnBeyond(const CheckedFile& file, StringView name) {
+    const TestSetUp& setUp = file.Input().setUp;
+    const auto numberBehind = [&](StringView word) {
+        return BeginsWith(name, word) ? WholeInteger(name.substr(word.size())) : std::nullopt;
+    };
+    if (const auto channel = numberBehind(L"Workbench.Channel")) {
+        return setUp.moduleKind == aceMonitoring && *channel > setUp.subRanges;
+    }
+    const auto sweep = numberBehind(L"Workbench.Subrange");
+    return sweep && *sweep > setUp.subRanges && ModuleWordsOf(setUp.moduleKind).sweepPerEntry &&
+           !IsSwept(file, *sweep);
 }
 
 /// The matrix has several templates in one file, of which a test runs one.
@@ -153,7 +176,7 @@ struct KeyLine {
 };
 std::vector<KeyLine> KeysOf(const CheckedFile& file, const String& section) {
     std::vector<KeyLine> keys;
-    std::size_t line = LineOf(file, section);
+    std::size_t line = file.HeaderLine(section);
     for (const String& text : file.Input().document->GetSection(section)) {
         ++line;
         const std::size_t equals = text.find(L'=');
@@ -163,6 +186,18 @@ std::vector<KeyLine> KeysOf(const CheckedFile& file, const String& section) {
         }
     }
     return keys;
+}
+
+/// The name in a line that has one bracket of a header and not the other.
+std::optional<String> NameInHalfBrackets(StringView line) {
+    const StringView text = Trimmed(line);
+    const bool opens = text.starts_with(L'[');
+    const bool closes = text.ends_with(L']');
+    if (opens == closes || text.size() < 2 || text.find(L'=') != StringView::npos ||
+        IsEmptyOrComment(text, L";#")) {
+        return std::nullopt;
+    }
+    return String(opens ? text.substr(1) : text.substr(0, text.size() - 1));
 }
 
 /// The actions that take their settings from a device section.
@@ -180,9 +215,9 @@ String DeviceSectionOf(const aceSetDevice& record) {
 void RuleTests::SectionBeyond(const CheckedFile& file, const Found& found) {
     const Names read = ReadByTheEngine(file);
     for (const String& name : NamesOf(file)) {
-        const std::optional<std::int32_t> number = NumberOf(file, name);
-        if (number && !read.contains(name)) {
-            found.At({file.Input().path, LineOf(file, name), name},
+        const bool isEngines = NumberOf(file, name) && !read.contains(name);
+        if (isEngines || IsOwnBeyond(file, name)) {
+            found.At({file.Input().path, file.HeaderLine(name), name},
                      {std::to_wstring(file.Input().setUp.subRanges)});
         }
     }
@@ -200,7 +235,7 @@ void RuleTests::MisspeltSection(const CheckedFile& file, const Found& found) {
         const String numberless = Numberless(name);
         const StringView near = NearestWord(numberless, known);
         if (!near.empty() && !EqualNoCase(near, numberless)) {
-            found.At({file.Input().path, LineOf(file, name), name}, {String(near)});
+            found.At({file.Input().path, file.HeaderLine(name), name}, {String(near)});
         }
     }
 }
@@ -214,17 +249,65 @@ void RuleTests::SectionUnread(const CheckedFile& file, const Found& found) {
         const bool isOurs = BeginsWith(name, L"Workbench") && OwnSectionOf(name) == nullptr;
         if ((isEngines || isOurs) && !read.contains(name) && !NumberOf(file, name) &&
             !IsOfAnotherTemplate(file, name) && NearestWord(Numberless(name), known).empty()) {
-            found.At({file.Input().path, LineOf(file, name), name},
+            found.At({file.Input().path, file.HeaderLine(name), name},
                      {String(ModuleWordsOf(file.Input().setUp.moduleKind).words)});
         }
     }
 }
 
 void RuleTests::SectionTwice(const CheckedFile& file, const Found& found) {
-    std::map<String, int, sim::NameLess> counts;
-    for (const String& name : file.Input().document->SectionNames()) {
-        if (++counts[name] == 2) {
-            found.At({file.Input().path, LineOf(file, name), name});
+    for (const auto& [name, line] : file.Headers()) {
+        if (line != file.HeaderLine(name)) {
+            found.At({file.Input().path, line, name});
+        }
+    }
+}
+
+/// A line that would open a section if it had both of its brackets. In the user's own sections only
+/// what looks like a name that is read.
+void RuleTests::HeaderBroken(const CheckedFile& file, const Found& found) {
+    const Names read = ReadByTheEngine(file);
+    const std::vector<String> engine = EngineNames(file);
+    const std::vector<StringView> known = KnownNames(engine);
+    for (const String& section : NamesOf(file)) {
+        if (read.contains(section)) {
+            continue;  // there it stops the load
+        }
+        std::size_t line = file.HeaderLine(section);
+        for (const String& text : file.Input().document->GetSection(section)) {
+            ++line;
+            const std::optional<String> name = NameInHalfBrackets(text);
+            if (name && (OwnSectionOf(section) != nullptr ||
+                         !NearestWord(Numberless(*name), known).empty())) {
+                found.At({file.Input().path, line, section, {}, text}, {*name});
+            }
+        }
+    }
+}
+
+/// An entry that is neither swept nor has actions, while others are swept.
+void RuleTests::NumberWithoutSection(const CheckedFile& file, const Found& found) {
+    const TestSetUp& setUp = file.Input().setUp;
+    const bool hasSweep = std::ranges::any_of(
+        setUp.sweeps, [](const std::optional<Sweep>& sweep) { return sweep.has_value(); });
+    if (!hasSweep || !ModuleWordsOf(setUp.moduleKind).sweepPerEntry) {
+        return;
+    }
+    const String key = L"SubRanges";
+    const std::vector<KeyLine> keys = KeysOf(file, String(OwnSections[0].name));
+    const auto line = std::ranges::find_if(
+        keys, [&](const KeyLine& candidate) { return EqualNoCase(candidate.key, key); });
+    for (const CheckedSection& section : file.Sections()) {
+        const auto index = static_cast<std::size_t>(section.place.index);
+        if (section.sets != nullptr && section.header == 0 && index < setUp.sweeps.size() &&
+            !setUp.sweeps[index]) {
+            const String number = std::to_wstring(index + 1);
+            const FindingPlace place =
+                line == keys.end()
+                    ? FindingPlace{file.Input().path}
+                    : FindingPlace{file.Input().path, line->line, L"Workbench", key, line->value};
+            found.At(place, {String(ModuleWordsOf(setUp.moduleKind).one) + L" " + number, number,
+                             section.name});
         }
     }
 }
@@ -280,7 +363,7 @@ void RuleTests::UnusedDeviceSection(const CheckedFile& file, const Found& found)
         // of a matrix, the templates that are not run have actions too
         if (EqualNoCase(Numberless(name), DeviceSection) && !used.contains(name) &&
             file.Input().setUp.moduleKind != aceVKSDUT) {
-            found.At({file.Input().path, LineOf(file, name), name});
+            found.At({file.Input().path, file.HeaderLine(name), name});
         }
     }
 }

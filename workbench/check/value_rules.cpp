@@ -12,7 +12,7 @@ constexpr std::int32_t LargestPort = 65535;
 constexpr std::int32_t HighestPrimary = 30;
 constexpr std::int32_t BoardUnit = 100;
 constexpr std::int32_t HighestSerial = 256;
-constexpr std::int32_t HighestAmplifierState = 3;
+constexpr std::int32_t HighestAmplifierState = 4;
 /// Longer than this in milliseconds no wait is handed on: some 25 days.
 constexpr double LongestWait = 2147483647.0;
 
@@ -68,6 +68,11 @@ const aceRemote* CommandOf(const CheckedAction& action) {
     return record != nullptr && !record->Command.empty() ? record : nullptr;
 }
 
+bool StartsProgram(const CheckedAction& action) {
+    const auto* const record = action.As<aceRemote>();
+    return record != nullptr && !record->Program.empty();
+}
+
 void TellUnlessNumber(const CheckedAction& action, const Found& found, StringView text,
                       StringView words) {
     if (!WholeNumber(text)) {
@@ -112,7 +117,7 @@ void RuleTests::FlagUnknown(const CheckedAction& action, const Found& found) {
     for (const FieldForm& form : FlagFields) {
         const auto field = FieldOf(action.line.Value(), form.field);
         if (action.IsOf(form.keyword) && field && *field != L"0" && *field != L"1" &&
-            !field->empty()) {
+            (!field->empty() || StartsProgram(action))) {
             found.At(action, {QuotedLine(String(*field)), String(form.words)});
         }
     }
@@ -165,6 +170,14 @@ void RuleTests::PortOutside(const CheckedAction& action, const Found& found) {
     if (record->Iface == aceRemote::TcpIp &&
         (record->TcpPort < 1 || record->TcpPort > LargestPort)) {
         found.At(action, {L"the port " + std::to_wstring(record->TcpPort), L"1 to 65535"});
+    }
+}
+
+void RuleTests::HostMissing(const CheckedAction& action, const Found& found) {
+    const aceRemote* const record = CommandOf(action);
+    if (record != nullptr && record->Iface == aceRemote::TcpIp &&
+        Trimmed(record->TcpHost).empty()) {
+        found.At(action);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "workbench/files/settings_document.h"
 
 #include <algorithm>
+#include <functional>
 
 #include <ace/host/run_time_error.h>
 
@@ -36,6 +37,10 @@ Line FindKey(std::string_view body, std::string_view key, std::string_view& valu
         }
     }
     return {};
+}
+
+std::size_t CountLineEnds(std::string_view text) {
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
 }
 
 void AppendPiece(std::string& bytes, std::string_view piece, std::string_view lineEnd) {
@@ -175,15 +180,29 @@ std::optional<std::size_t> SettingsDocument::HeaderLine(StringView section) cons
     if (found == None) {
         return std::nullopt;
     }
-    std::string before(Preamble());
-    for (std::size_t at = 0; at < found; ++at) {
-        if (!x_sections[at].isDeleted) {
-            AppendPiece(before, Whole(x_sections[at]), x_lineEnd);
+    const auto end = x_sections.begin() + static_cast<std::ptrdiff_t>(found);
+    const auto deleted = std::count_if(x_sections.begin(), end, std::mem_fn(&Section::isDeleted));
+    return HeaderLines()[found - static_cast<std::size_t>(deleted)];
+}
+
+std::vector<std::size_t> SettingsDocument::HeaderLines() const {
+    std::vector<std::size_t> lines;
+    std::size_t ended = 0;  // lines above, with what is put between two pieces
+    bool isOpen = false;    // the last one has no end yet
+    const auto add = [&](std::string_view piece) {
+        ended += CountLineEnds(piece) + (isOpen && !piece.empty() ? 1 : 0);
+        isOpen = piece.empty() ? isOpen : !piece.ends_with('\n');
+    };
+    add(Preamble());
+    for (const Section& section : x_sections) {
+        if (!section.isDeleted) {
+            const std::string_view header = Header(section);
+            const std::size_t above = CountLineEnds(header.substr(0, header.find('[')));
+            lines.push_back(ended + (isOpen ? 1 : 0) + above + 1);
+            add(Whole(section));
         }
     }
-    const std::string_view header = Header(x_sections[found]);
-    AppendPiece(before, header.substr(0, header.find('[') + 1), x_lineEnd);
-    return static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1;
+    return lines;
 }
 
 std::optional<String> SettingsDocument::GetKey(StringView section, StringView key) const {

@@ -31,6 +31,8 @@ class SettingsDocument {
     /// Number of the section's header line in the file, from 1, as it would be saved now; the lines
     /// of `GetSection` follow it. Nothing for a missing section.
     std::optional<std::size_t> HeaderLine(StringView section) const;
+    /// The same of all sections, in the order of `SectionNames`.
+    std::vector<std::size_t> HeaderLines() const;
 
     /// What stands behind the "=", blanks included; nothing when there is no such section or key.
     std::optional<String> GetKey(StringView section, StringView key) const;
