@@ -1,0 +1,128 @@
+/// Slips of the pen in a good set of files, and what becomes of the test with each of them.
+#pragma once
+
+#include <sstream>
+
+#include "session/session_fixture.h"
+#include "workbench/check/rules.h"
+#include "workbench/devices/device_file.h"
+#include "workbench/session/bench_host.h"
+
+namespace ace::workbench {
+
+/// One slip: a patch of one line of one file. The format stands at the top of variants.txt.
+struct Variant {
+    std::string name;
+    std::string file;
+    struct Edit {
+        char sign;         ///< '-' or '+'
+        std::size_t line;  ///< from 1
+        std::string text;
+    };
+    std::vector<Edit> edits;
+    std::string run;
+    std::vector<std::string> findings;
+};
+
+/// The files of a test by their names.
+using FileSet = std::map<std::string, std::string>;
+
+inline std::string FileText(const std::string& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+inline FileSet GoodSet() {
+    FileSet files;
+    for (const char* name : {"ri.ini", "bench.ini", "answers.txt", "faults.txt"}) {
+        files[name] = FileText(std::string(ACE_VARIANTS) + "/" + name);
+    }
+    return files;
+}
+
+/// "- 37 [ActionsOnSR1]"; "\s" stands for a blank.
+inline Variant::Edit ReadEdit(const std::string& line) {
+    std::size_t length = 0;
+    Variant::Edit edit{line[0], std::stoul(line.substr(2), &length), {}};
+    const std::size_t begin = 2 + length + 1;
+    edit.text = line.size() > begin ? line.substr(begin) : "";
+    for (std::size_t at = 0; (at = edit.text.find("\\s")) != std::string::npos;) {
+        edit.text.replace(at, 2, " ");
+    }
+    return edit;
+}
+
+inline std::vector<Variant> AllVariants() {
+    std::vector<Variant> variants;
+    std::istringstream table(FileText(std::string(ACE_VARIANTS) + "/variants.txt"));
+    for (std::string line; std::getline(table, line);) {
+        if (line.starts_with("== ")) {
+            variants.push_back({line.substr(3), {}, {}, {}, {}});
+            std::getline(table, variants.back().file);
+        } else if (line.starts_with("- ") || line.starts_with("+ ")) {
+            variants.back().edits.push_back(ReadEdit(line));
+        } else if (line.starts_with("run ")) {
+            variants.back().run = line.substr(4);
+        } else if (!line.empty() && line[0] != '#') {
+            variants.back().findings.push_back(line);
+        }
+    }
+    return variants;
+}
+
+/// The good set with the patch of a variant, whose lines must be those of the file.
+inline FileSet Patched(const Variant& variant) {
+    FileSet files = GoodSet();
+    std::vector<std::string> lines;
+    std::istringstream text(files.at(variant.file));
+    for (std::string line; std::getline(text, line);) {
+        lines.push_back(line);
+    }
+    for (const Variant::Edit& edit : variant.edits) {
+        const auto at = lines.begin() + static_cast<std::ptrdiff_t>(edit.line) - 1;
+        if (edit.sign == '+') {
+            lines.insert(at, edit.text);
+        } else {
+            EXPECT_EQ(*at, edit.text) << variant.name;
+            lines.erase(at);
+        }
+    }
+    std::string& patched = files.at(variant.file);
+    patched.clear();
+    for (const std::string& line : lines) {
+        patched += line + "\n";
+    }
+    return files;
+}
+
+/// What came of a test: how it ended, what was told and when.
+struct Happened {
+    std::string end;  ///< "finished", "stopped", "ends" with an error, "load" or "refused ri.ini:9"
+    std::size_t moments = 0;
+    std::vector<std::string> lines;
+    std::vector<double> times;
+    bool operator==(const Happened&) const = default;
+};
+
+/// Stands in the folder of the test, where the sound, the macro and the program of the set are.
+class VariantsTest : public FolderTest {
+  protected:
+    VariantsTest() : before(std::filesystem::current_path()) {
+        for (const char* name : {"done.wav", "log_eut.sh", "exerciser.sh"}) {
+            Write(name, "");
+        }
+        std::filesystem::current_path(folder);
+    }
+    ~VariantsTest() override { std::filesystem::current_path(before); }
+
+    /// The findings as "ri.ini:37 section-misspelt", each with words; or why a file was refused.
+    std::vector<std::string> FindingsOfSet(const FileSet& files) const;
+    /// Runs the test of the set on a virtual clock.
+    Happened Run(const FileSet& files) const;
+
+  private:
+    std::filesystem::path before;
+};
+
+}  // namespace ace::workbench
