@@ -1,8 +1,10 @@
 /// What the tests of checks stand on: findings as short texts.
 #pragma once
 
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include "workbench/check/rules.h"
 #include "workbench/devices/device_file.h"
@@ -10,6 +12,13 @@
 #include "workbench/session/bench_host.h"
 
 namespace ace::workbench {
+
+/// The bytes of an example.
+inline std::string Example(const std::string& name) {
+    std::ostringstream text;
+    text << std::ifstream(std::string(ACE_EXAMPLES) + "/" + name, std::ios::binary).rdbuf();
+    return text.str();
+}
 
 /// What a check is told beside the file; none of it as long as it is empty.
 struct Beside {

@@ -107,6 +107,10 @@ TEST(SettingsDocument, TheHeaderLineIsCountedInTheFileAsItWouldBeSaved) {
     EXPECT_EQ(document.HeaderLine(L"B"), 6U);
     document.SetSection(L"C", L"");  // an empty line stands between the sections of this file
     EXPECT_EQ(document.HeaderLine(L"C"), 8U);
+    EXPECT_EQ(document.HeaderLines(), (std::vector<std::size_t>{2, 6, 8}));
+    document.DeleteSection(L"A");
+    EXPECT_EQ(document.HeaderLine(L"B"), 2U);
+    EXPECT_EQ(document.HeaderLines(), (std::vector<std::size_t>{2, 4}));
 }
 
 // ---- writing keys ------------------------------------------------------------------------------
