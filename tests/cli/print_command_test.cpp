@@ -1,10 +1,8 @@
 /// The print of a settings file as the user reads it.
 #include "workbench/cli/print_command.h"
 
-#include <sstream>
-
+#include "print_fixture.h"
 #include "running_program.h"
-#include "support/file_fixture.h"
 #include "support/refusal.h"
 
 namespace ace::workbench {
@@ -12,42 +10,7 @@ namespace {
 
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
-using ::testing::Not;
 using ::testing::StartsWith;
-
-const std::string Examples = std::string(ACE_EXAMPLES) + "/";
-
-class PrintCommandTest : public FolderTest {
-  protected:
-    static std::string PrintOf(const SetUpArguments& arguments, std::size_t width = 0) {
-        std::ostringstream out;
-        PrintCommand(arguments, {.out = out, .width = width});
-        return out.str();
-    }
-    std::string PrintOfText(const std::string& text, SetUpArguments arguments = {}) const {
-        Write("test.ini", text);
-        arguments.file = Path("test.ini");
-        return PrintOf(arguments);
-    }
-    /// What stands behind the head.
-    std::string Below(const std::string& text, const SetUpArguments& arguments = {}) const {
-        const std::string print = PrintOfText(text, arguments);
-        const std::size_t end = print.find("\n\n");
-        EXPECT_NE(end, std::string::npos) << print;
-        return print.substr(end + 2);
-    }
-    /// The note alone; empty where there is none.
-    std::string Note(const std::string& text, const SetUpArguments& arguments = {}) const {
-        const std::string print = PrintOfText(text, arguments);
-        const std::size_t begin = print.find("\n+-");
-        return begin == std::string::npos ? "" : print.substr(begin + 1);
-    }
-    static std::string Golden(const std::string& name) {
-        std::ostringstream text;
-        text << std::ifstream(std::string(ACE_PRINTS) + "/" + name).rdbuf();
-        return text.str();
-    }
-};
 
 // ---- whole prints ------------------------------------------------------------------------------
 
@@ -130,97 +93,6 @@ TEST_F(PrintCommandTest, ModuleAndNumberOfSubrangesMayBeSaidInsteadOfTheFile) {
     EXPECT_EQ(Below("[ActionsOnStep1]\nNumOfEnterActions=1\nEnterAction1=WAIT:5\n",
                     {.module = "aceEMSAutoTemplate", .subRanges = "1"}),
               "Actions:\n\nOn no-go (1)\n   Wait:                0.005 s\n");
-}
-
-// ---- the note ----------------------------------------------------------------------------------
-
-TEST_F(PrintCommandTest, APrintThatSaysEverythingHasNoNote) {
-    EXPECT_EQ(Note("[Workbench]\nModule=6\n[ActionsOnAzimuthChart]\n"
-                   "NumOfEnterActions=2\nEnterAction1=WAIT:5\n"
-                   "EnterAction2=REMOTE:OUTP:STAT OFF;*WAI;X,0,13,0,,0,\n"
-                   "NumOfFreqActions=1\nFrequAction1=WAIT:5\n"),
-              "");
-}
-
-TEST_F(PrintCommandTest, TheListBehindTheMonitoringLoopIsLeftOutAndAnotherIsPrintedInItsPlace) {
-    const std::string print = Below(
-        "[Workbench]\nModule=1\nSubRanges=0\n[ActionsOnMonTestLoop]\n"
-        "NumOfEnterActions=1\nEnterAction1=WAIT:10\n"
-        "NumOfLeaveActions=2\nLeaveAction1=WAIT:1\nLeaveAction2=WAIT:2\n"
-        "NumOfMlcActions=1\nMLLeaAction1=WAIT:3\n");
-    EXPECT_EQ(print,
-              "Actions:\n\n"
-              "Test : Before the test\n"
-              "   Wait:                0.010 s\n\n"
-              "Test : After the test\n"
-              "   Wait:                0.003 s\n\n"
-              "+--------------------------------------------------------------+\n"
-              "| NOT ON THIS PRINT: 2 actions                                 |\n"
-              "|    2  Test loop: After the test loop, [ActionsOnMonTestLoop] |\n"
-              "|       LeaveAction1-2                                         |\n"
-              "| PRINTED, BUT NEVER RUN: 1 action                             |\n"
-              "|    1  [ActionsOnMonTestLoop] MLLeaAction1                    |\n"
-              "+--------------------------------------------------------------+\n");
-}
-
-TEST_F(PrintCommandTest, TheEveryFrequencyListOfASusceptibilityTestIsLeftOut) {
-    EXPECT_EQ(Note("[Workbench]\nModule=2\nSubRanges=0\n[ActionsOnEMSAutoTest]\n"
-                   "NumOfFreqActions=3\nFrequAction1=WAIT:1\nFrequAction2=WAIT:2\n"
-                   "FrequAction3=WAIT:3\n"),
-              "+---------------------------------------------+\n"
-              "| NOT ON THIS PRINT: 3 actions                |\n"
-              "|    3  [ActionsOnEMSAutoTest] FrequAction1-3 |\n"
-              "+---------------------------------------------+\n");
-}
-
-TEST_F(PrintCommandTest, ListsThatNoMomentRunsAreLeftOutToo) {
-    EXPECT_EQ(Note("[Workbench]\nModule=0\nSubRanges=1\n[ActionsOnSR1]\n"
-                   "NumOfFreqActions=1\nFrequAction1=WAIT:1\n"
-                   "NumOfMlcActions=1\nMLLeaAction1=WAIT:2\n"),
-              "+-----------------------------------+\n"
-              "| NOT ON THIS PRINT: 2 actions      |\n"
-              "|    1  [ActionsOnSR1] FrequAction1 |\n"
-              "|    1  [ActionsOnSR1] MLLeaAction1 |\n"
-              "+-----------------------------------+\n");
-}
-
-TEST_F(PrintCommandTest, CommandsOfMoreThanTwentyCharactersAreCountedAsCut) {
-    const std::string file =
-        "[Workbench]\nModule=6\n[ActionsOnAzimuthChart]\nNumOfEnterActions=3\n"
-        "EnterAction1=REMOTE:12345678901234567890,0,13,0,,0,\n"
-        "EnterAction2=REMOTE:123456789012345678901,0,13,0,,0,\n"
-        "EnterAction3=REMOTE:,,,,prog.exe,0,\n";
-    EXPECT_EQ(Note(file),
-              "+--------------------------------------+\n"
-              "| PRINTED WITHOUT THEIR END: 1 command |\n"
-              "+--------------------------------------+\n");
-}
-
-TEST_F(PrintCommandTest, EntriesThatCameBackEmptyAreToldWithTheirPlace) {
-    EXPECT_EQ(Note("[Workbench]\nModule=6\n[ActionsOnAzimuthChart]\nNumOfEnterActions=3\n"
-                   "EnterAction1=WAIT:1\nEnterAction2=WIAT:1\n"),
-              "+--------------------------------------------------------------------------+\n"
-              "| WITHOUT A LINE, because the file has none that the list knows: 2 actions |\n"
-              "|    1  At the start of the azimuth chart, [ActionsOnAzimuthChart]         |\n"
-              "|       EnterAction2                                                       |\n"
-              "|    1  At the start of the azimuth chart, [ActionsOnAzimuthChart]         |\n"
-              "|       EnterAction3                                                       |\n"
-              "+--------------------------------------------------------------------------+\n");
-}
-
-TEST_F(PrintCommandTest, OfManyListsThirtyAreNamedAndTheOthersCounted) {
-    std::string file = "[Workbench]\nModule=0\nSubRanges=35\n";
-    for (int i = 1; i <= 35; ++i) {
-        file += "[ActionsOnSR" + std::to_string(i) +
-                "]\nNumOfFreqActions=2\nFrequAction1=WAIT:1\nFrequAction2=WAIT:1\n";
-    }
-    const std::string note = Note(file);
-    EXPECT_THAT(note, StartsWith("+---------------------------------------+\n"
-                                 "| NOT ON THIS PRINT: 70 actions         |\n"
-                                 "|     2  [ActionsOnSR1] FrequAction1-2  |\n"));
-    EXPECT_THAT(note, EndsWith("|     2  [ActionsOnSR30] FrequAction1-2 |\n"
-                               "|    10  in 5 more places               |\n"
-                               "+---------------------------------------+\n"));
 }
 
 // ---- the text ----------------------------------------------------------------------------------

@@ -1,5 +1,6 @@
 #include "workbench/cli/print_gaps.h"
 
+#include <algorithm>
 #include <functional>
 #include <map>
 
@@ -144,39 +145,90 @@ String LineOf(const EngineState& engine, p_PerformTimes time, const p_Action& ac
 }
 
 /// A command whose end is missing in its line.
-bool IsCut(const EngineState& engine, const PrintedList& list, const p_Action& action) {
+bool IsCut(const EngineState& engine, const PrintRow& row, const p_Action& action) {
     const auto* const record = std::get_if<aceRemote>(&action.Parameter);
     return record != nullptr && !record->Command.empty() &&
-           !LineOf(engine, list.row.time, action).ends_with(L'"' + record->Command + L"\"\r");
+           !LineOf(engine, row.time, action).ends_with(L'"' + record->Command + L"\"\r");
 }
 
-/// The lists that are printed, and whether the moment that they are printed for runs them.
-using PrintedActions = std::map<const Actions*, bool>;
+/// Where the program's own name ends in a command line: at its closing quote or the first blank.
+std::size_t EndOfName(StringView commandLine) {
+    const std::size_t begin = commandLine.find_first_not_of(L" \t");
+    if (begin == StringView::npos) {
+        return commandLine.size();
+    }
+    const StringView ends = commandLine[begin] == L'"' ? L"\"" : L" \t";
+    return std::min(commandLine.find_first_of(ends, begin + 1), commandLine.size());
+}
 
-PrintedActions AddPrinted(PrintGaps& gaps, const EngineState& engine) {
+/// The print shows what stands behind the last "\", which may be a part of an argument.
+bool IsNameShown(const String& commandLine) {
+    const std::size_t last = commandLine.rfind(L'\\');
+    return last == String::npos || last < EndOfName(commandLine);
+}
+
+/// What an action does and its line doesn't say; empty for nothing.
+StringView MissingPart(const p_Action& action) {
+    if (const auto* const remote = std::get_if<aceRemote>(&action.Parameter)) {
+        if (!remote->Command.empty()) {
+            return remote->Program.empty() ? L"" : L"its program";
+        }
+        return IsNameShown(remote->Program) ? L"" : L"its program's name";
+    }
+    const auto* const track = std::get_if<aceTrackFreq>(&action.Parameter);
+    const bool isBoth = track != nullptr && !track->GenName.empty() && !track->MoniName.empty();
+    return isBoth ? L"its monitoring device" : L"";
+}
+
+/// The lists that are printed.
+using PrintedActions = std::map<const Actions*, const PrintRow*>;
+
+PrintedActions PrintedOf(const EngineState& engine) {
     PrintedActions printed;
     ForEachPrinted(engine, engine.Modul, [&](const PrintedList& list) {
-        const Actions& actions = ListOf(engine, list.moment, list.number).actions;
-        printed[&actions] = list.row.otherList == nullptr;
-        for (const p_Action& action : actions) {
-            gaps.cutCommands += IsCut(engine, list, action) ? 1U : 0U;
-        }
+        printed[&ListOf(engine, list.moment, list.number).actions] = &list.row;
     });
     return printed;
 }
 
-/// Answers how many actions of a list have a line in the editor, and tells of the others.
-std::size_t CountLines(PrintGaps& gaps, const EngineState& engine, const GapNames& names,
-                       const Actions& actions) {
-    std::size_t count = 0;
-    for (const p_Action& action : actions) {
-        if (TreeText(engine.Context, engine.Modul, action)) {
-            ++count;
-        } else {
-            AddTo(gaps.empty, 1, [&] { return names.OfEntry(actions, action); });
+/// One list of an engine.
+struct GapSource {
+    const EngineState& engine;
+    const GapNames& names;
+    const Actions& actions;
+    const PrintRow* row;  ///< none where it isn't printed
+
+    bool IsLeftOut() const { return row == nullptr; }
+    /// Another list runs at the moment under whose title this one is printed.
+    bool IsInWrongPlace() const { return row != nullptr && row->otherList != nullptr; }
+};
+
+/// What the line of a printed action doesn't say.
+void AddPrinted(PrintGaps& gaps, const GapSource& source, const p_Action& action) {
+    gaps.cutCommands += IsCut(source.engine, *source.row, action) ? 1U : 0U;
+    const StringView missing = MissingPart(action);
+    if (!missing.empty()) {
+        AddTo(gaps.inPart, 1, [&] {
+            return source.names.OfEntry(source.actions, action) + L": " + String(missing);
+        });
+    }
+}
+
+/// Answers how many actions of a list have a line in the editor, and tells of each what is to be
+/// told of it alone.
+std::size_t AddEntries(PrintGaps& gaps, const GapSource& source) {
+    std::size_t lines = 0;
+    for (const p_Action& action : source.actions) {
+        if (!TreeText(source.engine.Context, source.engine.Modul, action)) {
+            AddTo(gaps.empty, 1, [&] { return source.names.OfEntry(source.actions, action); });
+            continue;
+        }
+        ++lines;
+        if (!source.IsLeftOut()) {
+            AddPrinted(gaps, source, action);
         }
     }
-    return count;
+    return lines;
 }
 
 // ---- the note ----------------------------------------------------------------------------------
@@ -212,14 +264,15 @@ void AppendLists(std::vector<Paragraph>& text, const String& head, const GapList
 }  // namespace
 
 void AddGaps(PrintGaps& gaps, EngineState& engine, const ActionPlaces& places) {
-    const PrintedActions printed = AddPrinted(gaps, engine);
+    const PrintedActions printed = PrintedOf(engine);
     const GapNames names(engine, places);
     ForEachList(engine, [&](const Actions& actions) {
-        const std::size_t lines = CountLines(gaps, engine, names, actions);
         const auto found = printed.find(&actions);
-        const bool isPrinted = found != printed.end();
-        if (lines > 0 && !(isPrinted && found->second)) {
-            AddTo(isPrinted ? gaps.neverRun : gaps.leftOut, lines,
+        const GapSource source{engine, names, actions,
+                               found != printed.end() ? found->second : nullptr};
+        const std::size_t lines = AddEntries(gaps, source);
+        if (lines > 0 && (source.IsLeftOut() || source.IsInWrongPlace())) {
+            AddTo(source.IsLeftOut() ? gaps.leftOut : gaps.neverRun, lines,
                   [&] { return names.OfList(actions); });
         }
     });
@@ -229,6 +282,7 @@ std::vector<Paragraph> GapsText(const PrintGaps& gaps) {
     std::vector<Paragraph> text;
     AppendLists(text, L"NOT ON THIS PRINT", gaps.leftOut);
     AppendLists(text, L"PRINTED, BUT NEVER RUN", gaps.neverRun);
+    AppendLists(text, L"A PART IS NOT ON THIS PRINT", gaps.inPart);
     AppendLists(text, L"WITHOUT A LINE, because the file has none that the list knows", gaps.empty);
     if (gaps.cutCommands > 0) {
         text.push_back(
