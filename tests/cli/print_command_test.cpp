@@ -32,29 +32,30 @@ TEST_F(PrintCommandTest, AMatrixHasAnEmptyPrintAndAllItsRowsInTheNote) {
 }
 
 TEST_F(PrintCommandTest, TheListsForAllRowsOfAMatrixStandInTheNoteToo) {
-    EXPECT_THAT(PrintOf({.file = Examples + "wireless_dut.ini", .matrixTemplate = "3"}),
-                EndsWith("\n"
-                         "the print is empty\n"
-                         "\n"
-                         "+-------------------------------+\n"
-                         "| NOT ON THIS PRINT: 6 actions  |\n"
-                         "|    3  Before specific Actions |\n"
-                         "|    3  After specific Actions  |\n"
-                         "+-------------------------------+\n"));
+    EXPECT_THAT(
+        PrintOf({.file = Examples + "wireless_dut.ini", .matrixTemplate = "3"}),
+        EndsWith("\n"
+                 "the print is empty\n"
+                 "\n"
+                 "+---------------------------------------------------------------------+\n"
+                 "| NOT ON THIS PRINT: 6 actions                                        |\n"
+                 "|    3  Before specific Actions, [ActionsOnVKSDUTGlob] EnterAction1-3 |\n"
+                 "|    3  After specific Actions, [ActionsOnVKSDUTGlob] LeaveAction1-3  |\n"
+                 "+---------------------------------------------------------------------+\n"));
 }
 
 /// The editor has a node for the row of all frequencies, too.
 TEST_F(PrintCommandTest, ARowWithoutActionsIsNotTold) {
     EXPECT_EQ(Note("[Workbench]\nModule=8\nSubRanges=0\n[Workbench.DUT]\nFreq0=0\n"
                    "FreqName0=Test mode\nBandwidthName0=narrow\nPowerName0=low\n"
-                   "InfluencedByFrequency=0\n"
+                   "InfluencedByFreq=0\n"
                    "[ActionsOnVKSTemplate_0]\nCount=1\nFreq=0\nBandwidth=0\nPower=0\n"
                    "[ActionsOnStep_0_1_VKS]\nID0=0\nID1=-1\nID2=-1\n"
                    "[ActionsOnStep_0_1]\nNumOfEnterActions=1\nEnterAction1=WAIT:10\n"),
-              "+-----------------------------+\n"
-              "| NOT ON THIS PRINT: 1 action |\n"
-              "|    1  Test mode             |\n"
-              "+-----------------------------+\n");
+              "+---------------------------------------------------+\n"
+              "| NOT ON THIS PRINT: 1 action                       |\n"
+              "|    1  Test mode, [ActionsOnStep_0_1] EnterAction1 |\n"
+              "+---------------------------------------------------+\n");
 }
 
 TEST_F(PrintCommandTest, ASusceptibilityTestHasThePrintsOfBothItsEngines) {
@@ -190,7 +191,9 @@ TEST_F(PrintCommandTest, OptionsThatMakeNoSenseAreRefused) {
 
 TEST(PrintProgram, PrintsTheListsAndNothingElse) {
     RunningProgram program("\"$0\" print " + Examples + "wireless_dut.ini --template 3");
-    EXPECT_THAT(program.ReadOutput(), EndsWith("+-------------------------------+\n"));
+    EXPECT_THAT(
+        program.ReadOutput(),
+        EndsWith("+---------------------------------------------------------------------+\n"));
     EXPECT_EQ(program.ExitCode(), 0);
 }
 

@@ -126,6 +126,38 @@ TEST_F(PrintCommandTest, EntriesThatCameBackEmptyAreToldWithTheirPlace) {
               "+--------------------------------------------------------------------------+\n");
 }
 
+/// The influence of the frequency rules out the file's first row, so the others have moved.
+TEST_F(PrintCommandTest, RowsOfAMatrixThatReadAlikeAreToldApartByTheirSections) {
+    EXPECT_EQ(Note("[Workbench]\nModule=8\nSubRanges=0\n[Workbench.DUT]\nFreq0=1\nFreq1=2\n"
+                   "FreqName0=Tone\nFreqName1=Tone\nBandwidthName0=narrow\nPowerName0=low\n"
+                   "InfluencedByFreq=1\n"
+                   "[ActionsOnVKSTemplate_0]\nCount=3\nFreq=1\nBandwidth=0\nPower=0\n"
+                   "[ActionsOnStep_0_1_VKS]\nID0=-1\nID1=-1\nID2=-1\n"
+                   "[ActionsOnStep_0_1]\nNumOfEnterActions=1\nEnterAction1=WAIT:10\n"
+                   "[ActionsOnStep_0_2_VKS]\nID0=1\nID1=-1\nID2=-1\n"
+                   "[ActionsOnStep_0_2]\nNumOfEnterActions=1\nEnterAction1=WAIT:10\n"
+                   "[ActionsOnStep_0_3_VKS]\nID0=2\nID1=-1\nID2=-1\n"
+                   "[ActionsOnStep_0_3]\nNumOfEnterActions=2\n"
+                   "EnterAction1=WAIT:10\nEnterAction2=WAIT:10\n"),
+              "+------------------------------------------------+\n"
+              "| NOT ON THIS PRINT: 3 actions                   |\n"
+              "|    1  Tone, [ActionsOnStep_0_2] EnterAction1   |\n"
+              "|    2  Tone, [ActionsOnStep_0_3] EnterAction1-2 |\n"
+              "+------------------------------------------------+\n");
+}
+
+/// The global lists of a matrix have two moments; the editor shows no third list there.
+TEST_F(PrintCommandTest, AListOfAMatrixThatTheEditorDoesNotShowIsToldByItsPlace) {
+    EXPECT_EQ(Note("[Workbench]\nModule=8\nSubRanges=3\n[Workbench.DUT]\nFreq0=1\n"
+                   "FreqName0=Tone\nBandwidthName0=narrow\nPowerName0=low\n"
+                   "[ActionsOnVKSTemplate_3]\nCount=0\nFreq=0\nBandwidth=0\nPower=0\n"
+                   "[ActionsOnVKSDUTGlob]\nNumOfFreqActions=1\nFrequAction1=WAIT:10\n"),
+              "+------------------------------------------+\n"
+              "| NOT ON THIS PRINT: 1 action              |\n"
+              "|    1  [ActionsOnVKSDUTGlob] FrequAction1 |\n"
+              "+------------------------------------------+\n");
+}
+
 TEST_F(PrintCommandTest, OfManyListsThirtyAreNamedAndTheOthersCounted) {
     std::string file = "[Workbench]\nModule=0\nSubRanges=35\n";
     for (int i = 1; i <= 35; ++i) {

@@ -18,7 +18,8 @@ namespace {
 
 using Actions = DynArray<p_Action>;
 
-/// All lists of the module that the engine serves.
+/// All lists of the module that the engine serves. Behind the counted sets an array may keep what
+/// is left of one that has gone.
 void ForEachList(const EngineState& engine, const std::function<void(const Actions&)>& visit) {
     const auto visitSet = [&](const p_Subrange& set) {
         for (const ListFields& list : ActionLists) {
@@ -30,8 +31,11 @@ void ForEachList(const EngineState& engine, const std::function<void(const Actio
         visitSet(engine.*fixed.set);
     }
     for (const NumberedSets& numbered : module.AllNumbered()) {
+        std::int32_t rest = engine.*numbered.count;
         for (const p_Subrange& set : engine.*numbered.sets) {
-            visitSet(set);
+            if (rest-- > 0) {
+                visitSet(set);
+            }
         }
     }
 }
@@ -90,8 +94,7 @@ class TreeNames {
 /// The words for lists and entries of one engine.
 class GapNames {
   public:
-    GapNames(EngineState& engine, const ActionPlaces& places)
-        : x_engine(engine), x_places(places), x_tree(engine) {}
+    GapNames(EngineState& engine, const ActionPlaces& places) : x_places(places), x_tree(engine) {}
 
     /// "After the test loop, [ActionsOnMonTestLoop] LeaveAction1-3"
     String OfList(const Actions& actions) const {
@@ -106,10 +109,9 @@ class GapNames {
     }
 
   private:
-    /// Nothing where the file is not told of. Rows of the matrix have moved since they were read.
+    /// Nothing for a list that doesn't come from the file.
     String PlaceOf(const p_Action& action) const {
-        const std::optional<ActionSource> source =
-            x_engine.Modul == aceVKSDUT ? std::nullopt : x_places.Find(&action);
+        const std::optional<ActionSource> source = x_places.Find(&action);
         return source ? L"[" + source->section + L"] " + EntryKey(*source) : String();
     }
     String WithPlace(const Actions& actions, const String& place) const {
@@ -120,7 +122,6 @@ class GapNames {
         return OneLine(place.empty() ? name : name + L", " + place);
     }
 
-    const EngineState& x_engine;
     const ActionPlaces& x_places;
     TreeNames x_tree;
 };
