@@ -216,8 +216,7 @@ class HeldByTheDialog : public DialogClosing {
   protected:
     void Choose(const String& key, const String& caption) {
         Select(key);
-        host->user.ExpectMenu(caption);
-        EXPECT_TRUE(RightClick(key));
+        ChooseFromMenu(key, caption);
     }
     static inline const String Copy = L"T(9016)";
     static inline const String Paste = L"T(9017)";

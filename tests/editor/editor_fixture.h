@@ -36,6 +36,11 @@ class EditorTest : public ShownEditor {
     bool RightClick(const std::optional<String>& key) {
         return tree.Press(key, MouseButtons::Right) && tree.Release(key, MouseButtons::Right);
     }
+    /// Chooses an item from the menu of a node by its caption; nothing closes the menu.
+    void ChooseFromMenu(const String& key, std::optional<String> caption) {
+        host->user.ExpectMenu(std::move(caption));
+        EXPECT_TRUE(RightClick(key)) << testing::PrintToString(key);
+    }
     /// Captions of the lines below a node, in their order.
     Lines LinesBelow(const String& key) {
         Lines lines;

@@ -68,11 +68,6 @@ class MouseTest : public EveryModule {
 
     // ---- acts ------------------------------------------------------------------------------
 
-    /// Right click on a node, and a choice in the menu that comes up, or none.
-    void ChooseFromMenu(const String& key, std::optional<String> caption) {
-        host->user.ExpectMenu(std::move(caption));
-        EXPECT_TRUE(RightClick(key)) << testing::PrintToString(key);
-    }
     /// The items of the menu that comes up on a node; none is chosen.
     Lines MenuOn(const String& key) {
         host->journal.Clear();

@@ -69,8 +69,7 @@ class EditorSession : public EditorTest {
     /// A right click on a node, and a choice from its menu; none leaves the menu.
     void Command(const String& key, const std::optional<String>& caption) {
         Show(key);
-        host->user.ExpectMenu(caption);
-        EXPECT_TRUE(RightClick(key));
+        ChooseFromMenu(key, caption);
     }
     bool Drag(const String& from, const String& to, std::int32_t shift = 0) {
         Show(from);

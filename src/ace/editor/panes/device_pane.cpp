@@ -158,25 +158,22 @@ void DevicePane::Show(const Statements& stmt, Boolean isNew) {
 /// Of an action that stands in a list. Intentional: the words about the settings of a missing
 /// device are those of the last dialog.
 void DevicePane::ShowDevice(const Statements& stmt) {
-    const p_ActionTypes kind = RowOf(HeldKind()).kind;
-    const String name = Record().DevName;
-    fields.lblDevice.caption = name;
+    fields.lblDevice.caption = Record().DevName;
     ForgetDevices(Record());
     const std::shared_ptr<IDevice> device =
-        stmt([&] { return Context().DeviceList().GetDevice(name); });
+        stmt([&] { return Context().DeviceList().GetDevice(Record().DevName); });
     if (!Parts().engine) {
         return;  // the editor was ended where messages ran
     }
     Record().Device = device;
-    if (RowOf(kind).hasSettings) {
-        ShowEditedDevice(stmt, device, kind);
+    if (RowOf(HeldKind()).hasSettings) {
+        ShowEditedDevice(stmt, device);
     } else {
-        ShowSwitchedDevice(stmt, device, kind);
+        ShowSwitchedDevice(stmt, device);
     }
 }
 
-void DevicePane::ShowEditedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device,
-                                  p_ActionTypes kind) {
+void DevicePane::ShowEditedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device) {
     if (!device) {
         stmt([&] {
             Context().UserDialogs().ShowMessageBox(
@@ -187,7 +184,8 @@ void DevicePane::ShowEditedDevice(const Statements& stmt, const std::shared_ptr<
         return;
     }
     const String deviceClass = stmt([&] { return ClassOf(Context(), *device); });
-    const bool isGenerator = kind == atSetDevice && deviceClass == DeviceClasses::BcGenerators;
+    const bool isGenerator =
+        HeldKind() == atSetDevice && deviceClass == DeviceClasses::BcGenerators;
     if (isGenerator) {
         Record().BcGen = std::dynamic_pointer_cast<IBcGenerator>(device);
     } else {
@@ -206,9 +204,9 @@ void DevicePane::ShowEditedDevice(const Statements& stmt, const std::shared_ptr<
     }
 }
 
-void DevicePane::ShowSwitchedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device,
-                                    p_ActionTypes kind) {
-    if (kind == atSwitchAmp) {
+void DevicePane::ShowSwitchedDevice(const Statements& stmt,
+                                    const std::shared_ptr<IDevice>& device) {
+    if (HeldKind() == atSwitchAmp) {
         Record().AmplDev = std::dynamic_pointer_cast<IAmplifier>(device);
         return;
     }

@@ -22,10 +22,8 @@ class DevicePane : public Pane {
     void TakeNew(const Statements& stmt);
     void ShowBoxes(const Statements& stmt, const aceSetDevice& record);
     void ShowDevice(const Statements& stmt);
-    void ShowEditedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device,
-                          p_ActionTypes kind);
-    void ShowSwitchedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device,
-                            p_ActionTypes kind);
+    void ShowEditedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device);
+    void ShowSwitchedDevice(const Statements& stmt, const std::shared_ptr<IDevice>& device);
     ValueBox* BoxOutOfRange();
     void ReadBoxes(const Statements& stmt);
     aceSetDevice& Record() const { return Records().SetDevice; }

@@ -120,10 +120,7 @@ void RemotePane::InterfaceChosen() {
 /// A handle belongs to the address before.
 void RemotePane::AddressChosen() {
     aceRemote& record = Records().Remote;
-    const std::int32_t address = AddressOf(cboGpibAddress.Text(), record.GpibAddress);
-    if (std::exchange(record.GpibAddress, address) != address) {
-        record.DrvHdl = aceRemote::NoHandle;
-    }
+    record.GpibAddress = AddressOf(cboGpibAddress.Text(), record.GpibAddress);
 }
 
 /// Intentional: a port above 32767 is not taken here, only with OK.
