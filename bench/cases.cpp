@@ -15,8 +15,9 @@ std::function<Work()> PieceOf(const Case& one, const std::string& name) {
 
 std::vector<Case> AllCases() {
     std::vector<Case> all = WalkCases();
-    for (const auto& more : {KindCases(), MixCases(), SectionCases(), DocumentCases(), FileCases(),
-                             StoreCases(), HandBackCases(), MatrixCases(), EditorCases()}) {
+    for (const auto& more :
+         {KindCases(), MixCases(), SectionCases(), DocumentCases(), FileCases(), StoreCases(),
+          HandBackCases(), MatrixCases(), EditorCases(), CheckCases()}) {
         all.insert(all.end(), more.begin(), more.end());
     }
     return all;

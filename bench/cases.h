@@ -54,6 +54,7 @@ std::vector<Case> MixCases();
 std::vector<Case> SectionCases();
 std::vector<Case> DocumentCases();
 std::vector<Case> FileCases();
+std::vector<Case> CheckCases();
 std::vector<Case> StoreCases();
 std::vector<Case> HandBackCases();
 std::vector<Case> MatrixCases();

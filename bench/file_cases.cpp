@@ -5,6 +5,7 @@
 #include <ace/core/text.h>
 
 #include "bench/cases.h"
+#include "bench/file_text.h"
 #include "bench/quiet_host.h"
 #include "bench/quiet_services.h"
 #include "workbench/files/settings_document.h"
@@ -16,7 +17,6 @@ namespace {
 using workbench::SettingsDocument;
 
 constexpr std::int32_t Sizes[] = {1000, 10000};
-constexpr std::size_t LinesOfASubrange = 6;
 
 /// A document as the engine sees it. Saved bytes go nowhere.
 class MemoryFile final : public DefaultSettingsFile {
@@ -75,8 +75,19 @@ std::shared_ptr<IHostFactory> HostWithFile(const std::string& bytes) {
     return std::make_shared<MemoryHost<false>>(bytes);
 }
 
-/// A single test with subranges, six lines each.
-std::string FileOf(std::int32_t subranges) {
+struct Bench {
+    explicit Bench(std::int32_t subranges)
+        : size(subranges), context(HostWithFile(SubrangesText(size))) {
+        engine = std::make_unique<aceActionsEngine>(context);
+    }
+    std::int32_t size;
+    ThreadContext context;
+    std::unique_ptr<aceActionsEngine> engine;
+};
+
+}  // namespace
+
+std::string SubrangesText(std::int32_t subranges) {
     std::string text = "[ActionsOnTest]\r\nNumOfEnterActions=1\r\nEnterAction1=WAIT:1.000\r\n";
     for (std::int32_t i = 1; i <= subranges; ++i) {
         text += "[ActionsOnSR" + std::to_string(i) + "]\r\n";
@@ -91,20 +102,13 @@ std::string FileOf(std::int32_t subranges) {
     return text;
 }
 
-struct Bench {
-    explicit Bench(std::int32_t subranges) : size(subranges), context(HostWithFile(FileOf(size))) {
-        engine = std::make_unique<aceActionsEngine>(context);
-    }
-    std::int32_t size;
-    ThreadContext context;
-    std::unique_ptr<aceActionsEngine> engine;
-};
-
-Work Load(std::int32_t subranges) {
+Work LoadSubranges(std::int32_t subranges) {
     return [bench = std::make_shared<Bench>(subranges)] {
         bench->engine->LoadActions(L"file", bench->size, aceTemplate);
     };
 }
+
+namespace {
 
 /// As many sections are replaced, by the lines that they have already.
 Work Save(std::int32_t subranges) {
@@ -141,7 +145,7 @@ Case Growing(const char* what, Work (*work)(std::int32_t), std::size_t questions
 
 std::vector<Case> FileCases() {
     const auto sections = static_cast<std::size_t>(Sizes[1]) + 1;
-    Case load = Growing("the engine loads a file", Load, 2 * sections);
+    Case load = Growing("the engine loads a file", LoadSubranges, 2 * sections);
     Case beside = load;
     beside.name = "the engine loads a file, beside the host that hands out its lines";
     beside.floor = [] { return ReadAll(Sizes[1]); };
