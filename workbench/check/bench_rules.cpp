@@ -18,6 +18,7 @@ struct NamedDevice {
     StringView words;  ///< the classes in words
 };
 
+/// A device that an action need not have.
 void AddNamed(std::vector<NamedDevice>& devices, const String& name, std::vector<SimClass> classes,
               StringView words) {
     if (!name.empty()) {
@@ -41,19 +42,20 @@ std::vector<NamedDevice> DevicesOf(const CheckedAction& action) {
     }
     switch (action.action.ActionType) {
         case atSetDevice:
-            AddNamed(devices, record->DevName, {SimClass::Monitoring, SimClass::BcGenerators},
-                     L"a monitoring device or a broadcast generator");
+            devices.push_back({record->DevName,
+                               {SimClass::Monitoring, SimClass::BcGenerators},
+                               L"a monitoring device or a broadcast generator"});
             AddNamed(devices, record->SigPathName, {SimClass::SignalPaths}, L"a signal path");
             break;
         case atCheckEut:
         case atMonitorEUT:
-            AddNamed(devices, record->DevName, {SimClass::Monitoring}, L"a monitoring device");
+            devices.push_back({record->DevName, {SimClass::Monitoring}, L"a monitoring device"});
             break;
         case atSwitchAmp:
-            AddNamed(devices, record->DevName, {SimClass::Amplifiers}, L"an amplifier");
+            devices.push_back({record->DevName, {SimClass::Amplifiers}, L"an amplifier"});
             break;
         case atSwitchUnit:
-            AddNamed(devices, record->DevName, {SimClass::SwitchUnits}, L"a switch unit");
+            devices.push_back({record->DevName, {SimClass::SwitchUnits}, L"a switch unit"});
             break;
         default:
             break;

@@ -4,6 +4,7 @@
 
 #include <ace/core/operation.h>
 #include <ace/core/text.h>
+#include <ace/execution/what_runs.h>
 #include <ace/settings/action_line.h>
 
 namespace ace::workbench {
@@ -107,6 +108,11 @@ bool LacksCount(const CheckedSection& section, const StoppedLine& stop) {
 }
 
 }  // namespace
+
+bool CheckedSection::Runs(std::int32_t list) const {
+    return fixed != nullptr ? HasMoment(moduleKind, fixed, list)
+                            : HasMoment(moduleKind, sets, list);
+}
 
 const CheckedLine* CheckedSection::LineAt(std::int32_t index) const {
     const auto found = std::ranges::lower_bound(lines, index, {}, &CheckedLine::index);

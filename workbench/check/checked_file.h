@@ -64,6 +64,8 @@ struct CheckedSection {
     const p_Subrange& Lists() const {
         return place.fixed != nullptr ? *place.fixed : (*place.sets)[place.index];
     }
+    /// A moment of the test runs the list of that number.
+    bool Runs(std::int32_t list) const;
     /// The line of an index; none for one that the load did not read.
     const CheckedLine* LineAt(std::int32_t index) const;
     /// Number of a line in the file, from 1.

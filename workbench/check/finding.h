@@ -39,8 +39,9 @@ struct FindingPlace {
 struct Finding {
     const Rule* rule = nullptr;
     FindingPlace place;
-    String meaning;  ///< in plain words
-    String advice;   ///< what to do
+    String meaning;         ///< in plain words
+    String advice;          ///< what to do
+    bool endsTest = false;  ///< the load, the save or the run surely ends there
 };
 
 /// The load, the save or the run surely ends there.

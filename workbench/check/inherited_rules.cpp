@@ -72,7 +72,8 @@ void RuleTests::InheritedProgram(const CheckedAction& action, const Found& found
 void RuleTests::InheritedTerminator(const CheckedAction& action, const Found& found) {
     const auto* const record = action.As<aceRemote>();
     if (record != nullptr && !record->Command.empty() && record->Iface == aceRemote::TcpIp) {
-        Tell(action, found, LineField::Terminator, record->Terminator != 0,
+        const bool isWritten = WrittenTerminator(action) == record->Terminator;
+        Tell(action, found, LineField::Terminator, record->Terminator != 0 && !isWritten,
              std::to_wstring(record->Terminator));
     }
 }

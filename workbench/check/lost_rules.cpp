@@ -62,10 +62,12 @@ std::size_t FieldsOf(StringView value) {
     return 1 + static_cast<std::size_t>(std::ranges::count(value, L','));
 }
 
-/// How many digits behind the point a number keeps in a saved file.
-bool KeepsDigits(double number, int decimals) {
-    const double scaled = number * std::pow(10.0, decimals);
-    return std::abs(scaled - std::round(scaled)) < 1e-6 || std::abs(scaled) > 1e15;
+/// So many digits behind the point are all that a number has, as exactly as its type holds them.
+template <class Number>
+bool KeepsDigits(Number number, int decimals) {
+    const double scale = std::pow(10.0, decimals);
+    const double scaled = static_cast<double>(number) * scale;
+    return static_cast<Number>(std::round(scaled) / scale) == number || std::abs(scaled) > 1e15;
 }
 
 }  // namespace
@@ -88,13 +90,12 @@ void RuleTests::KeywordOfOtherList(const CheckedFile& file, const CheckedSection
 
 void RuleTests::ForeignKey(const CheckedFile& file, const CheckedSection& section,
                            const CheckedLine& line, const Found& found) {
-    const bool isShort = line.meaning == LineMeaning::Short && !line.text.empty();
+    const bool isShort = line.meaning == LineMeaning::Short && !Trimmed(line.text).empty();
     if (line.meaning != LineMeaning::UnknownKey && !isShort) {
         return;
     }
     const StringView key = Trimmed(line.key);
-    const std::vector<StringView> words = KeyWords();
-    String hint = Hint(WithoutNumber(key), words);
+    String hint = KeyHint(key);
     if (!hint.empty() && key.size() != line.key.size()) {
         hint = L" There are blanks around the key.";
     }
@@ -120,27 +121,36 @@ void RuleTests::CountTwice(const CheckedFile& file, const CheckedSection& sectio
     }
 }
 
-void RuleTests::LostTerminator(const CheckedAction& action, const Found& found) {
+String RuleTests::KeyHint(StringView key) {
+    const std::vector<StringView> words = KeyWords();
+    return Hint(WithoutNumber(key), words);
+}
+
+std::optional<std::int32_t> RuleTests::WrittenTerminator(const CheckedAction& action) {
     const auto* const record = action.As<aceRemote>();
     if (record == nullptr || !action.IsOf(L"REMOTE:") || record->Iface != aceRemote::TcpIp ||
-        action.line.list == 1 || record->Command.empty()) {
-        return;
+        record->Command.empty()) {
+        return std::nullopt;
     }
-    String value(action.line.Value());
+    StringView value = action.line.Value();
     for (int comma = 0; comma < 3; ++comma) {
-        value.erase(0, value.find(L',') + 1);
+        value.remove_prefix(std::min(value.find(L','), value.size() - 1) + 1);
     }
-    const String port = value.substr(0, value.find(L','));
+    const StringView port = value.substr(0, value.find(L','));
     const std::size_t colon = port.find(L':');
-    const auto code =
-        colon == String::npos ? std::nullopt : WholeInteger(StringView(port).substr(colon + 1));
-    if (code && *code != record->Terminator) {
+    return colon == StringView::npos ? std::nullopt : WholeInteger(port.substr(colon + 1));
+}
+
+void RuleTests::LostTerminator(const CheckedAction& action, const Found& found) {
+    const std::optional<std::int32_t> code = WrittenTerminator(action);
+    const auto* const record = action.As<aceRemote>();
+    if (code && action.line.list != 1 && *code != record->Terminator) {
         found.At(action, {std::to_wstring(*code), std::to_wstring(record->Terminator)});
     }
 }
 
 void RuleTests::LostDecimals(const CheckedAction& action, const Found& found) {
-    const auto tell = [&](double number, int decimals) {
+    const auto tell = [&](auto number, int decimals) {
         if (!KeepsDigits(number, decimals)) {
             found.At(action, {FormatGeneral(number, L'.'), FormatFixed(number, decimals, L'.')});
         }
@@ -151,15 +161,18 @@ void RuleTests::LostDecimals(const CheckedAction& action, const Found& found) {
     const auto* const check = action.As<aceSetDevice>();
     if (check != nullptr && (action.IsOf(L"CHECKEUT:") || action.IsOf(L"MONITOREUT:"))) {
         tell(check->CycleTime, 2);
-        tell(static_cast<double>(check->WaitTime), 2);
+        tell(check->WaitTime, 2);
     }
 }
 
 void RuleTests::MoreFields(const CheckedAction& action, const Found& found) {
     for (const FieldCounts& row : MostFields) {
         const std::size_t fields = FieldsOf(action.line.Value());
-        if (action.IsOf(row.keyword) && fields > row.most) {
-            found.At(action, {std::to_wstring(fields), std::to_wstring(row.most)});
+        // a short form of tracking is that of a monitoring device
+        const bool isMonitor = row.keyword == L"FREQTRACK:" && fields < 5;
+        const std::size_t most = isMonitor ? 2 : row.most;
+        if (action.IsOf(row.keyword) && fields > most) {
+            found.At(action, {std::to_wstring(fields), std::to_wstring(most)});
         }
     }
 }

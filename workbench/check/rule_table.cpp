@@ -21,7 +21,7 @@ constexpr Rule Table[] = {
      .group = Stops,
      .endsTest = EndsTest,
      .meaning = L"there is no \":\" behind the \"=\": the load of the file ends here",
-     .advice = L"Write the keyword with its colon, such as WAIT:100, or take the line out.",
+     .advice = L"Write the keyword with its colon, such as WAIT:100, or take the line out.%3",
      .inSection = Stop<StopCause::NoColon>},
     {.name = L"count-below-one",
      .group = Stops,
@@ -75,8 +75,7 @@ constexpr Rule Table[] = {
     {.name = L"empty-entry",
      .group = Stops,
      .endsTest = EndsTest,
-     .meaning = L"no line fills %1, so it comes back empty: the test ends there with an error, and "
-                L"the file can't be saved",
+     .meaning = L"no line fills %1, so it comes back empty: %2the file can't be saved",
      .advice = L"Write the action, or lower the count and number the others anew.",
      .inSection = EmptyEntry},
 
@@ -161,7 +160,9 @@ constexpr Rule Table[] = {
      .group = Lost,
      .meaning = L"the value has %1 fields, and at most %2 have a meaning: what follows is lost, or "
                 L"all fields behind a comma too many are shifted",
-     .advice = L"Write decimals with a point, and names without commas.",
+     .advice =
+         L"Write decimals with a point, names without commas, and the comma of a message or a "
+         L"command as the character of number 1.",
      .inAction = MoreFields},
     {.name = L"no-device-section",
      .group = Lost,
@@ -208,12 +209,12 @@ constexpr Rule Table[] = {
      .group = TakenOver,
      .meaning = L"tunes the generator %1, too, which comes from %2, and is saved as a line of the "
                 L"generator",
-     .advice = L"Put the line of the monitoring device before that of the generator.",
+     .advice = L"Put an entry FREQTRACK:,,40,0,0 before it: from there on there is no generator.",
      .inAction = InheritedGenerator},
     {.name = L"monitor-taken-over",
      .group = TakenOver,
      .meaning = L"tunes the monitoring device %1, too, which comes from %2",
-     .advice = L"Put the line of the generator before that of the monitoring device.",
+     .advice = L"Put an entry FREQTRACK:,0 before it: from there on there is no monitoring device.",
      .inAction = InheritedMonitor},
     {.name = L"loading-position-taken-over",
      .group = TakenOver,

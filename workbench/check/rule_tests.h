@@ -34,6 +34,10 @@ void EmptyEntry(const CheckedFile& file, const CheckedSection& section, const Fo
 
 // ---- lost_rules.cpp ----------------------------------------------------------------------------
 
+/// " Did you mean NumOfEnterActions?" for a key that is nearly one of a list, or nothing.
+String KeyHint(StringView key);
+/// The code of the terminator that the line of a command over TCP/IP has; nothing without one.
+std::optional<std::int32_t> WrittenTerminator(const CheckedAction& action);
 void UnknownKeyword(const CheckedFile& file, const CheckedSection& section, const CheckedLine& line,
                     const Found& found);
 void KeywordOfOtherList(const CheckedFile& file, const CheckedSection& section,

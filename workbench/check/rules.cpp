@@ -52,8 +52,11 @@ String PlaceWords(const FindingPlace& place) {
 }
 
 bool EndsTest(const Finding& finding) {
-    return finding.rule->endsTest;
+    return finding.endsTest;
 }
+
+Found::Found(const Rule& rule, std::vector<Finding>& findings)
+    : x_rule(rule), x_findings(findings), x_endsTest(rule.endsTest) {}
 
 String FindingWords(const Finding& finding) {
     const String& text = finding.place.text;
@@ -63,8 +66,8 @@ String FindingWords(const Finding& finding) {
 
 void Found::At(FindingPlace place, std::initializer_list<String> words) const {
     const std::vector<String> values(words);
-    x_findings.push_back(
-        {&x_rule, std::move(place), Filled(x_rule.meaning, values), Filled(x_rule.advice, values)});
+    x_findings.push_back({&x_rule, std::move(place), Filled(x_rule.meaning, values),
+                          Filled(x_rule.advice, values), x_endsTest});
 }
 
 void Found::At(const CheckedFile& file, const CheckedSection& section, const CheckedLine& line,

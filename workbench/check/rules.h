@@ -44,7 +44,14 @@ void ForEachAction(const CheckedFile& file, Look&& look) {
 /// Takes what a rule finds: the place, and the words for %1, %2 ... of its texts.
 class Found {
   public:
-    Found(const Rule& rule, std::vector<Finding>& findings) : x_rule(rule), x_findings(findings) {}
+    Found(const Rule& rule, std::vector<Finding>& findings);
+
+    /// The same for what ends the test only perhaps.
+    Found Perhaps() const {
+        Found found = *this;
+        found.x_endsTest = false;
+        return found;
+    }
 
     void At(FindingPlace place, std::initializer_list<String> words = {}) const;
     void At(const CheckedFile& file, const CheckedSection& section, const CheckedLine& line,
@@ -56,6 +63,7 @@ class Found {
   private:
     const Rule& x_rule;
     std::vector<Finding>& x_findings;
+    bool x_endsTest;
 };
 
 using FindInLine = void (*)(const CheckedFile& file, const CheckedSection& section,

@@ -42,11 +42,6 @@ bool IsLastButForMessages(const CheckedAction& action) {
     return true;
 }
 
-bool Runs(const CheckedSection& section, std::int32_t list) {
-    return section.fixed != nullptr ? HasMoment(section.moduleKind, section.fixed, list)
-                                    : HasMoment(section.moduleKind, section.sets, list);
-}
-
 /// The texts of an action in which placeholders are replaced.
 std::vector<String> TextsOf(const CheckedAction& action) {
     std::vector<String> texts;
@@ -153,7 +148,7 @@ Radiation RadiationOf(const CheckedAction& action) {
                    : Radiation{L"the output of " + AddressOf(*remote), output == OutputSwitch::On};
     }
     if (const auto* const amplifier = action.As<aceSetDevice>();
-        amplifier != nullptr && action.IsOf(L"SWITCHAMP:")) {
+        amplifier != nullptr && action.IsOf(L"SWITCHAMP:") && !amplifier->DevName.empty()) {
         return {L"the amplifier " + amplifier->DevName, amplifier->AmpState == Operate};
     }
     return {};
@@ -170,7 +165,7 @@ void RuleTests::SkippedAtFrequency(const CheckedAction& action, const Found& fou
 void RuleTests::ListNeverRuns(const CheckedFile& file, const CheckedSection& section,
                               const Found& found) {
     for (const CheckedLine& line : section.lines) {
-        if (line.meaning == LineMeaning::Count && line.count > 0 && !Runs(section, line.list)) {
+        if (line.meaning == LineMeaning::Count && line.count > 0 && !section.Runs(line.list)) {
             found.At(file, section, line,
                      {Counted(static_cast<std::size_t>(line.count), L"action", L"actions")});
         }
@@ -189,7 +184,7 @@ void RuleTests::SignalStopsTest(const CheckedAction& action, const Found& found)
     constexpr KindSet Results(atComment, atGotoSingle, atStopLevSweep, atNbBbEtsi);
     const bool isChannel = action.section.sets == &ModuleLists::MoniChannels;
     if (Results.Has(action.action.ActionType) && !isChannel &&
-        Runs(action.section, action.line.list)) {
+        action.section.Runs(action.line.list)) {
         found.At(action, {action.line.keyword});
     }
 }
@@ -211,7 +206,7 @@ void RuleTests::WaitsForOperator(const CheckedAction& action, const Found& found
         found.At(action, {L"whether " + QuotedLine(track->GenName) + L" is to be on"});
     }
     if (notify == nullptr || (kind != atNotify && kind != atQuestion) ||
-        !Runs(action.section, action.line.list) || IsAtFrequency(action)) {
+        !action.section.Runs(action.line.list) || IsAtFrequency(action)) {
         return;
     }
     const bool isLast = kind == atNotify && IsEndOfTest(action.section, action.line.list) &&
@@ -246,7 +241,7 @@ void RuleTests::RadiationStays(const CheckedFile& file, const Found& found) {
     ForEachAction(file, [&](const CheckedAction& action) {
         const Radiation radiation = RadiationOf(action);
         if (end != nullptr && radiation.isOn && !off.contains(radiation.source) &&
-            Runs(action.section, action.line.list) && told.insert(radiation.source).second) {
+            action.section.Runs(action.line.list) && told.insert(radiation.source).second) {
             found.At(action, {radiation.source});
         }
     });

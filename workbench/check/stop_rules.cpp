@@ -64,6 +64,14 @@ String Enumerated(const std::vector<String>& keys) {
                               : text;
 }
 
+/// An entry of a list that nothing runs only keeps the file from being saved.
+void Tell(const CheckedFile& file, const CheckedSection& section, const CheckedLine& line,
+          std::int32_t list, const String& keys, const Found& found) {
+    const bool runs = section.Runs(list);
+    (runs ? found : found.Perhaps())
+        .At(file, section, line, {keys, runs ? L"the test ends there with an error, and " : L""});
+}
+
 }  // namespace
 
 void RuleTests::FindStops(const CheckedFile& file, const CheckedSection& section,
@@ -74,7 +82,8 @@ void RuleTests::FindStops(const CheckedFile& file, const CheckedSection& section
             line.index = stop.index;
             line.text = stop.text;
             found.At(file, section, line,
-                     {stop.reason, std::to_wstring(CountOf(section, stop.list))});
+                     {stop.reason, std::to_wstring(CountOf(section, stop.list)),
+                      KeyHint(KeyOf(stop.text))});
         }
     }
 }
@@ -110,13 +119,13 @@ void RuleTests::EmptyEntry(const CheckedFile& file, const CheckedSection& sectio
         if (line == lines.end()) {
             withoutLine[list - 1].push_back(std::move(key));
         } else if (line->second != nullptr) {
-            found.At(file, section, *line->second, {key});
+            Tell(file, section, *line->second, list, key, found);
         }
     }
     for (std::int32_t list = 1; list <= 4; ++list) {
         const CheckedLine* const line = CountLineOf(section, list);
         if (line != nullptr && !withoutLine[list - 1].empty()) {
-            found.At(file, section, *line, {Enumerated(withoutLine[list - 1])});
+            Tell(file, section, *line, list, Enumerated(withoutLine[list - 1]), found);
         }
     }
 }

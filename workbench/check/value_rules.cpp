@@ -29,6 +29,8 @@ constexpr FieldForm NumberFields[] = {
     {L"CHECKEUT:", 8, L"the seconds of the longest wait"},
     {L"MONITOREUT:", 6, L"the seconds between two checks"},
     {L"MONITOREUT:", 8, L"the seconds of the longest wait"},
+    {L"CHECKEUT:", 9, L"1 for the loading position, or 0"},
+    {L"MONITOREUT:", 9, L"1 for the loading position, or 0"},
     {L"COMMENT:", 0, L"1 for the generator off, or 0"},
     {L"GPIB:", 0, L"the bus address"},
     {L"GPIB:", 1, L"the code of the terminator"},
@@ -191,11 +193,8 @@ void RuleTests::AmplifierStateOutside(const CheckedAction& action, const Found& 
 
 void RuleTests::NothingToDo(const CheckedAction& action, const Found& found) {
     const auto* const remote = action.As<aceRemote>();
-    const auto* const notify = action.As<aceNotify>();
     const auto* const macro = action.As<aceAPI>();
-    const bool isSilent = notify != nullptr && action.action.ActionType == atNotify &&
-                          notify->Message.empty() && notify->WaveFile.empty() && !notify->Beep;
-    if ((remote != nullptr && remote->Command.empty() && remote->Program.empty()) || isSilent ||
+    if ((remote != nullptr && remote->Command.empty() && remote->Program.empty()) ||
         (macro != nullptr && macro->Program.empty())) {
         found.At(action);
     }

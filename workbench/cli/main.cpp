@@ -188,10 +188,13 @@ CLI::App* AddCheck(CLI::App& app, CheckArguments& arguments) {
         "Tells what in a settings file stops, is lost, is taken over or never runs, before its "
         "test.");
     AddSetUpOptions(check, arguments);
-    check->add_flag("--json", arguments.json, "one object of JSON a line");
-    check->add_flag("--as-loaded", arguments.asLoaded,
-                    "shows each line, the action as the engine holds it, and the line as it would "
-                    "be saved");
+    CLI::Option* const json =
+        check->add_flag("--json", arguments.json, "one object of JSON a line");
+    check
+        ->add_flag("--as-loaded", arguments.asLoaded,
+                   "shows each line, the action as the engine holds it, and the line as it would "
+                   "be saved")
+        ->excludes(json);
     check
         ->add_option("--devices", arguments.devices,
                      "the devices of the bench; without them no name of a device is checked")
