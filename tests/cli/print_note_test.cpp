@@ -84,6 +84,18 @@ TEST_F(PrintCommandTest, AProgramThatStartsBesideACommandIsToldBecauseThePrintHa
               "+------------------------------------------------------------------+\n");
 }
 
+TEST_F(PrintCommandTest, ActionsThatCannotRunAtAFrequencyArePrintedThereButNeverRun) {
+    EXPECT_EQ(Note("[Workbench]\nModule=1\nSubRanges=0\n[ActionsOnEutMon]\n"
+                   "NumOfEnterActions=1\nEnterAction1=NOTIFY:Go,,0\n"
+                   "NumOfFreqActions=3\nFrequAction1=WAIT:1\nFrequAction2=NOTIFY:Go,,0\n"
+                   "FrequAction3=NOTIFY:On,,0\n"),
+              "+----------------------------------------------------------+\n"
+              "| PRINTED, BUT NEVER RUN: 2 actions                        |\n"
+              "|    1  At every frequency, [ActionsOnEutMon] FrequAction2 |\n"
+              "|    1  At every frequency, [ActionsOnEutMon] FrequAction3 |\n"
+              "+----------------------------------------------------------+\n");
+}
+
 /// What stands behind the last "\" is printed, and belongs to an argument in the entries that
 /// count.
 TEST_F(PrintCommandTest, ACommandLineThatIsPrintedWithoutTheNameOfItsProgramIsTold) {

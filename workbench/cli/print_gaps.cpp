@@ -9,6 +9,7 @@
 #include <ace/dialogs/settings_print.h>
 #include <ace/editor/action_text.h>
 #include <ace/editor/matrix_plan.h>
+#include <ace/execution/what_runs.h>
 
 #include "workbench/words/wording.h"
 
@@ -206,12 +207,14 @@ struct GapSource {
 
 /// What the line of a printed action doesn't say.
 void AddPrinted(PrintGaps& gaps, const GapSource& source, const p_Action& action) {
+    const auto name = [&] { return source.names.OfEntry(source.actions, action); };
     gaps.cutCommands += IsCut(source.engine, *source.row, action) ? 1U : 0U;
     const StringView missing = MissingPart(action);
     if (!missing.empty()) {
-        AddTo(gaps.inPart, 1, [&] {
-            return source.names.OfEntry(source.actions, action) + L": " + String(missing);
-        });
+        AddTo(gaps.inPart, 1, [&] { return name() + L": " + String(missing); });
+    }
+    if (source.row->time == ptEveryFreq && !FrequencyKinds.Has(action.ActionType)) {
+        AddTo(gaps.neverRun, 1, name);
     }
 }
 

@@ -26,7 +26,7 @@ struct GapLists {
 /// What the reader of a print must be told beside it.
 struct PrintGaps {
     GapLists leftOut;             ///< they have no place in the print
-    GapLists neverRun;            ///< printed, though no moment runs them
+    GapLists neverRun;            ///< printed, though their moment passes over them
     GapLists inPart;              ///< printed without something that they do, entry by entry
     GapLists empty;               ///< no line anywhere: entries that came back empty
     std::size_t cutCommands = 0;  ///< printed without their end, and nothing shows that
