@@ -80,7 +80,8 @@ TEST_F(RunCommandTest, EachWayToEndHasItsExitCode) {
     EXPECT_THAT(
         RefusalOf([&] { RunText(head + "no action\n"); }),
         StartsWith("4 " + Path("test.ini") + ":5: [ActionsOnAzimuthChart] \"no action\": "));
-    EXPECT_THAT(RefusalOf([&] { RunText("[Other]\n"); }), StartsWith("5 the file does not say"));
+    EXPECT_THAT(RefusalOf([&] { RunText("[Other]\n"); }),
+                StartsWith("5 " + Path("test.ini") + ": [Workbench]: the file does not say"));
 }
 
 TEST_F(RunCommandTest, AFileThatCantBeReadIsRefusedWithOneLine) {

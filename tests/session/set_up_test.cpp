@@ -171,12 +171,15 @@ TEST(SetUpKeys, PlaceholdersAreTheLinesOfTheirSection) {
 }
 
 TEST(SetUpKeys, WhatNeitherFileNorOptionSaysIsWrongUse) {
-    EXPECT_EQ(RefusalOf([] { SetUpOf("[ActionsOnTest]\n"); }),
-              "5 the file does not say which module it is for ([Workbench] Module=): say it with "
-              "--module");
+    EXPECT_EQ(
+        RefusalOf([] { SetUpOf("[ActionsOnTest]\n"); }),
+        "5 set-up.ini: [Workbench]: the file does not say which module it is for (Module=): say it "
+        "with --module");
+    EXPECT_EQ(RefusalOf([] { SetUpOf("[Workbench]\nModul=0\n"); }),
+              "4 set-up.ini:2: [Workbench] Modul: did you mean Module?");
     EXPECT_EQ(RefusalOf([] { SetUpOf("[Workbench]\nModule=0\n"); }),
-              "5 the file does not say how many subranges the test has ([Workbench] SubRanges=): "
-              "say it with --subranges");
+              "5 set-up.ini:1: [Workbench]: the file does not say how many subranges the test has "
+              "(SubRanges=): say it with --subranges");
     EXPECT_EQ(RefusalOf([] { SetUpOf("[Workbench]\nModule=6\n"); }), "");
     EXPECT_EQ(RefusalOf([] {
                   SetUpOf("[Workbench]\nModule=5\nSubRanges=1\n",
@@ -217,9 +220,8 @@ std::vector<WrongKey> WrongKeys() {
          "4 set-up.ini:12: [Workbench.DUT] InfluencedByPower: this must be a whole number from 0 "
          "to 1"},
         {"[Workbench]\nModule=8\n" + Tables,
-         "5 the file does not say which template the test has ([Workbench] SubRanges=): say it "
-         "with "
-         "--template"},
+         "5 set-up.ini:1: [Workbench]: the file does not say which template the test has "
+         "(SubRanges=): say it with --template"},
     };
 }
 

@@ -122,16 +122,19 @@ std::optional<std::int32_t> NumberOf(const CheckedFile& file, StringView name) {
     return number;
 }
 
-/// A frequency of the test belongs to the sweep of that number.
-bool IsSwept(const CheckedFile& file, std::int32_t number) {
-    const std::vector<Moment> plan = PlanOf(file.Input().setUp);
-    return std::ranges::any_of(plan, [&](const Moment& moment) {
-        return moment.call == MomentCall::NewFrequency && moment.number == number;
-    });
+/// The numbers of the sweeps to which the frequencies of the test belong.
+std::set<std::int32_t> SweptNumbers(const CheckedFile& file) {
+    std::set<std::int32_t> numbers;
+    for (const Moment& moment : PlanOf(file.Input().setUp)) {
+        if (moment.call == MomentCall::NewFrequency) {
+            numbers.insert(moment.number);
+        }
+    }
+    return numbers;
 }
 
 /// A numbered section of the workbench whose number the test does not come to.
-bool IsOwnBeyond(const CheckedFile& file, StringView name) {
+bool IsOwnBeyond(const CheckedFile& file, StringView name, const std::set<std::int32_t>& swept) {
     const TestSetUp& setUp = file.Input().setUp;
     const auto numberBehind = [&](StringView word) {
         return BeginsWith(name, word) ? WholeInteger(name.substr(word.size())) : std::nullopt;
@@ -141,7 +144,7 @@ bool IsOwnBeyond(const CheckedFile& file, StringView name) {
     }
     const auto sweep = numberBehind(L"Workbench.Subrange");
     return sweep && *sweep > setUp.subRanges && ModuleWordsOf(setUp.moduleKind).sweepPerEntry &&
-           !IsSwept(file, *sweep);
+           !swept.contains(*sweep);
 }
 
 /// The matrix has several templates in one file, of which a test runs one.
@@ -214,9 +217,10 @@ String DeviceSectionOf(const aceSetDevice& record) {
 
 void RuleTests::SectionBeyond(const CheckedFile& file, const Found& found) {
     const Names read = ReadByTheEngine(file);
+    const std::set<std::int32_t> swept = SweptNumbers(file);
     for (const String& name : NamesOf(file)) {
         const bool isEngines = NumberOf(file, name) && !read.contains(name);
-        if (isEngines || IsOwnBeyond(file, name)) {
+        if (isEngines || IsOwnBeyond(file, name, swept)) {
             found.At({file.Input().path, file.HeaderLine(name), name},
                      {std::to_wstring(file.Input().setUp.subRanges)});
         }

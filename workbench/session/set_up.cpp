@@ -9,6 +9,7 @@
 
 #include "workbench/files/place_text.h"
 #include "workbench/words/frequency.h"
+#include "workbench/words/slips.h"
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {
@@ -67,6 +68,17 @@ class Reader {
     }
     [[noreturn]] void Refuse(StringView section, StringView key, StringView why) const {
         RefuseFile(PlaceText(x_document, x_path, section, key) + L": " + String(why));
+    }
+
+    /// For a key of the main section that is not there, or under another name.
+    [[noreturn]] void RefuseMissing(StringView key, const String& why) const {
+        for (const String& line : x_document.GetSection(MainSection)) {
+            const StringView name = Trimmed(StringView(line).substr(0, line.find(L'=')));
+            if (IsSlipOf(name, key)) {
+                Refuse(MainSection, name, L"did you mean " + String(key) + L"?");
+            }
+        }
+        RefuseUse(PlaceText(x_document, x_path, MainSection, {}) + L": " + why);
     }
 
   private:
@@ -303,9 +315,9 @@ aceModul ReadModul(const Reader& reader, const SetUpOptions& options) {
     }
     const std::optional<String> text = reader.Text(MainSection, L"Module");
     if (!text) {
-        RefuseUse(
-            L"the file does not say which module it is for ([Workbench] Module=): say it "
-            L"with --module");
+        reader.RefuseMissing(
+            L"Module",
+            L"the file does not say which module it is for (Module=): say it with --module");
     }
     const ModuleWords* module = FindModuleWords(*text);
     if (module == nullptr) {
@@ -327,10 +339,12 @@ std::int32_t ReadSubRanges(const Reader& reader, const SetUpOptions& options, ac
         reader.Integer(MainSection, L"SubRanges", 0, MostSubranges);
     if (!number && ModuleWordsOf(moduleKind).needsSubranges) {
         const StringView many = ModuleWordsOf(moduleKind).many;
-        RefuseUse(L"the file does not say " +
-                  (many.empty() ? String(L"which template") : L"how many " + String(many)) +
-                  L" the test has ([Workbench] SubRanges=): say it with " +
-                  (moduleKind == aceVKSDUT ? L"--template" : L"--subranges"));
+        reader.RefuseMissing(
+            L"SubRanges",
+            L"the file does not say " +
+                (many.empty() ? String(L"which template") : L"how many " + String(many)) +
+                L" the test has (SubRanges=): say it with " +
+                (moduleKind == aceVKSDUT ? L"--template" : L"--subranges"));
     }
     return number.value_or(0);
 }
