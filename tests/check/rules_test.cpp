@@ -69,6 +69,7 @@ const RuleCase LostCases[] = {
      SingleTest +
          "[ActionsOnTest]\nNumOfEnterActions=1\nNumOfEnterActions=1\nEnterAction1=WAIT:1\n",
      SingleTest + Start({"WAIT:1"})},
+    {"no-sections", 0, SingleTest + "[Mine]\nx=1\n", SingleTest + "[ActionsOnSR1]\n"},
     {"section-beyond", 4, SingleTest + "[ActionsOnSR2]\n", SingleTest + "[ActionsOnSR1]\n"},
     {"section-misspelt", 4, SingleTest + "[ActionOnSR1]\n", SingleTest + "[Actions of mine]\n"},
     {"section-unread", 4, SingleTest + "[ActionsOnStep1]\n", SingleTest + "[ActionsOnSR1]\n"},
@@ -229,6 +230,14 @@ TEST(CheckRules, EachRuleFindsTheLineThatBreaksItAndNotTheOneThatDoesNot) {
             EXPECT_NE(ToUtf8(finding.rule->name), row.rule) << row.good;
         }
     }
+}
+
+TEST(CheckRules, ACountUnderAKeyThatIsNearlyRightIsHinted) {
+    const std::vector<Finding> findings =
+        FindingsIn(SingleTest + "[ActionsOnTest]\nNumOfEnterAction=1\nEnterAction1=WAIT:1\n");
+    EXPECT_THAT(Shortly(findings), ::testing::ElementsAre("5 no-colon", "6 no-count"));
+    EXPECT_THAT(ToUtf8(findings.front().advice),
+                ::testing::EndsWith(" Did you mean NumOfEnterActions?"));
 }
 
 TEST(CheckRules, EveryRuleHasACase) {

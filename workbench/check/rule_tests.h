@@ -53,6 +53,7 @@ void MoreFields(const CheckedAction& action, const Found& found);
 
 // ---- section_rules.cpp -------------------------------------------------------------------------
 
+void NoSections(const CheckedFile& file, const Found& found);
 void SectionBeyond(const CheckedFile& file, const Found& found);
 void MisspeltSection(const CheckedFile& file, const Found& found);
 void SectionUnread(const CheckedFile& file, const Found& found);

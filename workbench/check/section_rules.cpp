@@ -215,6 +215,13 @@ String DeviceSectionOf(const aceSetDevice& record) {
 
 }  // namespace
 
+void RuleTests::NoSections(const CheckedFile& file, const Found& found) {
+    const auto isThere = [](const CheckedSection& section) { return section.header != 0; };
+    if (std::ranges::none_of(file.Sections(), isThere)) {
+        found.At({file.Input().path}, {String(ModuleWordsOf(file.Input().setUp.moduleKind).words)});
+    }
+}
+
 void RuleTests::SectionBeyond(const CheckedFile& file, const Found& found) {
     const Names read = ReadByTheEngine(file);
     const std::set<std::int32_t> swept = SweptNumbers(file);
