@@ -278,6 +278,17 @@ TEST_F(PlanCommandTest, WhatTheBenchLacksIsANoteAndAFailureForTheOperator) {
     EXPECT_EQ(outcome, Outcome::Finished);
 }
 
+TEST_F(PlanCommandTest, ActionsThatWaitForADeviceHaveABlockOfTheirOwn) {
+    const std::string page =
+        PlanOfText("[Workbench]\nModule=1\nSubRanges=2\n" + ThreeAndTwo +
+                   "[Workbench.Channel2]\nDevice=EUT\nNoGoAbove=0.5\n[ActionsOnChannel1]\n" +
+                   One("Enter", "WAIT:500") + "[ActionsOnChannel2]\n" + One("Enter", "WAIT:600"));
+    EXPECT_THAT(page, HasSubstr("\n\nonly when a device changes the channel:\n"
+                                "  EUT: [ActionsOnChannel2] EnterAction1 Wait: 0.600 s\n\n"));
+    EXPECT_THAT(page, ::testing::EndsWith("\nnever runs:\n  x0      [ActionsOnChannel1] "
+                                          "EnterAction1 Wait: 0.500 s\n"));
+}
+
 TEST_F(PlanCommandTest, OfManyActionsThatNeverRunTheFirstAreTold) {
     std::string text = StartOfTest + "NumOfEnterActions=33\nEnterAction1=STOP:\n";
     for (int entry = 2; entry <= 33; ++entry) {

@@ -13,8 +13,8 @@ namespace ace::workbench {
 
 namespace {
 
-/// More lines of what never runs say nothing new.
-constexpr std::size_t MostNeverRun = 30;
+/// More lines of what the test does not begin say nothing new.
+constexpr std::size_t MostNotBegun = 30;
 constexpr std::size_t TimesWidth = 7;
 
 /// "x254   " and what runs so often.
@@ -193,6 +193,7 @@ class Page {
     void PrintNotes(const std::vector<String>& notes);
     void PrintEnds();
     void PrintLists();
+    void PrintWaiting();
     void PrintDialogs();
     void PrintDevices();
     void PrintAddresses();
@@ -201,11 +202,31 @@ class Page {
 
   private:
     void PrintTitle(const String& title) { x_report.PrintText(L"\n" + title); }
+    /// The first of many, a line for each, and how many more there are; nothing without any.
+    template <class Item, class LineOf>
+    void PrintSome(const String& title, const std::vector<Item>& items, std::size_t most,
+                   StringView one, StringView many, LineOf lineOf);
+    std::vector<const RehearsedAction*> NotBegun(bool isWaiting) const;
 
     ConsoleReport& x_report;
     const TestSetUp& x_setUp;
     const Rehearsal& x_rehearsal;
 };
+
+template <class Item, class LineOf>
+void Page::PrintSome(const String& title, const std::vector<Item>& items, std::size_t most,
+                     StringView one, StringView many, LineOf lineOf) {
+    if (items.empty()) {
+        return;
+    }
+    PrintTitle(title);
+    for (std::size_t i = 0; i < std::min(items.size(), most); ++i) {
+        x_report.PrintText(lineOf(items[i]));
+    }
+    if (items.size() > most) {
+        x_report.PrintText(L"  and " + Counted(items.size() - most, one, many) + L" more");
+    }
+}
 
 void Page::PrintNotes(const std::vector<String>& notes) {
     for (const String& note : notes) {
@@ -335,23 +356,27 @@ void Page::PrintTime(const Answers& answers) {
     x_report.PrintUnused(answers);
 }
 
-void Page::PrintNeverRun() {
-    std::size_t count = 0;
+std::vector<const RehearsedAction*> Page::NotBegun(bool isWaiting) const {
+    std::vector<const RehearsedAction*> actions;
     for (const RehearsedAction& action : x_rehearsal.actions) {
-        if (action.times != 0) {
-            continue;
-        }
-        if (count == 0) {
-            PrintTitle(L"never runs:");
-        }
-        if (++count <= MostNeverRun) {
-            x_report.PrintText(TimesLine(0, SourceLine(action)));
+        if (action.times == 0 && action.watcher.empty() != isWaiting) {
+            actions.push_back(&action);
         }
     }
-    if (count > MostNeverRun) {
-        x_report.PrintText(L"  and " + Counted(count - MostNeverRun, L"action", L"actions") +
-                           L" more");
-    }
+    return actions;
+}
+
+/// The equipment is well in a plan, so that no reading changes a channel.
+void Page::PrintWaiting() {
+    PrintSome(L"only when a device changes the channel:", NotBegun(true), MostNotBegun, L"action",
+              L"actions", [](const RehearsedAction* action) {
+                  return L"  " + action->watcher + L": " + SourceLine(*action);
+              });
+}
+
+void Page::PrintNeverRun() {
+    PrintSome(L"never runs:", NotBegun(false), MostNotBegun, L"action", L"actions",
+              [](const RehearsedAction* action) { return TimesLine(0, SourceLine(*action)); });
 }
 
 }  // namespace
@@ -363,6 +388,7 @@ void PrintPlan(ConsoleReport& report, const TestSetUp& setUp, const std::vector<
     page.PrintNotes(notes);
     page.PrintEnds();
     page.PrintLists();
+    page.PrintWaiting();
     page.PrintDialogs();
     page.PrintDevices();
     page.PrintAddresses();

@@ -122,8 +122,9 @@ void ActionPlaces::AppendAll(const FilledSet& filled, const p_Subrange& set,
         const std::size_t begin = all.size();
         const std::size_t count = actions.IsAllocated() ? actions.Size() : 0;
         for (std::int32_t entry = 0; entry < static_cast<std::int32_t>(count); ++entry) {
-            all.push_back(
-                {&actions[actions.LowerBound() + entry], {filled.section, list, entry, -1}});
+            all.push_back({&actions[actions.LowerBound() + entry],
+                           {filled.section, list, entry, -1},
+                           &actions});
         }
         for (const EntryLineOf& line : filled.entries) {
             const auto entry = static_cast<std::size_t>(line.entry);  // huge for -1, which is none

@@ -23,6 +23,7 @@ struct ActionSource {
 struct PlacedAction {
     const p_Action* action;
     ActionSource source;
+    const DynArray<p_Action>* list;  ///< in which it stands
 };
 
 /// "EnterAction3"

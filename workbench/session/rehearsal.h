@@ -16,7 +16,9 @@ struct RehearsedAction {
     ActionSource source;
     String text;            ///< as the editor shows it; empty for an entry that came back empty
     std::size_t like = 0;   ///< index of the first action that is the same in all that it is told
-    std::size_t times = 0;  ///< that it was begun
+    std::size_t times = 0;  ///< that it was begun; of parking at the end, that it was asked for
+    /// The device whose readings alone begin its list, which this plan never did; otherwise empty.
+    String watcher{};
 };
 
 /// Moments in which a list ran, one behind the other and of one kind and number.
@@ -32,7 +34,7 @@ struct RehearsedList {
     std::vector<RehearsedMoments> moments{};  ///< in which it ran, in their order
     std::size_t begin = 0;                    ///< its actions are `Rehearsal::actions` from here
     std::size_t end = 0;                      ///< up to here
-    std::size_t begun = 0;                    ///< actions
+    std::size_t begun = 0;                    ///< actions, with those that are asked for
     double workMs = 0.0;                      ///< time that they took
 };
 
@@ -72,7 +74,7 @@ struct RehearsedEnd {
     String moment;
     String words;
     bool isError = false;           ///< a run-time error, whose words name its action
-    std::size_t action = NoAction;  ///< the one that was begun last
+    std::size_t action = NoAction;  ///< the one that failed, or behind which the test is stopped
 };
 
 /// All of it, each thing in the order in which the test comes to it, the actions in that of the
@@ -87,6 +89,9 @@ struct Rehearsal {
     std::vector<RehearsedDevice> devices;
     std::vector<RehearsedEnd> ends;
     std::size_t programsAwaited = 0;  ///< starts that wait for the program's confirmation
+    /// Actions to park the accessories that the end of the test takes as one request: the engine
+    /// begins none of them, so that no count of a run has them.
+    std::size_t parkedAtTheEnd = 0;
 };
 
 /// Runs the test of `file` on `host`, whose clock is virtual and whose transports are simulated.
