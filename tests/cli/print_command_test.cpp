@@ -146,12 +146,12 @@ TEST_F(PrintCommandTest, ATrackedMonitoringDeviceIsToldWithItsPlace) {
         "[Workbench]\nModule=1\nSubRanges=1\n[ActionsOnEutMon]\n"
         "NumOfEnterActions=1\nEnterAction1=WAIT:1\n"
         "NumOfFreqActions=2\nFrequAction1=WAIT:1\nFrequAction2=FREQTRACK:Probe 3,20\n";
-    EXPECT_EQ(RefusalOf([&] { PrintOfText(file); }),
-              "3 " + Path("test.ini") +
-                  ":9: [ActionsOnEutMon] FrequAction2 \"FREQTRACK:Probe 3,20\": it can't be "
-                  "printed: the print asks the monitoring device for its name, and that is looked "
-                  "up when the action runs for the first time; ace-workbench tree shows it "
-                  "(error 91)");
+    EXPECT_EQ(
+        RefusalOf([&] { PrintOfText(file); }),
+        "3 " + Path("test.ini") +
+            ":9: [ActionsOnEutMon] FrequAction2 \"FREQTRACK:Probe 3,20\": it can't be "
+            "printed: the print asks the monitoring device for its name, and only a test looks "
+            "that up; ace-workbench tree shows it (error 91)");
 }
 
 TEST_F(PrintCommandTest, OfSeveralSuchDevicesTheFirstOfThePrintIsTold) {

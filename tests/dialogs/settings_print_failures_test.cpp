@@ -92,6 +92,37 @@ TEST_F(PrintFailures, AMonitoringDeviceThatWasUsedIsAskedForItsName) {
               (Lines{L"MonitorDevice.CommonDevice(\"Probe\")", L"Device.Name(\"Probe\")"}));
 }
 
+TEST_F(PrintFailures, AMonitoringDeviceThatTheFrequencyLookedUpIsPrinted) {
+    host->bench.Add<sim::SimMonitor>(*host, L"Probe");
+    Fill(State().MainTest, FreqList, {Track(nullptr)});
+    engine->NewFrequency(1e6, true);
+    EXPECT_EQ(TextOf(aceTemplate), Heading + L"T(9052)\r" + probeLine);
+}
+
+TEST_F(PrintFailures, InATestOfKind1Or2NoMonitoringDeviceIsLookedUpAndError91Stays) {
+    host->bench.Add<sim::SimMonitor>(*host, L"Probe");
+    host->testState = 0;
+    Fill(State().MainTest, FreqList, {Track(nullptr)});
+    for (const std::int32_t kind : {1, 2}) {
+        host->testKind = kind;
+        engine->NewFrequency(kind * 1e6, true);
+        EXPECT_EQ(PrintError(aceTemplate), 91);
+    }
+}
+
+/// The walk of every frequency has left a number where the record was.
+TEST_F(PrintFailures, OutsideATemplateTheFirstFrequencyMakesItError13WithAGeneratorToo) {
+    host->bench.Add<sim::SimMonitor>(*host, L"Probe");
+    p_Action both = TrackProbe();
+    RecordOf<aceTrackFreq>(both).GenName = L"Generator";
+    for (const p_Action& action : {Track(nullptr), both}) {
+        State().Modul = aceAziChart;
+        Fill(State().AziChart, FreqList, {action});
+        EXPECT_EQ(ErrorOf([&] { engine->NewFrequency(1e6, true); }), 13);
+        EXPECT_EQ(PrintError(aceAziChart), 13);
+    }
+}
+
 TEST_F(PrintFailures, AParameterOfAnotherKindIsError13AndLeavesTheRowHalfFilled) {
     FillStart({Protect});
     Fill(State().MainTest, LeaveList, {Action(atNotify, aceWait{1})});

@@ -29,9 +29,8 @@ struct Content {
 String ReasonOf(const RunTimeError& error) {
     const String number = L" (error " + std::to_wstring(error.Number()) + L")";
     if (error.Number() == Errors::ObjectNotSet) {
-        return L"it can't be printed: the print asks the monitoring device for its name, and that "
-               L"is looked up when the action runs for the first time; ace-workbench tree shows "
-               L"it" +
+        return L"it can't be printed: the print asks the monitoring device for its name, and only "
+               L"a test looks that up; ace-workbench tree shows it" +
                number;
     }
     return L"it can't be printed: " + error.Description() + number;
