@@ -73,6 +73,34 @@ TEST_F(PrintCommandTest, ASusceptibilityTestHasThePrintsOfBothItsEngines) {
               "   Wait:                0.005 s\n");
 }
 
+TEST_F(PrintCommandTest, AnEmissionTestIsPrintedStepByStep) {
+    EXPECT_EQ(Below("[Workbench]\nModule=4\nSubRanges=2\n"
+                    "[ActionsOnEMIAutoTest]\nNumOfEnterActions=1\nEnterAction1=WAIT:1\n"
+                    "NumOfFreqActions=1\nFrequAction1=WAIT:2\n"
+                    "NumOfLeaveActions=1\nLeaveAction1=WAIT:3\n"
+                    "[ActionsOnStep2]\nNumOfEnterActions=1\nEnterAction1=WAIT:4\n"
+                    "NumOfLeaveActions=1\nLeaveAction1=WAIT:5\n"),
+              "Actions:\n\n"
+              "At the start of the test\n   Wait:                0.001 s\n\n"
+              "At every frequency\n   Wait:                0.002 s\n\n"
+              "Subtest 2: Before the subtest\n   Wait:                0.004 s\n\n"
+              "Subtest 2: After the subtest\n   Wait:                0.005 s\n\n"
+              "At the end of the test\n   Wait:                0.003 s\n");
+}
+
+TEST_F(PrintCommandTest, TestsOfASequenceArePrintedWithoutANumber) {
+    EXPECT_EQ(Below("[Workbench]\nModule=5\nSubRanges=2\n"
+                    "[ActionsOnTestSequence]\nNumOfEnterActions=1\nEnterAction1=WAIT:1\n"
+                    "NumOfLeaveActions=1\nLeaveAction1=WAIT:2\n"
+                    "[ActionsOnTest1]\nNumOfEnterActions=1\nEnterAction1=WAIT:3\n"
+                    "[ActionsOnTest2]\nNumOfLeaveActions=1\nLeaveAction1=WAIT:4\n"),
+              "Actions:\n\n"
+              "At the start of the test sequence\n   Wait:                0.001 s\n\n"
+              "Test : Before the test\n   Wait:                0.003 s\n\n"
+              "Test : After the test\n   Wait:                0.004 s\n\n"
+              "At the end of the test sequence\n   Wait:                0.002 s\n");
+}
+
 TEST_F(PrintCommandTest, OneOfTwoPrintsMayBeEmpty) {
     EXPECT_EQ(Below("[Workbench]\nModule=2\nSubRanges=1\n"
                     "[ActionsOnStep1]\nNumOfEnterActions=1\nEnterAction1=WAIT:5\n"),

@@ -59,6 +59,13 @@ TEST(PrintLayout, ControlCharactersAndFurtherTabsAreBlanks) {
                 ElementsAre(L"   Notify:              red  [31m alert"));
 }
 
+/// The print closes its lines with it and tells no other apart: on paper the message ends there.
+TEST(PrintLayout, ACarriageReturnInAMessageBreaksItsLineAndTheRestStandsLikeATitle) {
+    EXPECT_THAT(PrintLines(L"Start\r   Notify: \t\"red\ralert\"\r   Protect receivers\r", 0),
+                ElementsAre(L"Start", L"   Notify:              \"red", L"", L"alert\"",
+                            L"   Protect receivers"));
+}
+
 // ---- the frame ---------------------------------------------------------------------------------
 
 TEST(PrintLayout, AFrameIsAsWideAsItsWidestLine) {
