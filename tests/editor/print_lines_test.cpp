@@ -160,6 +160,13 @@ TEST_F(PrintLines, ProgramIsNamedByItsFilePart) {
     EXPECT_EQ(Line(Started(L"C:\\tools\\exerciser.exe /q")), L"   T(9062): \texerciser.exe /q\r");
 }
 
+/// Whatever it belongs to, what stands behind the last "\" is shown.
+TEST_F(PrintLines, ProgramIsNamedByTheEndOfAnArgumentThatHasABackslash) {
+    EXPECT_EQ(Line(Started(L"\"C:\\tools\\exerciser.exe\" /log D:\\runs\\eut.csv")),
+              L"   T(9062): \teut.csv\r");
+    EXPECT_EQ(Line(Started(L"exerciser.exe D:\\")), L"   T(9062): \t\r");
+}
+
 // ---- devices -----------------------------------------------------------------------------------
 
 TEST_F(PrintLines, DevicesAndMacros) {
