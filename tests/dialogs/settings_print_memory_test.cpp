@@ -75,7 +75,8 @@ bool FailAt(std::size_t n, bool forEver) {
     return wasHit;
 }
 
-/// Ends as soon as the object goes that could not print.
+/// Memory is out from the n-th allocation on, for each n. The object goes right behind that print:
+/// a second print of it would put a whole copy in the place of what the first one left.
 TEST(PrintMemory, APrintThatEndsForWantOfMemoryClosesNoBusDeviceOfTheWorkingEngine) {
     for (std::size_t n = 1; n < 1000; ++n) {
         Desk desk;
