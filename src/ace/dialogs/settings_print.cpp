@@ -17,7 +17,7 @@ using enum TitleNumber;
 /// Intentional: titles are not always those of the editor's tree, and some lists that run are not
 /// among these: the steps of a wireless template, the every-frequency list of a susceptibility test
 /// and the whole matrix. Behind the monitoring loop stands the fourth list, which no moment runs,
-/// not the one that runs there.
+/// not the one that runs there. The rows of one module stand together.
 constexpr PrintRow Rows[] = {
     {aceTemplate, ptStartTest, 9051},
     {aceTemplate, ptEveryFreq, 9052},
@@ -61,7 +61,21 @@ constexpr PrintRow Rows[] = {
     {aceVKSTemplate, ptStopTest, 9093},
 };
 
-/// Columns of the host's rows, and what the print's layout is made of there.
+constexpr bool ModulesStandTogether() {
+    for (std::size_t i = 1; i < std::size(Rows); ++i) {
+        for (std::size_t j = 0; j + 1 < i; ++j) {
+            if (Rows[j].moduleKind == Rows[i].moduleKind &&
+                Rows[i - 1].moduleKind != Rows[i].moduleKind) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+static_assert(ModulesStandTogether());
+
+/// A row of the host's array: the text of the print, and beside it the marks by which the host's
+/// report sets the columns of each line. They are handed on as they stand here.
 constexpr std::int32_t TextColumn = 0;
 constexpr std::int32_t LayoutColumn = 1;
 constexpr StringView Layout = L"<*6.4in\r<*0.2in\t<*2in<*4.2in\t<*4.2in";
