@@ -210,6 +210,27 @@ TEST_F(BriefReportTest, AChannelThatChangesDoesNotCutAStretchInTwo) {
               "Result     finished\n");
 }
 
+TEST_F(BriefReportTest, WhatAChannelShowsIsNotFoldedWithTheLinesOfTheStretch) {
+    EXPECT_EQ(Moments("[Workbench]\nModule=1\nSubRanges=1\n[Workbench.Subrange1]\nStartHz=1\n"
+                      "StopHz=4\nStepPercent=100\n[Workbench.Channel1]\nTrigger=1,2\n"
+                      "[ActionsOnEutMon]\nNumOfMlcActions=1\nMLLeaAction1=NOTIFY:Look.,,0\n"
+                      "[ActionsOnChannel1]\nNumOfFreqActions=1\nFrequAction1=NOTIFY:Look.,,0\n"),
+              "0:00:00.000  start of test        no actions\n"
+              "0:00:00.000  before the test loop no actions\n"
+              "0:00:00.000  channel 1 triggers                   notification \"Look.\": OK\n"
+              "0:00:00.000  channel 1 triggers   1 action\n"
+              "0:00:00.000  after step 1                         notification \"Look.\": OK\n"
+              "0:00:00.000  channel 1 triggers                   notification \"Look.\": OK\n"
+              "0:00:00.000  channel 1 triggers   1 action\n"
+              "0:00:00.000  after step 3                         notification \"Look.\": OK (the "
+              "last of 3)\n"
+              "0:00:00.000  frequencies          1 Hz to 4 Hz, 3 frequencies: 3 actions\n"
+              "0:00:00.000  after the test loop  no actions\n"
+              "0:00:00.000  end of test          no actions\n"
+              "\n"
+              "Result     finished\n");
+}
+
 TEST_F(BriefReportTest, ASweepOfOneFrequencyHasOneEnd) {
     EXPECT_EQ(Moments("[Workbench]\nModule=6\n[Workbench.Subrange1]\nStartHz=1000\nStopHz=1000\n"
                       "StepPercent=1\n"),

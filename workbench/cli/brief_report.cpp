@@ -43,7 +43,7 @@ void BriefReport::OnLine(const Place& place, LineKind kind, const String& words)
     if (!x_isInMoment) {
         CloseStretch();
     }
-    if (x_stretch) {
+    if (x_stretch && !x_isBeside) {
         const auto known = std::ranges::find(x_stretch->lines, words, &Repeated::words);
         if (known != x_stretch->lines.end()) {
             known->place = place;
@@ -82,7 +82,8 @@ bool BriefReport::StandsBesideStretch(const Moment& moment) const {
 
 void BriefReport::OnMomentStarts(const Moment& moment) {
     x_isInMoment = true;
-    if (IsPartOfStretch(moment) || StandsBesideStretch(moment)) {
+    x_isBeside = StandsBesideStretch(moment);
+    if (x_isBeside || IsPartOfStretch(moment)) {
         return;
     }
     CloseStretch();
@@ -94,7 +95,7 @@ void BriefReport::OnMomentStarts(const Moment& moment) {
 void BriefReport::OnMomentEnds(const Moment& moment, const MomentCost& cost) {
     x_isInMoment = false;
     const double workMs = cost.endMs - cost.startMs;
-    if (!x_stretch || StandsBesideStretch(moment)) {
+    if (!x_stretch || x_isBeside) {
         x_report.PrintMoment(cost.endMs, MomentWords(moment), WorkText(cost.actions, workMs));
         return;
     }

@@ -51,6 +51,7 @@ class BriefReport final : public SessionListener {
     const TestSetUp& x_setUp;
     std::optional<Stretch> x_stretch;
     bool x_isInMoment = false;
+    bool x_isBeside = false;  ///< the moment that runs does not belong to the stretch
 };
 
 }  // namespace ace::workbench
