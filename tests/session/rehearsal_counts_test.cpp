@@ -5,6 +5,7 @@ namespace ace::workbench {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
@@ -167,12 +168,14 @@ TEST_F(RehearsalTest, TheActionThatStopsIsNamedAlthoughItsChannelRunsOn) {
 
 // ---- classes of devices --------------------------------------------------------------------
 
-/// A device is set as what it is by the actions that say it, wherever they stand.
+/// A device is what the actions say that need one class, wherever they stand.
 TEST_F(RehearsalTest, AnActionThatNeedsAClassGoesBeforeOneThatTakesAny) {
-    Rehearse(AtStart({"SETDEV:Amp,7", "SWITCHAMP:Amp,3"}));
-    EXPECT_THAT(Dialogs(), IsEmpty());
-    EXPECT_THAT(Devices(), ElementsAre(StartsWith("Amp: ")));
-    EXPECT_EQ(found.outcome, Outcome::Finished);
+    Rehearse(AtStart({"SETDEV:Amp,7", "SWITCHAMP:Amp,3", "SETDEV:EUT,103,Path 1",
+                      "CHECKEUT:EUT,101,1,0,0,0,0.00,0,0.00,0"}));
+    EXPECT_THAT(Devices(), ::testing::Contains(
+                               ::testing::AllOf(StartsWith("Amp: "), HasSubstr("operate x1"))));
+    EXPECT_THAT(Devices(), ::testing::Contains(::testing::AllOf(
+                               StartsWith("EUT: "), HasSubstr("channel 101 is read x1"))));
 }
 
 }  // namespace

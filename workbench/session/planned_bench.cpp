@@ -36,6 +36,7 @@ void AddSetDevice(NamedDevices& devices, const aceSetDevice& record) {
     }
 }
 
+/// Of the kinds that work with one class of device, setting one left out.
 void AddDevicesOf(NamedDevices& devices, p_ActionTypes kind, const aceSetDevice& record) {
     switch (kind) {
         case atSwitchAmp:
@@ -45,7 +46,6 @@ void AddDevicesOf(NamedDevices& devices, p_ActionTypes kind, const aceSetDevice&
             devices.Add<sim::SimSwitchUnit>(record.DevName);
             break;
         case atSetDevice:
-            AddSetDevice(devices, record);
             break;
         default:
             devices.Add<sim::SimMonitor>(record.DevName);
@@ -66,7 +66,8 @@ void AddDevicesOf(NamedDevices& devices, const aceTrackFreq& record) {
 
 void AddNamedDevices(sim::SimHost& host, const TestSetUp& setUp, const ActionPlaces& places) {
     NamedDevices devices(host);
-    for (const PlacedAction& placed : places.All()) {
+    const std::vector<PlacedAction> all = places.All();
+    for (const PlacedAction& placed : all) {
         const p_Action& action = *placed.action;
         if (const auto* const device = std::get_if<aceSetDevice>(&action.Parameter)) {
             AddDevicesOf(devices, action.ActionType, *device);
@@ -77,6 +78,12 @@ void AddNamedDevices(sim::SimHost& host, const TestSetUp& setUp, const ActionPla
     for (const ChannelEvents& channel : setUp.channels) {
         if (channel.watch) {
             devices.Add<sim::SimMonitor>(channel.watch->device);
+        }
+    }
+    for (const PlacedAction& placed : all) {
+        const auto* const device = std::get_if<aceSetDevice>(&placed.action->Parameter);
+        if (device != nullptr && placed.action->ActionType == atSetDevice) {
+            AddSetDevice(devices, *device);
         }
     }
 }
