@@ -335,6 +335,21 @@ TEST_F(PlanCommandTest, WhatCantBePlannedIsRefusedWithoutAPage) {
     EXPECT_EQ(out.str(), "");
 }
 
+/// As a run refuses it; without devices the plan has one thing more to say.
+TEST_F(PlanCommandTest, AChannelIsWatchedByADeviceOfTheBench) {
+    Write("bench.ini", "[Devices]\nEUT=Amplifiers\n");
+    TestArguments arguments;
+    arguments.devices = Path("bench.ini");
+    const std::string text =
+        "[Workbench]\nModule=1\nSubRanges=1\n[Workbench.Channel1]\nName=Speed\nDevice=EUT\n"
+        "NoGoAbove=0.5\n";
+    EXPECT_EQ(RefusalOf([&] { PlanOfText(text, arguments); }),
+              "5 channel \"Speed\" is watched by \"EUT\": say with --devices which monitoring "
+              "device that is");
+    EXPECT_THAT(PlanOfText(text),
+                HasSubstr("\nNote       a run needs --devices, because devices watch channels\n"));
+}
+
 TEST_F(PlanCommandTest, TheFileIsReadAndNeverWritten) {
     const std::string text = StartOfTest + One("Enter", "WAIT:1");
     PlanOfText(text);

@@ -20,6 +20,11 @@ std::vector<String> NotesOf(const TestArguments& arguments, const TestSetUp& set
         notes.emplace_back(
             L"no --devices: each device is taken to be there and to do what it is told");
     }
+    const bool isWatched = std::ranges::any_of(
+        setUp.channels, [](const ChannelEvents& channel) { return channel.watch.has_value(); });
+    if (!arguments.devices && isWatched) {
+        notes.emplace_back(L"a run needs --devices, because devices watch channels");
+    }
     const bool hasOpenQuestion = std::ranges::any_of(rehearsal.dialogs, [](const auto& shown) {
         return shown.dialog.kind == PromptKind::Question && shown.fromFile < shown.times;
     });
@@ -44,6 +49,9 @@ Outcome PlanCommand(const TestArguments& arguments, std::ostream& out) {
     const auto host = std::make_shared<BenchHost>(Clock::Virtual, TransportChoice(),
                                                   std::make_shared<FaultRules>());
     ReadBench(arguments, *host);
+    if (arguments.devices) {
+        RequireWatchingDevices(setUp, host->bench);
+    }
     const Rehearsal rehearsal = Rehearse(host, setUp, answers, file, arguments.devices.has_value());
 
     std::ostringstream text;

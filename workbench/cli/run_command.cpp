@@ -31,18 +31,6 @@ std::shared_ptr<FaultRules> ReadFaults(const RunArguments& arguments) {
                             : std::make_shared<FaultRules>();
 }
 
-/// A channel that a device watches needs the device.
-void ReadRunBench(const RunArguments& arguments, const TestSetUp& setUp, BenchHost& host) {
-    ReadBench(arguments, host);
-    for (const ChannelEvents& channel : setUp.channels) {
-        if (channel.watch && !IsMonitor(host.bench, channel.watch->device)) {
-            RefuseUse(L"channel \"" + channel.name + L"\" is watched by \"" +
-                      channel.watch->device +
-                      L"\": say with --devices which monitoring device that is");
-        }
-    }
-}
-
 TransportChoice ReadTransports(const RunArguments& arguments, SettingsFiles& files) {
     TransportChoice choice;
     choice.isReal = arguments.real;
@@ -191,7 +179,8 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     std::ofstream traffic;  // outlives the host, which writes it
     const auto host =
         std::make_shared<BenchHost>(clock, std::move(transports), ReadFaults(arguments));
-    ReadRunBench(arguments, setUp, *host);
+    ReadBench(arguments, *host);
+    RequireWatchingDevices(setUp, host->bench);
     const auto trace = arguments.trace ? std::make_shared<TraceFile>(*arguments.trace) : nullptr;
     host->traceFile = trace;
     host->journal.KeepNone();  // the report follows the calls as they come

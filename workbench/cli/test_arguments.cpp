@@ -4,6 +4,7 @@
 
 #include "workbench/devices/device_file.h"
 #include "workbench/files/text_encoding.h"
+#include "workbench/session/channel_watch.h"
 
 namespace ace::workbench {
 
@@ -28,6 +29,16 @@ Answers ReadAnswers(const TestArguments& arguments) {
 void ReadBench(const TestArguments& arguments, sim::SimHost& host) {
     if (arguments.devices) {
         ReadDevices(ExistingDocument(*arguments.devices), FromUtf8(*arguments.devices), host);
+    }
+}
+
+void RequireWatchingDevices(const TestSetUp& setUp, const sim::SimBench& bench) {
+    for (const ChannelEvents& channel : setUp.channels) {
+        if (channel.watch && !IsMonitor(bench, channel.watch->device)) {
+            RefuseUse(L"channel \"" + channel.name + L"\" is watched by \"" +
+                      channel.watch->device +
+                      L"\": say with --devices which monitoring device that is");
+        }
     }
 }
 

@@ -5,10 +5,12 @@
 
 #include "workbench/cli/set_up_arguments.h"
 #include "workbench/session/answers.h"
+#include "workbench/session/set_up.h"
 
 namespace ace::sim {
+struct SimBench;
 class SimHost;
-}
+}  // namespace ace::sim
 
 namespace ace::workbench {
 
@@ -26,5 +28,8 @@ SetUpOptions ReadTestOptions(const TestArguments& arguments);
 Answers ReadAnswers(const TestArguments& arguments);
 /// Puts the devices of the file on the bench of `host`, which must outlive them.
 void ReadBench(const TestArguments& arguments, sim::SimHost& host);
+/// `CommandError` `WrongUse` when a device watches a channel and the bench has no such monitoring
+/// device.
+void RequireWatchingDevices(const TestSetUp& setUp, const sim::SimBench& bench);
 
 }  // namespace ace::workbench
