@@ -6,6 +6,7 @@
 #include <ace/core/text.h>
 #include <ace/execution/what_runs.h>
 #include <ace/settings/action_line.h>
+#include <ace/settings/wireless_names.h>
 
 namespace ace::workbench {
 
@@ -76,6 +77,12 @@ class CheckedFile::Reader final : public ILineObserver {
 
 namespace {
 
+String InSmallLetters(StringView name) {
+    String small(name);
+    std::ranges::transform(small, small.begin(), LowerCase);
+    return small;
+}
+
 /// Which line fills which entry, in one pass from the end: the last one wins.
 void FindFilled(CheckedSection& section) {
     std::ranges::stable_sort(section.lines, {}, &CheckedLine::index);
@@ -123,12 +130,7 @@ CheckedFile::CheckedFile(const CheckInput& input)
     : x_input(input),
       x_left(std::make_shared<SettingsDocument>(*input.document)),
       x_host(std::make_shared<Host>()) {
-    const std::vector<String> names = input.document->SectionNames();
-    const std::vector<std::size_t> headerLines = input.document->HeaderLines();
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        x_headers.emplace_back(names[i], headerLines[i]);
-        x_headerLines.emplace(names[i], headerLines[i]);
-    }
+    FindHeaders();
     x_host->journal.KeepNone();
     x_host->document = x_left;
     x_context = std::make_unique<ThreadContext>(x_host);
@@ -136,6 +138,10 @@ CheckedFile::CheckedFile(const CheckInput& input)
     if (isComplete && input.setUp.moduleKind == aceEMSAutoTemplateGeneral &&
         input.setUp.subRanges > 0) {
         isComplete = Load(aceEMSAutoTemplate);
+    }
+    for (const CheckedSection& section : x_sections) {
+        MarkRead(section.name);
+        MarkRead(WirelessNames::KeysOf(section.name));
     }
     for (const Stop& stop : x_stops) {
         const auto section = std::ranges::find(x_sections, stop.section, &CheckedSection::name);
@@ -147,9 +153,25 @@ CheckedFile::CheckedFile(const CheckInput& input)
 
 CheckedFile::~CheckedFile() = default;
 
-std::size_t CheckedFile::HeaderLine(const String& name) const {
-    const auto found = x_headerLines.find(name);
-    return found == x_headerLines.end() ? 0 : found->second;
+void CheckedFile::FindHeaders() {
+    std::vector<String> names = x_input.document->SectionNames();
+    const std::vector<std::size_t> lines = x_input.document->HeaderLines();
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const bool isFirst = x_firstHeaders.emplace(InSmallLetters(names[i]), i).second;
+        x_headers.push_back({std::move(names[i]), lines[i], isFirst});
+    }
+}
+
+std::size_t CheckedFile::HeaderLine(StringView name) const {
+    const auto found = x_firstHeaders.find(InSmallLetters(name));
+    return found == x_firstHeaders.end() ? 0 : x_headers[found->second].line;
+}
+
+void CheckedFile::MarkRead(StringView name) {
+    const auto found = x_firstHeaders.find(InSmallLetters(name));
+    if (found != x_firstHeaders.end()) {
+        x_headers[found->second].isRead = true;
+    }
 }
 
 /// Loads again and again, each time without the line that has stopped it before.

@@ -1,14 +1,13 @@
 /// A settings file as the engine reads it, with all that a check asks of it.
 #pragma once
 
-#include <map>
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include <ace/core/actions_engine.h>
 #include <ace/settings/line_observer.h>
 
-#include "sim/sim_settings.h"
 #include "workbench/devices/fault_rules.h"
 #include "workbench/session/answers.h"
 #include "workbench/session/session_host.h"
@@ -74,6 +73,14 @@ struct CheckedSection {
     }
 };
 
+/// A line that opens a section.
+struct SectionHeader {
+    String name;
+    std::size_t line = 0;  ///< in the file, from 1
+    bool isFirst = true;   ///< of its name; the lines below the others are read by nobody
+    bool isRead = false;   ///< by the engine
+};
+
 /// What is checked, and what is known beside the file. What is pointed to may be none.
 struct CheckInput {
     const SettingsDocument* document = nullptr;
@@ -103,10 +110,10 @@ class CheckedFile {
 
     const CheckInput& Input() const { return x_input; }
     const std::vector<CheckedSection>& Sections() const { return x_sections; }
-    /// Every header of the file in its order, with its line from 1.
-    const std::vector<std::pair<String, std::size_t>>& Headers() const { return x_headers; }
+    /// Every header of the file, in its order.
+    const std::vector<SectionHeader>& Headers() const { return x_headers; }
     /// Line of the section that is read under this name, from 1; 0 for a missing one.
-    std::size_t HeaderLine(const String& name) const;
+    std::size_t HeaderLine(StringView name) const;
     /// Why the load fails without a line of a section; empty when it doesn't.
     const String& Failure() const { return x_failure; }
     /// The context of the lists, for what writes and describes them.
@@ -116,12 +123,14 @@ class CheckedFile {
     class Reader;
     class Host;
 
+    void FindHeaders();
+    void MarkRead(StringView name);
     bool Load(aceModul moduleKind);
     void LeaveOut(const Reader& reader);
 
     const CheckInput& x_input;
-    std::vector<std::pair<String, std::size_t>> x_headers;
-    std::map<String, std::size_t, sim::NameLess> x_headerLines;
+    std::vector<SectionHeader> x_headers;
+    std::unordered_map<String, std::size_t> x_firstHeaders;  ///< by their names in small letters
     std::shared_ptr<SettingsDocument> x_left;  ///< the document without the lines that stop
     std::shared_ptr<Host> x_host;
     std::unique_ptr<ThreadContext> x_context;

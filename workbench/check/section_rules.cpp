@@ -1,11 +1,9 @@
 // Sections and keys that nobody reads.
 #include <algorithm>
-#include <map>
 #include <set>
 
 #include <ace/core/text.h>
 #include <ace/settings/settings_sections.h>
-#include <ace/settings/wireless_names.h>
 
 #include "sim/sim_settings.h"
 #include "workbench/check/rule_tests.h"
@@ -62,15 +60,15 @@ String Numberless(StringView name) {
     return text;
 }
 
-/// Every section name once, in the order of the file.
-std::vector<String> NamesOf(const CheckedFile& file) {
-    std::vector<String> names;
-    for (const auto& [name, line] : file.Headers()) {
-        if (line == file.HeaderLine(name)) {
-            names.push_back(name);
+/// The headers of the sections that can be read, in the order of the file.
+std::vector<const SectionHeader*> FirstHeaders(const CheckedFile& file) {
+    std::vector<const SectionHeader*> headers;
+    for (const SectionHeader& header : file.Headers()) {
+        if (header.isFirst) {
+            headers.push_back(&header);
         }
     }
-    return names;
+    return headers;
 }
 
 bool BeginsWith(StringView text, StringView word) {
@@ -78,16 +76,6 @@ bool BeginsWith(StringView text, StringView word) {
 }
 bool EndsWith(StringView text, StringView word) {
     return text.size() >= word.size() && EqualNoCase(text.substr(text.size() - word.size()), word);
-}
-
-/// The sections that the engine asks for, and those beside them.
-Names ReadByTheEngine(const CheckedFile& file) {
-    Names names;
-    for (const CheckedSection& section : file.Sections()) {
-        names.insert(section.name);
-        names.insert(WirelessNames::KeysOf(section.name));
-    }
-    return names;
 }
 
 const OwnSection* OwnSectionOf(StringView name) {
@@ -165,8 +153,13 @@ std::vector<StringView> KnownNames(const std::vector<String>& engine) {
 }
 std::vector<String> EngineNames(const CheckedFile& file) {
     Names names;
+    String last;  // numbered sections follow one another
     for (const CheckedSection& section : file.Sections()) {
-        names.insert(Numberless(section.name));
+        String name = Numberless(section.name);
+        if (name != last) {
+            names.insert(name);
+            last = std::move(name);
+        }
     }
     return {names.begin(), names.end()};
 }
@@ -223,53 +216,53 @@ void RuleTests::NoSections(const CheckedFile& file, const Found& found) {
 }
 
 void RuleTests::SectionBeyond(const CheckedFile& file, const Found& found) {
-    const Names read = ReadByTheEngine(file);
     const std::set<std::int32_t> swept = SweptNumbers(file);
-    for (const String& name : NamesOf(file)) {
-        const bool isEngines = NumberOf(file, name) && !read.contains(name);
+    for (const SectionHeader* header : FirstHeaders(file)) {
+        const String& name = header->name;
+        const bool isEngines = NumberOf(file, name) && !header->isRead;
         if (isEngines || IsOwnBeyond(file, name, swept)) {
-            found.At({file.Input().path, file.HeaderLine(name), name},
+            found.At({file.Input().path, header->line, name},
                      {std::to_wstring(file.Input().setUp.subRanges)});
         }
     }
 }
 
 void RuleTests::MisspeltSection(const CheckedFile& file, const Found& found) {
-    const Names read = ReadByTheEngine(file);
     const std::vector<String> engine = EngineNames(file);
     const std::vector<StringView> known = KnownNames(engine);
-    for (const String& name : NamesOf(file)) {
-        if (read.contains(name) || OwnSectionOf(name) != nullptr || NumberOf(file, name) ||
+    for (const SectionHeader* header : FirstHeaders(file)) {
+        const String& name = header->name;
+        if (header->isRead || OwnSectionOf(name) != nullptr || NumberOf(file, name) ||
             IsOfAnotherTemplate(file, name)) {
             continue;
         }
         const String numberless = Numberless(name);
         const StringView near = NearestWord(numberless, known);
         if (!near.empty() && !EqualNoCase(near, numberless)) {
-            found.At({file.Input().path, file.HeaderLine(name), name}, {String(near)});
+            found.At({file.Input().path, header->line, name}, {String(near)});
         }
     }
 }
 
 void RuleTests::SectionUnread(const CheckedFile& file, const Found& found) {
-    const Names read = ReadByTheEngine(file);
     const std::vector<String> engine = EngineNames(file);
     const std::vector<StringView> known = KnownNames(engine);
-    for (const String& name : NamesOf(file)) {
+    for (const SectionHeader* header : FirstHeaders(file)) {
+        const String& name = header->name;
         const bool isEngines = BeginsWith(name, EngineWord) && !EndsWith(name, KeysEnd);
         const bool isOurs = BeginsWith(name, L"Workbench") && OwnSectionOf(name) == nullptr;
-        if ((isEngines || isOurs) && !read.contains(name) && !NumberOf(file, name) &&
+        if ((isEngines || isOurs) && !header->isRead && !NumberOf(file, name) &&
             !IsOfAnotherTemplate(file, name) && NearestWord(Numberless(name), known).empty()) {
-            found.At({file.Input().path, file.HeaderLine(name), name},
+            found.At({file.Input().path, header->line, name},
                      {String(ModuleWordsOf(file.Input().setUp.moduleKind).words)});
         }
     }
 }
 
 void RuleTests::SectionTwice(const CheckedFile& file, const Found& found) {
-    for (const auto& [name, line] : file.Headers()) {
-        if (line != file.HeaderLine(name)) {
-            found.At({file.Input().path, line, name});
+    for (const SectionHeader& header : file.Headers()) {
+        if (!header.isFirst) {
+            found.At({file.Input().path, header.line, header.name});
         }
     }
 }
@@ -277,14 +270,14 @@ void RuleTests::SectionTwice(const CheckedFile& file, const Found& found) {
 /// A line that would open a section if it had both of its brackets. In the user's own sections only
 /// what looks like a name that is read.
 void RuleTests::HeaderBroken(const CheckedFile& file, const Found& found) {
-    const Names read = ReadByTheEngine(file);
     const std::vector<String> engine = EngineNames(file);
     const std::vector<StringView> known = KnownNames(engine);
-    for (const String& section : NamesOf(file)) {
-        if (read.contains(section)) {
+    for (const SectionHeader* header : FirstHeaders(file)) {
+        const String& section = header->name;
+        if (header->isRead) {
             continue;  // there it stops the load
         }
-        std::size_t line = file.HeaderLine(section);
+        std::size_t line = header->line;
         for (const String& text : file.Input().document->GetSection(section)) {
             ++line;
             const std::optional<String> name = NameInHalfBrackets(text);
@@ -324,7 +317,8 @@ void RuleTests::NumberWithoutSection(const CheckedFile& file, const Found& found
 }
 
 void RuleTests::MisspeltKey(const CheckedFile& file, const Found& found) {
-    for (const String& name : NamesOf(file)) {
+    for (const SectionHeader* header : FirstHeaders(file)) {
+        const String& name = header->name;
         const OwnSection* const section = OwnSectionOf(name);
         for (const KeyLine& key :
              section != nullptr ? KeysOf(file, name) : std::vector<KeyLine>()) {
@@ -338,7 +332,8 @@ void RuleTests::MisspeltKey(const CheckedFile& file, const Found& found) {
 }
 
 void RuleTests::KeyTwice(const CheckedFile& file, const Found& found) {
-    for (const String& name : NamesOf(file)) {
+    for (const SectionHeader* header : FirstHeaders(file)) {
+        const String& name = header->name;
         Names seen;
         if (OwnSectionOf(name) == nullptr) {
             continue;
@@ -370,11 +365,12 @@ void RuleTests::UnusedDeviceSection(const CheckedFile& file, const Found& found)
             used.insert(DeviceSectionOf(*record));
         }
     });
-    for (const String& name : NamesOf(file)) {
+    for (const SectionHeader* header : FirstHeaders(file)) {
+        const String& name = header->name;
         // of a matrix, the templates that are not run have actions too
         if (EqualNoCase(Numberless(name), DeviceSection) && !used.contains(name) &&
             file.Input().setUp.moduleKind != aceVKSDUT) {
-            found.At({file.Input().path, file.HeaderLine(name), name});
+            found.At({file.Input().path, header->line, name});
         }
     }
 }
