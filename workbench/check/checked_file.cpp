@@ -190,6 +190,7 @@ bool CheckedFile::Load(aceModul moduleKind) {
         x_context->LineObserver = nullptr;
         if (reader.stop.index >= 0 && x_stops.size() < MostStops) {
             LeaveOut(reader);
+            LeaveOutOfNumbered(moduleKind);
             continue;
         }
         x_failure = failure;
@@ -198,6 +199,41 @@ bool CheckedFile::Load(aceModul moduleKind) {
         x_engines.push_back(std::move(engine));
         return failure.empty();
     }
+}
+
+/// Reads each numbered section by itself, so that the load of a large file is not begun anew for
+/// each of its stops. Wireless tests have other names, and few sections.
+void CheckedFile::LeaveOutOfNumbered(aceModul moduleKind) {
+    if (moduleKind == aceVKSTemplate || moduleKind == aceVKSDUT) {
+        return;
+    }
+    for (const NumberedSets& numbered : FindModule(moduleKind)->AllNumbered()) {
+        for (std::int32_t number = 1; number <= x_input.setUp.subRanges; ++number) {
+            const String name = String(numbered.sectionWord) + std::to_wstring(number);
+            while (HeaderLine(name) != 0 && x_stops.size() < MostStops &&
+                   LeaveOutOf(name, moduleKind)) {
+            }
+        }
+    }
+}
+
+/// Takes the first line that stops a section out of it; false when there is none.
+bool CheckedFile::LeaveOutOf(const String& name, aceModul moduleKind) {
+    const ModuleLists none;
+    p_Subrange lists;
+    Reader reader(moduleKind, *this, none);
+    reader.SetStarts({.fixed = &lists});
+    try {
+        const std::shared_ptr<ISettingsFile> settings = x_host->OpenFile(0, x_input.path);
+        modActions::ReadSection(*x_context, *settings, name, lists, &reader);
+    } catch (...) {
+        static_cast<void>(CurrentRunTimeError());  // the line that has raised it is told
+    }
+    if (reader.stop.index < 0) {
+        return false;
+    }
+    LeaveOut(reader);
+    return true;
 }
 
 /// The line becomes an empty one, so that the others keep their places. With a count line that

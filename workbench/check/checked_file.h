@@ -127,6 +127,8 @@ class CheckedFile {
     void MarkRead(StringView name);
     bool Load(aceModul moduleKind);
     void LeaveOut(const Reader& reader);
+    void LeaveOutOfNumbered(aceModul moduleKind);
+    bool LeaveOutOf(const String& name, aceModul moduleKind);
 
     const CheckInput& x_input;
     std::vector<SectionHeader> x_headers;
