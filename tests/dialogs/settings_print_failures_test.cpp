@@ -219,6 +219,20 @@ TEST_F(PrintFailures, Error10LeavesTheModuleOfTheObject) {
 // ---- from inside
 // ---------------------------------------------------------------------------------
 
+/// The matrix and kinds outside the members have no lists that are printed, so none is asked for.
+TEST_F(PrintFailures, ListsOfAnotherKindOrOfAKindThatPrintsNothingMayRunOnTheObject) {
+    MakeSets(&ModuleLists::TSTests, &ModuleLists::TSTestCount, 1);
+    MakeSets(&ModuleLists::VKSSteps, &ModuleLists::VKSStepCount, 1);
+    const DynArray<p_Subrange>::Hold test(State().TSTests);
+    const DynArray<p_Subrange>::Hold row(State().VKSSteps);
+    for (const aceModul kind : {aceTemplate, aceVKSDUT, static_cast<aceModul>(9)}) {
+        rows.Redim(0, 0, 0, 1);
+        EXPECT_EQ(ErrorOf([&] { engine->PrintStrings(kind, *printer, rows, 0); }), 0) << kind;
+        EXPECT_EQ(Row(), NothingPrinted);
+        EXPECT_EQ(State().Modul, kind);
+    }
+}
+
 TEST_F(PrintFailures, TheSameListsFromInsideAreError10AndThePrintGoesOn) {
     MakeSets(&ModuleLists::MainSubranges, &ModuleLists::MainSubrangeCount, 1);
     Fill(State().MainSubranges[0], EnterList, {TrackProbe(), Protect});

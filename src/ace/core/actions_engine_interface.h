@@ -123,8 +123,7 @@ class _aceActionsEngine {
     /// last name and no row. -1 removes the rows for all bandwidths; it and every other negative id
     /// is error 9 then, unless the table is empty. Handled.
     virtual void DeleteVKSDUTBandwidthID(std::int32_t BandwidthID) = 0;
-    /// Empties the three tables of the matrix with their rows; the row for everything stays.
-    /// Handled.
+    /// Empties the matrix' three tables with their rows; the row for everything stays. Handled.
     virtual void DeleteVKSDUTAll() = 0;
     /// As `DeleteVKSDUTBandwidthID`, for a power. Handled.
     virtual void DeleteVKSDUTPowerID(std::int32_t PowerID) = 0;
@@ -234,12 +233,13 @@ class _aceActionsEngine {
 
     // ---- print and save ------------------------------------------------------------------------
 
-    /// Adds the listing of the lists of `Engine`, as those of `Modul`, to row `lngIdx` of
-    /// `strTmps`: to column 0 the text below a heading, in column 1 the layout; one CR each where
-    /// there is no text. This object serves `Modul` then and keeps a copy, without bus devices.
-    /// Error 9 outside `strTmps`; 10 while its own lists run or are printed: nothing has changed;
-    /// 13 for an `Engine` of another class, but for the matrix: the row is untouched; 9, 13, 91 (a
-    /// tracked device was never used) in a list: those before stand. Messages may run. Handled.
+    /// Adds the listing of `Engine`'s lists of the kind `Modul` to row `lngIdx` of `strTmps`: to
+    /// column 0 the text below a heading, to column 1 the layout; one CR each where there is no
+    /// text. This object serves `Modul` then and keeps a copy, without bus devices; the matrix and
+    /// kinds outside the members print and copy nothing. Error 9 outside `strTmps`. Only for kinds
+    /// that print: 10 while one of this object's lists of the kind runs or is printed: nothing has
+    /// changed; 13 for an `Engine` of another class: the row is untouched; 9, 13, 91 (a tracked
+    /// device was never looked up) in a list: those before stand. Messages may run. Handled.
     virtual void PrintStrings(aceModul Modul, _aceActionsEngine& Engine, Array2D<String>& strTmps,
                               std::int32_t lngIdx) = 0;
     /// Writes the lists of `Modul` and clears its `Change` flag before the file is released. No
