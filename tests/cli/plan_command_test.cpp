@@ -1,6 +1,7 @@
 /// The page of a plan as the user reads it.
 #include "workbench/cli/plan_command.h"
 
+#include <algorithm>
 #include <map>
 #include <sstream>
 
@@ -37,12 +38,14 @@ class PlanCommandTest : public FolderTest {
         arguments.file = Path("test.ini");
         return PlanOf(arguments);
     }
-    /// The blocks of a page behind its head.
+    /// The blocks of a page behind its head, and behind them the time that stands in the head.
     std::string Blocks(const std::string& text, const TestArguments& arguments = {}) {
         const std::string page = PlanOfText(text, arguments);
         const std::size_t end = page.find("\n\n");
         EXPECT_NE(end, std::string::npos) << page;
-        return page.substr(end + 2);
+        const std::size_t time = page.find("\nTime  ");
+        EXPECT_LT(time, end) << page;
+        return page.substr(end + 2) + page.substr(time, page.find('\n', time + 1) + 1 - time);
     }
     static std::string Golden(const std::string& name) {
         std::ostringstream text;
@@ -91,20 +94,20 @@ TEST_F(PlanCommandTest, MonitoringTellsItsStepsAndChannelsByTheirNumbers) {
               "new frequency, 3 + 2 times: 5 actions, 0:00:00.015\n"
               "  x5      Wait: 0.003 s\n"
               "\n"
-              "after step 1 to 5, 5 times: 5 actions, 0:00:00.200\n"
+              "after step 1 to 5 (5 times): 5 actions, 0:00:00.200\n"
               "  x5      Wait: 0.040 s\n"
               "\n"
-              "channel 1 triggers, 2 times: 2 actions, 0:00:01\n"
+              "channel 1 triggers (2 times): 2 actions, 0:00:01\n"
               "  x2      Wait: 0.500 s\n"
               "\n"
               "after the test loop: 1 action, 0:00:00.006\n"
               "  x1      Wait: 0.006 s\n"
               "\n"
-              "Time       0:00:06.221: 0:00:01.221 waits of actions, 0:00:05 dwelling on "
-              "frequencies\n"
-              "\n"
               "never runs:\n"
-              "  x0      [ActionsOnChannel2] EnterAction1 Wait: 0.600 s\n");
+              "  x0      [ActionsOnChannel2] EnterAction1 Wait: 0.600 s\n"
+              "\n"
+              "Time       0:00:06.221: 0:00:01.221 waits of actions, 0:00:05 dwelling on "
+              "frequencies\n");
 }
 
 TEST_F(PlanCommandTest, ASusceptibilityTestHasItsStepsBetweenItsGeneralLists) {
@@ -185,6 +188,8 @@ TEST_F(PlanCommandTest, AnErrorIsTheExitCodeAndStandsInTheHeadWithItsPlace) {
                                         One("Leave", "WAIT:7"));
     EXPECT_EQ(page,
               "Module     0 aceTemplate: single test, 0 subranges\n"
+              "Time       0:00:00.012: 0:00:00.012 waits of actions, 0:00:00 dwelling on "
+              "frequencies\n"
               "Note       no sweep in [Workbench.Subrange1] and no --sweep, so no frequency is "
               "run\n"
               "Ends       start of test: ERROR 13: type mismatch at " +
@@ -197,9 +202,6 @@ TEST_F(PlanCommandTest, AnErrorIsTheExitCodeAndStandsInTheHeadWithItsPlace) {
                   "\n"
                   "end of test: 1 action, 0:00:00.007\n"
                   "  x1      Wait: 0.007 s\n"
-                  "\n"
-                  "Time       0:00:00.012: 0:00:00.012 waits of actions, 0:00:00 dwelling on "
-                  "frequencies\n"
                   "\n"
                   "never runs:\n"
                   "  x0      [ActionsOnTest] EnterAction3 Wait: 0.006 s\n");
@@ -226,7 +228,7 @@ TEST_F(PlanCommandTest, ListsWithTheSameActionsAreToldAsOne) {
                 StartsWith("enter subrange 1: 1 action, 0:00:00.001\n"
                            "  x1      Wait: 0.001 s\n"
                            "\n"
-                           "enter subrange 2 to 3, 2 times: 2 actions\n"
+                           "enter subrange 2 to 3 (2 times): 2 actions\n"
                            "  x2      Remote: Gpib0:5,SOUR:CORR:STAT OFF;F...\n"
                            "\n"
                            "Commands"));
@@ -300,16 +302,31 @@ TEST_F(PlanCommandTest, OfManyActionsThatNeverRunTheFirstAreTold) {
     EXPECT_THAT(page, Not(HasSubstr("EnterAction32")));
 }
 
+/// Each subrange has a list like no other.
+TEST_F(PlanCommandTest, OfThousandsOfListsAPageTellsTheFirst) {
+    std::string text = "[Workbench]\nModule=0\nSubRanges=2000\n";
+    for (int number = 1; number <= 2000; ++number) {
+        const std::string n = std::to_string(number);
+        text += "[ActionsOnSR" + n + "]\nNumOfEnterActions=2\nEnterAction1=NOTIFY:Ant. " + n +
+                ",,0\nEnterAction2=SWITCHUNIT:Unit " + n + ",A\n";
+    }
+    const std::string page = PlanOfText(text);
+    EXPECT_THAT(page, HasSubstr("\n\nenter subrange 100: 2 actions\n  x1      Notify: Ant. 100\n"
+                                "  x1      Switch unit: Unit 100 --> A\n\nand 1900 lists more\n"));
+    EXPECT_THAT(page, HasSubstr("\"Ant. 100\", enter subrange 100\n  and 1900 dialogs more\n"));
+    EXPECT_THAT(page, HasSubstr("\n  Unit 100: path A\n  and 1900 devices more\n"));
+    EXPECT_LT(std::ranges::count(page, '\n'), 700);
+}
+
 TEST_F(PlanCommandTest, AFileWithoutActionsSaysSo) {
     EXPECT_EQ(PlanOfText("[Workbench]\nModule=6\n[Workbench.Subrange1]\nStartHz=1\nStopHz=1\n"
                          "StepPercent=1\nDwellMs=500\n"),
               "Module     6 aceAziChart: azimuth chart\n"
               "Sweep 1    1 Hz to 1 Hz in steps of 1 %: 1 frequency, 0.5 s each\n"
-              "\n"
-              "no actions\n"
-              "\n"
               "Time       0:00:00.500: 0:00:00 waits of actions, 0:00:00.500 dwelling on "
-              "frequencies\n");
+              "frequencies\n"
+              "\n"
+              "no actions\n");
 }
 
 TEST_F(PlanCommandTest, WhatCantBePlannedIsRefusedWithoutAPage) {

@@ -13,8 +13,9 @@ namespace ace::workbench {
 
 namespace {
 
-/// More lines of what the test does not begin say nothing new.
 constexpr std::size_t MostNotBegun = 30;
+/// A page has room for more than a test of usual size has.
+constexpr std::size_t MostTold = 100;
 constexpr std::size_t TimesWidth = 7;
 
 /// "x254   " and what runs so often.
@@ -82,7 +83,7 @@ String SweepsText(MomentsOfKind moments) {
     return text + L" times";
 }
 
-/// "enter subrange 1", "new frequency, 254 + 100 + 81 times", "after step 1 to 254, 254 times",
+/// "enter subrange 1", "new frequency, 254 + 100 + 81 times", "after step 1 to 254 (254 times)",
 /// "matrix row 5 (2402 MHz (low), 1 MHz, 0 dBm)"
 String KindText(MomentsOfKind moments, const Moment& first, const Matrix& matrix) {
     const MomentCallRow& row = MomentCallRowOf(moments.front().call);
@@ -93,7 +94,7 @@ String KindText(MomentsOfKind moments, const Moment& first, const Matrix& matrix
     }
     const std::size_t times = TimesOf(moments);
     if (times != 1) {
-        return words + L", " + std::to_wstring(times) + L" times";
+        return words + L" (" + std::to_wstring(times) + L" times)";
     }
     return row.call == MomentCall::VKSDUTStep
                ? words + L" (" + CombinationWords(matrix, first) + L")"
@@ -115,6 +116,7 @@ struct Block {
     std::vector<Line> lines{};
     std::size_t begun = 0;
     double workMs = 0.0;
+    bool isMerged = false;
 };
 
 /// What lists have in common that are told as one: the kind of their moment, and which actions run
@@ -127,7 +129,7 @@ bool GoesByNumber(const RehearsedList& list) {
 }
 
 Block BlockOf(const RehearsedList& list, const std::vector<RehearsedAction>& actions) {
-    Block block{list.first, list.moments, {}, list.begun, list.workMs};
+    Block block{list.first, list.moments, {}, list.begun, list.workMs, false};
     for (std::size_t i = list.begin; i < list.end; ++i) {
         if (actions[i].times != 0) {
             block.lines.push_back({&actions[i], actions[i].times});
@@ -138,7 +140,7 @@ Block BlockOf(const RehearsedList& list, const std::vector<RehearsedAction>& act
 
 void Merge(Block& block, const Block& other) {
     block.moments.insert(block.moments.end(), other.moments.begin(), other.moments.end());
-    std::ranges::stable_sort(block.moments, {}, &RehearsedMoments::number);
+    block.isMerged = true;
     for (std::size_t i = 0; i < block.lines.size(); ++i) {
         block.lines[i].times += other.lines[i].times;
     }
@@ -165,6 +167,11 @@ std::vector<Block> BlocksOf(const Rehearsal& rehearsal) {
             places.emplace(std::move(key), blocks.size());
         }
         blocks.push_back(std::move(block));
+    }
+    for (Block& block : blocks) {
+        if (block.isMerged) {
+            std::ranges::stable_sort(block.moments, {}, &RehearsedMoments::number);
+        }
     }
     return blocks;
 }
@@ -197,7 +204,7 @@ class Page {
     void PrintDialogs();
     void PrintDevices();
     void PrintAddresses();
-    void PrintTime(const Answers& answers);
+    void PrintTime();
     void PrintNeverRun();
 
   private:
@@ -245,38 +252,38 @@ void Page::PrintEnds() {
 }
 
 void Page::PrintLists() {
-    for (const Block& block : BlocksOf(x_rehearsal)) {
-        const String time = DurationText(block.workMs);
-        PrintTitle(MomentsText(block, x_setUp.matrix) + L": " +
-                   Counted(block.begun, L"action", L"actions") +
-                   (time == DurationText(0.0) ? String() : L", " + time));
-        for (const Line& line : block.lines) {
-            x_report.PrintText(TimesLine(line.times, TextOf(*line.action)));
-        }
+    const std::vector<Block> blocks = BlocksOf(x_rehearsal);
+    for (std::size_t i = 0; i < std::min(blocks.size(), MostTold); ++i) {
+        const String time = DurationText(blocks[i].workMs);
+        PrintSome(MomentsText(blocks[i], x_setUp.matrix) + L": " +
+                      Counted(blocks[i].begun, L"action", L"actions") +
+                      (time == DurationText(0.0) ? String() : L", " + time),
+                  blocks[i].lines, MostTold, L"action", L"actions",
+                  [](const Line& line) { return TimesLine(line.times, TextOf(*line.action)); });
     }
-    if (x_rehearsal.lists.empty()) {
+    if (blocks.size() > MostTold) {
+        PrintTitle(L"and " + Counted(blocks.size() - MostTold, L"list", L"lists") + L" more");
+    }
+    if (blocks.empty()) {
         PrintTitle(L"no actions");
     }
 }
 
+String DialogLine(const RehearsedDialog& shown) {
+    const bool isEachTime = shown.fromFile == shown.times;
+    const String often = isEachTime ? String() : L" " + Counted(shown.fromFile, L"time", L"times");
+    const String answer = shown.fromFile == 0
+                              ? String()
+                              : L": " + String(WordOf(shown.dialog.kind, shown.reply)) +
+                                    L" by the answers file" + often;
+    return TimesLine(shown.times,
+                     String(WordOf(shown.dialog.kind)) + L" " + QuotedLine(shown.dialog.message) +
+                         (shown.differs ? L" and others" : L"") + L", " + shown.moment + answer);
+}
+
 void Page::PrintDialogs() {
-    if (x_rehearsal.dialogs.empty()) {
-        return;
-    }
-    PrintTitle(L"Shown to the operator:");
-    for (const RehearsedDialog& shown : x_rehearsal.dialogs) {
-        const String answer = shown.fromFile == 0
-                                  ? String()
-                                  : L": " + String(WordOf(shown.dialog.kind, shown.reply)) +
-                                        L" by the answers file" +
-                                        (shown.fromFile < shown.times
-                                             ? L" " + Counted(shown.fromFile, L"time", L"times")
-                                             : String());
-        x_report.PrintText(TimesLine(shown.times, String(WordOf(shown.dialog.kind)) + L" " +
-                                                      QuotedLine(shown.dialog.message) +
-                                                      (shown.differs ? L" and others" : L"") +
-                                                      L", " + shown.moment + answer));
-    }
+    PrintSome(L"Shown to the operator:", x_rehearsal.dialogs, MostTold, L"dialog", L"dialogs",
+              DialogLine);
 }
 
 String DeedsText(const RehearsedDevice& device) {
@@ -289,36 +296,31 @@ String DeedsText(const RehearsedDevice& device) {
 }
 
 void Page::PrintDevices() {
-    if (x_rehearsal.devices.empty()) {
-        return;
-    }
-    PrintTitle(L"Devices:");
-    for (const RehearsedDevice& device : x_rehearsal.devices) {
-        x_report.PrintText(L"  " + device.name + L": " + DeedsText(device));
-    }
+    PrintSome(L"Devices:", x_rehearsal.devices, MostTold, L"device", L"devices",
+              [](const RehearsedDevice& device) {
+                  return L"  " + device.name + L": " + DeedsText(device);
+              });
 }
 
 String WhereText(const RehearsedAddress& address) {
     return address.transport + L" " + OneLine(address.address);
 }
 
+String AddressLine(const RehearsedAddress& address, std::size_t width) {
+    const String what = address.isStarted ? Counted(address.times, L"start", L"starts")
+                                          : Counted(address.times, L"command", L"commands") +
+                                                L", " + Counted(address.bytes, L"byte", L"bytes");
+    return L"  " + Padded(WhereText(address), width) + L"  " + what;
+}
+
 void Page::PrintAddresses() {
-    if (x_rehearsal.addresses.empty()) {
-        return;
-    }
-    PrintTitle(L"Commands, programs and macros:");
     std::size_t width = 0;
     for (const RehearsedAddress& address : x_rehearsal.addresses) {
         width = std::max(width, WhereText(address).size());
     }
-    for (const RehearsedAddress& address : x_rehearsal.addresses) {
-        const String where = WhereText(address);
-        const String what = address.isStarted
-                                ? Counted(address.times, L"start", L"starts")
-                                : Counted(address.times, L"command", L"commands") + L", " +
-                                      Counted(address.bytes, L"byte", L"bytes");
-        x_report.PrintText(L"  " + Padded(where, width) + L"  " + what);
-    }
+    PrintSome(L"Commands, programs and macros:", x_rehearsal.addresses, MostTold, L"place",
+              L"places",
+              [&](const RehearsedAddress& address) { return AddressLine(address, width); });
 }
 
 /// What takes time that nobody knows before.
@@ -344,16 +346,14 @@ String UnknownText(const Rehearsal& rehearsal) {
     return text;
 }
 
-void Page::PrintTime(const Answers& answers) {
+void Page::PrintTime() {
     const Summary& counts = x_rehearsal.counts;
-    PrintTitle({});
     x_report.PrintPair(L"Time", DurationText(counts.waitedMs + counts.dwellMs) + L": " +
                                     DurationText(counts.waitedMs) + L" waits of actions, " +
                                     DurationText(counts.dwellMs) + L" dwelling on frequencies");
     if (const String words = UnknownText(x_rehearsal); !words.empty()) {
         x_report.PrintPair(L"Unknown", L"how long it takes: " + words);
     }
-    x_report.PrintUnused(answers);
 }
 
 std::vector<const RehearsedAction*> Page::NotBegun(bool isWaiting) const {
@@ -385,14 +385,15 @@ void PrintPlan(ConsoleReport& report, const TestSetUp& setUp, const std::vector<
                const Rehearsal& rehearsal, const Answers& answers) {
     report.PrintTest(setUp);
     Page page(report, setUp, rehearsal);
+    page.PrintTime();
     page.PrintNotes(notes);
+    report.PrintUnused(answers);
     page.PrintEnds();
     page.PrintLists();
     page.PrintWaiting();
     page.PrintDialogs();
     page.PrintDevices();
     page.PrintAddresses();
-    page.PrintTime(answers);
     page.PrintNeverRun();
 }
 
