@@ -11,6 +11,7 @@
 
 #include "workbench/files/text_encoding.h"
 #include "workbench/session/device_deeds.h"
+#include "workbench/session/like_actions.h"
 #include "workbench/session/planned_bench.h"
 #include "workbench/words/wording.h"
 
@@ -40,19 +41,6 @@ String ProgramOf(std::string_view commandLine) {
     const bool isQuoted = line.starts_with(L'"');
     const std::size_t begin = isQuoted ? 1 : 0;
     return line.substr(begin, line.find(isQuoted ? L'"' : L' ', begin) - begin);
-}
-
-/// The first action that is the same as that of `index`. `firsts` are those that it can be, of
-/// which none is like another.
-std::size_t FirstLike(const std::vector<PlacedAction>& all, std::vector<std::size_t>& firsts,
-                      std::size_t index) {
-    const auto known = std::ranges::find_if(
-        firsts, [&](std::size_t first) { return *all[first].action == *all[index].action; });
-    if (known != firsts.end()) {
-        return *known;
-    }
-    firsts.push_back(index);
-    return index;
 }
 
 constexpr std::int32_t LeaveListNumber = 2;
@@ -147,7 +135,7 @@ class Collector final : public SessionListener {
 void Collector::Begin(ThreadContext& context, const ActionPlaces& places, const TestSetUp& setUp) {
     x_context = &context;
     std::vector<PlacedAction> all = places.All();
-    std::unordered_map<String, std::vector<std::size_t>> byText;
+    LikeActions likeActions;
     for (PlacedAction& placed : all) {
         const std::size_t index = x_result.actions.size();
         const bool isNewList = index == 0 ||
@@ -163,7 +151,7 @@ void Collector::Begin(ThreadContext& context, const ActionPlaces& places, const 
         x_listOf.push_back(x_lists.size() - 1);
         x_actions.emplace(placed.action, index);
         String text = TreeText(context, setUp.moduleKind, *placed.action).value_or(String());
-        const std::size_t like = FirstLike(all, byText[text], index);
+        const std::size_t like = likeActions.FirstLike(*placed.action, text, index);
         String watcher = WatcherOf(setUp, placed.source);
         x_result.actions.push_back(
             {std::move(placed.source), std::move(text), like, 0, std::move(watcher)});
