@@ -35,16 +35,52 @@ const LimitCase Limits[] = {
     {SingleTest + Start({"SWITCHAMP:,3"}), "radiation-stays", 0},
 };
 
-TEST(CheckRules, KeepToTheirLimits) {
-    for (const LimitCase& row : Limits) {
-        const std::vector<Finding> findings = FindingsIn(row.text, row.beside);
-        const auto lines = Shortly(findings);
+/// A matrix of one row that runs template 2; what follows begins on line 10.
+const std::string OneRow =
+    "[Workbench]\nModule=8\nSubRanges=2\n[Workbench.DUT]\nFreq0=0\nBandwidthName0=B\n"
+    "PowerName0=P\n[ActionsOnVKSTemplate_2]\nCount=1\n";
+/// A wireless test with one step; what follows begins on line 7.
+const std::string OneStep =
+    "[Workbench]\nModule=7\nSubRanges=1\n[ActionsOnTest1_VKS]\nVKS_UKey=B\nSUBSTEPS=1\n";
+const std::string Steps = "[Workbench]\nModule=3\nSubRanges=1\n";
+
+const LimitCase SectionLimits[] = {
+    {OneRow + "[ActionsOnStep_2_1]\n", "section-unread", 0},
+    {OneRow + "[ActionsOnStep_2_2]\n", "section-unread", 10},
+    {OneRow + "[ActionsOnStep_0_2]\n", "section-unread", 0},
+    {OneRow + "[ActionsOnVKSDUTGlob]\n", "section-unread", 0},
+    {OneRow + "[ActionsOnVKSTemplate_0]\nCuont=1\n", "key-misspelt", 11},
+    {OneStep + "[ActionsOnStepB_1]\n[ActionsOnStepB_1_VKS]\nVKS_Key=S\n", "section-unread", 0},
+    {OneStep + "[ActionsOnStepB_1_VKS]\nVKS_Keys=S\n", "key-misspelt", 8},
+    {OneStep + "[ActionsOnStepB_2]\n", "section-unread", 7},
+    {OneStep + "[ActionsOnTest2]\n", "section-beyond", 7},
+    // inside the number of tests, but without its key
+    {"[Workbench]\nModule=7\nSubRanges=1\n[ActionsOnTest1]\n", "section-unread", 4},
+    {"[Workbench]\nModule=7\nSubRanges=1\n[ActionsOnTest1]\n", "section-beyond", 0},
+    // the general lists of a susceptibility test stand in one file with its steps
+    {Steps + "[ActionsOnEMSAutoTest]\n", "section-unread", 0},
+    {Steps + "[Actions101-Device]\nInput=1\n", "device-section-unused", 0},
+    {"[Workbench]\nModule=1\nSubRanges=1\n[Workbench.Channel1]\nDevice=Amp A\nNoGoAbove=1\n",
+     "channel-without-device", 5, OneAmplifier},
+};
+
+void ExpectLimits(std::span<const LimitCase> rows) {
+    for (const LimitCase& row : rows) {
+        const auto lines = Shortly(FindingsIn(row.text, row.beside));
         if (row.line != 0) {
             EXPECT_THAT(lines, Contains(std::to_string(row.line) + " " + row.rule)) << row.text;
         } else {
             EXPECT_THAT(lines, Not(Contains(EndsWith(" " + row.rule)))) << row.text;
         }
     }
+}
+
+TEST(CheckRules, KeepToTheirLimits) {
+    ExpectLimits(Limits);
+}
+
+TEST(CheckRules, KnowTheSectionsOfEveryModule) {
+    ExpectLimits(SectionLimits);
 }
 
 /// Following the advice makes the finding go.

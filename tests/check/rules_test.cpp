@@ -198,7 +198,7 @@ const RuleCase BesideCases[] = {
      SingleTest,
      {.bench = WithBench.bench, .faults = "device Amp Q fails at every switching\n"},
      Beside{.bench = WithBench.bench, .faults = "device Amp A fails at every switching\n"}},
-    {"channel-without-device", 4, Monitoring + "[Workbench.Channel1]\nDevice=Amp Q\nNoGoAbove=1\n",
+    {"channel-without-device", 5, Monitoring + "[Workbench.Channel1]\nDevice=Amp Q\nNoGoAbove=1\n",
      Monitoring + "[Workbench.Channel1]\nDevice=DAQ\nNoGoAbove=1\n", WithBench},
     {"sound-not-here", 6, SingleTest + Start({"NOTIFY:a,/nowhere/a.wav,0"}),
      SingleTest + Start({"NOTIFY:a," + Examples + "/bench.ini,0"}), Here},

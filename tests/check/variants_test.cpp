@@ -139,7 +139,7 @@ TEST_F(VariantsTest, WhateverChangesOrEndsTheTestIsToldBeforeIt) {
         } else if (variant.run != "same") {
             EXPECT_THAT(variant.findings, Not(IsEmpty()));
         }
-        told += variant.run != "same" ? 1 : 0;
+        told += variant.run != "same" ? 1U : 0U;
     }
     EXPECT_GE(told, 60U);
 }

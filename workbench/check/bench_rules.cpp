@@ -1,8 +1,11 @@
 // What the bench doesn't have.
 #include <algorithm>
 
+#include <ace/core/text.h>
+
 #include "sim/sim_devices.h"
 #include "workbench/check/rule_tests.h"
+#include "workbench/session/channel_watch.h"
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {
@@ -74,6 +77,19 @@ String NamesOf(const sim::SimBench& bench, const std::vector<SimClass>& classes)
     return names.empty() ? String(L"It has none of that class.") : L"It has: " + names + L".";
 }
 
+/// The line of a key in the file, from 1; that of the section when it has no such key.
+std::size_t LineOfKey(const CheckedFile& file, const String& section, StringView key) {
+    const std::size_t header = file.HeaderLine(section);
+    std::size_t line = header;
+    for (const String& text : file.Input().document->GetSection(section)) {
+        ++line;
+        if (EqualNoCase(Trimmed(StringView(text).substr(0, text.find(L'='))), key)) {
+            return line;
+        }
+    }
+    return header;
+}
+
 }  // namespace
 
 void RuleTests::NoSuchDevice(const CheckedAction& action, const Found& found) {
@@ -131,10 +147,10 @@ void RuleTests::ChannelWithoutDevice(const CheckedFile& file, const Found& found
     std::int32_t number = 0;
     for (const ChannelEvents& channel : file.Input().setUp.channels) {
         ++number;
-        if (bench != nullptr && channel.watch && !bench->Device(channel.watch->device)) {
+        if (bench != nullptr && channel.watch && !IsMonitor(*bench, channel.watch->device)) {
             const String section = L"Workbench.Channel" + std::to_wstring(number);
-            found.At({file.Input().path, file.Input().document->HeaderLine(section).value_or(0),
-                      section, L"Device", channel.watch->device},
+            found.At({file.Input().path, LineOfKey(file, section, L"Device"), section, L"Device",
+                      channel.watch->device},
                      {QuotedLine(channel.watch->device), NamesOf(*bench, {SimClass::Monitoring})});
         }
     }

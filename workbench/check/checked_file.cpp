@@ -143,6 +143,12 @@ CheckedFile::CheckedFile(const CheckInput& input)
         MarkRead(section.name);
         MarkRead(WirelessNames::KeysOf(section.name));
     }
+    if (input.setUp.moduleKind == aceVKSDUT) {
+        MarkRead(WirelessNames::MatrixSection(input.setUp.subRanges));
+    } else if (input.setUp.moduleKind == aceEMSAutoTemplate) {
+        // the general lists of the test stand in the file of its steps
+        MarkRead(ModuleTable[aceEMSAutoTemplateGeneral].fixed[0].section);
+    }
     for (const Stop& stop : x_stops) {
         const auto section = std::ranges::find(x_sections, stop.section, &CheckedSection::name);
         if (section != x_sections.end()) {

@@ -1,12 +1,16 @@
 // Sections and keys that nobody reads.
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include <ace/core/text.h>
 #include <ace/settings/settings_sections.h>
+#include <ace/settings/wireless_names.h>
+#include <ace/settings/wireless_sections.h>
 
 #include "sim/sim_settings.h"
 #include "workbench/check/rule_tests.h"
+#include "workbench/check/section_names.h"
 #include "workbench/files/place_text.h"
 #include "workbench/session/plan.h"
 #include "workbench/words/slips.h"
@@ -17,76 +21,6 @@ namespace ace::workbench {
 namespace {
 
 using Names = std::set<String, sim::NameLess>;
-
-constexpr StringView EngineWord = L"ActionsOn";
-constexpr StringView KeysEnd = L"_VKS";
-
-/// A section of the workbench: its keys, "#" for a number. One without keys takes any.
-struct OwnSection {
-    StringView name;
-    std::span<const StringView> keys;
-};
-constexpr StringView MainKeys[] = {L"Module", L"SubRanges", L"Title", L"TestKind"};
-constexpr StringView SweepKeys[] = {L"StartHz", L"StopHz", L"StepPercent", L"DwellMs"};
-constexpr StringView ChannelKeys[] = {L"Name",   L"Trigger",       L"NoGo",         L"Go",
-                                      L"Device", L"DeviceChannel", L"TriggerAbove", L"NoGoAbove"};
-constexpr StringView MatrixKeys[] = {L"Freq#",
-                                     L"FreqName#",
-                                     L"BandwidthName#",
-                                     L"PowerName#",
-                                     L"InfluencedByFreq",
-                                     L"InfluencedByBandwidth",
-                                     L"InfluencedByPower"};
-constexpr OwnSection OwnSections[] = {
-    {L"Workbench", MainKeys},
-    {L"Workbench.Subrange#", SweepKeys},
-    {L"Workbench.Channel#", ChannelKeys},
-    {L"Workbench.DUT", MatrixKeys},
-    {L"Workbench.Placeholders", {}},
-};
-constexpr StringView DeviceSection = L"Actions#-Device";
-
-/// The name with "#" for each run of digits, so that numbered names are one name.
-String Numberless(StringView name) {
-    String text;
-    for (const wchar_t c : name) {
-        const bool isDigit = c >= L'0' && c <= L'9';
-        if (!isDigit) {
-            text += c;
-        } else if (text.empty() || text.back() != L'#') {
-            text += L'#';
-        }
-    }
-    return text;
-}
-
-/// The headers of the sections that can be read, in the order of the file.
-std::vector<const SectionHeader*> FirstHeaders(const CheckedFile& file) {
-    std::vector<const SectionHeader*> headers;
-    for (const SectionHeader& header : file.Headers()) {
-        if (header.isFirst) {
-            headers.push_back(&header);
-        }
-    }
-    return headers;
-}
-
-bool BeginsWith(StringView text, StringView word) {
-    return EqualNoCase(text.substr(0, word.size()), word);
-}
-bool EndsWith(StringView text, StringView word) {
-    return text.size() >= word.size() && EqualNoCase(text.substr(text.size() - word.size()), word);
-}
-
-const OwnSection* OwnSectionOf(StringView name) {
-    const String numberless = Numberless(name);
-    for (const OwnSection& section : OwnSections) {
-        if (EqualNoCase(section.name, numberless)) {
-            return &section;
-        }
-    }
-    return nullptr;
-}
 
 bool IsDigits(StringView text) {
     return !text.empty() && text.find_first_not_of(L"0123456789") == StringView::npos;
@@ -137,15 +71,38 @@ bool IsOwnBeyond(const CheckedFile& file, StringView name, const std::set<std::i
 
 /// The matrix has several templates in one file, of which a test runs one.
 bool IsOfAnotherTemplate(const CheckedFile& file, StringView name) {
-    return file.Input().setUp.moduleKind == aceVKSDUT &&
-           (BeginsWith(name, L"ActionsOnStep_") || BeginsWith(name, L"ActionsOnVKSTemplate_") ||
-            BeginsWith(name, L"ActionsOnVKSDUTGlob"));
+    const TestSetUp& setUp = file.Input().setUp;
+    if (setUp.moduleKind != aceVKSDUT) {
+        return false;
+    }
+    if (BeginsWith(name, FindModule(aceVKSDUT)->fixed[0].section)) {
+        return setUp.subRanges != GlobalTemplate;
+    }
+    for (const StringView word :
+         {StringView(L"ActionsOnStep_"), StringView(L"ActionsOnVKSTemplate_")}) {
+        if (BeginsWith(name, word)) {
+            const StringView rest = name.substr(word.size());
+            return WholeInteger(rest.substr(0, rest.find(L'_'))) != setUp.subRanges;
+        }
+    }
+    return false;
+}
+
+/// The first section of each name that nobody reads, as far as the engine and the workbench know.
+template <class Look>
+void ForEachUnread(const CheckedFile& file, Look&& look) {
+    for (const SectionHeader& section : file.Headers()) {
+        if (section.isFirst && !section.isRead && OwnSectionOf(section.name) == nullptr &&
+            !IsOfAnotherTemplate(file, section.name)) {
+            look(section);
+        }
+    }
 }
 
 /// The names that a section near to them was meant to have, with "#" for numbers.
 std::vector<StringView> KnownNames(const std::vector<String>& engine) {
     std::vector<StringView> names(engine.begin(), engine.end());
-    for (const OwnSection& section : OwnSections) {
+    for (const OwnSection& section : OwnSections()) {
         names.push_back(section.name);
     }
     names.push_back(DeviceSection);
@@ -153,13 +110,8 @@ std::vector<StringView> KnownNames(const std::vector<String>& engine) {
 }
 std::vector<String> EngineNames(const CheckedFile& file) {
     Names names;
-    String last;  // numbered sections follow one another
     for (const CheckedSection& section : file.Sections()) {
-        String name = Numberless(section.name);
-        if (name != last) {
-            names.insert(name);
-            last = std::move(name);
-        }
+        names.insert(Numberless(section.name));
     }
     return {names.begin(), names.end()};
 }
@@ -217,12 +169,15 @@ void RuleTests::NoSections(const CheckedFile& file, const Found& found) {
 
 void RuleTests::SectionBeyond(const CheckedFile& file, const Found& found) {
     const std::set<std::int32_t> swept = SweptNumbers(file);
-    for (const SectionHeader* header : FirstHeaders(file)) {
-        const String& name = header->name;
-        const bool isEngines = NumberOf(file, name) && !header->isRead;
-        if (isEngines || IsOwnBeyond(file, name, swept)) {
-            found.At({file.Input().path, header->line, name},
-                     {std::to_wstring(file.Input().setUp.subRanges)});
+    const std::int32_t count = file.Input().setUp.subRanges;
+    for (const SectionHeader& section : file.Headers()) {
+        if (!section.isFirst || section.isRead) {
+            continue;
+        }
+        const std::optional<std::int32_t> number = NumberOf(file, section.name);
+        if ((number && (*number > count || *number < 1)) ||
+            IsOwnBeyond(file, section.name, swept)) {
+            found.At({file.Input().path, section.line, section.name}, {std::to_wstring(count)});
         }
     }
 }
@@ -230,39 +185,39 @@ void RuleTests::SectionBeyond(const CheckedFile& file, const Found& found) {
 void RuleTests::MisspeltSection(const CheckedFile& file, const Found& found) {
     const std::vector<String> engine = EngineNames(file);
     const std::vector<StringView> known = KnownNames(engine);
-    for (const SectionHeader* header : FirstHeaders(file)) {
-        const String& name = header->name;
-        if (header->isRead || OwnSectionOf(name) != nullptr || NumberOf(file, name) ||
-            IsOfAnotherTemplate(file, name)) {
-            continue;
-        }
-        const String numberless = Numberless(name);
+    ForEachUnread(file, [&](const SectionHeader& section) {
+        const String numberless = Numberless(section.name);
         const StringView near = NearestWord(numberless, known);
-        if (!near.empty() && !EqualNoCase(near, numberless)) {
-            found.At({file.Input().path, header->line, name}, {String(near)});
+        if (!NumberOf(file, section.name) && !near.empty() && !EqualNoCase(near, numberless)) {
+            found.At({file.Input().path, section.line, section.name}, {String(near)});
         }
-    }
+    });
 }
 
+/// A section with a number beyond is told as that, and one with a slip in its name as misspelt.
 void RuleTests::SectionUnread(const CheckedFile& file, const Found& found) {
+    const std::int32_t count = file.Input().setUp.subRanges;
     const std::vector<String> engine = EngineNames(file);
     const std::vector<StringView> known = KnownNames(engine);
-    for (const SectionHeader* header : FirstHeaders(file)) {
-        const String& name = header->name;
-        const bool isEngines = BeginsWith(name, EngineWord) && !EndsWith(name, KeysEnd);
-        const bool isOurs = BeginsWith(name, L"Workbench") && OwnSectionOf(name) == nullptr;
-        if ((isEngines || isOurs) && !header->isRead && !NumberOf(file, name) &&
-            !IsOfAnotherTemplate(file, name) && NearestWord(Numberless(name), known).empty()) {
-            found.At({file.Input().path, header->line, name},
+    ForEachUnread(file, [&](const SectionHeader& section) {
+        const bool isEngines =
+            BeginsWith(section.name, EngineWord) && !EndsWith(section.name, KeysEnd);
+        const std::optional<std::int32_t> number = NumberOf(file, section.name);
+        const bool isBeyond = number && (*number > count || *number < 1);
+        const String numberless = Numberless(section.name);
+        const StringView near = NearestWord(numberless, known);
+        const bool isSlip = !near.empty() && !EqualNoCase(near, numberless) && !number;
+        if ((isEngines || BeginsWith(section.name, L"Workbench")) && !isBeyond && !isSlip) {
+            found.At({file.Input().path, section.line, section.name},
                      {String(ModuleWordsOf(file.Input().setUp.moduleKind).words)});
         }
-    }
+    });
 }
 
 void RuleTests::SectionTwice(const CheckedFile& file, const Found& found) {
-    for (const SectionHeader& header : file.Headers()) {
-        if (!header.isFirst) {
-            found.At({file.Input().path, header.line, header.name});
+    for (const SectionHeader& section : file.Headers()) {
+        if (!section.isFirst) {
+            found.At({file.Input().path, section.line, section.name});
         }
     }
 }
@@ -272,18 +227,17 @@ void RuleTests::SectionTwice(const CheckedFile& file, const Found& found) {
 void RuleTests::HeaderBroken(const CheckedFile& file, const Found& found) {
     const std::vector<String> engine = EngineNames(file);
     const std::vector<StringView> known = KnownNames(engine);
-    for (const SectionHeader* header : FirstHeaders(file)) {
-        const String& section = header->name;
-        if (header->isRead) {
-            continue;  // there it stops the load
+    for (const SectionHeader& section : file.Headers()) {
+        if (section.isRead || !section.isFirst) {
+            continue;  // in what is read it stops the load
         }
-        std::size_t line = header->line;
-        for (const String& text : file.Input().document->GetSection(section)) {
+        std::size_t line = section.line;
+        for (const String& text : file.Input().document->GetSection(section.name)) {
             ++line;
             const std::optional<String> name = NameInHalfBrackets(text);
-            if (name && (OwnSectionOf(section) != nullptr ||
+            if (name && (OwnSectionOf(section.name) != nullptr ||
                          !NearestWord(Numberless(*name), known).empty())) {
-                found.At({file.Input().path, line, section, {}, text}, {*name});
+                found.At({file.Input().path, line, section.name, {}, text}, {*name});
             }
         }
     }
@@ -298,7 +252,7 @@ void RuleTests::NumberWithoutSection(const CheckedFile& file, const Found& found
         return;
     }
     const String key = L"SubRanges";
-    const std::vector<KeyLine> keys = KeysOf(file, String(OwnSections[0].name));
+    const std::vector<KeyLine> keys = KeysOf(file, String(OwnSections()[0].name));
     const auto line = std::ranges::find_if(
         keys, [&](const KeyLine& candidate) { return EqualNoCase(candidate.key, key); });
     for (const CheckedSection& section : file.Sections()) {
@@ -317,30 +271,30 @@ void RuleTests::NumberWithoutSection(const CheckedFile& file, const Found& found
 }
 
 void RuleTests::MisspeltKey(const CheckedFile& file, const Found& found) {
-    for (const SectionHeader* header : FirstHeaders(file)) {
-        const String& name = header->name;
-        const OwnSection* const section = OwnSectionOf(name);
+    for (const SectionHeader& section : file.Headers()) {
+        const std::span<const StringView> words =
+            section.isFirst ? KnownKeys(section.name) : std::span<const StringView>();
         for (const KeyLine& key :
-             section != nullptr ? KeysOf(file, name) : std::vector<KeyLine>()) {
+             words.empty() ? std::vector<KeyLine>() : KeysOf(file, section.name)) {
             const String numberless = Numberless(key.key);
-            const StringView near = NearestWord(numberless, section->keys);
+            const StringView near = NearestWord(numberless, words);
             if (!near.empty() && !EqualNoCase(near, numberless)) {
-                found.At({file.Input().path, key.line, name, key.key, key.value}, {String(near)});
+                found.At({file.Input().path, key.line, section.name, key.key, key.value},
+                         {String(near)});
             }
         }
     }
 }
 
 void RuleTests::KeyTwice(const CheckedFile& file, const Found& found) {
-    for (const SectionHeader* header : FirstHeaders(file)) {
-        const String& name = header->name;
+    for (const SectionHeader& section : file.Headers()) {
         Names seen;
-        if (OwnSectionOf(name) == nullptr) {
+        if (OwnSectionOf(section.name) == nullptr || !section.isFirst) {
             continue;
         }
-        for (const KeyLine& key : KeysOf(file, name)) {
+        for (const KeyLine& key : KeysOf(file, section.name)) {
             if (!seen.insert(key.key).second) {
-                found.At({file.Input().path, key.line, name, key.key, key.value});
+                found.At({file.Input().path, key.line, section.name, key.key, key.value});
             }
         }
     }
@@ -365,12 +319,14 @@ void RuleTests::UnusedDeviceSection(const CheckedFile& file, const Found& found)
             used.insert(DeviceSectionOf(*record));
         }
     });
-    for (const SectionHeader* header : FirstHeaders(file)) {
-        const String& name = header->name;
-        // of a matrix, the templates that are not run have actions too
-        if (EqualNoCase(Numberless(name), DeviceSection) && !used.contains(name) &&
-            file.Input().setUp.moduleKind != aceVKSDUT) {
-            found.At({file.Input().path, header->line, name});
+    // of a matrix the templates that are not run, and of a susceptibility test the general lists,
+    // may use it
+    const aceModul moduleKind = file.Input().setUp.moduleKind;
+    const bool isWhole = moduleKind != aceVKSDUT && moduleKind != aceEMSAutoTemplate;
+    for (const SectionHeader& section : file.Headers()) {
+        if (isWhole && section.isFirst && EqualNoCase(Numberless(section.name), DeviceSection) &&
+            !used.contains(section.name)) {
+            found.At({file.Input().path, section.line, section.name});
         }
     }
 }

@@ -19,6 +19,7 @@ namespace {
 /// What stands beside the file; it outlives the check.
 struct Surroundings {
     std::shared_ptr<BenchHost> bench;
+    std::optional<SettingsDocument> benchDocument;
     std::optional<Answers> answers;
     std::optional<FaultRules> faults;
 };
@@ -28,8 +29,8 @@ Surroundings ReadSurroundings(const CheckArguments& arguments) {
     if (arguments.devices) {
         read.bench = std::make_shared<BenchHost>(Clock::Virtual, TransportChoice(),
                                                  std::make_shared<FaultRules>());
-        ReadDevices(ExistingDocument(*arguments.devices), FromUtf8(*arguments.devices),
-                    *read.bench);
+        read.benchDocument = ExistingDocument(*arguments.devices);
+        ReadDevices(*read.benchDocument, FromUtf8(*arguments.devices), *read.bench);
     }
     if (arguments.answers) {
         read.answers.emplace(ExistingText(*arguments.answers), FromUtf8(*arguments.answers));
@@ -47,6 +48,8 @@ CheckInput InputOf(const CheckArguments& arguments, const SettingsDocument& docu
     input.path = FromUtf8(arguments.file);
     input.setUp = ReadSetUp(document, input.path, ReadOptions(arguments));
     input.bench = surroundings.bench ? &surroundings.bench->bench : nullptr;
+    input.benchDocument = surroundings.benchDocument ? &*surroundings.benchDocument : nullptr;
+    input.benchPath = FromUtf8(arguments.devices.value_or(std::string()));
     input.answers = surroundings.answers ? &*surroundings.answers : nullptr;
     input.answersPath = FromUtf8(arguments.answers.value_or(std::string()));
     input.faults = surroundings.faults ? &*surroundings.faults : nullptr;

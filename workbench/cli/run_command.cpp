@@ -122,7 +122,13 @@ std::vector<Finding> FindingsBefore(const RunArguments& arguments, const Setting
     input.document = &document;
     input.path = FromUtf8(arguments.file);
     input.setUp = setUp;
-    input.bench = arguments.devices ? &host.bench : nullptr;
+    std::optional<SettingsDocument> bench;
+    if (arguments.devices) {
+        bench = ExistingDocument(*arguments.devices);
+        input.bench = &host.bench;
+        input.benchDocument = &*bench;
+        input.benchPath = FromUtf8(*arguments.devices);
+    }
     input.answers = &answers;
     input.answersPath = FromUtf8(arguments.answers.value_or(std::string()));
     input.faults = &host.Faults();
@@ -163,6 +169,16 @@ void PrintEnd(ConsoleReport& report, const RunArguments& arguments, Outcome outc
     PrintNotes(report, arguments, host);
 }
 
+/// The report follows the calls as they come, so none is kept.
+std::shared_ptr<BenchHost> MakeHost(const RunArguments& arguments, Clock clock,
+                                    TransportChoice transports, const TestSetUp& setUp) {
+    auto host = std::make_shared<BenchHost>(clock, std::move(transports), ReadFaults(arguments));
+    ReadBench(arguments, *host);
+    RequireWatchingDevices(setUp, host->bench);
+    host->journal.KeepNone();
+    return host;
+}
+
 }  // namespace
 
 Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& surroundings) {
@@ -177,13 +193,9 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     TransportChoice transports = ReadTransports(arguments, files);
 
     std::ofstream traffic;  // outlives the host, which writes it
-    const auto host =
-        std::make_shared<BenchHost>(clock, std::move(transports), ReadFaults(arguments));
-    ReadBench(arguments, *host);
-    RequireWatchingDevices(setUp, host->bench);
+    const auto host = MakeHost(arguments, clock, std::move(transports), setUp);
     const auto trace = arguments.trace ? std::make_shared<TraceFile>(*arguments.trace) : nullptr;
     host->traceFile = trace;
-    host->journal.KeepNone();  // the report follows the calls as they come
     ConsoleReport report(surroundings.out, surroundings.isTerminal);
     host->isInterrupted = [&] {
         return report.IsLost() || (surroundings.isInterrupted && surroundings.isInterrupted());
