@@ -32,18 +32,21 @@ class RehearsalTest : public FolderTest {
         }
         return lines;
     }
+    /// "NewFrequency 1: 3, NewFrequency 2: 2"
+    static std::string MomentsText(const std::vector<RehearsedMoments>& moments) {
+        std::string text;
+        for (const RehearsedMoments& part : moments) {
+            text += (text.empty() ? "" : ", ") + ToUtf8(MomentCallRowOf(part.call).operation) +
+                    " " + std::to_string(part.number) + ": " + std::to_string(part.times);
+        }
+        return text;
+    }
     /// "NewFrequency 1: 3, NewFrequency 2: 2; 5 actions, 0.5 s"
     std::vector<std::string> Lists() const {
         std::vector<std::string> lines;
         for (const RehearsedList& list : found.lists) {
-            std::string moments;
-            for (const RehearsedMoments& part : list.moments) {
-                moments += (moments.empty() ? "" : ", ") +
-                           ToUtf8(MomentCallRowOf(part.call).operation) + " " +
-                           std::to_string(part.number) + ": " + std::to_string(part.times);
-            }
-            lines.push_back(moments + "; " + std::to_string(list.begun) + " actions, " +
-                            ToUtf8(SecondsText(list.workMs)));
+            lines.push_back(MomentsText(list.moments) + "; " + std::to_string(list.begun) +
+                            " actions, " + ToUtf8(SecondsText(list.workMs)));
         }
         return lines;
     }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace ace::workbench {
 namespace {
@@ -52,6 +53,26 @@ TEST(Wording, CountsHaveOneAndMany) {
     EXPECT_EQ(Counted(0, L"step", L"steps"), L"0 steps");
     EXPECT_EQ(Counted(1, L"step", L"steps"), L"1 step");
     EXPECT_EQ(Counted(2, L"step", L"steps"), L"2 steps");
+}
+
+TEST(Wording, NumbersThatFollowEachOtherAreARange) {
+    const auto ranges = [](const std::vector<std::int32_t>& numbers) {
+        return RangesText(numbers, 4);
+    };
+    EXPECT_EQ(ranges({}), L"");
+    EXPECT_EQ(ranges({5}), L"5");
+    EXPECT_EQ(ranges({1, 2}), L"1 to 2");
+    EXPECT_EQ(ranges({1, 2, 3, 7}), L"1 to 3, 7");
+    EXPECT_EQ(ranges({2, 4, 5, 6, 9999, 10000}), L"2, 4 to 6, 9999 to 10000");
+    EXPECT_EQ(ranges({3, 3, 4, 4}), L"3 to 4");
+    EXPECT_EQ(ranges({3, 3, 5}), L"3, 5");
+}
+
+TEST(Wording, OfManyRangesTheMiddleIsLeftOut) {
+    const std::vector<std::int32_t> numbers{1, 3, 4, 6, 8, 10, 11};
+    EXPECT_EQ(RangesText(numbers, 5), L"1, 3 to 4, 6, 8, 10 to 11");
+    EXPECT_EQ(RangesText(numbers, 4), L"1, 3 to 4, 6 ... 10 to 11");
+    EXPECT_EQ(RangesText(numbers, 2), L"1 ... 10 to 11");
 }
 
 TEST(Wording, ATextIsBrokenAtTheLastBlankThatFitsOrInTheMidstOfAWord) {

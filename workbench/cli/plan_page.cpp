@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <map>
 #include <span>
 
 #include <ace/core/text.h>
 
+#include "workbench/session/plan_blocks.h"
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {
@@ -40,22 +40,12 @@ using MomentsOfKind = std::span<const RehearsedMoments>;
 
 /// "5", "1 to 16", "2, 4, 9 ... 30"
 String NumbersText(MomentsOfKind moments) {
-    constexpr std::size_t MostNumbers = 4;
-    const bool isGapless = std::ranges::adjacent_find(moments, [](const auto& a, const auto& b) {
-                               return b.number != a.number + 1;
-                           }) == moments.end();
-    String text = IntegerText(moments.front().number);
-    if (moments.size() == 1) {
-        return text;
+    constexpr std::size_t MostRanges = 4;
+    std::vector<std::int32_t> numbers;
+    for (const RehearsedMoments& part : moments) {
+        numbers.push_back(part.number);
     }
-    if (isGapless) {
-        return text + L" to " + IntegerText(moments.back().number);
-    }
-    const bool isLong = moments.size() > MostNumbers;
-    for (const RehearsedMoments& part : moments.subspan(1, isLong ? 2 : moments.size() - 1)) {
-        text += L", " + IntegerText(part.number);
-    }
-    return isLong ? text + L" ... " + IntegerText(moments.back().number) : text;
+    return RangesText(numbers, MostRanges);
 }
 
 std::size_t TimesOf(MomentsOfKind moments) {
@@ -101,83 +91,8 @@ String KindText(MomentsOfKind moments, const Moment& first, const Matrix& matrix
                : words;
 }
 
-// ---- lists that are told as one ------------------------------------------------------------
-
-/// An action of a list, and how often it runs.
-struct Line {
-    const RehearsedAction* action;
-    std::size_t times;
-};
-
-/// One list, or those of several subranges, steps, tests, channels or rows with the same actions.
-struct Block {
-    Moment first;
-    std::vector<RehearsedMoments> moments{};
-    std::vector<Line> lines{};
-    std::size_t begun = 0;
-    double workMs = 0.0;
-    bool isMerged = false;
-};
-
-/// What lists have in common that are told as one: the kind of their moment, and which actions run
-/// how often.
-using BlockKey = std::pair<MomentCall, std::vector<std::pair<std::size_t, std::size_t>>>;
-
-/// Lists that go by a number have others like them; those with a name have none.
-bool GoesByNumber(const RehearsedList& list) {
-    return list.first.number != 0;
-}
-
-Block BlockOf(const RehearsedList& list, const std::vector<RehearsedAction>& actions) {
-    Block block{list.first, list.moments, {}, list.begun, list.workMs, false};
-    for (std::size_t i = list.begin; i < list.end; ++i) {
-        if (actions[i].times != 0) {
-            block.lines.push_back({&actions[i], actions[i].times});
-        }
-    }
-    return block;
-}
-
-void Merge(Block& block, const Block& other) {
-    block.moments.insert(block.moments.end(), other.moments.begin(), other.moments.end());
-    block.isMerged = true;
-    for (std::size_t i = 0; i < block.lines.size(); ++i) {
-        block.lines[i].times += other.lines[i].times;
-    }
-    block.begun += other.begun;
-    block.workMs += other.workMs;
-}
-
-/// In the order in which the test reaches the first list of each.
-std::vector<Block> BlocksOf(const Rehearsal& rehearsal) {
-    std::vector<Block> blocks;
-    std::map<BlockKey, std::size_t> places;
-    for (const RehearsedList& list : rehearsal.lists) {
-        Block block = BlockOf(list, rehearsal.actions);
-        BlockKey key{list.first.call, {}};
-        for (const Line& line : block.lines) {
-            key.second.emplace_back(line.action->like, line.times);
-        }
-        const auto known = GoesByNumber(list) ? places.find(key) : places.end();
-        if (known != places.end()) {
-            Merge(blocks[known->second], block);
-            continue;
-        }
-        if (GoesByNumber(list)) {
-            places.emplace(std::move(key), blocks.size());
-        }
-        blocks.push_back(std::move(block));
-    }
-    for (Block& block : blocks) {
-        if (block.isMerged) {
-            std::ranges::stable_sort(block.moments, {}, &RehearsedMoments::number);
-        }
-    }
-    return blocks;
-}
-
 /// A list can run at moments of two kinds: tracking starts at the start of a test, too.
-String MomentsText(const Block& block, const Matrix& matrix) {
+String MomentsText(const PlanBlock& block, const Matrix& matrix) {
     String text;
     for (auto begin = block.moments.begin(); begin != block.moments.end();) {
         const auto end =
@@ -213,7 +128,6 @@ class Page {
     template <class Item, class LineOf>
     void PrintSome(const String& title, const std::vector<Item>& items, std::size_t most,
                    StringView one, StringView many, LineOf lineOf);
-    std::vector<const RehearsedAction*> NotBegun(bool isWaiting) const;
 
     ConsoleReport& x_report;
     const TestSetUp& x_setUp;
@@ -252,14 +166,15 @@ void Page::PrintEnds() {
 }
 
 void Page::PrintLists() {
-    const std::vector<Block> blocks = BlocksOf(x_rehearsal);
+    const std::vector<PlanBlock> blocks = BlocksOf(x_rehearsal);
     for (std::size_t i = 0; i < std::min(blocks.size(), MostTold); ++i) {
         const String time = DurationText(blocks[i].workMs);
         PrintSome(MomentsText(blocks[i], x_setUp.matrix) + L": " +
                       Counted(blocks[i].begun, L"action", L"actions") +
                       (time == DurationText(0.0) ? String() : L", " + time),
-                  blocks[i].lines, MostTold, L"action", L"actions",
-                  [](const Line& line) { return TimesLine(line.times, TextOf(*line.action)); });
+                  blocks[i].lines, MostTold, L"action", L"actions", [](const BlockLine& line) {
+                      return TimesLine(line.times, TextOf(*line.action));
+                  });
     }
     if (blocks.size() > MostTold) {
         PrintTitle(L"and " + Counted(blocks.size() - MostTold, L"list", L"lists") + L" more");
@@ -356,26 +271,15 @@ void Page::PrintTime() {
     }
 }
 
-std::vector<const RehearsedAction*> Page::NotBegun(bool isWaiting) const {
-    std::vector<const RehearsedAction*> actions;
-    for (const RehearsedAction& action : x_rehearsal.actions) {
-        if (action.times == 0 && action.watcher.empty() != isWaiting) {
-            actions.push_back(&action);
-        }
-    }
-    return actions;
-}
-
-/// The equipment is well in a plan, so that no reading changes a channel.
 void Page::PrintWaiting() {
-    PrintSome(L"only when a device changes the channel:", NotBegun(true), MostNotBegun, L"action",
-              L"actions", [](const RehearsedAction* action) {
+    PrintSome(L"only when a device changes the channel:", LeftToDevices(x_rehearsal), MostNotBegun,
+              L"action", L"actions", [](const RehearsedAction* action) {
                   return L"  " + action->watcher + L": " + SourceLine(*action);
               });
 }
 
 void Page::PrintNeverRun() {
-    PrintSome(L"never runs:", NotBegun(false), MostNotBegun, L"action", L"actions",
+    PrintSome(L"never runs:", NeverBegun(x_rehearsal), MostNotBegun, L"action", L"actions",
               [](const RehearsedAction* action) { return TimesLine(0, SourceLine(*action)); });
 }
 

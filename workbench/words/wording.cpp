@@ -38,6 +38,26 @@ String Counted(std::size_t count, StringView one, StringView many) {
     return Digits(static_cast<long long>(count)) + L" " + String(count == 1 ? one : many);
 }
 
+String RangesText(std::span<const std::int32_t> numbers, std::size_t most) {
+    std::vector<String> ranges;
+    for (auto first = numbers.begin(); first != numbers.end();) {
+        const auto last = std::adjacent_find(
+            first, numbers.end(),
+            [](std::int32_t before, std::int32_t after) { return after - before > 1; });
+        const auto end = last == numbers.end() ? last : std::next(last);
+        const std::int32_t back = *std::prev(end);
+        ranges.push_back(IntegerText(*first) +
+                         (back == *first ? String() : L" to " + IntegerText(back)));
+        first = end;
+    }
+    const bool isLong = ranges.size() > most;
+    String text;
+    for (std::size_t i = 0; i < (isLong ? most - 1 : ranges.size()); ++i) {
+        text += (text.empty() ? L"" : L", ") + ranges[i];
+    }
+    return isLong ? text + L" ... " + ranges.back() : text;
+}
+
 String SecondsText(double milliseconds) {
     return FormatGeneral(std::round(milliseconds) / 1000.0, L'.') + L" s";
 }

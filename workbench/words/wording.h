@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <vector>
 
 #include <ace/host/basic_types.h>
@@ -12,6 +13,9 @@ namespace ace::workbench {
 StringView Trimmed(StringView text);
 /// "1 frequency", "254 frequencies".
 String Counted(std::size_t count, StringView one, StringView many);
+/// Rising numbers as ranges: "1 to 3, 7"; one that stands there twice counts once. Of more than
+/// `most` ranges, at least 2, the middle is left out: "1, 3, 5 ... 10000". Empty without numbers.
+String RangesText(std::span<const std::int32_t> numbers, std::size_t most);
 /// "1.5 s", to the millisecond.
 String SecondsText(double milliseconds);
 /// "1:02:03.500": hours, minutes, seconds.
