@@ -52,8 +52,25 @@ TEST(SetUpKeys, ASubrangeWithoutSweepIsNotedAndHasNoFrequency) {
     const TestSetUp setUp = SetUpOf("[Workbench]\nModule=0\nSubRanges=2\n");
     EXPECT_THAT(setUp.sweeps, ElementsAre(std::nullopt, std::nullopt));
     EXPECT_THAT(setUp.notes,
-                ElementsAre(L"subrange 1, 2: no sweep in [Workbench.Subrange<n>] and no --sweep, "
+                ElementsAre(L"subrange 1 to 2: no sweep in [Workbench.Subrange<n>] and no --sweep, "
                             L"so no frequency is run there"));
+}
+
+TEST(SetUpKeys, OfManyEntriesANoteTellsTheRanges) {
+    const auto start = [](const std::string& text) {
+        const String note = SetUpOf(text).notes.at(0);
+        return note.substr(0, note.find(L':'));
+    };
+    EXPECT_EQ(start("[Workbench]\nModule=0\nSubRanges=10000\n"), L"subrange 1 to 10000");
+    EXPECT_EQ(start("[Workbench]\nModule=4\nSubRanges=7\n[Workbench.Subrange4]\nStartHz=1\n"
+                    "StopHz=1\nStepPercent=1\n"),
+              L"step 1 to 3, 5 to 7");
+    std::string everySecond = "[Workbench]\nModule=7\nSubRanges=10000\n";
+    for (int test = 2; test <= 10000; test += 2) {
+        const std::string number = std::to_string(test);
+        everySecond += "[ActionsOnTest" + number + "_VKS]\nVKS_UKey=U" + number + "\n";
+    }
+    EXPECT_EQ(start(everySecond), L"test 1, 3, 5, 7, 9, 11, 13, 15, 17 ... 9999");
 }
 
 TEST(SetUpKeys, ModulesWithoutASweepPerEntryRunAllSweepsOneAfterTheOther) {
