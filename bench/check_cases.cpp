@@ -18,8 +18,8 @@ Work Check() {
         CheckInput input;
         input.document = &document;
         input.path = L"file";
-        input.setUp.moduleKind = aceTemplate;
-        input.setUp.subRanges = Subranges;
+        input.setUp =
+            ReadSetUp(document, input.path, {.moduleKind = aceTemplate, .subRanges = Subranges});
         static_cast<void>(FindingsOf(CheckedFile(input)));
     };
 }
