@@ -1,11 +1,17 @@
 /// What is just a finding, and what is just none.
+#include <filesystem>
+
 #include "check/check_fixture.h"
+#include "support/file_fixture.h"
 
 namespace ace::workbench {
 namespace {
 
 using ::testing::Contains;
+using ::testing::ElementsAre;
 using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
 using ::testing::Not;
 
 /// A file, and a rule that finds something on a line of it; 0 for nothing anywhere.
@@ -18,6 +24,16 @@ struct LimitCase {
 
 const Beside OneAmplifier{.bench = "[Devices]\nAmp A=Amplifiers\n"};
 const std::string OneLeave = "NumOfLeaveActions=1\nLeaveAction1=";
+
+/// The leave list of the end of the test: the count on line 5, the entries from 6 on.
+std::string AtEnd(const std::vector<std::string>& entries) {
+    std::string text =
+        "[ActionsOnTest]\nNumOfLeaveActions=" + std::to_string(entries.size()) + "\n";
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        text += "LeaveAction" + std::to_string(i + 1) + "=" + entries[i] + "\n";
+    }
+    return text;
+}
 
 const LimitCase Limits[] = {
     // 30.15 s are no number of a single exactly
@@ -33,6 +49,11 @@ const LimitCase Limits[] = {
      "terminator-taken-over", 0},
     {SingleTest + Start({"SWITCHAMP:,2"}), "no-such-device", 6, OneAmplifier},
     {SingleTest + Start({"SWITCHAMP:,3"}), "radiation-stays", 0},
+    // the last words of a test hold nothing up, but those before a command do
+    {SingleTest + AtEnd({"NOTIFY:Done,,0"}), "waits-for-operator", 0},
+    {SingleTest + AtEnd({"NOTIFY:Done,,0", "NOTIFY:Good night,,0"}), "waits-for-operator", 0},
+    {SingleTest + AtEnd({"NOTIFY:Off now?,,0", "SWITCHAMP:Amp A,0"}), "waits-for-operator", 6},
+    {SingleTest + Start({"NOTIFY:Ready?,,0"}), "waits-for-operator", 6},
 };
 
 /// A matrix of one row that runs template 2; what follows begins on line 10.
@@ -115,6 +136,43 @@ TEST(CheckRules, AnEmptyEntryEndsTheTestOnlyWhereItRuns) {
     EXPECT_FALSE(EndsTest(never));
     EXPECT_EQ(never.meaning,
               L"no line fills FrequAction1, so it comes back empty: the file can't be saved");
+}
+
+/// What a check says of one entry at the start of a test, with this machine looked at.
+std::vector<std::string> HereMeanings(const std::string& entry) {
+    std::vector<std::string> meanings;
+    for (const Finding& finding : FindingsIn(SingleTest + Start({entry}), {.here = true})) {
+        meanings.push_back(ToUtf8(finding.meaning));
+    }
+    return meanings;
+}
+
+using CheckHereTest = FolderTest;
+
+/// A macro is run as a path, never looked for as a program is.
+TEST_F(CheckHereTest, AMacroMustBeAFileThatMayBeExecuted) {
+    const std::string macro = Path("macro");
+    EXPECT_THAT(
+        HereMeanings("API:ls"),
+        ElementsAre("the macro \"ls\" can't be run on this machine: there is no such file"));
+    EXPECT_THAT(HereMeanings("API:" + folder), ElementsAre(EndsWith("it is no plain file")));
+    Write("macro", "#!/bin/sh\n");
+    EXPECT_THAT(HereMeanings("API:" + macro),
+                ElementsAre(EndsWith("it may not be executed: Permission denied")));
+    std::filesystem::permissions(macro, std::filesystem::perms::owner_all);
+    EXPECT_THAT(HereMeanings("API:" + macro), IsEmpty());
+    Write("macro.inputs", "value\n");
+    EXPECT_THAT(HereMeanings("API:" + macro), ElementsAre(HasSubstr("macro.inputs: line 1: ")));
+}
+
+TEST_F(CheckHereTest, AProgramMustBeExecutable) {
+    const std::string program = Path("program");
+    Write("program", "#!/bin/sh\n");
+    EXPECT_THAT(HereMeanings("REMOTE:,,,," + program + " -x,0,"),
+                ElementsAre("no program \"" + program + "\" can be started on this machine"));
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    EXPECT_THAT(HereMeanings("REMOTE:,,,," + program + " -x,0,"), IsEmpty());
+    EXPECT_THAT(HereMeanings("REMOTE:,,,,sh,0,"), IsEmpty());
 }
 
 TEST(CheckRules, AMisspeltCountIsToldWithTheKeyThatWasMeant) {

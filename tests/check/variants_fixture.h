@@ -112,6 +112,7 @@ class VariantsTest : public FolderTest {
         for (const char* name : {"done.wav", "log_eut.sh", "exerciser.sh"}) {
             Write(name, "");
         }
+        std::filesystem::permissions(Path("log_eut.sh"), std::filesystem::perms::owner_all);
         std::filesystem::current_path(folder);
     }
     ~VariantsTest() override { std::filesystem::current_path(before); }

@@ -380,13 +380,13 @@ constexpr Rule Table[] = {
      .inAction = SoundNotHere},
     {.name = L"program-not-here",
      .group = NeverRuns,
-     .meaning = L"the program %1 is not on this machine",
-     .advice = L"Install it, or correct its path.",
+     .meaning = L"no program %1 can be started on this machine",
+     .advice = L"Install it, make it executable, or correct its path.",
      .inAction = ProgramNotHere},
     {.name = L"macro-not-here",
      .group = NeverRuns,
-     .meaning = L"the macro %1 is not on this machine",
-     .advice = L"Copy it there, or correct its path.",
+     .meaning = L"the macro %1 can't be run on this machine: %2",
+     .advice = L"Copy it there, make it executable, or correct its path.",
      .inAction = MacroNotHere},
 };
 

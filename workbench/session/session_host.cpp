@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <ctime>
-#include <filesystem>
 #include <thread>
 
 #include <ace/host/device.h>
@@ -13,6 +12,7 @@
 #include "sim/sim_services.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/session/operator_screen.h"
+#include "workbench/transports/machine_files.h"
 
 namespace ace::workbench {
 
@@ -20,11 +20,6 @@ namespace {
 
 /// Longest time in which a real wait does not ask whether it is interrupted.
 constexpr double SliceMs = 20.0;
-
-bool IsPlainFile(const String& path) {
-    std::error_code error;
-    return std::filesystem::is_regular_file(ToUtf8(path), error);
-}
 
 /// Tracing is always on, because the lines are what actions are counted by.
 class CountingTraceLog final : public sim::SimTraceLog {
@@ -64,7 +59,7 @@ class FileTestingServices final : public sim::SimSystemServices {
 
     bool FileIsUsable(const String& path, bool first, bool second) override {
         SimSystemServices::FileIsUsable(path, first, second);
-        return IsPlainFile(path);
+        return IsPlainFile(ToUtf8(path));
     }
 };
 
@@ -116,7 +111,7 @@ class SessionPlatform final : public sim::SimPlatform {
     }
     std::int32_t sndPlaySoundA(const String& fileName, std::int32_t flags) override {
         SimPlatform::sndPlaySoundA(fileName, flags);
-        if (IsPlainFile(fileName)) {
+        if (IsPlainFile(ToUtf8(fileName))) {
             return 1;
         }
         x_host.Tell(LineKind::Failure, L"this sound can't be played: there is no such file");

@@ -94,7 +94,7 @@ bool MacroRunner::Load(const String& program, const Value& parameters, const Val
     }
 }
 
-void MacroRunner::LoadFile(const std::string& file, const Value& parameters) {
+std::vector<MacroInput> LoadMacro(const std::string& file) {
     std::error_code error;
     const auto kind = std::filesystem::status(file, error).type();
     if (kind == std::filesystem::file_type::not_found) {
@@ -106,7 +106,11 @@ void MacroRunner::LoadFile(const std::string& file, const Value& parameters) {
     if (::access(file.c_str(), X_OK) != 0) {
         RaiseCannotLoad(L"it may not be executed: " + SystemReason(errno));
     }
-    x_inputs = ReadMacroInputs(file);
+    return ReadMacroInputs(file);
+}
+
+void MacroRunner::LoadFile(const std::string& file, const Value& parameters) {
+    x_inputs = LoadMacro(file);
     x_arguments = {file};
     AppendArguments(parameters, x_arguments);
 }

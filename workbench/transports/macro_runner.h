@@ -13,6 +13,11 @@
 
 namespace ace::workbench {
 
+/// The inputs of the macro in that file (UTF-8), once it is sure that it can be run: a plain file
+/// that this process may execute, with a list of inputs that can be read. Otherwise an error that
+/// says what is wrong, without the file's name where it is the macro itself.
+std::vector<MacroInput> LoadMacro(const std::string& file);
+
 /// A macro is an executable file; the texts of its inputs are its arguments, in UTF-8. It succeeds
 /// with exit code 0. Its error output is the text of its failure, which goes to `remark`; what it
 /// prints otherwise is dropped. It has nothing to read. The end of the object ends a macro that
