@@ -45,7 +45,7 @@ inline std::vector<Finding> FindingsIn(const std::string& text, const Beside& be
     input.path = L"test.ini";
     input.setUp = ReadSetUp(document, input.path, options);
     input.bench = beside.bench.empty() ? nullptr : &host->bench;
-    input.benchDocument = beside.bench.empty() ? nullptr : &bench;
+    input.benchDocument = beside.bench.empty() ? std::nullopt : std::optional(bench);
     input.benchPath = L"bench.ini";
     input.answers = &answers;
     input.answersPath = L"answers.txt";

@@ -35,7 +35,7 @@ CheckInput InputOf(const ReadSet& read) {
     input.path = L"ri.ini";
     input.setUp = read.setUp;
     input.bench = &read.host->bench;
-    input.benchDocument = &read.benchDocument;
+    input.benchDocument = read.benchDocument;
     input.benchPath = L"bench.ini";
     input.answers = &read.answers;
     input.answersPath = L"answers.txt";

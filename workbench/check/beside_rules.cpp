@@ -74,8 +74,8 @@ Acts ActsOf(const CheckedFile& file) {
             acts.readings.emplace_back(channel.watch->device, channel.watch->channel);
         }
     }
-    const SettingsDocument* const bench = file.Input().benchDocument;
-    for (const String& section : bench != nullptr ? bench->SectionNames() : std::vector<String>()) {
+    const std::optional<SettingsDocument>& bench = file.Input().benchDocument;
+    for (const String& section : bench ? bench->SectionNames() : std::vector<String>()) {
         const std::optional<String> bound = bench->GetKey(section, L"Bind");
         if (const auto address = ReadAddress(bound.value_or(String()))) {
             acts.addresses.push_back(AddressText(*address));
@@ -179,7 +179,7 @@ void RuleTests::FaultForNothing(const CheckedFile& file, const Found& found) {
         return;
     }
     const bool isBenchKnown =
-        file.Input().bench == nullptr || file.Input().benchDocument != nullptr;
+        file.Input().bench == nullptr || file.Input().benchDocument.has_value();
     const Acts acts = ActsOf(file);
     for (const FaultRule& rule : faults->All()) {
         if (!CanCome(rule, acts, isBenchKnown)) {
@@ -191,7 +191,7 @@ void RuleTests::FaultForNothing(const CheckedFile& file, const Found& found) {
 
 void RuleTests::FailureNeverRead(const CheckedFile& file, const Found& found) {
     const CheckInput& input = file.Input();
-    if (input.bench == nullptr || input.benchDocument == nullptr) {
+    if (input.bench == nullptr || !input.benchDocument) {
         return;
     }
     const Acts acts = ActsOf(file);

@@ -116,6 +116,29 @@ bool LacksCount(const CheckedSection& section, const StoppedLine& stop) {
 
 }  // namespace
 
+std::vector<StringView> CheckedLine::Fields() const {
+    std::vector<StringView> fields;
+    for (StringView rest = Value();;) {
+        const std::size_t comma = rest.find(L',');
+        fields.push_back(rest.substr(0, comma));
+        if (comma == StringView::npos) {
+            return fields;
+        }
+        rest.remove_prefix(comma + 1);
+    }
+}
+
+std::optional<StringView> CheckedLine::TextOf(LineField field) const {
+    const std::vector<StringView> texts = Fields();
+    const std::span<const FormField> form = Form().fields;
+    for (std::size_t i = 0; i < std::min(form.size(), texts.size()); ++i) {
+        if (form[i].reading != FieldReading::Unread && form[i].field == field) {
+            return texts[i];
+        }
+    }
+    return std::nullopt;
+}
+
 bool CheckedSection::Runs(std::int32_t list) const {
     return fixed != nullptr ? HasMoment(moduleKind, fixed, list)
                             : HasMoment(moduleKind, sets, list);

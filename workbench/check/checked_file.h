@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -32,6 +33,12 @@ struct CheckedLine {
 
     /// What stands behind the keyword.
     StringView Value() const { return StringView(text).substr(key.size() + 1 + keyword.size()); }
+    /// The parts of the value between its commas; at least one.
+    std::vector<StringView> Fields() const;
+    /// What an entry's value is made of. To be asked of lines that were read.
+    LineForm Form() const { return row->form(Value()); }
+    /// The part that is a field of its form; nothing when it has none or ends before it.
+    std::optional<StringView> TextOf(LineField field) const;
 };
 
 /// A line at which the load ends.
@@ -86,8 +93,8 @@ struct CheckInput {
     const SettingsDocument* document = nullptr;
     String path;  ///< for messages
     TestSetUp setUp;
-    const sim::SimBench* bench = nullptr;             ///< the devices of the chamber
-    const SettingsDocument* benchDocument = nullptr;  ///< the file that they come from
+    const sim::SimBench* bench = nullptr;           ///< the devices of the chamber
+    std::optional<SettingsDocument> benchDocument;  ///< the file that they come from
     String benchPath;
     const Answers* answers = nullptr;
     String answersPath;

@@ -47,19 +47,24 @@ std::vector<StringView> KeyWords() {
     return words;
 }
 
-/// The number of fields that a keyword's line may have; a command may hold commas in the old form.
-struct FieldCounts {
-    StringView keyword;
-    std::size_t most;
+/// How to write what has a comma too many, by the first field of its form.
+struct CommaAdvice {
+    LineField first;
+    StringView words;
 };
-constexpr FieldCounts MostFields[] = {
-    {L"WAIT:", 1},       {L"NOTIFY:", 3},    {L"QUESTION:", 3},    {L"REMOTE:", 7},
-    {L"SETDEV:", 3},     {L"CHECKEUT:", 10}, {L"MONITOREUT:", 10}, {L"SWITCHAMP:", 2},
-    {L"SWITCHUNIT:", 2}, {L"FREQTRACK:", 6}, {L"SYNCGEN:", 6},
+constexpr CommaAdvice CommaAdvices[] = {
+    {LineField::Time, L"Write the milliseconds with a point."},
+    {LineField::Message, L"Write a comma of the message as the character of number 1."},
+    {LineField::Command, L"Write a comma of the command as the character of number 1."},
+    {LineField::GeneratorOff, L"Write 1 or 0 alone."},
 };
 
-std::size_t FieldsOf(StringView value) {
-    return 1 + static_cast<std::size_t>(std::ranges::count(value, L','));
+StringView AdviceOf(const LineForm& form) {
+    const auto* const advice =
+        std::ranges::find(CommaAdvices, form.fields.front().field, &CommaAdvice::first);
+    return advice != std::end(CommaAdvices)
+               ? advice->words
+               : L"Write names without commas, and decimals with a point.";
 }
 
 /// So many digits behind the point are all that a number has, as exactly as its type holds them.
@@ -127,18 +132,9 @@ String RuleTests::KeyHint(StringView key) {
 }
 
 std::optional<std::int32_t> RuleTests::WrittenTerminator(const CheckedAction& action) {
-    const auto* const record = action.As<aceRemote>();
-    if (record == nullptr || !action.IsOf(L"REMOTE:") || record->Iface != aceRemote::TcpIp ||
-        record->Command.empty()) {
-        return std::nullopt;
-    }
-    StringView value = action.line.Value();
-    for (int comma = 0; comma < 3; ++comma) {
-        value.remove_prefix(std::min(value.find(L','), value.size() - 1) + 1);
-    }
-    const StringView port = value.substr(0, value.find(L','));
-    const std::size_t colon = port.find(L':');
-    return colon == StringView::npos ? std::nullopt : WholeInteger(port.substr(colon + 1));
+    const std::optional<StringView> port = action.line.TextOf(LineField::TcpPort);
+    const auto terminator = port ? SplitPort(*port).terminator : std::nullopt;
+    return terminator ? WholeInteger(*terminator) : std::nullopt;
 }
 
 void RuleTests::LostTerminator(const CheckedAction& action, const Found& found) {
@@ -166,14 +162,11 @@ void RuleTests::LostDecimals(const CheckedAction& action, const Found& found) {
 }
 
 void RuleTests::MoreFields(const CheckedAction& action, const Found& found) {
-    for (const FieldCounts& row : MostFields) {
-        const std::size_t fields = FieldsOf(action.line.Value());
-        // a short form of tracking is that of a monitoring device
-        const bool isMonitor = row.keyword == L"FREQTRACK:" && fields < 5;
-        const std::size_t most = isMonitor ? 2 : row.most;
-        if (action.IsOf(row.keyword) && fields > most) {
-            found.At(action, {std::to_wstring(fields), std::to_wstring(most)});
-        }
+    const LineForm form = action.line.Form();
+    const std::size_t fields = action.line.Fields().size();
+    if (!form.isOpen && fields > form.fields.size()) {
+        found.At(action, {Counted(fields, L"field", L"fields"), std::to_wstring(form.fields.size()),
+                          String(AdviceOf(form))});
     }
 }
 

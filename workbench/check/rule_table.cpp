@@ -164,11 +164,9 @@ constexpr Rule Table[] = {
      .inAction = LostDecimals},
     {.name = L"too-many-fields",
      .group = Lost,
-     .meaning = L"the value has %1 fields, and at most %2 have a meaning: what follows is lost, or "
-                L"all fields behind a comma too many are shifted",
-     .advice =
-         L"Write decimals with a point, names without commas, and the comma of a message or a "
-         L"command as the character of number 1.",
+     .meaning = L"the value has %1, and at most %2 have a meaning: what follows is lost, or all "
+                L"fields behind a comma too many are shifted",
+     .advice = L"%3",
      .inAction = MoreFields},
     {.name = L"no-device-section",
      .group = Lost,

@@ -1,4 +1,6 @@
 // Values that mean something else than they seem to.
+#include <algorithm>
+
 #include <ace/execution/what_runs.h>
 
 #include "workbench/check/rule_tests.h"
@@ -16,52 +18,34 @@ constexpr std::int32_t HighestAmplifierState = 4;
 /// Longer than this in milliseconds no wait is handed on: some 25 days.
 constexpr double LongestWait = 2147483647.0;
 
-/// A field of a form, by its index from 0.
-struct FieldForm {
-    StringView keyword;
-    std::size_t field;
+/// What a field says, for people.
+struct FieldWords {
+    LineField field;
     StringView words;
 };
-/// The reader takes of these what it can read at their beginning, and 0 for the rest.
-constexpr FieldForm NumberFields[] = {
-    {L"WAIT:", 0, L"milliseconds"},
-    {L"CHECKEUT:", 6, L"the seconds between two checks"},
-    {L"CHECKEUT:", 8, L"the seconds of the longest wait"},
-    {L"MONITOREUT:", 6, L"the seconds between two checks"},
-    {L"MONITOREUT:", 8, L"the seconds of the longest wait"},
-    {L"CHECKEUT:", 9, L"1 for the loading position, or 0"},
-    {L"MONITOREUT:", 9, L"1 for the loading position, or 0"},
-    {L"COMMENT:", 0, L"1 for the generator off, or 0"},
-    {L"GPIB:", 0, L"the bus address"},
-    {L"GPIB:", 1, L"the code of the terminator"},
+/// Of the fields in which a reader takes anything: a number is what can be read at the beginning, 0
+/// for nothing, and a yes only 1.
+constexpr FieldWords LooseFields[] = {
+    {LineField::Time, L"milliseconds"},
+    {LineField::GeneratorOff, L"1 for the generator off, or 0"},
+    {LineField::CycleTime, L"the seconds between two checks"},
+    {LineField::WaitTime, L"the seconds of the longest wait"},
+    {LineField::LoadingPos, L"1 for the loading position, or 0"},
+    {LineField::GpibAddress, L"the bus address"},
+    {LineField::SerComPort, L"the serial port"},
+    {LineField::TcpPort, L"the port"},
+    {LineField::Terminator, L"the code of the terminator"},
+    {LineField::Beep, L"the beep"},
+    {LineField::WaitPrgSync, L"the wait for the program"},
+    {LineField::StopTest, L"the stop of the test"},
+    {LineField::CommToTable, L"the comment in the table"},
+    {LineField::Notify, L"the message to the operator"},
+    {LineField::UseTimeCyc, L"the check once in a while"},
+    {LineField::WaitState, L"the wait for the state"},
 };
-/// Anything but 1 is no.
-constexpr FieldForm FlagFields[] = {
-    {L"NOTIFY:", 2, L"the beep"},
-    {L"QUESTION:", 2, L"the beep"},
-    {L"REMOTE:", 5, L"the wait for the program"},
-    {L"CHECKEUT:", 2, L"the stop of the test"},
-    {L"CHECKEUT:", 3, L"the comment in the table"},
-    {L"CHECKEUT:", 4, L"the message to the operator"},
-    {L"CHECKEUT:", 5, L"the check once in a while"},
-    {L"CHECKEUT:", 7, L"the wait for the state"},
-    {L"MONITOREUT:", 2, L"the stop of the test"},
-    {L"MONITOREUT:", 3, L"the comment in the table"},
-    {L"MONITOREUT:", 4, L"the message to the operator"},
-    {L"MONITOREUT:", 5, L"the check once in a while"},
-    {L"MONITOREUT:", 7, L"the wait for the state"},
-};
-
-/// The field of that index; nothing behind the last one.
-std::optional<StringView> FieldOf(StringView value, std::size_t index) {
-    for (; index > 0; --index) {
-        const std::size_t comma = value.find(L',');
-        if (comma == StringView::npos) {
-            return std::nullopt;
-        }
-        value.remove_prefix(comma + 1);
-    }
-    return value.substr(0, value.find(L','));
+String WordsOf(LineField field) {
+    const auto* const row = std::ranges::find(LooseFields, field, &FieldWords::field);
+    return String(row != std::end(LooseFields) ? row->words : LineFieldRowOf(field).name);
 }
 
 /// The command's form, whose transport stands in its second field.
@@ -76,26 +60,20 @@ bool StartsProgram(const CheckedAction& action) {
 }
 
 void TellUnlessNumber(const CheckedAction& action, const Found& found, StringView text,
-                      StringView words) {
+                      LineField field) {
     if (!WholeNumber(text)) {
-        found.At(action, {QuotedLine(String(text)), String(words)});
+        found.At(action, {QuotedLine(String(text)), WordsOf(field)});
     }
 }
 
-/// Address, port and terminator of a command.
-void LookAtTransport(const CheckedAction& action, const aceRemote& record, const Found& found) {
-    const StringView value = action.line.Value();
-    const StringView address = FieldOf(value, 2).value_or(StringView());
-    const StringView last = FieldOf(value, 3).value_or(StringView());
-    if (record.Iface == aceRemote::Gpib || record.Iface == aceRemote::Serial) {
-        const bool isBus = record.Iface == aceRemote::Gpib;
-        TellUnlessNumber(action, found, address, isBus ? L"the bus address" : L"the serial port");
-        TellUnlessNumber(action, found, last, L"the code of the terminator");
-    } else if (record.Iface == aceRemote::TcpIp) {
-        const std::size_t colon = last.find(L':');
-        TellUnlessNumber(action, found, last.substr(0, colon), L"the port");
-        if (colon != StringView::npos) {
-            TellUnlessNumber(action, found, last.substr(colon + 1), L"the code of the terminator");
+/// Hands each field of the action's line that is read so to `look`, with its text.
+template <class Look>
+void ForEachField(const CheckedAction& action, FieldReading reading, Look&& look) {
+    const std::vector<StringView> texts = action.line.Fields();
+    const std::span<const FormField> fields = action.line.Form().fields;
+    for (std::size_t i = 0; i < std::min(fields.size(), texts.size()); ++i) {
+        if (fields[i].reading == reading) {
+            look(fields[i].field, texts[i]);
         }
     }
 }
@@ -103,26 +81,24 @@ void LookAtTransport(const CheckedAction& action, const aceRemote& record, const
 }  // namespace
 
 void RuleTests::TextForNumber(const CheckedAction& action, const Found& found) {
-    for (const FieldForm& form : NumberFields) {
-        const auto field = FieldOf(action.line.Value(), form.field);
-        if (action.IsOf(form.keyword) && field) {
-            TellUnlessNumber(action, found, *field, form.words);
+    ForEachField(action, FieldReading::Number, [&](LineField field, StringView text) {
+        TellUnlessNumber(action, found, text, field);
+    });
+    ForEachField(action, FieldReading::Port, [&](LineField field, StringView text) {
+        const PortText port = SplitPort(text);
+        TellUnlessNumber(action, found, port.port, field);
+        if (port.terminator) {
+            TellUnlessNumber(action, found, *port.terminator, LineField::Terminator);
         }
-    }
-    if (const aceRemote* const record = CommandOf(action);
-        record != nullptr && action.IsOf(L"REMOTE:")) {
-        LookAtTransport(action, *record, found);
-    }
+    });
 }
 
 void RuleTests::FlagUnknown(const CheckedAction& action, const Found& found) {
-    for (const FieldForm& form : FlagFields) {
-        const auto field = FieldOf(action.line.Value(), form.field);
-        if (action.IsOf(form.keyword) && field && *field != L"0" && *field != L"1" &&
-            (!field->empty() || StartsProgram(action))) {
-            found.At(action, {QuotedLine(String(*field)), String(form.words)});
+    ForEachField(action, FieldReading::Flag, [&](LineField field, StringView text) {
+        if (text != L"0" && text != L"1" && (!text.empty() || StartsProgram(action))) {
+            found.At(action, {QuotedLine(String(text)), WordsOf(field)});
         }
-    }
+    });
 }
 
 void RuleTests::WaitOutside(const CheckedAction& action, const Found& found) {
@@ -148,9 +124,9 @@ void RuleTests::UnknownTerminator(const CheckedAction& action, const Found& foun
 }
 
 void RuleTests::NoTerminator(const CheckedAction& action, const Found& found) {
-    constexpr std::int32_t None = 3;
     const aceRemote* const record = CommandOf(action);
-    if (record != nullptr && record->Terminator == None) {
+    if (record != nullptr && IsTerminatorCode(record->Terminator) &&
+        TerminatorOf(record->Terminator).empty()) {
         found.At(action);
     }
 }

@@ -6,57 +6,14 @@
 
 #include "workbench/check/as_loaded.h"
 #include "workbench/check/rules.h"
+#include "workbench/cli/check_input.h"
 #include "workbench/cli/console_report.h"
-#include "workbench/devices/device_file.h"
 #include "workbench/files/text_encoding.h"
-#include "workbench/session/bench_host.h"
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {
 
 namespace {
-
-/// What stands beside the file; it outlives the check.
-struct Surroundings {
-    std::shared_ptr<BenchHost> bench;
-    std::optional<SettingsDocument> benchDocument;
-    std::optional<Answers> answers;
-    std::optional<FaultRules> faults;
-};
-
-Surroundings ReadSurroundings(const CheckArguments& arguments) {
-    Surroundings read;
-    if (arguments.devices) {
-        read.bench = std::make_shared<BenchHost>(Clock::Virtual, TransportChoice(),
-                                                 std::make_shared<FaultRules>());
-        read.benchDocument = ExistingDocument(*arguments.devices);
-        ReadDevices(*read.benchDocument, FromUtf8(*arguments.devices), *read.bench);
-    }
-    if (arguments.answers) {
-        read.answers.emplace(ExistingText(*arguments.answers), FromUtf8(*arguments.answers));
-    }
-    if (arguments.faults) {
-        read.faults.emplace(ExistingText(*arguments.faults), FromUtf8(*arguments.faults));
-    }
-    return read;
-}
-
-CheckInput InputOf(const CheckArguments& arguments, const SettingsDocument& document,
-                   const Surroundings& surroundings) {
-    CheckInput input;
-    input.document = &document;
-    input.path = FromUtf8(arguments.file);
-    input.setUp = ReadSetUp(document, input.path, ReadOptions(arguments));
-    input.bench = surroundings.bench ? &surroundings.bench->bench : nullptr;
-    input.benchDocument = surroundings.benchDocument ? &*surroundings.benchDocument : nullptr;
-    input.benchPath = FromUtf8(arguments.devices.value_or(std::string()));
-    input.answers = surroundings.answers ? &*surroundings.answers : nullptr;
-    input.answersPath = FromUtf8(arguments.answers.value_or(std::string()));
-    input.faults = surroundings.faults ? &*surroundings.faults : nullptr;
-    input.faultsPath = FromUtf8(arguments.faults.value_or(std::string()));
-    input.here = arguments.here;
-    return input;
-}
 
 /// A text below its heading, in lines that fit the terminal.
 void PrintIndented(ConsoleReport& report, StringView text, std::size_t width) {
@@ -145,8 +102,14 @@ std::string JsonOf(const Finding& finding) {
 
 CheckResult CheckCommand(const CheckArguments& arguments, const CheckOutput& output) {
     const SettingsDocument document = ExistingDocument(arguments.file);
-    const Surroundings surroundings = ReadSurroundings(arguments);
-    const CheckInput input = InputOf(arguments, document, surroundings);
+    const TestSetUp setUp =
+        ReadSetUp(document, FromUtf8(arguments.file), ReadTestOptions(arguments));
+    const Answers answers = ReadAnswers(arguments);
+    const auto host = std::make_shared<BenchHost>(Clock::Virtual, TransportChoice(),
+                                                  ReadFaults(arguments.faults));
+    ReadBench(arguments, *host);
+    CheckInput input = InputOfCheck(arguments, arguments.faults, document, setUp, answers, *host);
+    input.here = arguments.here;
     const CheckedFile file(input);
     const std::vector<Finding> findings = FindingsOf(file);
 

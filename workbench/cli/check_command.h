@@ -4,18 +4,16 @@
 #include <iosfwd>
 
 #include "workbench/check/finding.h"
-#include "workbench/cli/set_up_arguments.h"
+#include "workbench/cli/test_arguments.h"
 
 namespace ace::workbench {
 
 /// The arguments as the user wrote them, in UTF-8.
-struct CheckArguments : SetUpArguments {
-    bool json = false;                   ///< one object a line
-    bool asLoaded = false;               ///< the lines beside what becomes of them
-    bool here = false;                   ///< sounds, programs and macros must be on this machine
-    std::optional<std::string> devices;  ///< path of a device file
-    std::optional<std::string> answers;  ///< path of an answers file
-    std::optional<std::string> faults;   ///< path of a script of failures
+struct CheckArguments : TestArguments {
+    bool json = false;                  ///< one object a line
+    bool asLoaded = false;              ///< the lines beside what becomes of them
+    bool here = false;                  ///< sounds, programs and macros must be on this machine
+    std::optional<std::string> faults;  ///< path of a script of failures
 };
 
 /// How a check ends; the exit codes.

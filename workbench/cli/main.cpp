@@ -188,6 +188,7 @@ CLI::App* AddCheck(CLI::App& app, CheckArguments& arguments) {
         "Tells what in a settings file stops, is lost, is taken over or never runs, before its "
         "test.");
     AddSetUpOptions(check, arguments);
+    AddSweeps(check, arguments);
     CLI::Option* const json =
         check->add_flag("--json", arguments.json, "one object of JSON a line");
     check

@@ -4,6 +4,7 @@
 
 #include "workbench/check/rules.h"
 #include "workbench/cli/brief_report.h"
+#include "workbench/cli/check_input.h"
 #include "workbench/cli/run_outputs.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/files/trace_file.h"
@@ -23,12 +24,6 @@ Clock ReadClock(const RunArguments& arguments) {
         RefuseUse(L"--clock virtual: with --real the waits between the commands take their time");
     }
     return text == "real" ? Clock::Real : Clock::Virtual;
-}
-
-std::shared_ptr<FaultRules> ReadFaults(const RunArguments& arguments) {
-    return arguments.faults ? std::make_shared<FaultRules>(ExistingText(*arguments.faults),
-                                                           FromUtf8(*arguments.faults))
-                            : std::make_shared<FaultRules>();
 }
 
 TransportChoice ReadTransports(const RunArguments& arguments, SettingsFiles& files) {
@@ -114,29 +109,6 @@ void RequireOutput(const ConsoleReport& report) {
     }
 }
 
-/// What a check finds of the test that is about to be run.
-std::vector<Finding> FindingsBefore(const RunArguments& arguments, const SettingsDocument& document,
-                                    const TestSetUp& setUp, const Answers& answers,
-                                    const BenchHost& host) {
-    CheckInput input;
-    input.document = &document;
-    input.path = FromUtf8(arguments.file);
-    input.setUp = setUp;
-    std::optional<SettingsDocument> bench;
-    if (arguments.devices) {
-        bench = ExistingDocument(*arguments.devices);
-        input.bench = &host.bench;
-        input.benchDocument = &*bench;
-        input.benchPath = FromUtf8(*arguments.devices);
-    }
-    input.answers = &answers;
-    input.answersPath = FromUtf8(arguments.answers.value_or(std::string()));
-    input.faults = &host.Faults();
-    input.faultsPath = FromUtf8(arguments.faults.value_or(std::string()));
-    input.here = arguments.real;
-    return FindingsOf(CheckedFile(input));
-}
-
 /// A test that would end in the midst is not begun on real instruments.
 void RequireRunnable(const RunArguments& arguments, const std::vector<Finding>& findings) {
     const auto first = std::ranges::find_if(findings, EndsTest);
@@ -172,7 +144,8 @@ void PrintEnd(ConsoleReport& report, const RunArguments& arguments, Outcome outc
 /// The report follows the calls as they come, so none is kept.
 std::shared_ptr<BenchHost> MakeHost(const RunArguments& arguments, Clock clock,
                                     TransportChoice transports, const TestSetUp& setUp) {
-    auto host = std::make_shared<BenchHost>(clock, std::move(transports), ReadFaults(arguments));
+    auto host =
+        std::make_shared<BenchHost>(clock, std::move(transports), ReadFaults(arguments.faults));
     ReadBench(arguments, *host);
     RequireWatchingDevices(setUp, host->bench);
     host->journal.KeepNone();
@@ -206,7 +179,9 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     SessionListener& listener = arguments.brief ? static_cast<SessionListener&>(brief) : report;
     Session session(host, setUp, answers, listener, theOperator.get());
     session.Load(file);
-    const auto findings = FindingsBefore(arguments, document, setUp, answers, *host);
+    CheckInput input = InputOfCheck(arguments, arguments.faults, document, setUp, answers, *host);
+    input.here = arguments.real;
+    const std::vector<Finding> findings = FindingsOf(CheckedFile(input));
     RequireRunnable(arguments, findings);
 
     traffic = MakeOutputs(arguments, trace.get());

@@ -26,6 +26,11 @@ Answers ReadAnswers(const TestArguments& arguments) {
                : Answers();
 }
 
+std::shared_ptr<FaultRules> ReadFaults(const std::optional<std::string>& path) {
+    return path ? std::make_shared<FaultRules>(ExistingText(*path), FromUtf8(*path))
+                : std::make_shared<FaultRules>();
+}
+
 void ReadBench(const TestArguments& arguments, sim::SimHost& host) {
     if (arguments.devices) {
         ReadDevices(ExistingDocument(*arguments.devices), FromUtf8(*arguments.devices), host);

@@ -1,9 +1,11 @@
 /// What a command takes that runs a test, for real or on paper.
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "workbench/cli/set_up_arguments.h"
+#include "workbench/devices/fault_rules.h"
 #include "workbench/session/answers.h"
 #include "workbench/session/set_up.h"
 
@@ -26,6 +28,8 @@ SetUpOptions ReadTestOptions(const TestArguments& arguments);
 /// None without a file. One that can't be read or makes no sense is `CommandError` `BadFile`, as it
 /// is below.
 Answers ReadAnswers(const TestArguments& arguments);
+/// The script of failures at `path`; an empty one without.
+std::shared_ptr<FaultRules> ReadFaults(const std::optional<std::string>& path);
 /// Puts the devices of the file on the bench of `host`, which must outlive them.
 void ReadBench(const TestArguments& arguments, sim::SimHost& host);
 /// `CommandError` `WrongUse` when a device watches a channel and the bench has no such monitoring

@@ -26,11 +26,11 @@ bool IsTerminatorCode(std::int32_t code) {
     return code >= 0 && code < static_cast<std::int32_t>(std::size(Terminators));
 }
 
-namespace {
-
 StringView TerminatorOf(std::int32_t code) {
     return IsTerminatorCode(code) ? Terminators[code] : StringView();
 }
+
+namespace {
 
 void ShowLabelled(ThreadContext& context, std::size_t label, StringView detail) {
     BorrowedText text(context);

@@ -23,5 +23,7 @@ bool ParksAtTheEnd(std::int32_t moduleKind);
 /// The code of a command's terminator stands for characters, or for none on purpose. Any other code
 /// sends none either.
 bool IsTerminatorCode(std::int32_t code);
+/// What is sent behind a command with that code.
+StringView TerminatorOf(std::int32_t code);
 
 }  // namespace ace

@@ -4,14 +4,14 @@
 #include <span>
 
 #include <ace/core/action_records.h>
-#include <ace/settings/line_fields.h>
+#include <ace/settings/line_forms.h>
 
 namespace ace {
 
 class EntryLine;
 class LineText;
 
-/// One keyword. Reader and writer stand beside each other, but they are no mirror images: old
+/// One keyword. Reader, writer and form stand beside each other, but they are no mirror images: old
 /// keywords are read and never written, and the writer writes every kind in every list.
 struct KeywordRow {
     StringView keyword;  ///< in capitals, with its ":"
@@ -19,6 +19,7 @@ struct KeywordRow {
     std::uint8_t lists;                                     ///< bit i: list i + 1 knows it
     void (*read)(EntryLine& line);                          ///< none: the value is ignored
     void (*write)(LineText& text, const p_Action& action);  ///< none: never written
+    LineForm (*form)(StringView value);                     ///< what a value is made of
 
     constexpr bool IsKnownIn(std::size_t listIndex) const { return (lists >> listIndex & 1) != 0; }
 };

@@ -1,4 +1,5 @@
 #include <ace/core/text.h>
+#include <ace/settings/line_forms.h>
 #include <ace/settings/record_lines.h>
 
 namespace ace::modActions {
@@ -15,11 +16,10 @@ void ReadTcpIp(EntryLine& line, aceRemote& record) {
         line.Set(LineField::TcpPort, record.TcpPort, line.RoundedNumber(field));
         return;
     }
-    const std::size_t colon = field.find(L':');
-    line.Set(LineField::TcpPort, record.TcpPort, line.RoundedNumber(field.substr(0, colon)));
-    const StringView terminator =
-        colon == StringView::npos ? StringView() : field.substr(colon + 1);
-    line.Set(LineField::Terminator, record.Terminator, line.RoundedNumber(terminator));
+    const PortText text = SplitPort(field);
+    line.Set(LineField::TcpPort, record.TcpPort, line.RoundedNumber(text.port));
+    line.Set(LineField::Terminator, record.Terminator,
+             line.RoundedNumber(text.terminator.value_or(StringView())));
 }
 
 void ReadTransport(EntryLine& line, aceRemote& record) {
