@@ -39,6 +39,14 @@ void Look(const CheckedFile& file, const Rule& rule, std::vector<Finding>& findi
 
 }  // namespace
 
+std::vector<Rule> Rules() {
+    std::vector<Rule> rules;
+    for (const auto part : {LoadRules(), RunRules()}) {
+        rules.insert(rules.end(), part.begin(), part.end());
+    }
+    return rules;
+}
+
 const GroupWords& WordsOf(FindingGroup group) {
     return Groups[static_cast<std::size_t>(group)];
 }
@@ -82,8 +90,10 @@ void Found::At(const CheckedFile& file, const CheckedSection& section, const Che
 
 std::vector<Finding> FindingsOf(const CheckedFile& file) {
     std::vector<Finding> findings;
-    for (const Rule& rule : Rules()) {
-        Look(file, rule, findings);
+    for (const auto part : {LoadRules(), RunRules()}) {
+        for (const Rule& rule : part) {
+            Look(file, rule, findings);
+        }
     }
     std::ranges::stable_sort(findings, {}, [](const Finding& finding) {
         return std::tuple(finding.rule->group, finding.place.line);

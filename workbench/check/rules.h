@@ -86,7 +86,10 @@ struct Rule {
     FindInFile inFile = nullptr;        ///< once
 };
 
-std::span<const Rule> Rules();
+/// The table of all rules, in two parts: of a load and a save, and of a run.
+std::span<const Rule> LoadRules();
+std::span<const Rule> RunRules();
+std::vector<Rule> Rules();
 
 /// All findings, worst first, those of a group in the order of their places.
 std::vector<Finding> FindingsOf(const CheckedFile& file);
