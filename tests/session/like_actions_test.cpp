@@ -1,85 +1,80 @@
-/// Which actions are told as the same one.
-#include "workbench/session/like_actions.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+/// Which actions are told as the same one: for each action of a file the first that is like it.
+#include "rehearsal_fixture.h"
 
 namespace ace::workbench {
 namespace {
 
 using ::testing::ElementsAre;
 
-p_Action SetDevice(std::int32_t section) {
-    aceSetDevice record;
-    record.DevName = L"Meter";
-    record.ChanNo = section;
-    return {atSetDevice, record, false};
-}
-
-p_Action Macro(const std::vector<String>& parameters) {
-    aceAPI record;
-    record.Program = L"c.mac";
-    record.Parameters.Redim(0, static_cast<std::int32_t>(parameters.size()));
-    for (std::size_t i = 0; i < parameters.size(); ++i) {
-        record.Parameters[static_cast<std::int32_t>(i + 1)] = parameters[i];
+class LikeActionsTest : public RehearsalTest {
+  protected:
+    std::vector<std::size_t> Likes(const std::string& text) {
+        Rehearse(text);
+        std::vector<std::size_t> likes;
+        for (const RehearsedAction& action : found.actions) {
+            likes.push_back(action.like);
+        }
+        return likes;
     }
-    return {atAPI, record, false};
-}
+};
 
-p_Action Notify(const String& message, bool beeps) {
-    aceNotify record;
-    record.Message = message;
-    record.Beep = beeps;
-    return {atNotify, record, false};
-}
-
-/// For each action the first one that is like it; all have the same line.
-std::vector<std::size_t> Likes(const std::vector<p_Action>& actions) {
-    LikeActions like;
-    std::vector<std::size_t> first;
-    for (std::size_t i = 0; i < actions.size(); ++i) {
-        first.push_back(like.FirstLike(actions[i], L"line", i));
-    }
-    return first;
-}
-
-TEST(LikeActions, AnActionIsLikeTheFirstThatIsTheSameInAllItHolds) {
-    EXPECT_THAT(Likes({SetDevice(7), SetDevice(8), SetDevice(7), SetDevice(8), SetDevice(7)}),
-                ElementsAre(0, 1, 0, 1, 0));
-    EXPECT_THAT(Likes({Macro({L"1"}), Macro({L"2"}), Macro({}), Macro({L"2"}), Macro({})}),
-                ElementsAre(0, 1, 2, 1, 2));
+TEST_F(LikeActionsTest, AnActionIsLikeTheFirstThatWouldBeSavedAsTheSameLine) {
     EXPECT_THAT(
-        Likes({Notify(L"a", true), Notify(L"a", false), Notify(L"b", true), Notify(L"a", false)}),
-        ElementsAre(0, 1, 2, 1));
+        Likes(AtStart({"WAIT:1", "WAIT:2", "WAIT:1.000", "PROTREC:", "WAIT:2", "PROTREC:"})),
+        ElementsAre(0, 1, 0, 3, 1, 3));
+    EXPECT_THAT(
+        Likes(AtStart({"NOTIFY:a,,0", "NOTIFY:a,,1", "NOTIFY:b,,0", "NOTIFY:a,,1", "NOTIFY:,a,0"})),
+        ElementsAre(0, 1, 2, 1, 4));
 }
 
-/// The same texts in a row are not yet the same parameters.
-TEST(LikeActions, WhatIsSpreadOtherwiseOverItsFieldsDiffers) {
-    EXPECT_THAT(Likes({Macro({L"12"}), Macro({L"1", L"2"}), Macro({L"12"})}), ElementsAre(0, 1, 0));
-    p_Action sound = Notify({}, false);
-    std::get<aceNotify>(sound.Parameter).WaveFile = L"a";
-    EXPECT_THAT(Likes({Notify(L"a", false), sound, SetDevice(0)}), ElementsAre(0, 1, 2));
+/// All of these have one line in the editor: "Set device: M", "Check EUT: M", "API macro: m".
+TEST_F(LikeActionsTest, WhatTheEditorDoesNotShowTellsActionsApart) {
+    EXPECT_THAT(Likes(AtStart({"SETDEV:M,7", "SETDEV:M,8", "SETDEV:M,7", "SETDEV:M,7,Path 1"})),
+                ElementsAre(0, 1, 0, 3));
+    EXPECT_THAT(
+        Likes(AtStart({"CHECKEUT:M,7,1,0,0,0,0.00,0,0.00,0", "CHECKEUT:M,7,0,0,0,0,0.00,0,0.00,0",
+                       "CHECKEUT:M,7,1,0,0,0,0.00,0,0.00,0"})),
+        ElementsAre(0, 1, 0));
+    EXPECT_THAT(Likes(AtStart({"API:m||12", "API:m||1||2", "API:m", "API:m||12", "API:m"})),
+                ElementsAre(0, 1, 2, 0, 2));
 }
 
-TEST(LikeActions, AnotherLineIsAnotherAction) {
-    const p_Action action = SetDevice(7);
-    LikeActions like;
-    EXPECT_EQ(like.FirstLike(action, L"Set device: Meter", 0), 0U);
-    EXPECT_EQ(like.FirstLike(action, L"Check EUT: Meter", 1), 1U);
+/// A device action keeps the section and the path of the one before, a command its address.
+TEST_F(LikeActionsTest, WhatIsLeftOfAnotherLineDoesNotTellActionsApart) {
+    EXPECT_THAT(Likes(AtStart({"SWITCHAMP:A,3", "SWITCHUNIT:U,ANT 1", "SWITCHAMP:A,3", "SETDEV:M,7",
+                               "SWITCHUNIT:U,ANT 1", "SWITCHAMP:A,3"})),
+                ElementsAre(0, 1, 0, 3, 1, 0));
+    EXPECT_THAT(Likes(AtStart({"REMOTE:X,0,5,0,,0,", "REMOTE:X,2,host,5025:0,,0,",
+                               "REMOTE:X,0,5,0,,0,", "REMOTE:X,0,5,1,,0,"})),
+                ElementsAre(0, 1, 0, 3));
+}
+
+/// A line of either leaves the other standing: from the second entry on both are tuned.
+TEST_F(LikeActionsTest, AGeneratorWithAMonitoringDeviceIsNotLikeOneWithout) {
+    EXPECT_THAT(Likes(Single + "[ActionsOnTest]\n" +
+                      Freq({"FREQTRACK:Gen,Levels,40,0,0", "FREQTRACK:Meter,100",
+                            "FREQTRACK:Gen,Levels,40,0,0", "FREQTRACK:Meter,200",
+                            "FREQTRACK:Gen,Levels,40,0,0"})),
+                ElementsAre(0, 1, 1, 3, 3));
+}
+
+TEST_F(LikeActionsTest, EntriesThatCameBackEmptyAreAllTheSame) {
+    EXPECT_THAT(Likes(Single + "[ActionsOnTest]\nNumOfEnterActions=4\nEnterAction2=WAIT:1\n"),
+                ElementsAre(0, 1, 0, 0));
+    EXPECT_THAT(Ends(), ElementsAre("start of test: ERROR 13: type mismatch at " +
+                                    Path("test.ini") + ": [ActionsOnTest] EnterAction1"));
 }
 
 /// Each section number comes twice, the second time behind all others.
-TEST(LikeActions, ThousandsWithTheSameLineAreFound) {
-    std::vector<p_Action> actions;
-    for (std::int32_t i = 0; i < 5000; ++i) {
-        actions.push_back(SetDevice(i));
+TEST_F(LikeActionsTest, ThousandsWithTheSameLineAreFound) {
+    std::vector<std::string> actions;
+    for (int i = 0; i < 2000; ++i) {
+        actions.push_back("SETDEV:M," + std::to_string(i % 1000 + 1));
     }
-    for (std::int32_t i = 0; i < 5000; ++i) {
-        actions.push_back(SetDevice(i));
-    }
-    const std::vector<std::size_t> likes = Likes(actions);
-    for (std::size_t i = 0; i < 10'000; ++i) {
-        ASSERT_EQ(likes[i], i % 5000) << i;
+    const std::vector<std::size_t> likes = Likes(AtStart(actions));
+    ASSERT_EQ(likes.size(), 2000U);
+    for (std::size_t i = 0; i < 2000; ++i) {
+        ASSERT_EQ(likes[i], i % 1000) << i;
     }
 }
 

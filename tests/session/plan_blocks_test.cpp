@@ -57,6 +57,21 @@ TEST_F(PlanBlocksTest, TheOrderOfTheActionsAndTheKindOfTheMomentTellListsApart) 
                             "0.021 s"));
 }
 
+/// From the second subrange on the amplifier's record holds the path of the switch unit before.
+TEST_F(PlanBlocksTest, WhatIsLeftOfAnotherLineDoesNotTellListsApart) {
+    std::string text = Subranges;
+    for (const char* number : {"1", "2", "3"}) {
+        text += std::string("[ActionsOnSR") + number + "]\n" + Enter({"SWITCHAMP:A,3"}) +
+                Leave({"SWITCHUNIT:U,ANT 1"});
+    }
+    Rehearse(text);
+    EXPECT_THAT(Blocks(),
+                ElementsAre("EnterSubrange 1: 1, EnterSubrange 2: 1, EnterSubrange 3: 1; Switch "
+                            "amplifier: A --> Operate x3; 3 actions, 0 s",
+                            "LeaveSubrange 1: 1, LeaveSubrange 2: 1, LeaveSubrange 3: 1; Switch "
+                            "unit: U --> ANT 1 x3; 3 actions, 0 s"));
+}
+
 TEST_F(PlanBlocksTest, ListsWithANameStandAlone) {
     const std::string tests =
         "[Workbench]\nModule=7\nSubRanges=2\n[ActionsOnTest1_VKS]\nVKS_UKey=A\nSUBSTEPS=0\n"

@@ -135,7 +135,7 @@ class Collector final : public SessionListener {
 void Collector::Begin(ThreadContext& context, const ActionPlaces& places, const TestSetUp& setUp) {
     x_context = &context;
     std::vector<PlacedAction> all = places.All();
-    LikeActions likeActions;
+    LikeActions likeActions(context);
     for (PlacedAction& placed : all) {
         const std::size_t index = x_result.actions.size();
         const bool isNewList = index == 0 ||
