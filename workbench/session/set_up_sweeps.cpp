@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "workbench/words/outcome.h"
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {

@@ -1,8 +1,8 @@
 /// The frequencies of a test, from the file's sweeps or those of the options.
 #pragma once
 
-#include "workbench/session/set_up.h"
 #include "workbench/session/set_up_reader.h"
+#include "workbench/session/test_set_up.h"
 
 namespace ace::workbench {
 
