@@ -122,11 +122,24 @@ const RuleCase TakenOverCases[] = {
      SingleTest + Start({"CHECKEUT:A,101,0,0,0,0,1,0,1,0", "CHECKEUT:A,101,0,0,0,0,1,0,1"})},
 };
 
+/// A matrix of one combination with one row, whose section stands on line 15.
+std::string OneRow(const std::string& byBandwidth, const std::string& bandwidth) {
+    return "[Workbench]\nModule=8\nSubRanges=2\n[Workbench.DUT]\nFreq0=1\nBandwidthName0=B\n"
+           "PowerName0=P\n[ActionsOnVKSTemplate_2]\nCount=1\nBandwidth=" +
+           byBandwidth + "\n[ActionsOnStep_2_1_VKS]\nID0=-1\nID1=" + bandwidth +
+           "\nID2=-1\n[ActionsOnStep_2_1]\nNumOfEnterActions=1\nEnterAction1=WAIT:1\n";
+}
+const std::string TwoTests =
+    "[Workbench]\nModule=7\nSubRanges=2\n[ActionsOnTest1_VKS]\nVKS_UKey=A\nSUBSTEPS=0\n"
+    "[ActionsOnTest2_VKS]\n";
+
 const RuleCase RunCases[] = {
     {"skipped-at-frequency", 6, SingleTest + AtFrequency({"NOTIFY:a,,0"}),
      SingleTest + AtFrequency({"WAIT:1"})},
     {"list-never-runs", 5, SingleTest + "[ActionsOnSR1]\nNumOfFreqActions=1\nFrequAction1=WAIT:1\n",
      SingleTest + AtFrequency({"WAIT:1"})},
+    {"row-ruled-out", 15, OneRow("0", "0"), OneRow("1", "0")},
+    {"wireless-key-twice", 8, TwoTests + "VKS_UKey=A\n", TwoTests + "VKS_UKey=a\n"},
     {"tracking-outside", 6,
      Monitoring + "[ActionsOnEutMon]\nNumOfFreqActions=1\nFrequAction1=FREQTRACK:M,100\n",
      SingleTest + AtFrequency({"FREQTRACK:M,100"})},

@@ -291,6 +291,27 @@ TEST_F(PlanCommandTest, ActionsThatWaitForADeviceHaveABlockOfTheirOwn) {
                                           "EnterAction1 Wait: 0.500 s\n"));
 }
 
+/// The first row is ruled out by the flag of the bandwidth; of the second one the matrix has no
+/// power.
+TEST_F(PlanCommandTest, RowsOfAMatrixThatNeverRunAreTold) {
+    EXPECT_EQ(Blocks("[Workbench]\nModule=8\nSubRanges=0\n[Workbench.DUT]\nFreq0=1\n"
+                     "BandwidthName0=narrow\nPowerName0=low\n"
+                     "[ActionsOnVKSTemplate_0]\nCount=2\nFreq=0\nBandwidth=0\nPower=1\n"
+                     "[ActionsOnStep_0_1_VKS]\nID0=-1\nID1=0\nID2=0\n[ActionsOnStep_0_1]\n" +
+                     One("Enter", "WAIT:1") +
+                     "[ActionsOnStep_0_2_VKS]\nID0=-1\nID1=-1\nID2=1\n[ActionsOnStep_0_2]\n" +
+                     One("Enter", "WAIT:2")),
+              "no actions\n"
+              "\n"
+              "never runs:\n"
+              "  x0      [ActionsOnStep_0_2] EnterAction1 Wait: 0.002 s\n"
+              "\n"
+              "never runs, because the matrix has no such row:\n"
+              "  x0      [ActionsOnStep_0_1] 1 action\n"
+              "\n"
+              "Time       0:00:00: 0:00:00 waits of actions, 0:00:00 dwelling on frequencies\n");
+}
+
 TEST_F(PlanCommandTest, OfManyActionsThatNeverRunTheFirstAreTold) {
     std::string text = StartOfTest + "NumOfEnterActions=33\nEnterAction1=STOP:\n";
     for (int entry = 2; entry <= 33; ++entry) {

@@ -151,11 +151,27 @@ TEST_F(PrintCommandTest, RowsOfAMatrixThatReadAlikeAreToldApartByTheirSections) 
                    "[ActionsOnStep_0_3_VKS]\nID0=2\nID1=-1\nID2=-1\n"
                    "[ActionsOnStep_0_3]\nNumOfEnterActions=2\n"
                    "EnterAction1=WAIT:10\nEnterAction2=WAIT:10\n"),
-              "+------------------------------------------------+\n"
-              "| NOT ON THIS PRINT: 3 actions                   |\n"
-              "|    1  Tone, [ActionsOnStep_0_2] EnterAction1   |\n"
-              "|    2  Tone, [ActionsOnStep_0_3] EnterAction1-2 |\n"
-              "+------------------------------------------------+\n");
+              "+---------------------------------------------------------+\n"
+              "| NOT ON THIS PRINT: 3 actions                            |\n"
+              "|    1  Tone, [ActionsOnStep_0_2] EnterAction1            |\n"
+              "|    2  Tone, [ActionsOnStep_0_3] EnterAction1-2          |\n"
+              "| NEVER RUN, because the matrix has no such row: 1 action |\n"
+              "|    1  [ActionsOnStep_0_1]                               |\n"
+              "+---------------------------------------------------------+\n");
+}
+
+TEST_F(PrintCommandTest, AnEmptyPrintOfAMatrixNamesTheRowsThatItsFlagsRuleOut) {
+    EXPECT_EQ(Below("[Workbench]\nModule=8\nSubRanges=0\n[Workbench.DUT]\nFreq0=1\n"
+                    "BandwidthName0=narrow\nPowerName0=low\n"
+                    "[ActionsOnVKSTemplate_0]\nCount=1\nFreq=0\nBandwidth=0\nPower=0\n"
+                    "[ActionsOnStep_0_1_VKS]\nID0=-1\nID1=0\nID2=-1\n"
+                    "[ActionsOnStep_0_1]\nNumOfEnterActions=2\n"
+                    "EnterAction1=WAIT:10\nEnterAction2=WAIT:10\n"),
+              "the print is empty\n\n"
+              "+----------------------------------------------------------+\n"
+              "| NEVER RUN, because the matrix has no such row: 2 actions |\n"
+              "|    2  [ActionsOnStep_0_1]                                |\n"
+              "+----------------------------------------------------------+\n");
 }
 
 /// The global lists of a matrix have two moments; the editor shows no third list there.

@@ -194,6 +194,16 @@ TEST_F(TreeCommandTest, ATreeThatCannotBeBuiltIsAnErrorOfTheRun) {
                   "VKS_UKey another test has too (error 457)");
 }
 
+TEST_F(TreeCommandTest, ARowThatTheMatrixHasNotIsNoted) {
+    EXPECT_THAT(TreeOfText("[Workbench]\nModule=8\nSubRanges=0\n[Workbench.DUT]\nFreq0=1\n"
+                           "BandwidthName0=narrow\nPowerName0=low\n"
+                           "[ActionsOnVKSTemplate_0]\nCount=1\nFreq=0\nBandwidth=0\nPower=0\n"
+                           "[ActionsOnStep_0_1_VKS]\nID0=-1\nID1=0\nID2=-1\n"
+                           "[ActionsOnStep_0_1]\nNumOfEnterActions=1\nEnterAction1=WAIT:10\n"),
+                HasSubstr("\nNote       [ActionsOnStep_0_1] has 1 action, but the matrix has no "
+                          "such row\n"));
+}
+
 TEST_F(TreeCommandTest, OptionsThatMakeNoSenseAreRefusedAsThoseOfARun) {
     EXPECT_THAT(RefusalOf([&] { TreeOfText("[Workbench]\n", {.module = "9"}); }),
                 StartsWith("5 --module: \"9\" is no module"));

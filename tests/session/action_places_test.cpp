@@ -106,6 +106,46 @@ TEST_F(ActionPlacesTest, ARowOfAMatrixKeepsItsSectionWhenOthersGo) {
               ":25: [ActionsOnStep_2_2] EnterAction1 \"WAIT:2\"");
 }
 
+/// A matrix of one combination whose only row is for that bandwidth alone, with two actions: the
+/// first entry is filled twice, the third is passed over.
+std::string OneBandwidth(const std::string& flagOfTest, const std::string& flagOfFile,
+                         const std::string& id) {
+    return "[Workbench]\nModule=8\nSubRanges=2\n[Workbench.DUT]\nFreq0=1\nBandwidthName0=a\n"
+           "PowerName0=b\n" +
+           flagOfTest + "[ActionsOnVKSTemplate_2]\nCount=1\nBandwidth=" + flagOfFile +
+           "\n[ActionsOnStep_2_1_VKS]\nID0=-1\nID1=" + id +
+           "\nID2=-1\n[ActionsOnStep_2_1]\nNumOfEnterActions=3\nEnterAction1=WAIT:1\n"
+           "EnterAction1=WAIT:2\nEnterAction2=WAIT:3\nEnterAction3=WIAT:3\n";
+}
+
+TEST_F(ActionPlacesTest, TheActionsOfARowThatIsRuledOutAreCountedBySection) {
+    const auto gone = [&](const std::string& text) {
+        Load(text);
+        std::vector<std::pair<String, std::size_t>> sections;
+        for (const GoneSection& section : engines.places.Gone()) {
+            sections.emplace_back(section.section, section.actions);
+        }
+        return sections;
+    };
+    const std::vector row{std::pair(String(L"ActionsOnStep_2_1"), std::size_t{2})};
+    EXPECT_EQ(gone(OneBandwidth("", "0", "0")), row);
+    EXPECT_THAT(gone(OneBandwidth("", "1", "0")), ::testing::IsEmpty());
+    EXPECT_EQ(gone(OneBandwidth("", "1", "-1")), row);
+    EXPECT_THAT(gone(OneBandwidth("", "0", "-1")), ::testing::IsEmpty());
+    // no combination asks for it, but the matrix has it
+    EXPECT_THAT(gone(OneBandwidth("", "1", "7")), ::testing::IsEmpty());
+}
+
+/// The flag of the file gives the row up while the tables are announced; that of the test makes it
+/// anew, without its actions.
+TEST_F(ActionPlacesTest, ARowThatWasMadeAnewIsNotTheOneOfTheFile) {
+    const ModuleLists& lists = Load(OneBandwidth("InfluencedByBandwidth=0\n", "1", "-1"));
+    ASSERT_EQ(lists.VKSStepCount, 1);
+    EXPECT_EQ(lists.VKSSteps[0].EnterCount, 0);
+    EXPECT_EQ(engines.rowsNow, std::vector{-1});
+    EXPECT_EQ(engines.places.Gone().size(), 1U);
+}
+
 TEST_F(ActionPlacesTest, WhatStandsInNoListComesFromNowhere) {
     Load(
         "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\nNumOfEnterActions=1\n"

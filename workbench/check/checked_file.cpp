@@ -8,6 +8,8 @@
 #include <ace/settings/action_line.h>
 #include <ace/settings/wireless_names.h>
 
+#include "workbench/words/wording.h"
+
 namespace ace::workbench {
 
 namespace {
@@ -194,6 +196,24 @@ void CheckedFile::FindHeaders() {
 std::size_t CheckedFile::HeaderLine(StringView name) const {
     const auto found = x_firstHeaders.find(InSmallLetters(name));
     return found == x_firstHeaders.end() ? 0 : x_headers[found->second].line;
+}
+
+std::vector<KeyLine> CheckedFile::KeyLines(StringView section) const {
+    std::vector<KeyLine> keys;
+    std::size_t line = HeaderLine(section);
+    for (const String& text : x_input.document->GetSection(section)) {
+        ++line;
+        const std::size_t equals = text.find(L'=');
+        if (!IsEmptyOrComment(Trimmed(text), L";#") && equals != String::npos) {
+            keys.push_back({String(Trimmed(StringView(text).substr(0, equals))),
+                            text.substr(equals + 1), line});
+        }
+    }
+    return keys;
+}
+
+const ModuleLists& CheckedFile::Lists() const {
+    return x_engines.front()->State();
 }
 
 void CheckedFile::MarkRead(StringView name) {

@@ -88,6 +88,13 @@ struct SectionHeader {
     bool isRead = false;   ///< by the engine
 };
 
+/// A key of a section beside the lines of actions.
+struct KeyLine {
+    String key;
+    String value;
+    std::size_t line;  ///< in the file, from 1
+};
+
 /// What is checked, and what is known beside the file. What is pointed to may be none.
 struct CheckInput {
     const SettingsDocument* document = nullptr;
@@ -121,6 +128,10 @@ class CheckedFile {
     const std::vector<SectionHeader>& Headers() const { return x_headers; }
     /// Line of the section that is read under this name, from 1; 0 for a missing one.
     std::size_t HeaderLine(StringView name) const;
+    /// The keys of a section in their order; none for a missing one.
+    std::vector<KeyLine> KeyLines(StringView section) const;
+    /// The lists of the module; of a susceptibility test those beside its steps.
+    const ModuleLists& Lists() const;
     /// Why the load fails without a line of a section; empty when it doesn't.
     const String& Failure() const { return x_failure; }
     /// The context of the lists, for what writes and describes them.

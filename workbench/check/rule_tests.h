@@ -88,6 +88,11 @@ void WaitsForOperator(const CheckedAction& action, const Found& found);
 void PlaceholderStays(const CheckedAction& action, const Found& found);
 void RadiationStays(const CheckedFile& file, const Found& found);
 
+// ---- wireless_rules.cpp ------------------------------------------------------------------------
+
+void RowRuledOut(const CheckedFile& file, const Found& found);
+void WirelessKeyTwice(const CheckedFile& file, const Found& found);
+
 // ---- value_rules.cpp ---------------------------------------------------------------------------
 
 void TextForNumber(const CheckedAction& action, const Found& found);

@@ -116,26 +116,6 @@ std::vector<String> EngineNames(const CheckedFile& file) {
     return {names.begin(), names.end()};
 }
 
-/// The keys of a section with the lines on which they stand, from 1 in the file.
-struct KeyLine {
-    String key;
-    String value;
-    std::size_t line;
-};
-std::vector<KeyLine> KeysOf(const CheckedFile& file, const String& section) {
-    std::vector<KeyLine> keys;
-    std::size_t line = file.HeaderLine(section);
-    for (const String& text : file.Input().document->GetSection(section)) {
-        ++line;
-        const std::size_t equals = text.find(L'=');
-        if (!IsEmptyOrComment(Trimmed(text), L";#") && equals != String::npos) {
-            keys.push_back({String(Trimmed(StringView(text).substr(0, equals))),
-                            text.substr(equals + 1), line});
-        }
-    }
-    return keys;
-}
-
 /// The name in a line that has one bracket of a header and not the other.
 std::optional<String> NameInHalfBrackets(StringView line) {
     const StringView text = Trimmed(line);
@@ -252,7 +232,7 @@ void RuleTests::NumberWithoutSection(const CheckedFile& file, const Found& found
         return;
     }
     const String key = L"SubRanges";
-    const std::vector<KeyLine> keys = KeysOf(file, String(OwnSections()[0].name));
+    const std::vector<KeyLine> keys = file.KeyLines(OwnSections()[0].name);
     const auto line = std::ranges::find_if(
         keys, [&](const KeyLine& candidate) { return EqualNoCase(candidate.key, key); });
     for (const CheckedSection& section : file.Sections()) {
@@ -275,7 +255,7 @@ void RuleTests::MisspeltKey(const CheckedFile& file, const Found& found) {
         const std::span<const StringView> words =
             section.isFirst ? KnownKeys(section.name) : std::span<const StringView>();
         for (const KeyLine& key :
-             words.empty() ? std::vector<KeyLine>() : KeysOf(file, section.name)) {
+             words.empty() ? std::vector<KeyLine>() : file.KeyLines(section.name)) {
             const String numberless = Numberless(key.key);
             const StringView near = NearestWord(numberless, words);
             if (!near.empty() && !EqualNoCase(near, numberless)) {
@@ -292,7 +272,7 @@ void RuleTests::KeyTwice(const CheckedFile& file, const Found& found) {
         if (OwnSectionOf(section.name) == nullptr || !section.isFirst) {
             continue;
         }
-        for (const KeyLine& key : KeysOf(file, section.name)) {
+        for (const KeyLine& key : file.KeyLines(section.name)) {
             if (!seen.insert(key.key).second) {
                 found.At({file.Input().path, key.line, section.name, key.key, key.value});
             }

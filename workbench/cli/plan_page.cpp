@@ -281,6 +281,11 @@ void Page::PrintWaiting() {
 void Page::PrintNeverRun() {
     PrintSome(L"never runs:", NeverBegun(x_rehearsal), MostNotBegun, L"action", L"actions",
               [](const RehearsedAction* action) { return TimesLine(0, SourceLine(*action)); });
+    PrintSome(L"never runs, because the matrix has no such row:", x_rehearsal.gone, MostNotBegun,
+              L"section", L"sections", [](const GoneSection& gone) {
+                  return TimesLine(0, OneLine(L"[" + gone.section + L"] ") +
+                                          Counted(gone.actions, L"action", L"actions"));
+              });
 }
 
 }  // namespace

@@ -86,6 +86,7 @@ Content ReadContent(const TestSetUp& setUp, const String& file, std::size_t widt
             AppendPrint(content, engines, **engine, file, width);
         }
     }
+    AddRuledOut(content.gaps, engines.places);
     return content;
 }
 

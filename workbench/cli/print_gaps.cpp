@@ -282,10 +282,17 @@ void AddGaps(PrintGaps& gaps, EngineState& engine, const ActionPlaces& places) {
     });
 }
 
+void AddRuledOut(PrintGaps& gaps, const ActionPlaces& places) {
+    for (const GoneSection& gone : places.Gone()) {
+        AddTo(gaps.ruledOut, gone.actions, [&] { return OneLine(L"[" + gone.section + L"]"); });
+    }
+}
+
 std::vector<Paragraph> GapsText(const PrintGaps& gaps) {
     std::vector<Paragraph> text;
     AppendLists(text, L"NOT ON THIS PRINT", gaps.leftOut);
     AppendLists(text, L"PRINTED, BUT NEVER RUN", gaps.neverRun);
+    AppendLists(text, L"NEVER RUN, because the matrix has no such row", gaps.ruledOut);
     AppendLists(text, L"A PART IS NOT ON THIS PRINT", gaps.inPart);
     AppendLists(text, L"WITHOUT A LINE, because the file has none that the list knows", gaps.empty);
     if (gaps.cutCommands > 0) {

@@ -28,6 +28,7 @@ struct PrintGaps {
     GapLists leftOut;             ///< they have no place in the print
     GapLists neverRun;            ///< printed, though their moment passes over them
     GapLists inPart;              ///< printed without something that they do, entry by entry
+    GapLists ruledOut;            ///< in sections of rows that the matrix has not
     GapLists empty;               ///< no line anywhere: entries that came back empty
     std::size_t cutCommands = 0;  ///< printed without their end, and nothing shows that
 };
@@ -35,6 +36,9 @@ struct PrintGaps {
 /// Adds what the print of an engine leaves out, with the lists in the order of their sets. `places`
 /// knows where they stand in the file. Errors of the host's language data come out.
 void AddGaps(PrintGaps& gaps, EngineState& engine, const ActionPlaces& places);
+
+/// Adds the actions of the file that no engine holds any more, section by section.
+void AddRuledOut(PrintGaps& gaps, const ActionPlaces& places);
 
 /// The paragraphs of the note on all that; none where the print says everything.
 std::vector<Paragraph> GapsText(const PrintGaps& gaps);

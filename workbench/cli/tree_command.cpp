@@ -107,6 +107,11 @@ Content ReadContent(const TestSetUp& setUp, const String& file) {
     ThreadContext context(host);
     const LoadedEngines engines = LoadEngines(context, setUp, file);
     Content content{engines.notes, {}};
+    for (const GoneSection& gone : engines.places.Gone()) {
+        content.notes.push_back(L"[" + gone.section + L"] has " +
+                                Counted(gone.actions, L"action", L"actions") +
+                                L", but the matrix has no such row");
+    }
     for (const auto* engine : {&engines.engine, &engines.steps}) {
         if (*engine != nullptr) {
             AppendTree(host, **engine, file, content.rows);

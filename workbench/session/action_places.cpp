@@ -1,6 +1,7 @@
 #include "workbench/session/action_places.h"
 
 #include <functional>
+#include <set>
 
 #include <ace/core/text.h>
 #include <ace/settings/action_line.h>
@@ -82,7 +83,7 @@ void ActionPlaces::LineIsRead(const LineReport& report) {
         return;
     }
     const std::int32_t entry = isEntry ? report.entry : EntryOfKey(report.key, report.list);
-    x_sets.back().entries.push_back({report.list, entry, report.lineIndex});
+    x_sets.back().entries.push_back({report.list, entry, report.lineIndex, isEntry});
 }
 
 void ActionPlaces::SetsMoved(const DynArray<p_Subrange>& sets,
@@ -93,6 +94,23 @@ void ActionPlaces::SetsMoved(const DynArray<p_Subrange>& sets,
             filled.place.index = indexes[index];
         }
     }
+}
+
+std::vector<GoneSection> ActionPlaces::Gone() const {
+    std::vector<GoneSection> gone;
+    for (const FilledSet& filled : x_sets) {
+        std::set<std::pair<std::int32_t, std::int32_t>> actions;
+        const bool isGone = filled.place.fixed == nullptr && filled.place.index < 0;
+        for (const EntryLineOf& line : filled.entries) {
+            if (isGone && line.isAction) {
+                actions.emplace(line.list, line.entry);
+            }
+        }
+        if (!actions.empty()) {
+            gone.push_back({filled.section, actions.size()});
+        }
+    }
+    return gone;
 }
 
 std::optional<ActionSource> ActionPlaces::Find(const p_Action* action) const {

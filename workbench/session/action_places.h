@@ -26,6 +26,12 @@ struct PlacedAction {
     const DynArray<p_Action>* list;  ///< in which it stands
 };
 
+/// A section whose actions stand in no list any more.
+struct GoneSection {
+    String section;
+    std::size_t actions = 0;  ///< at least one
+};
+
 /// "EnterAction3"
 String EntryKey(const ActionSource& source);
 /// "file.ini:33: [ActionsOnSR1] EnterAction3 "WAIT:100"", as the file has it now; without what
@@ -45,6 +51,9 @@ class ActionPlaces final : public ILineObserver {
     /// `indexes[i]` now; -1 for one that is gone.
     void SetsMoved(const DynArray<p_Subrange>& sets, const std::vector<std::int32_t>& indexes);
 
+    /// The sections with actions that were read into sets that are gone, in the order of the load.
+    std::vector<GoneSection> Gone() const;
+
     /// The source of an action that stands in one of the lists; nothing for any other address. It
     /// takes time in proportion to the number of sections.
     std::optional<ActionSource> Find(const p_Action* action) const;
@@ -56,6 +65,7 @@ class ActionPlaces final : public ILineObserver {
         std::int32_t list;
         std::int32_t entry;
         std::int32_t lineIndex;
+        bool isAction;  ///< not one that was passed over
     };
     struct FilledSet {
         SetPlace place;

@@ -1,11 +1,13 @@
 #include "workbench/session/loaded_engines.h"
 
+#include <algorithm>
 #include <array>
 #include <map>
 
 #include <ace/core/actions_engine.h>
 #include <ace/core/engine_state.h>
 #include <ace/core/operation.h>
+#include <ace/matrix/matrix_rows.h>
 
 #include "workbench/session/load_place.h"
 #include "workbench/session/wireless_run.h"
@@ -28,29 +30,34 @@ std::unique_ptr<_aceActionsEngine> Load(ThreadContext& context, const TestSetUp&
     return engine;
 }
 
-/// Frequency, bandwidth and power of a row.
-using RowKey = std::array<double, 3>;
+/// What a row is known by: its key, and how many actions its lists have. One that was given up and
+/// made anew has none.
+using RowMark = std::pair<RowKey, std::array<std::int32_t, std::size(ActionLists)>>;
 
-/// The keys of a matrix' rows; none for any other module.
-std::vector<RowKey> RowsOf(const EngineState& state) {
-    std::vector<RowKey> rows;
+/// Those of a matrix' rows; none for any other module.
+std::vector<RowMark> RowsOf(const EngineState& state) {
+    std::vector<RowMark> rows;
     for (std::int32_t row = 0; state.Modul == aceVKSDUT && row < state.VKSStepCount; ++row) {
-        rows.push_back({state.VKSDUTIds(row, 0), state.VKSDUTIds(row, 1), state.VKSDUTIds(row, 2)});
+        RowMark mark{KeyOf(state, row), {}};
+        std::ranges::transform(ActionLists, mark.second.begin(), [&](const ListFields& list) {
+            return state.VKSSteps[row].*list.count;
+        });
+        rows.push_back(mark);
     }
     return rows;
 }
 
-/// Where each row of `before` stands in `now`; -1 for nowhere. Rows with one key keep their order.
-std::vector<std::int32_t> IndexesNow(const std::vector<RowKey>& before,
-                                     const std::vector<RowKey>& now) {
-    std::multimap<RowKey, std::int32_t> rest;
+/// Where each row of `before` stands in `now`; -1 for nowhere. Rows with one mark keep their order.
+std::vector<std::int32_t> IndexesNow(const std::vector<RowMark>& before,
+                                     const std::vector<RowMark>& now) {
+    std::multimap<RowMark, std::int32_t> rest;
     for (std::size_t i = 0; i < now.size(); ++i) {
         rest.emplace(now[i], static_cast<std::int32_t>(i));
     }
     std::vector<std::int32_t> indexes;
-    for (const RowKey& key : before) {
-        const auto found = rest.lower_bound(key);
-        const bool isThere = found != rest.end() && found->first == key;
+    for (const RowMark& mark : before) {
+        const auto found = rest.lower_bound(mark);
+        const bool isThere = found != rest.end() && found->first == mark;
         indexes.push_back(isThere ? found->second : -1);
         if (isThere) {
             rest.erase(found);
@@ -68,9 +75,10 @@ LoadedEngines LoadEngines(ThreadContext& context, const TestSetUp& setUp, const 
         engines.steps = Load(context, setUp, fileName, aceEMSAutoTemplate, engines);
     }
     const EngineState& state = static_cast<aceActionsEngine&>(*engines.engine).State();
-    const std::vector<RowKey> rows = RowsOf(state);
+    const std::vector<RowMark> rows = RowsOf(state);
     AnnounceWireless(*engines.engine, setUp);
-    engines.places.SetsMoved(state.VKSSteps, IndexesNow(rows, RowsOf(state)));
+    engines.rowsNow = IndexesNow(rows, RowsOf(state));
+    engines.places.SetsMoved(state.VKSSteps, engines.rowsNow);
     return engines;
 }
 

@@ -18,6 +18,8 @@ struct LoadedEngines {
     std::unique_ptr<_aceActionsEngine> steps;  ///< none for any other test, and without steps
     std::vector<String> notes;                 ///< on actions of the file that the engines lack
     ActionPlaces places;                       ///< of the actions of both
+    /// Of a matrix: by the rows of the file, where each stands now; -1 for one that is gone.
+    std::vector<std::int32_t> rowsNow;
 };
 
 /// Loads the lists of a test and announces its wireless tests or its matrix. A failure is

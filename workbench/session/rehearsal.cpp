@@ -370,6 +370,7 @@ Rehearsal Rehearse(const std::shared_ptr<TransportHost>& host, const TestSetUp& 
     Session session(host, setUp, answers, collector, &theOperator);
     session.Load(file);
     collector.Begin(session.Context(), session.Places(), setUp);
+    result.gone = session.Places().Gone();
     if (hasBench) {
         MakeEquipmentWell(host->bench);
     } else {

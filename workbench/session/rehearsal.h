@@ -88,6 +88,7 @@ struct Rehearsal {
     std::vector<RehearsedAddress> addresses;
     std::vector<RehearsedDevice> devices;
     std::vector<RehearsedEnd> ends;
+    std::vector<GoneSection> gone;    ///< with actions of rows that the matrix has not
     std::size_t programsAwaited = 0;  ///< starts that wait for the program's confirmation
     /// Actions to park the accessories that the end of the test takes as one request: the engine
     /// begins none of them, so that no count of a run has them.

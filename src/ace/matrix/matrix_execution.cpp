@@ -61,8 +61,8 @@ std::int32_t RowOrFallBack(const EngineState& state, const RowKey& key) {
     return row >= 0 ? row : FindRow(state, AllRow);
 }
 
-/// Writes the key that is looked for into the arguments, and answers its row; -1 when the host says
-/// that there is none.
+}  // namespace
+
 std::int32_t TakeRow(EngineState& state, double& frequency, std::int32_t& bandwidth,
                      std::int32_t& power) {
     NormaliseKey(state, frequency, bandwidth, power);
@@ -70,8 +70,6 @@ std::int32_t TakeRow(EngineState& state, double& frequency, std::int32_t& bandwi
     const std::int32_t row = RowOrFallBack(state, key);
     return IsInRange(state, state.VKSSteps, row) ? row : -1;
 }
-
-}  // namespace
 
 /// Intentional: its lines carry another name; readers of traces know it so.
 void aceActionsEngine::SetVKSReplaceVar(const DynArray<String>& strSearch,

@@ -36,6 +36,13 @@ std::int32_t FindRow(const EngineState& state, const RowKey& key);
 /// with them and looks after itself.
 std::int32_t FindRow(const ModuleLists& lists, PlaceIndex& places, const RowKey& key);
 
+/// The row that the operations of the matrix take for a frequency (hertz), a bandwidth and a power:
+/// that of the key which they are looked for under, else the row for everything. The key comes back
+/// in the arguments. -1 for none; errors as above, and error 9 where the keys or the lists have no
+/// such row.
+std::int32_t TakeRow(EngineState& state, double& frequency, std::int32_t& bandwidth,
+                     std::int32_t& power);
+
 /// The keys of all rows at once, so that a rebuild needs no walk over the rows for each of them.
 class RowKeys {
   public:
