@@ -10,7 +10,9 @@
 namespace ace::workbench {
 namespace {
 
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
+using ::testing::Not;
 using ::testing::StartsWith;
 
 const std::string Clean =
@@ -20,6 +22,14 @@ const std::string Lossy = Clean + "Remark=a:b\n";
 const std::string Unusable =
     "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\nNumOfEnterActions=2\n"
     "EnterAction1=SWICHAMP:Amp A,3\nEnterAction2=MSG:Go, now\n";
+
+std::string Repeated(const std::string& line, int times) {
+    std::string text;
+    for (int i = 0; i < times; ++i) {
+        text += line;
+    }
+    return text;
+}
 
 class CheckCommandTest : public FolderTest {
   protected:
@@ -130,7 +140,109 @@ TEST_F(CheckCommandTest, AsLoadedShowsLineActionAndWhatWouldBeSaved) {
                            row("EnterAction1=SWICHAMP:Amp A,3",
                                "(passed over: its list does not know the keyword)", "") +
                            row("EnterAction2=MSG:Go, now", "Notify: Go, now",
-                               "EnterAction2=NOTIFY:Go  now,,0"));
+                               "EnterAction2=NOTIFY:Go  now,,0") +
+                           "\nNothing is saved as long as 1 entry is empty\n");
+}
+
+TEST_F(CheckCommandTest, AsLoadedHasNoWordBelowAFileThatCanBeSaved) {
+    Check(Lossy, AsLoadedLines());
+    EXPECT_THAT(printed, EndsWith("\nRemark=a:b          | (passed over: no key of a list) |\n"));
+}
+
+/// Entries one behind the other are one row; those of lines that are there have none.
+TEST_F(CheckCommandTest, AsLoadedShowsEntriesWithoutAnyLineBelowTheirCount) {
+    Check(
+        "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\n"
+        "EnterAction2=WAIT:5\nNumOfEnterActions=8\nEnterAction4=WIAT:1\n"
+        "EnterAction6=WAIT\nNumOfLeaveActions=1\n",
+        AsLoadedLines());
+    EXPECT_EQ(printed.substr(printed.find('[')),
+              "[ActionsOnTest]\n"
+              "EnterAction2=WAIT:5 | Wait: 0.005 s                                     | "
+              "EnterAction2=WAIT:5.000\n"
+              "NumOfEnterActions=8 | (the count)                                       | "
+              "NumOfEnterActions=8\n"
+              "(no line)           | EnterAction1 is empty                             | "
+              "can't be saved\n"
+              "(no line)           | EnterAction3 is empty                             | "
+              "can't be saved\n"
+              "(no line)           | EnterAction5 is empty                             | "
+              "can't be saved\n"
+              "(no line)           | EnterAction7-8 are empty                          | "
+              "can't be saved\n"
+              "EnterAction4=WIAT:1 | (passed over: its list does not know the keyword) |\n"
+              "EnterAction6=WAIT   | (STOPS THE LOAD: there is no \":\" behind the \"=\")  |\n"
+              "NumOfLeaveActions=1 | (the count)                                       | "
+              "NumOfLeaveActions=1\n"
+              "(no line)           | LeaveAction1 is empty                             | "
+              "can't be saved\n"
+              "\nNothing is saved as long as 1 line stops the load and 7 entries are empty\n");
+}
+
+/// Of 66 characters each column has 20, beside two gaps of 3.
+TEST_F(CheckCommandTest, OnATerminalTheColumnsAreEquallyWideAndBreakTheirTexts) {
+    Check(
+        "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\nNumOfEnterActions=1\n"
+        "EnterAction1=MSG:Please close the door\n",
+        AsLoadedLines(), 66);
+    EXPECT_EQ(printed,
+              "In the file          | In the engine        | Saved\n"
+              "\n"
+              "[ActionsOnTest]\n"
+              "NumOfEnterActions=1  | (the count)          | NumOfEnterActions=1\n"
+              "EnterAction1=MSG:Ple | Notify: Please close | EnterAction1=NOTIFY:\n"
+              "ase close the door   | the door             | Please close the\n"
+              "                     |                      | door,,0\n");
+}
+
+TEST_F(CheckCommandTest, AnyTerminalIsTakenToHaveSixtyCharacters) {
+    Check(Clean, AsLoadedLines(), 10);
+    EXPECT_THAT(printed, StartsWith("In the file        | In the engine      | Saved\n"));
+    const std::string narrow = printed;
+    Check(Clean, AsLoadedLines(), 60);
+    EXPECT_EQ(printed, narrow);
+}
+
+TEST_F(CheckCommandTest, TheLineBelowTheColumnsIsBrokenAtTheWidthOfTheTerminal) {
+    Check(Clean + Repeated("; remark\n", 2), AsLoadedLines(), 60);
+    EXPECT_THAT(printed, EndsWith("\n\nNothing is saved as long as 2 lines stop the load\n"));
+    Check(Clean + Repeated("; remark\n", 101), AsLoadedLines(), 60);
+    EXPECT_THAT(printed,
+                EndsWith("\n\nNothing is saved: more than 100 lines stop the load; correct\n"
+                         "these first, because nothing behind them was looked at\n"));
+}
+
+// ---- very many lines that stop the load --------------------------------------------------------
+
+TEST_F(CheckCommandTest, AHundredLinesThatStopTheLoadAreAllOfThem) {
+    EXPECT_EQ(Check(Clean + Repeated("; remark\n", 100)), CheckResult::Unusable);
+    EXPECT_THAT(printed, HasSubstr("\nFindings   100: 100 of what stops the load or the save\n"));
+    EXPECT_THAT(printed, Not(HasSubstr("more than")));
+}
+
+/// The section behind them was not read, which is no reason to say that nobody reads it.
+TEST_F(CheckCommandTest, MoreLinesThatStopTheLoadAreToldOfAndNothingBehindThem) {
+    EXPECT_EQ(Check("[Workbench]\nModule=0\nSubRanges=1\n[ActionsOnTest]\nNumOfEnterActions=1\n" +
+                    Repeated("; remark\n", 101) + "[ActionsOnSR1]\nNumOfEnterActions=1\n"),
+              CheckResult::Unusable);
+    EXPECT_THAT(printed, HasSubstr("\nFindings   101: 101 of what stops the load or the save\n"));
+    EXPECT_THAT(printed,
+                HasSubstr("test.ini:\n    the file can't be loaded: more than 100 lines stop the "
+                          "load; correct these first, because nothing behind them was looked at\n"
+                          "    Correct what it names; the rest is looked at only then.\n"));
+}
+
+/// The sections of the subranges are read by themselves once the load has come to the first.
+TEST_F(CheckCommandTest, OfManySectionsTheFirstHundredLinesThatStopTheLoadAreTold) {
+    std::string text = "[Workbench]\nModule=0\nSubRanges=60\n[ActionsOnTest]\n; remark\n; remark\n";
+    for (int i = 1; i <= 60; ++i) {
+        text += "[ActionsOnSR" + std::to_string(i) + "]\n; remark\n; remark\n";
+    }
+    Check(text);
+    EXPECT_THAT(printed, HasSubstr("\nFindings   101: 101 of what stops the load or the save\n"));
+    EXPECT_THAT(printed, HasSubstr("test.ini:5: [ActionsOnTest] \"; remark\"\n"));
+    EXPECT_THAT(printed, HasSubstr("test.ini:153: [ActionsOnSR49] \"; remark\"\n"));
+    EXPECT_THAT(printed, Not(HasSubstr("[ActionsOnSR50]")));
 }
 
 TEST_F(CheckCommandTest, AsLoadedShowsTheLinesThatStopTheLoadInTheirPlace) {

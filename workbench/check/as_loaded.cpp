@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <set>
 
 #include <ace/core/operation.h>
+#include <ace/core/text.h>
 #include <ace/editor/action_text.h>
 #include <ace/settings/action_line.h>
 
@@ -68,9 +71,70 @@ Row RowOf(const CheckedFile& file, const CheckedSection& section, const CheckedL
     return {text, {}, {}};
 }
 
+/// A list and the index of an entry in it, from 0.
+using ListEntry = std::pair<std::int32_t, std::int32_t>;
+
+/// The entry for which the key of a line stands; nothing for any other line.
+std::optional<ListEntry> EntryOf(StringView line) {
+    const StringView key = Trimmed(line.substr(0, line.find(L'=')));
+    for (std::int32_t list = 1; list <= std::ssize(ActionLists); ++list) {
+        const StringView word = ActionListKeys[list - 1].entry;
+        if (EqualNoCase(key.substr(0, word.size()), word)) {
+            return ListEntry(list, WholeInteger(key.substr(word.size())).value_or(0) - 1);
+        }
+    }
+    return std::nullopt;
+}
+
+/// The entries that lines of the file stand for.
+template <class Line>
+void AddEntries(const std::vector<Line>& lines, std::set<ListEntry>& entries) {
+    for (const Line& line : lines) {
+        if (const std::optional<ListEntry> entry = EntryOf(line.text)) {
+            entries.insert(*entry);
+        }
+    }
+}
+
+/// "EnterAction2 is empty", "EnterAction4-9 are empty"
+Row EmptyRow(std::int32_t list, std::int32_t first, std::int32_t last) {
+    const String name =
+        String(ActionListKeys[list - 1].entry) + std::to_wstring(first + 1) +
+        (first == last ? L" is empty" : L"-" + std::to_wstring(last + 1) + L" are empty");
+    return {L"(no line)", name, L"can't be saved"};
+}
+
+using PlacedRows = std::vector<std::pair<std::int32_t, Row>>;
+
+/// Entries without any line, those one behind the other in one row, below the count of their list.
+void AppendEmpty(const CheckedSection& section, PlacedRows& rows) {
+    std::set<ListEntry> known;
+    AddEntries(section.lines, known);
+    AddEntries(section.stops, known);
+    std::array<std::int32_t, std::size(ActionLists)> counts{};
+    for (const CheckedLine& line : section.lines) {
+        if (line.meaning == LineMeaning::Count) {
+            counts[static_cast<std::size_t>(line.list - 1)] = line.index;
+        }
+    }
+    std::vector<ListEntry> empty;
+    std::ranges::remove_copy_if(section.emptyEntries, std::back_inserter(empty),
+                                [&](const ListEntry& entry) { return known.contains(entry); });
+    for (std::size_t i = 0; i < empty.size();) {
+        std::size_t last = i;
+        while (last + 1 < empty.size() && empty[last + 1].first == empty[i].first &&
+               empty[last + 1].second == empty[last].second + 1) {
+            ++last;
+        }
+        rows.emplace_back(counts[static_cast<std::size_t>(empty[i].first - 1)],
+                          EmptyRow(empty[i].first, empty[i].second, empty[last].second));
+        i = last + 1;
+    }
+}
+
 /// The rows of a section in the order of the file, with the lines that stop the load in between.
 std::vector<Row> RowsOf(const CheckedFile& file, const CheckedSection& section) {
-    std::vector<std::pair<std::int32_t, Row>> rows;
+    PlacedRows rows;
     for (const CheckedLine& line : section.lines) {
         const bool isLeftOut = std::ranges::find(section.stops, line.index, &StoppedLine::index) !=
                                section.stops.end();
@@ -82,6 +146,7 @@ std::vector<Row> RowsOf(const CheckedFile& file, const CheckedSection& section) 
         rows.emplace_back(stop.index,
                           Row{OneLine(stop.text), L"(STOPS THE LOAD: " + stop.reason + L")", {}});
     }
+    AppendEmpty(section, rows);
     std::ranges::stable_sort(rows, {}, [](const auto& row) { return row.first; });
     std::vector<Row> texts;
     std::ranges::transform(rows, std::back_inserter(texts),
@@ -124,6 +189,33 @@ void AppendRow(std::vector<String>& lines, const Row& row, const Widths& widths)
     }
 }
 
+/// Why nothing of all that is saved; empty when it can be.
+String UnsavedText(const CheckedFile& file) {
+    std::size_t stops = 0;
+    std::size_t empty = 0;
+    for (const CheckedSection& section : file.Sections()) {
+        std::set<ListEntry> stopped;
+        AddEntries(section.stops, stopped);
+        stops += section.stops.size();
+        empty += static_cast<std::size_t>(std::ranges::count_if(
+            section.emptyEntries,
+            [&](const ListEntry& entry) { return !stopped.contains(entry); }));
+    }
+    if (!file.Failure().empty()) {
+        return L"Nothing is saved: " + file.Failure();
+    }
+    String text;
+    const auto add = [&](std::size_t count, StringView one, StringView many) {
+        if (count > 0) {
+            text += (text.empty() ? L"Nothing is saved as long as " : L" and ") +
+                    Counted(count, one, many);
+        }
+    };
+    add(stops, L"line stops the load", L"lines stop the load");
+    add(empty, L"entry is empty", L"entries are empty");
+    return text;
+}
+
 }  // namespace
 
 std::vector<String> AsLoaded(const CheckedFile& file, std::size_t width) {
@@ -142,6 +234,10 @@ std::vector<String> AsLoaded(const CheckedFile& file, std::size_t width) {
         for (const Row& row : sections[i]) {
             AppendRow(lines, row, widths);
         }
+    }
+    if (const String text = UnsavedText(file); !text.empty()) {
+        lines.emplace_back();
+        std::ranges::copy(Wrapped(text, width), std::back_inserter(lines));
     }
     return lines;
 }

@@ -110,6 +110,11 @@ void FindFilled(CheckedSection& section) {
     }
 }
 
+String MoreStopsText() {
+    return L"more than " + std::to_wstring(CheckedFile::MostStops) +
+           L" lines stop the load; correct these first, because nothing behind them was looked at";
+}
+
 /// An entry of a list whose count stands nowhere.
 bool LacksCount(const CheckedSection& section, const StoppedLine& stop) {
     return stop.step == LineStep::FindEntry && stop.list > 0 &&
@@ -239,11 +244,17 @@ bool CheckedFile::Load(aceModul moduleKind) {
         x_context->LineObserver = nullptr;
         if (reader.stop.index >= 0 && x_stops.size() < MostStops) {
             LeaveOut(reader);
-            LeaveOutOfNumbered(moduleKind);
+            if (reader.sections.back().sets != nullptr) {
+                LeaveOutOfNumbered(moduleKind);
+            }
             continue;
         }
-        x_failure = failure;
+        x_hasMoreStops = reader.stop.index >= 0;
+        x_failure = x_hasMoreStops ? MoreStopsText() : failure;
         std::ranges::for_each(reader.sections, FindFilled);
+        if (x_hasMoreStops) {
+            reader.sections.back().emptyEntries.clear();  // lines of it were not read
+        }
         std::ranges::move(reader.sections, std::back_inserter(x_sections));
         x_engines.push_back(std::move(engine));
         return failure.empty();

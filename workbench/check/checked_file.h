@@ -114,7 +114,7 @@ struct CheckInput {
 /// again, so that all of them are found.
 class CheckedFile {
   public:
-    /// More lines than this that stop the load are not looked for.
+    /// More lines than this that stop the load are not looked for, nor what stands behind them.
     static constexpr std::size_t MostStops = 100;
 
     explicit CheckedFile(const CheckInput& input);
@@ -132,6 +132,8 @@ class CheckedFile {
     std::vector<KeyLine> KeyLines(StringView section) const;
     /// The lists of the module; of a susceptibility test those beside its steps.
     const ModuleLists& Lists() const;
+    /// There are more of them.
+    bool HasMoreStops() const { return x_hasMoreStops; }
     /// Why the load fails without a line of a section; empty when it doesn't.
     const String& Failure() const { return x_failure; }
     /// The context of the lists, for what writes and describes them.
@@ -161,6 +163,7 @@ class CheckedFile {
         StoppedLine line;
     };
     std::vector<Stop> x_stops;
+    bool x_hasMoreStops = false;
     String x_failure;
 };
 

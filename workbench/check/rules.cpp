@@ -92,7 +92,10 @@ std::vector<Finding> FindingsOf(const CheckedFile& file) {
     std::vector<Finding> findings;
     for (const auto part : {LoadRules(), RunRules()}) {
         for (const Rule& rule : part) {
-            Look(file, rule, findings);
+            // what is not loaded to its end is not known to be skipped, lost or unused
+            if (file.Failure().empty() || rule.group == FindingGroup::Stops) {
+                Look(file, rule, findings);
+            }
         }
     }
     std::ranges::stable_sort(findings, {}, [](const Finding& finding) {

@@ -91,7 +91,8 @@ std::span<const Rule> LoadRules();
 std::span<const Rule> RunRules();
 std::vector<Rule> Rules();
 
-/// All findings, worst first, those of a group in the order of their places.
+/// All findings, worst first, those of a group in the order of their places. Of a file that can't
+/// be loaded to its end only what stops the load or the save.
 std::vector<Finding> FindingsOf(const CheckedFile& file);
 
 }  // namespace ace::workbench
