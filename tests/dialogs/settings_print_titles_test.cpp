@@ -12,9 +12,11 @@ using L = ModuleLists;
 // ---- titles
 // --------------------------------------------------------------------------------------
 
-/// A list that is the only one with an action. Of numbered sets it is that of the third.
+/// A list that is the only one with an action, and its moment. Of numbered sets it is that of the
+/// third.
 struct TitleCase {
     aceModul moduleKind;
+    p_PerformTimes time;
     p_Subrange L::*fixed;
     const NumberedSets* numbered;
     ListFields list;
@@ -22,46 +24,46 @@ struct TitleCase {
 };
 
 constexpr TitleCase Titles[] = {
-    {aceTemplate, &L::MainTest, nullptr, EnterList, L"T(9051)"},
-    {aceTemplate, &L::MainTest, nullptr, FreqList, L"T(9052)"},
-    {aceTemplate, nullptr, &MainSubrangeSets, EnterList, L"T(9053) 3: T(9054)"},
-    {aceTemplate, nullptr, &MainSubrangeSets, LeaveList, L"T(9053) 3: T(9055)"},
-    {aceTemplate, &L::MainTest, nullptr, LeaveList, L"T(9056)"},
+    {aceTemplate, ptStartTest, &L::MainTest, nullptr, EnterList, L"T(9051)"},
+    {aceTemplate, ptEveryFreq, &L::MainTest, nullptr, FreqList, L"T(9052)"},
+    {aceTemplate, ptEnterSubRange, nullptr, &MainSubrangeSets, EnterList, L"T(9053) 3: T(9054)"},
+    {aceTemplate, ptLeaveSubrange, nullptr, &MainSubrangeSets, LeaveList, L"T(9053) 3: T(9055)"},
+    {aceTemplate, ptStopTest, &L::MainTest, nullptr, LeaveList, L"T(9056)"},
 
-    {aceMonitoring, &L::MoniEut, nullptr, EnterList, L"T(9051)"},
-    {aceMonitoring, &L::MoniEut, nullptr, FreqList, L"T(9052)"},
-    {aceMonitoring, &L::MoniLoop, nullptr, EnterList, L"T(9101): T(9094)"},
-    {aceMonitoring, &L::MoniLoop, nullptr, MlcList, L"T(9101): T(9095)"},
-    {aceMonitoring, nullptr, &MoniChannelSets, FreqList, L"T(21000) 3: T(9075)"},
-    {aceMonitoring, nullptr, &MoniChannelSets, EnterList, L"T(21000) 3: T(9057)"},
-    {aceMonitoring, nullptr, &MoniChannelSets, LeaveList, L"T(21000) 3: T(9076)"},
-    {aceMonitoring, &L::MoniEut, nullptr, MlcList, L"T(9087)"},
-    {aceMonitoring, &L::MoniEut, nullptr, LeaveList, L"T(9056)"},
+    {aceMonitoring, ptStartTest, &L::MoniEut, nullptr, EnterList, L"T(9051)"},
+    {aceMonitoring, ptEveryFreq, &L::MoniEut, nullptr, FreqList, L"T(9052)"},
+    {aceMonitoring, ptBeforeTest, &L::MoniLoop, nullptr, EnterList, L"T(9101): T(9094)"},
+    {aceMonitoring, ptAfterTest, &L::MoniLoop, nullptr, MlcList, L"T(9101): T(9095)"},
+    {aceMonitoring, ptTrigger, nullptr, &MoniChannelSets, FreqList, L"T(21000) 3: T(9075)"},
+    {aceMonitoring, ptNoGo, nullptr, &MoniChannelSets, EnterList, L"T(21000) 3: T(9057)"},
+    {aceMonitoring, ptGo, nullptr, &MoniChannelSets, LeaveList, L"T(21000) 3: T(9076)"},
+    {aceMonitoring, ptAfter, &L::MoniEut, nullptr, MlcList, L"T(9087)"},
+    {aceMonitoring, ptStopTest, &L::MoniEut, nullptr, LeaveList, L"T(9056)"},
 
-    {aceEMSAutoTemplateGeneral, &L::EMSAutoGeneral, nullptr, EnterList, L"T(9051)"},
-    {aceEMSAutoTemplateGeneral, &L::EMSAutoGeneral, nullptr, LeaveList, L"T(9056)"},
+    {aceEMSAutoTemplateGeneral, ptStartTest, &L::EMSAutoGeneral, nullptr, EnterList, L"T(9051)"},
+    {aceEMSAutoTemplateGeneral, ptStopTest, &L::EMSAutoGeneral, nullptr, LeaveList, L"T(9056)"},
 
-    {aceEMSAutoTemplate, nullptr, &EMSAutoStepSets, EnterList, L"T(9057) (3)"},
+    {aceEMSAutoTemplate, ptStep, nullptr, &EMSAutoStepSets, EnterList, L"T(9057) (3)"},
 
-    {aceEMIAutoTemplate, &L::EMIAutoTest, nullptr, EnterList, L"T(9051)"},
-    {aceEMIAutoTemplate, &L::EMIAutoTest, nullptr, FreqList, L"T(9052)"},
-    {aceEMIAutoTemplate, nullptr, &EMIAutoStepSets, EnterList, L"T(9082): T(9090)"},
-    {aceEMIAutoTemplate, nullptr, &EMIAutoStepSets, LeaveList, L"T(9082): T(9091)"},
-    {aceEMIAutoTemplate, &L::EMIAutoTest, nullptr, LeaveList, L"T(9056)"},
+    {aceEMIAutoTemplate, ptStartTest, &L::EMIAutoTest, nullptr, EnterList, L"T(9051)"},
+    {aceEMIAutoTemplate, ptEveryFreq, &L::EMIAutoTest, nullptr, FreqList, L"T(9052)"},
+    {aceEMIAutoTemplate, ptBefore, nullptr, &EMIAutoStepSets, EnterList, L"T(9082): T(9090)"},
+    {aceEMIAutoTemplate, ptAfter, nullptr, &EMIAutoStepSets, LeaveList, L"T(9082): T(9091)"},
+    {aceEMIAutoTemplate, ptStopTest, &L::EMIAutoTest, nullptr, LeaveList, L"T(9056)"},
 
-    {aceTSTemplate, &L::TSTest, nullptr, EnterList, L"T(9092)"},
-    {aceTSTemplate, nullptr, &TSTestSets, EnterList, L"T(9101): T(9094)"},
-    {aceTSTemplate, nullptr, &TSTestSets, LeaveList, L"T(9101): T(9095)"},
-    {aceTSTemplate, &L::TSTest, nullptr, LeaveList, L"T(9093)"},
+    {aceTSTemplate, ptStartTest, &L::TSTest, nullptr, EnterList, L"T(9092)"},
+    {aceTSTemplate, ptBeforeTest, nullptr, &TSTestSets, EnterList, L"T(9101): T(9094)"},
+    {aceTSTemplate, ptAfterTest, nullptr, &TSTestSets, LeaveList, L"T(9101): T(9095)"},
+    {aceTSTemplate, ptStopTest, &L::TSTest, nullptr, LeaveList, L"T(9093)"},
 
-    {aceAziChart, &L::AziChart, nullptr, EnterList, L"T(9096)"},
-    {aceAziChart, &L::AziChart, nullptr, FreqList, L"T(9052)"},
-    {aceAziChart, &L::AziChart, nullptr, LeaveList, L"T(9097)"},
+    {aceAziChart, ptStartTest, &L::AziChart, nullptr, EnterList, L"T(9096)"},
+    {aceAziChart, ptEveryFreq, &L::AziChart, nullptr, FreqList, L"T(9052)"},
+    {aceAziChart, ptStopTest, &L::AziChart, nullptr, LeaveList, L"T(9097)"},
 
-    {aceVKSTemplate, &L::VKSTemplate, nullptr, EnterList, L"T(9092)"},
-    {aceVKSTemplate, nullptr, &VKSTestSets, EnterList, L"T(9101): T(9094)"},
-    {aceVKSTemplate, nullptr, &VKSTestSets, LeaveList, L"T(9101): T(9095)"},
-    {aceVKSTemplate, &L::VKSTemplate, nullptr, LeaveList, L"T(9093)"},
+    {aceVKSTemplate, ptStartTest, &L::VKSTemplate, nullptr, EnterList, L"T(9092)"},
+    {aceVKSTemplate, ptBeforeTest, nullptr, &VKSTestSets, EnterList, L"T(9101): T(9094)"},
+    {aceVKSTemplate, ptAfterTest, nullptr, &VKSTestSets, LeaveList, L"T(9101): T(9095)"},
+    {aceVKSTemplate, ptStopTest, &L::VKSTemplate, nullptr, LeaveList, L"T(9093)"},
 };
 
 class PrintedTitles : public PrintTest {
@@ -82,6 +84,32 @@ TEST_F(PrintedTitles, EachListOfEachModuleHasItsTitle) {
         Fill(SetOf(row), row.list, {Protect});
         EXPECT_EQ(TextOf(row.moduleKind), Heading + String(row.title) + L"\r" + ProtectLine)
             << row.moduleKind;
+    }
+}
+
+/// "PerfTime = 2, Subrange = 2": what the trace was told of the list whose line asked for a text.
+String MomentBeforeTheFirstText(const sim::Journal& journal) {
+    String moment;
+    for (const sim::JournalEntry& entry : journal.Entries()) {
+        if (entry.operation == L"Language.Text") {
+            return moment;
+        }
+        if (entry.operation == L"TraceLog.WriteLine" && entry.values[0] == L"start") {
+            moment = entry.values[4];
+        }
+    }
+    return L"no text was asked for";
+}
+
+TEST_F(PrintedTitles, EachListOfEachModuleIsTracedWithItsMoment) {
+    host->tracing = true;
+    for (const TitleCase& row : Titles) {
+        Fill(SetOf(row), row.list, {Protect});
+        host->journal.Clear();
+        Print(row.moduleKind);
+        String expected = L"PerfTime = " + std::to_wstring(row.time);
+        expected += row.numbered != nullptr ? L", Subrange = 2" : L", Subrange = 0";
+        EXPECT_EQ(MomentBeforeTheFirstText(host->journal), expected) << row.moduleKind;
     }
 }
 
