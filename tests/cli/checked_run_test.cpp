@@ -72,6 +72,31 @@ TEST_F(CheckedRunTest, ATestThatSurelyEndsIsNotRunOnRealInstrumentsUnlessItIsToB
     EXPECT_THAT(printed, HasSubstr("ERROR 13: type mismatch at "));
 }
 
+/// Each of them has one thing that fits nothing.
+TEST_F(CheckedRunTest, TheFilesBesideAreCheckedWithTheFile) {
+    const std::string text =
+        "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\n"
+        "NumOfEnterActions=1\nEnterAction1=SWITCHAMP:Amp A,2\n";
+    Write("answers.txt", "start of tests | failure | * | Ignore\n");
+    Write("faults.txt", "GPIB 0:13 fails at every write\n");
+    Write("bench.ini", "[Devices]\nAmp B=Amplifiers\n");
+    RunText(text);
+    EXPECT_THAT(printed, Not(HasSubstr("Findings")));
+
+    RunArguments arguments;
+    arguments.answers = Path("answers.txt");
+    RunText(text, arguments);
+    EXPECT_THAT(printed, HasSubstr("Findings   1: ace-workbench check tells it\n"));
+
+    arguments.faults = Path("faults.txt");
+    RunText(text, arguments);
+    EXPECT_THAT(printed, HasSubstr("Findings   2: ace-workbench check tells them\n"));
+
+    arguments.devices = Path("bench.ini");
+    RunText(text, arguments);
+    EXPECT_THAT(printed, HasSubstr("Findings   3: ace-workbench check tells them\n"));
+}
+
 /// What lies outside the file is asked of this machine only where it is used.
 TEST_F(CheckedRunTest, SoundsProgramsAndMacrosMustBeHereForARealRun) {
     const std::string text =
