@@ -68,8 +68,12 @@ const std::string Steps = "[Workbench]\nModule=3\nSubRanges=1\n";
 const LimitCase SectionLimits[] = {
     {OneRow + "[ActionsOnStep_2_1]\n", "section-unread", 0},
     {OneRow + "[ActionsOnStep_2_2]\n", "section-unread", 10},
-    {OneRow + "[ActionsOnStep_0_2]\n", "section-unread", 0},
-    {OneRow + "[ActionsOnVKSDUTGlob]\n", "section-unread", 0},
+    // those of another template are its own, if the file has it and so many rows of it
+    {OneRow + "[ActionsOnStep_0_2]\n", "section-unread", 10},
+    {OneRow + "[ActionsOnVKSTemplate_0]\nCount=2\n[ActionsOnStep_0_2]\n", "section-unread", 0},
+    {OneRow + "[ActionsOnVKSTemplate_0]\nCount=1\n[ActionsOnStep_0_2]\n", "section-unread", 12},
+    {OneRow + "[ActionsOnVKSDUTGlob]\n", "section-unread", 10},
+    {OneRow + "[ActionsOnVKSTemplate_3]\n[ActionsOnVKSDUTGlob]\n", "section-unread", 0},
     {OneRow + "[ActionsOnVKSTemplate_0]\nCuont=1\n", "key-misspelt", 11},
     {OneStep + "[ActionsOnStepB_1]\n[ActionsOnStepB_1_VKS]\nVKS_Key=S\n", "section-unread", 0},
     {OneStep + "[ActionsOnStepB_1_VKS]\nVKS_Keys=S\n", "key-misspelt", 8},

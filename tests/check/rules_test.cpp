@@ -133,6 +133,11 @@ const std::string TwoTests =
     "[Workbench]\nModule=7\nSubRanges=2\n[ActionsOnTest1_VKS]\nVKS_UKey=A\nSUBSTEPS=0\n"
     "[ActionsOnTest2_VKS]\n";
 
+/// A channel in a test of two frequencies; the key stands on line 9.
+std::string ChannelAt(const std::string& key) {
+    return Monitoring + Sweep1 + "[Workbench.Channel1]\n" + key + "[ActionsOnEutMon]\n";
+}
+
 const RuleCase RunCases[] = {
     {"skipped-at-frequency", 6, SingleTest + AtFrequency({"NOTIFY:a,,0"}),
      SingleTest + AtFrequency({"WAIT:1"})},
@@ -140,6 +145,7 @@ const RuleCase RunCases[] = {
      SingleTest + AtFrequency({"WAIT:1"})},
     {"row-ruled-out", 15, OneRow("0", "0"), OneRow("1", "0")},
     {"wireless-key-twice", 8, TwoTests + "VKS_UKey=A\n", TwoTests + "VKS_UKey=a\n"},
+    {"channel-event-beyond", 9, ChannelAt("Trigger=3\n"), ChannelAt("Trigger=2\n")},
     {"tracking-outside", 6,
      Monitoring + "[ActionsOnEutMon]\nNumOfFreqActions=1\nFrequAction1=FREQTRACK:M,100\n",
      SingleTest + AtFrequency({"FREQTRACK:M,100"})},

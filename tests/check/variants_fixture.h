@@ -1,6 +1,7 @@
-/// Slips of the pen in a good set of files, and what becomes of the test with each of them.
+/// Slips of the pen in good sets of files, and what becomes of the test with each of them.
 #pragma once
 
+#include <filesystem>
 #include <sstream>
 
 #include "session/session_fixture.h"
@@ -10,7 +11,20 @@
 
 namespace ace::workbench {
 
-/// One slip: a patch of one line of one file. The format stands at the top of variants.txt.
+/// A folder with the good files of a test, whose settings file has the folder's name, and with a
+/// table of slips.
+struct VariantSet {
+    std::string name;
+    std::size_t least = 0;  ///< so many slips at least change or end the test
+
+    std::string Main() const { return name + ".ini"; }
+    std::string Folder() const { return std::string(ACE_VARIANTS) + "/" + name; }
+};
+inline void PrintTo(const VariantSet& set, std::ostream* out) {
+    *out << set.name;
+}
+
+/// One slip: a patch of one line of one file. The format stands at the top of ri/variants.txt.
 struct Variant {
     std::string name;
     std::string file;
@@ -33,12 +47,20 @@ inline std::string FileText(const std::string& path) {
     return text.str();
 }
 
-inline FileSet GoodSet() {
+inline FileSet GoodSet(const VariantSet& set) {
     FileSet files;
-    for (const char* name : {"ri.ini", "bench.ini", "answers.txt", "faults.txt"}) {
-        files[name] = FileText(std::string(ACE_VARIANTS) + "/" + name);
+    for (const auto& entry : std::filesystem::directory_iterator(set.Folder())) {
+        const std::string name = entry.path().filename();
+        if (name != "variants.txt") {
+            files[name] = FileText(entry.path());
+        }
     }
     return files;
+}
+/// The text of a file that the set may lack.
+inline std::string TextIn(const FileSet& files, const std::string& name) {
+    const auto found = files.find(name);
+    return found == files.end() ? std::string() : found->second;
 }
 
 /// "- 37 [ActionsOnSR1]"; "\s" stands for a blank.
@@ -53,9 +75,9 @@ inline Variant::Edit ReadEdit(const std::string& line) {
     return edit;
 }
 
-inline std::vector<Variant> AllVariants() {
+inline std::vector<Variant> AllVariants(const VariantSet& set) {
     std::vector<Variant> variants;
-    std::istringstream table(FileText(std::string(ACE_VARIANTS) + "/variants.txt"));
+    std::istringstream table(FileText(set.Folder() + "/variants.txt"));
     for (std::string line; std::getline(table, line);) {
         if (line.starts_with("== ")) {
             variants.push_back({line.substr(3), {}, {}, {}, {}});
@@ -72,8 +94,8 @@ inline std::vector<Variant> AllVariants() {
 }
 
 /// The good set with the patch of a variant, whose lines must be those of the file.
-inline FileSet Patched(const Variant& variant) {
-    FileSet files = GoodSet();
+inline FileSet Patched(const VariantSet& set, const Variant& variant) {
+    FileSet files = GoodSet(set);
     std::vector<std::string> lines;
     std::istringstream text(files.at(variant.file));
     for (std::string line; std::getline(text, line);) {
@@ -105,8 +127,8 @@ struct Happened {
     bool operator==(const Happened&) const = default;
 };
 
-/// Stands in the folder of the test, where the sound, the macro and the program of the set are.
-class VariantsTest : public FolderTest {
+/// Stands in the folder of the test, where the sounds, macros and programs of the sets are.
+class VariantsTest : public FolderTest, public ::testing::WithParamInterface<VariantSet> {
   protected:
     VariantsTest() : before(std::filesystem::current_path()) {
         for (const char* name : {"done.wav", "log_eut.sh", "exerciser.sh"}) {
@@ -118,7 +140,7 @@ class VariantsTest : public FolderTest {
     ~VariantsTest() override { std::filesystem::current_path(before); }
 
     /// The findings as "ri.ini:37 section-misspelt", each with words; or why a file was refused.
-    std::vector<std::string> FindingsOfSet(const FileSet& files) const;
+    static std::vector<std::string> FindingsOfSet(const FileSet& files);
     /// Runs the test of the set on a virtual clock.
     Happened Run(const FileSet& files) const;
 

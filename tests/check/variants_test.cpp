@@ -11,18 +11,25 @@ using ::testing::UnorderedElementsAreArray;
 
 /// The files of a set as the program reads them.
 struct ReadSet {
-    explicit ReadSet(const FileSet& files)
-        : document(files.at("ri.ini")),
-          benchDocument(files.at("bench.ini")),
-          setUp(ReadSetUp(document, L"ri.ini", {})),
-          answers(FromUtf8(files.at("answers.txt")), L"answers.txt"),
-          faults(std::make_shared<FaultRules>(FromUtf8(files.at("faults.txt")), L"faults.txt")),
+    ReadSet(const VariantSet& set, const FileSet& files)
+        : path(FromUtf8(set.Main())),
+          document(files.at(set.Main())),
+          benchDocument(TextIn(files, "bench.ini")),
+          setUp(ReadSetUp(document, path, {})),
+          answers(FromUtf8(TextIn(files, "answers.txt")), L"answers.txt"),
+          faults(
+              std::make_shared<FaultRules>(FromUtf8(TextIn(files, "faults.txt")), L"faults.txt")),
           host(std::make_shared<BenchHost>(Clock::Virtual, TransportChoice(), faults)) {
-        ReadDevices(benchDocument, L"bench.ini", *host);
+        if (HasBench()) {
+            ReadDevices(benchDocument, L"bench.ini", *host);
+        }
     }
 
+    bool HasBench() const { return !benchDocument.SectionNames().empty(); }
+
+    String path;
     SettingsDocument document;
-    SettingsDocument benchDocument;
+    SettingsDocument benchDocument;  ///< empty without a bench
     TestSetUp setUp;
     Answers answers;
     std::shared_ptr<FaultRules> faults;
@@ -32,10 +39,12 @@ struct ReadSet {
 CheckInput InputOf(const ReadSet& read) {
     CheckInput input;
     input.document = &read.document;
-    input.path = L"ri.ini";
+    input.path = read.path;
     input.setUp = read.setUp;
-    input.bench = &read.host->bench;
-    input.benchDocument = read.benchDocument;
+    if (read.HasBench()) {
+        input.bench = &read.host->bench;
+        input.benchDocument = read.benchDocument;
+    }
     input.benchPath = L"bench.ini";
     input.answers = &read.answers;
     input.answersPath = L"answers.txt";
@@ -58,9 +67,9 @@ std::string PlaceOf(const std::string& refusal) {
 
 }  // namespace
 
-std::vector<std::string> VariantsTest::FindingsOfSet(const FileSet& files) const {
+std::vector<std::string> VariantsTest::FindingsOfSet(const FileSet& files) {
     std::vector<std::string> findings;
-    const ReadSet read(files);
+    const ReadSet read(GetParam(), files);
     const CheckInput input = InputOf(read);
     for (const Finding& finding : FindingsOf(CheckedFile(input))) {
         EXPECT_THAT(finding.meaning, Not(IsEmpty()));
@@ -76,11 +85,11 @@ Happened VariantsTest::Run(const FileSet& files) const {
         Write(name, text);
     }
     try {
-        ReadSet read(files);
+        ReadSet read(GetParam(), files);
         KeptLines kept;
         Session session(read.host, read.setUp, read.answers, kept);
         try {
-            session.Load(L"ri.ini");
+            session.Load(read.path);
         } catch (const CommandError& error) {
             return {"load", 0, {ToUtf8(error.text)}, {}};
         }
@@ -93,28 +102,28 @@ Happened VariantsTest::Run(const FileSet& files) const {
 
 namespace {
 
-TEST_F(VariantsTest, TheGoodSetRunsToItsEndAndHasNoFinding) {
-    EXPECT_THAT(FindingsOfSet(GoodSet()), IsEmpty());
-    const Happened good = Run(GoodSet());
+TEST_P(VariantsTest, TheGoodSetRunsToItsEndAndHasNoFinding) {
+    EXPECT_THAT(FindingsOfSet(GoodSet(GetParam())), IsEmpty());
+    const Happened good = Run(GoodSet(GetParam()));
     EXPECT_EQ(good.end, "finished");
     EXPECT_THAT(good.lines, Not(IsEmpty()));
 }
 
-TEST_F(VariantsTest, EachSlipIsFoundBeforeTheRunWithItsLineAndRule) {
-    for (const Variant& variant : AllVariants()) {
+TEST_P(VariantsTest, EachSlipIsFoundBeforeTheRunWithItsLineAndRule) {
+    for (const Variant& variant : AllVariants(GetParam())) {
         SCOPED_TRACE(variant.name);
         if (!variant.run.starts_with("refused")) {
-            EXPECT_THAT(FindingsOfSet(Patched(variant)),
+            EXPECT_THAT(FindingsOfSet(Patched(GetParam(), variant)),
                         UnorderedElementsAreArray(variant.findings));
         }
     }
 }
 
-TEST_F(VariantsTest, EachSlipDoesToTheTestWhatTheTableSays) {
-    const Happened good = Run(GoodSet());
-    for (const Variant& variant : AllVariants()) {
+TEST_P(VariantsTest, EachSlipDoesToTheTestWhatTheTableSays) {
+    const Happened good = Run(GoodSet(GetParam()));
+    for (const Variant& variant : AllVariants(GetParam())) {
         SCOPED_TRACE(variant.name);
-        const Happened bad = Run(Patched(variant));
+        const Happened bad = Run(Patched(GetParam(), variant));
         if (variant.run == "same") {
             EXPECT_EQ(bad.end, good.end);
             EXPECT_EQ(bad.moments, good.moments);
@@ -129,9 +138,9 @@ TEST_F(VariantsTest, EachSlipDoesToTheTestWhatTheTableSays) {
     }
 }
 
-TEST_F(VariantsTest, WhateverChangesOrEndsTheTestIsToldBeforeIt) {
+TEST_P(VariantsTest, WhateverChangesOrEndsTheTestIsToldBeforeIt) {
     std::size_t told = 0;
-    for (const Variant& variant : AllVariants()) {
+    for (const Variant& variant : AllVariants(GetParam())) {
         SCOPED_TRACE(variant.name);
         EXPECT_FALSE(variant.edits.empty());
         if (variant.run.starts_with("refused")) {
@@ -141,8 +150,13 @@ TEST_F(VariantsTest, WhateverChangesOrEndsTheTestIsToldBeforeIt) {
         }
         told += variant.run != "same" ? 1U : 0U;
     }
-    EXPECT_GE(told, 60U);
+    EXPECT_GE(told, GetParam().least);
 }
+
+INSTANTIATE_TEST_SUITE_P(Sets, VariantsTest,
+                         ::testing::Values(VariantSet{"ri", 60}, VariantSet{"monitoring", 12},
+                                           VariantSet{"wireless", 12}, VariantSet{"matrix", 12}),
+                         [](const auto& set) { return set.param.name; });
 
 }  // namespace
 }  // namespace ace::workbench

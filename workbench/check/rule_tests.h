@@ -88,6 +88,10 @@ void WaitsForOperator(const CheckedAction& action, const Found& found);
 void PlaceholderStays(const CheckedAction& action, const Found& found);
 void RadiationStays(const CheckedFile& file, const Found& found);
 
+// ---- channel_rules.cpp -------------------------------------------------------------------------
+
+void ChannelEventBeyond(const CheckedFile& file, const Found& found);
+
 // ---- wireless_rules.cpp ------------------------------------------------------------------------
 
 void RowRuledOut(const CheckedFile& file, const Found& found);

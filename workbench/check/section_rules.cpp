@@ -69,20 +69,33 @@ bool IsOwnBeyond(const CheckedFile& file, StringView name, const std::set<std::i
            !swept.contains(*sweep);
 }
 
+/// The template `number` of a matrix stands in the file, and has a row of the number in `row`, or
+/// there is none in it.
+bool HasTemplate(const CheckedFile& file, std::int32_t number, StringView row) {
+    const SettingsDocument& document = *file.Input().document;
+    const String matrix = WirelessNames::MatrixSection(number);
+    const String count = document.GetKey(matrix, L"Count").value_or(String());
+    return document.HasSection(matrix) &&
+           WholeInteger(row).value_or(0) <= WholeInteger(count).value_or(0);
+}
+
 /// The matrix has several templates in one file, of which a test runs one.
 bool IsOfAnotherTemplate(const CheckedFile& file, StringView name) {
-    const TestSetUp& setUp = file.Input().setUp;
-    if (setUp.moduleKind != aceVKSDUT) {
+    const std::int32_t own = file.Input().setUp.subRanges;
+    if (file.Input().setUp.moduleKind != aceVKSDUT) {
         return false;
     }
     if (BeginsWith(name, FindModule(aceVKSDUT)->fixed[0].section)) {
-        return setUp.subRanges != GlobalTemplate;
+        return own != GlobalTemplate && HasTemplate(file, GlobalTemplate, {});
     }
     for (const StringView word :
          {StringView(L"ActionsOnStep_"), StringView(L"ActionsOnVKSTemplate_")}) {
         if (BeginsWith(name, word)) {
             const StringView rest = name.substr(word.size());
-            return WholeInteger(rest.substr(0, rest.find(L'_'))) != setUp.subRanges;
+            const std::size_t end = std::min(rest.find(L'_'), rest.size());
+            const auto number = WholeInteger(rest.substr(0, end));
+            const StringView row = rest.substr(std::min(end + 1, rest.size()));
+            return number && *number != own && HasTemplate(file, *number, row);
         }
     }
     return false;
