@@ -162,6 +162,15 @@ TEST(CheckedWirelessTests, TheStepsOfATestThatIsThereTwiceAreNotToldBesideIt) {
                 ElementsAre("10 [ActionsOnTest1]" + Twice));
 }
 
+TEST(CheckedWirelessTests, LinesThatAreReadTwiceAreToldOnce) {
+    const std::string test = "_VKS]\nVKS_UKey=A\nSUBSTEPS=1\n";
+    EXPECT_THAT(Shortly(FindingsIn("[Workbench]\nModule=7\nSubRanges=2\n[ActionsOnTest1" + test +
+                                   "[ActionsOnTest2" + test +
+                                   "[ActionsOnStepA_1_VKS]\nVKS_Key=S\n[ActionsOnStepA_1]\n"
+                                   "NumOfEnterActions=1\nEnterAction1=WAIT:abc\n")),
+                ElementsAre("8 wireless-key-twice", "14 text-for-number"));
+}
+
 TEST(CheckedWirelessTests, KeysThatDifferInTheCaseOfALetterAreTwo) {
     EXPECT_THAT(KeysTwiceIn({{"A", {"x", "X"}}, {"a", {}}}), IsEmpty());
 }

@@ -1,6 +1,7 @@
 #include "workbench/check/checked_file.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include <ace/core/operation.h>
 #include <ace/core/text.h>
@@ -169,7 +170,9 @@ CheckedFile::CheckedFile(const CheckInput& input)
         input.setUp.subRanges > 0) {
         isComplete = Load(aceEMSAutoTemplate);
     }
-    for (const CheckedSection& section : x_sections) {
+    std::unordered_set<String> names;
+    for (CheckedSection& section : x_sections) {
+        section.isAgain = !names.insert(section.name).second;
         MarkRead(section.name);
         MarkRead(WirelessNames::KeysOf(section.name));
     }

@@ -57,6 +57,7 @@ struct StoppedLine {
 struct CheckedSection {
     String name;
     std::size_t header = 0;  ///< number of its header line in the file, from 1; 0 for a missing one
+    bool isAgain = false;    ///< read before, for another test with the same key
     aceModul moduleKind = aceTemplate;
     SetPlace place;
     p_Subrange ModuleLists::*fixed = nullptr;           ///< the set that it fills, or

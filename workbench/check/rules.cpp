@@ -24,6 +24,9 @@ void Look(const CheckedFile& file, const Rule& rule, std::vector<Finding>& findi
         return;
     }
     for (const CheckedSection& section : file.Sections()) {
+        if (section.isAgain) {
+            continue;  // its lines are told already
+        }
         if (rule.inSection != nullptr) {
             rule.inSection(file, section, found);
         } else if (rule.inAction != nullptr) {
