@@ -35,6 +35,13 @@ std::string AtEnd(const std::vector<std::string>& entries) {
     return text;
 }
 
+std::string TwoLeave(const std::string& first, const std::string& second) {
+    return "NumOfLeaveActions=2\nLeaveAction1=" + first + "\nLeaveAction2=" + second + "\n";
+}
+std::string Gpib(const std::string& command, const std::string& address = "5") {
+    return "REMOTE:" + command + ",0," + address + ",0,,0,";
+}
+
 const LimitCase Limits[] = {
     // 30.15 s are no number of a single exactly
     {SingleTest + Start({"CHECKEUT:DAQ,101,0,0,0,0,20.1,1,30.15,0"}), "decimals-lost", 0},
@@ -54,6 +61,53 @@ const LimitCase Limits[] = {
     {SingleTest + AtEnd({"NOTIFY:Done,,0", "NOTIFY:Good night,,0"}), "waits-for-operator", 0},
     {SingleTest + AtEnd({"NOTIFY:Off now?,,0", "SWITCHAMP:Amp A,0"}), "waits-for-operator", 6},
     {SingleTest + Start({"NOTIFY:Ready?,,0"}), "waits-for-operator", 6},
+    {SingleTest + Start({"QUESTION:Ready?,,0"}), "waits-for-operator", 0,
+     Beside{.answers = "* | question | Ready* | Yes\n"}},
+    {SingleTest + Start({"QUESTION:Ready?,,0"}), "waits-for-operator", 6,
+     Beside{.answers = "* | question | Go* | Yes\n"}},
+    {SingleTest + AtFrequency({"FREQTRACK:G,T,40,0,1"}), "waits-for-operator", 6},
+    {SingleTest + "[ActionsOnSR1]\nNumOfFreqActions=1\nFrequAction1=FREQTRACK:G,T,40,0,1\n",
+     "waits-for-operator", 0},
+    // of each source the last action of the end decides
+    {SingleTest + Start({"SWITCHAMP:A,3"}) + TwoLeave("SWITCHAMP:A,3", "SWITCHAMP:A,2"),
+     "radiation-stays", 0},
+    {SingleTest + Start({"SWITCHAMP:A,3"}) + TwoLeave("SWITCHAMP:A,2", "SWITCHAMP:A,3"),
+     "radiation-stays", 6},
+    {SingleTest + Start({"SWITCHAMP:A,3"}) + OneLeave + "SWITCHAMP:A,7\n", "radiation-stays", 6},
+    {SingleTest + Start({"SWITCHAMP:A,3"}) + OneLeave + "SWITCHAMP:A,1\n", "radiation-stays", 6},
+    {SingleTest + Start({Gpib("outp1:stat on")}), "radiation-stays", 6},
+    {SingleTest + Start({Gpib("RF 1")}), "radiation-stays", 6},
+    {SingleTest + Start({Gpib("FREQ 1;:OUTPUT ON;*OPC")}), "radiation-stays", 6},
+    {SingleTest + Start({Gpib("OUTP ON;OUTP OFF")}), "radiation-stays", 0},
+    {SingleTest + Start({Gpib("OUTP ON")}) + OneLeave + Gpib("*rst") + "\n", "radiation-stays", 0},
+    {SingleTest + Start({Gpib("OUTP:FILT ON")}), "radiation-stays", 0},
+    {SingleTest + Start({Gpib("OUTP:IMP 1")}), "radiation-stays", 0},
+    {SingleTest + Start({"REMOTE:OUTP ON,2,SigGen,5025:0,,0,"}) + OneLeave +
+         "REMOTE:OUTP OFF,2,siggen,5025:0,,0,\n",
+     "radiation-stays", 0},
+    // a save writes the comma, and the next load ends the name there
+    {SingleTest + Start({"DLL:prog.exe a,b"}), "save-changes", 6},
+    {SingleTest + Start({"DLL:prog.exe ab"}), "save-changes", 0},
+    {SingleTest + AtFrequency({"FREQTRACK:G,T,40,0,0", "FREQTRACK:,,40,0,0", "FREQTRACK:M,1"}),
+     "save-changes", 7},
+    {SingleTest + Start({Gpib("C", "13.7")}), "decimals-lost", 6},
+    {SingleTest + Start({"SETDEV:DAQ,101.5"}), "decimals-lost", 6},
+    {SingleTest + Start({"SETDEV:DAQ,101.0"}), "decimals-lost", 0},
+    {SingleTest + AtFrequency({"FREQTRACK:M,-1"}), "wait-outside", 6},
+    {SingleTest + Start({"CHECKEUT:DAQ,101,0,0,0,0,20,1,-1,0"}), "wait-outside", 6},
+    {SingleTest + Start({"SWITCHAMP:,1"}), "no-such-device", 6},
+    {SingleTest + AtFrequency({"FREQTRACK:,1"}), "no-such-device", 0},
+    {SingleTest, "fault-for-nothing", 1,
+     Beside{.bench = OneAmplifier.bench, .faults = "device Amp A fails at the 1st reading\n"}},
+    {SingleTest, "fault-for-nothing", 0,
+     Beside{.bench = OneAmplifier.bench, .faults = "device Amp A fails at the 1st switching\n"}},
+    {SingleTest, "answer-for-no-device", 0,
+     Beside{.bench = OneAmplifier.bench, .answers = "* | failure | *Device: Amp* | Ignore\n"}},
+    {SingleTest, "answer-for-no-device", 0,
+     Beside{.bench = OneAmplifier.bench,
+            .answers = "* | failure | *Device: Amp A Error* | Ignore\n"}},
+    {SingleTest + "[Workbench.Placeholders]\n#X#=1\n#X#=2\n", "key-twice", 6},
+    {SingleTest + "[Workbench.Placeholders]\n;#X#=1\n#X#=2\n", "key-twice", 0},
 };
 
 /// A matrix of one row that runs template 2; what follows begins on line 10.
@@ -135,7 +189,7 @@ TEST(CheckRules, AnEmptyEntryEndsTheTestOnlyWhereItRuns) {
     EXPECT_TRUE(EndsTest(runs));
     EXPECT_EQ(runs.meaning,
               L"no line fills EnterAction1, so it comes back empty: the test ends "
-              L"there with an error, and the file can't be saved");
+              L"with an error when it comes there, and the file can't be saved");
     const Finding never = emptyIn("[ActionsOnSR1]\nNumOfFreqActions=1\n");
     EXPECT_FALSE(EndsTest(never));
     EXPECT_EQ(never.meaning,
@@ -177,6 +231,37 @@ TEST_F(CheckHereTest, AProgramMustBeExecutable) {
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
     EXPECT_THAT(HereMeanings("REMOTE:,,,," + program + " -x,0,"), IsEmpty());
     EXPECT_THAT(HereMeanings("REMOTE:,,,,sh,0,"), IsEmpty());
+}
+
+/// The advice of the first finding.
+std::string AdviceFor(const std::string& text) {
+    const std::vector<Finding> findings = FindingsIn(text);
+    return findings.empty() ? "" : ToUtf8(findings[0].advice);
+}
+
+TEST(CheckRules, AStopIsAdvisedOnByItsLine) {
+    EXPECT_EQ(AdviceFor(SingleTest + Start({"SWITCHAMP:Amp, A,3"})),
+              "Write a number there. The value has 3 fields, and this form has 2; names have no "
+              "commas.");
+    EXPECT_EQ(AdviceFor(SingleTest + Start({"SETDEV:DAQ,x"})), "Write a number there.");
+    EXPECT_EQ(AdviceFor(SingleTest + Start({"REMOTE:C,x"})), "Write a number there.");
+    EXPECT_EQ(AdviceFor(SingleTest + Start({"WAIT;100"})),
+              "Write the keyword with its colon, such as WAIT:100, or take the line out.");
+    const std::string list = SingleTest + "[ActionsOnTest]\nNumOfEnterActions=1\n";
+    EXPECT_EQ(AdviceFor(list + "EnterAction1:WAIT:100\n"), "Write \"=\" behind the key.");
+    EXPECT_EQ(AdviceFor(list + "; a remark\nEnterAction1=WAIT:1\n"),
+              "Take the line out; the engine's sections have no comments.");
+}
+
+/// Lines that stop the load are sought up to a number; what stands behind is not judged.
+TEST(CheckRules, BehindVeryManyStopsNothingIsSaidToBeUnread) {
+    std::vector<std::string> entries(101, "WAIT");
+    const auto findings =
+        FindingsIn(SingleTest + Start(entries) + "[ActionsOnSR1]\nNumOfEnterActions=1\n");
+    EXPECT_EQ(ToUtf8(findings[0].meaning),
+              "the file can't be loaded: more than 100 lines stop the load; what comes behind them "
+              "was not looked at");
+    EXPECT_THAT(Shortly(findings), Not(Contains(EndsWith("section-unread"))));
 }
 
 TEST(CheckRules, AMisspeltCountIsToldWithTheKeyThatWasMeant) {

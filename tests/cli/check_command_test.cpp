@@ -86,8 +86,8 @@ TEST_F(CheckCommandTest, EachFindingHasItsPlaceItsMeaningAndAnAdviceWorstGroupFi
             "Stops the load or the save\n" +
             Path("test.ini") +
             ":6: [ActionsOnTest] EnterAction1 \"SWICHAMP:Amp A,3\"\n"
-            "    no line fills EnterAction1, so it comes back empty: the test ends there "
-            "with an error, and the file can't be saved\n"
+            "    no line fills EnterAction1, so it comes back empty: the test ends with "
+            "an error when it comes there, and the file can't be saved\n"
             "    Write the action, or lower the count and number the others anew.\n"
             "\n"
             "Skipped or lost\n" +

@@ -32,8 +32,8 @@ const std::string TwoEmpty =
 TEST_F(CheckedRunTest, WhatSurelyEndsTheTestIsToldBeforeItsFirstAction) {
     EXPECT_EQ(RunText(TwoEmpty), Outcome::Failed);
     const std::string finding =
-        ": no line fills EnterAction%, so it comes back empty: the test ends there with an error, "
-        "and the file can't be saved\n";
+        ": no line fills EnterAction%, so it comes back empty: the test ends with an error when "
+        "it comes there, and the file can't be saved\n";
     const auto told = [&](const std::string& line, const std::string& number) {
         std::string text = finding;
         text.replace(text.find('%'), 1, number);
@@ -64,8 +64,10 @@ TEST_F(CheckedRunTest, ATestThatSurelyEndsIsNotRunOnRealInstrumentsUnlessItIsToB
     arguments.real = true;
     arguments.traffic = Path("traffic.log");
     Write("traffic.log", "last night");
-    EXPECT_THAT(RefusalOf([&] { RunText(TwoEmpty, arguments); }),
-                StartsWith("4 " + Path("test.ini") + ":6: [ActionsOnTest] EnterAction1"));
+    EXPECT_THAT(
+        RefusalOf([&] { RunText(TwoEmpty, arguments); }),
+        StartsWith("4 " + Path("test.ini") + ": start of test: ERROR 13: type mismatch at " +
+                   Path("test.ini") + ":6: [ActionsOnTest] EnterAction1"));
     EXPECT_EQ(Read("traffic.log"), "last night");
     arguments.despiteFindings = true;
     EXPECT_EQ(RunText(TwoEmpty, arguments), Outcome::Failed);
@@ -97,11 +99,64 @@ TEST_F(CheckedRunTest, TheFilesBesideAreCheckedWithTheFile) {
     EXPECT_THAT(printed, HasSubstr("Findings   3: ace-workbench check tells them\n"));
 }
 
+const std::string NoSubranges = "[Workbench]\nModule=0\nSubRanges=0\n";
+std::string StartWith(const std::string& entry) {
+    return "[ActionsOnTest]\nNumOfEnterActions=1\nEnterAction1=" + entry + "\n";
+}
+
+struct RealRun {
+    std::string text;
+    std::string refusal;  ///< behind the place of the entry; empty when the test is begun
+    std::string answers{};
+};
+const RealRun RealRuns[] = {
+    {NoSubranges + StartWith("WAIT:1"), ""},
+    {NoSubranges + StartWith("STOP:"), "start of test: here the test is stopped"},
+    {NoSubranges + StartWith("QUESTION:Ready?,,0"),
+     "start of test: nobody answers this question, so the test is stopped (--answers or --ask)"},
+    {NoSubranges + StartWith("QUESTION:Ready?,,0"), "", "* | question | Ready* | Yes\n"},
+    // who writes that down wants it
+    {NoSubranges + StartWith("QUESTION:Ready?,,0"), "", "* | question | Ready* | No\n"},
+    {NoSubranges + StartWith("API:./no_such_macro"),
+     "the macro \"./no_such_macro\" can't be run on this machine: there is no such file"},
+    // where the test does not come nothing ends it
+    {NoSubranges + "[ActionsOnTest]\nNumOfFreqActions=1\nFrequAction1=API:./no_such_macro\n", ""},
+    {NoSubranges + "[ActionsOnTest]\nNumOfFreqActions=1\nFrequAction1=WIAT:5\n", ""},
+    {"[Workbench]\nModule=1\nSubRanges=1\n[ActionsOnChannel1]\nNumOfEnterActions=1\n"
+     "EnterAction1=STOP:\n",
+     ""},
+};
+
+TEST_F(CheckedRunTest, ARealRunIsBegunUnlessItsRehearsalEndsInTheMidst) {
+    for (const RealRun& row : RealRuns) {
+        RunArguments arguments;
+        arguments.real = true;
+        if (!row.answers.empty()) {
+            Write("answers.txt", row.answers);
+            arguments.answers = Path("answers.txt");
+        }
+        const std::string refusal = RefusalOf([&] { RunText(row.text, arguments); });
+        if (row.refusal.empty()) {
+            EXPECT_EQ(refusal, "") << row.text;
+        } else {
+            EXPECT_THAT(refusal, StartsWith("4 " + Path("test.ini") + ":6: [ActionsOnTest] Ent"));
+            EXPECT_THAT(refusal, HasSubstr(": " + row.refusal + "; no test was run: "));
+        }
+    }
+}
+
+/// With --ask somebody is there, who is taken to agree.
+TEST_F(CheckedRunTest, AnOperatorWhoIsAskedAnswersTheQuestionsOfARealRun) {
+    RunArguments arguments;
+    arguments.real = true;
+    arguments.ask = true;
+    EXPECT_EQ(RefusalOf([&] { RunText(NoSubranges + StartWith("QUESTION:Ready?,,0"), arguments); }),
+              "");
+}
+
 /// What lies outside the file is asked of this machine only where it is used.
 TEST_F(CheckedRunTest, SoundsProgramsAndMacrosMustBeHereForARealRun) {
-    const std::string text =
-        "[Workbench]\nModule=0\nSubRanges=0\n[ActionsOnTest]\n"
-        "NumOfEnterActions=1\nEnterAction1=API:nosuch.sh\n";
+    const std::string text = NoSubranges + StartWith("NOTIFY:,/nowhere/a.wav,0");
     RunText(text);
     EXPECT_THAT(printed, Not(HasSubstr("Findings")));
     RunArguments arguments;

@@ -50,7 +50,7 @@ TEST_F(RunCommandTest, AWholeRunIsPrintedLineByLine) {
             "Module     0 aceTemplate: single test, 1 subrange\n"
             "Sweep 1    80 MHz to 80.8 MHz in steps of 1 %: 2 frequencies, 2 s each\n"
             "Clock      virtual: waits pass at once\n"
-            "Findings   2: ace-workbench check tells them\n"
+            "Findings   1: ace-workbench check tells it\n"
             "\n"
             "0:00:00.000  start of test                        beep\n"
             "0:00:00.000  start of test                        question \"Door closed?\": Yes\n"

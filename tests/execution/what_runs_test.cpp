@@ -117,6 +117,21 @@ TEST(WhatRuns, SusceptibilityEmissionAndAzimuthParkAtTheEnd) {
     }
 }
 
+TEST(WhatRuns, InTestsOfTwoKindsNoDeviceFollowsTheFrequency) {
+    for (const std::int32_t kind : {-1, 0, 1, 2, 3}) {
+        EXPECT_EQ(FollowsNoFrequency(kind), kind == 1 || kind == 2) << kind;
+    }
+}
+
+TEST(WhatRuns, ATerminatorIsSentByItsCode) {
+    EXPECT_EQ(TerminatorOf(0), L"\n");
+    EXPECT_EQ(TerminatorOf(1), L"\r");
+    EXPECT_EQ(TerminatorOf(2), L"\r\n");
+    for (const std::int32_t code : {-1, 3, 4}) {
+        EXPECT_EQ(TerminatorOf(code), L"") << code;
+    }
+}
+
 TEST(WhatRuns, FourCodesAreTerminators) {
     for (const std::int32_t code : {0, 1, 2, 3}) {
         EXPECT_TRUE(IsTerminatorCode(code)) << code;

@@ -18,7 +18,7 @@ class RehearsalTest : public FolderTest {
         }
         Answers answers(FromUtf8(answersText), L"answers.txt");
         found = workbench::Rehearse(host, SetUpOf(text), answers, WidePath("test.ini"),
-                                    static_cast<bool>(prepare));
+                                    {.hasBench = static_cast<bool>(prepare)});
     }
     /// "[ActionsOnTest] EnterAction1 x3: Wait: 0.500 s", in the order of the file; behind the
     /// number the device for which the action waits.

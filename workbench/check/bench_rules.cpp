@@ -66,7 +66,7 @@ std::vector<NamedDevice> DevicesOf(const CheckedAction& action) {
     return devices;
 }
 
-/// "It has: Amp A, Amp B."
+/// " It has: Amp A, Amp B."
 String NamesOf(const sim::SimBench& bench, const std::vector<SimClass>& classes) {
     String names;
     for (const auto& device : bench.devices) {
@@ -74,7 +74,7 @@ String NamesOf(const sim::SimBench& bench, const std::vector<SimClass>& classes)
             names += (names.empty() ? L"" : L", ") + device->name;
         }
     }
-    return names.empty() ? String(L"It has none of that class.") : L"It has: " + names + L".";
+    return names.empty() ? String(L" It has none of that class.") : L" It has: " + names + L".";
 }
 
 /// The line of a key in the file, from 1; that of the section when it has no such key.
@@ -94,10 +94,11 @@ std::size_t LineOfKey(const CheckedFile& file, const String& section, StringView
 
 void RuleTests::NoSuchDevice(const CheckedAction& action, const Found& found) {
     const sim::SimBench* const bench = action.file.Input().bench;
-    for (const NamedDevice& named :
-         bench != nullptr ? DevicesOf(action) : std::vector<NamedDevice>()) {
-        if (!bench->Device(named.name)) {
-            found.At(action, {QuotedLine(named.name), NamesOf(*bench, named.classes)});
+    for (const NamedDevice& named : DevicesOf(action)) {
+        const bool isMissing = bench != nullptr ? !bench->Device(named.name) : named.name.empty();
+        if (isMissing) {
+            found.At(action, {QuotedLine(named.name),
+                              bench != nullptr ? NamesOf(*bench, named.classes) : String()});
         }
     }
 }

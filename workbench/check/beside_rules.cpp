@@ -6,6 +6,7 @@
 
 #include "sim/sim_devices.h"
 #include "workbench/check/rule_tests.h"
+#include "workbench/check/section_names.h"
 #include "workbench/session/plan.h"
 #include "workbench/words/wording.h"
 
@@ -91,19 +92,46 @@ bool CanFit(const std::vector<String>& texts, const String& pattern) {
     });
 }
 
-bool CanCome(const FaultRule& rule, const Acts& acts, bool isBenchKnown) {
+/// A device of the bench can fail at that.
+bool CanFail(const sim::SimBench& bench, const FaultRule& rule) {
+    const auto device = bench.Device(rule.name);
+    switch (device ? rule.act : FaultAct::Call) {
+        case FaultAct::Reading:
+            return std::dynamic_pointer_cast<sim::SimMonitor>(device) != nullptr;
+        case FaultAct::Switching:
+            return std::dynamic_pointer_cast<sim::SimAmplifier>(device) != nullptr ||
+                   std::dynamic_pointer_cast<sim::SimSwitchUnit>(device) != nullptr;
+        default:
+            return true;
+    }
+}
+
+bool CanCome(const FaultRule& rule, const Acts& acts, const sim::SimBench* bench,
+             bool isBenchKnown) {
     switch (rule.subject) {
         case FaultSubject::Program:
             return CanFit(acts.programs, rule.name);
         case FaultSubject::Macro:
             return CanFit(acts.macros, rule.name);
         case FaultSubject::Device:
-            return true;
+            return bench == nullptr || CanFail(*bench, rule);
         default:
             return !isBenchKnown || std::ranges::any_of(acts.addresses, [&](const String& address) {
                 return EqualNoCase(address, rule.name);
             });
     }
+}
+
+/// The device of a pattern for a failure's message, up to what stands for anything; empty for none.
+String DeviceIn(const String& pattern, ThreadContext& context) {
+    constexpr std::int32_t DeviceLabel = 9322;
+    const String label = context.Language().Text(DeviceLabel) + L":";
+    const std::size_t begin = pattern.find(label);
+    if (begin == String::npos) {
+        return {};
+    }
+    const StringView rest = StringView(pattern).substr(begin + label.size());
+    return String(Trimmed(rest.substr(0, rest.find_first_of(L"*?"))));
 }
 
 /// Why a failure of the equipment never shows; empty when it can.
@@ -140,6 +168,23 @@ void RuleTests::AnswerForNoMoment(const CheckedFile& file, const Found& found) {
         if (!fits) {
             found.At({file.Input().answersPath, line->line, {}, {}, line->source},
                      {QuotedLine(line->moment)});
+        }
+    }
+}
+
+/// A failure of a device shows its name behind its label: "*Device: Amp A*".
+void RuleTests::AnswerForNoDevice(const CheckedFile& file, const Found& found) {
+    const CheckInput& input = file.Input();
+    if (input.answers == nullptr || input.bench == nullptr) {
+        return;
+    }
+    for (const AnswerLine* line : input.answers->Unused()) {
+        const String name = DeviceIn(line->message, file.Context());
+        const bool isKnown = std::ranges::any_of(input.bench->devices, [&](const auto& device) {
+            return BeginsWith(device->name, name) || BeginsWith(name, device->name);
+        });
+        if (!EqualNoCase(line->kind, L"question") && !name.empty() && !isKnown) {
+            found.At({input.answersPath, line->line, {}, {}, line->source}, {QuotedLine(name)});
         }
     }
 }
@@ -182,7 +227,7 @@ void RuleTests::FaultForNothing(const CheckedFile& file, const Found& found) {
         file.Input().bench == nullptr || file.Input().benchDocument.has_value();
     const Acts acts = ActsOf(file);
     for (const FaultRule& rule : faults->All()) {
-        if (!CanCome(rule, acts, isBenchKnown)) {
+        if (!CanCome(rule, acts, file.Input().bench, isBenchKnown)) {
             found.At({file.Input().faultsPath, rule.line, {}, {}, rule.text},
                      {QuotedLine(rule.name)});
         }

@@ -124,25 +124,29 @@ bool LacksCount(const CheckedSection& section, const StoppedLine& stop) {
 
 }  // namespace
 
-std::vector<StringView> CheckedLine::Fields() const {
-    std::vector<StringView> fields;
-    for (StringView rest = Value();;) {
+std::size_t CheckedLine::FieldCount() const {
+    return 1 + static_cast<std::size_t>(std::ranges::count(Value(), L','));
+}
+
+std::optional<StringView> CheckedLine::Field(std::size_t number) const {
+    StringView rest = Value();
+    for (; number > 0; --number) {
         const std::size_t comma = rest.find(L',');
-        fields.push_back(rest.substr(0, comma));
         if (comma == StringView::npos) {
-            return fields;
+            return std::nullopt;
         }
         rest.remove_prefix(comma + 1);
     }
+    return rest.substr(0, rest.find(L','));
 }
 
 std::optional<StringView> CheckedLine::TextOf(LineField field) const {
-    const std::vector<StringView> texts = Fields();
-    const std::span<const FormField> form = Form().fields;
-    for (std::size_t i = 0; i < std::min(form.size(), texts.size()); ++i) {
-        if (form[i].reading != FieldReading::Unread && form[i].field == field) {
-            return texts[i];
+    std::size_t number = 0;
+    for (const FormField& candidate : Form().fields) {
+        if (candidate.reading != FieldReading::Unread && candidate.field == field) {
+            return Field(number);
         }
+        ++number;
     }
     return std::nullopt;
 }
@@ -150,6 +154,16 @@ std::optional<StringView> CheckedLine::TextOf(LineField field) const {
 bool CheckedSection::Runs(std::int32_t list) const {
     return fixed != nullptr ? HasMoment(moduleKind, fixed, list)
                             : HasMoment(moduleKind, sets, list);
+}
+
+const MomentRow* EndOf(aceModul moduleKind) {
+    return FindMoment(moduleKind, moduleKind == aceVKSDUT ? ptAfter : ptStopTest);
+}
+
+bool CheckedSection::IsEndOfTest(std::int32_t list) const {
+    const MomentRow* const row = EndOf(moduleKind);
+    return row != nullptr && row->fixed == fixed && row->fixed != nullptr &&
+           row->list == ActionLists[list - 1];
 }
 
 const CheckedLine* CheckedSection::LineAt(std::int32_t index) const {
@@ -207,12 +221,14 @@ std::size_t CheckedFile::HeaderLine(StringView name) const {
 }
 
 std::vector<KeyLine> CheckedFile::KeyLines(StringView section) const {
+    // the names of placeholders begin with "#"
+    const StringView remarks = EqualNoCase(section, L"Workbench.Placeholders") ? L";" : L";#";
     std::vector<KeyLine> keys;
     std::size_t line = HeaderLine(section);
     for (const String& text : x_input.document->GetSection(section)) {
         ++line;
         const std::size_t equals = text.find(L'=');
-        if (!IsEmptyOrComment(Trimmed(text), L";#") && equals != String::npos) {
+        if (!IsEmptyOrComment(Trimmed(text), remarks) && equals != String::npos) {
             keys.push_back({String(Trimmed(StringView(text).substr(0, equals))),
                             text.substr(equals + 1), line});
         }

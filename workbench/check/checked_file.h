@@ -7,6 +7,7 @@
 #include <vector>
 
 #include <ace/core/actions_engine.h>
+#include <ace/core/moment_table.h>
 #include <ace/settings/line_observer.h>
 
 #include "workbench/devices/fault_rules.h"
@@ -33,8 +34,10 @@ struct CheckedLine {
 
     /// What stands behind the keyword.
     StringView Value() const { return StringView(text).substr(key.size() + 1 + keyword.size()); }
-    /// The parts of the value between its commas; at least one.
-    std::vector<StringView> Fields() const;
+    /// Number of parts of the value between its commas; at least one.
+    std::size_t FieldCount() const;
+    /// The part of that number, from 0; nothing behind the last one.
+    std::optional<StringView> Field(std::size_t number) const;
     /// What an entry's value is made of. To be asked of lines that were read.
     LineForm Form() const { return row->form(Value()); }
     /// The part that is a field of its form; nothing when it has none or ends before it.
@@ -52,6 +55,10 @@ struct StoppedLine {
     String reason;
     std::int32_t error = 0;
 };
+
+/// The moment that ends the test of a module: of the matrix, which has none, what follows each row.
+/// None for a module without such.
+const MomentRow* EndOf(aceModul moduleKind);
 
 /// A section that fills a set of lists.
 struct CheckedSection {
@@ -73,6 +80,8 @@ struct CheckedSection {
     }
     /// A moment of the test runs the list of that number.
     bool Runs(std::int32_t list) const;
+    /// It is the list of the moment that ends the test: what it switches off stays off.
+    bool IsEndOfTest(std::int32_t list) const;
     /// The line of an index; none for one that the load did not read.
     const CheckedLine* LineAt(std::int32_t index) const;
     /// Number of a line in the file, from 1.

@@ -41,10 +41,10 @@ struct Finding {
     FindingPlace place;
     String meaning;         ///< in plain words
     String advice;          ///< what to do
-    bool endsTest = false;  ///< the load, the save or the run surely ends there
+    bool endsTest = false;  ///< the load or the save ends there, or a run that comes there
 };
 
-/// The load, the save or the run surely ends there.
+/// The load or the save ends there, or a run that comes there.
 bool EndsTest(const Finding& finding);
 /// "file.ini:33: [ActionsOnSR1] EnterAction1"; only what there is.
 String PlaceWords(const FindingPlace& place);

@@ -15,7 +15,7 @@ constexpr Rule Table[] = {
      .group = Stops,
      .endsTest = EndsTest,
      .meaning = L"there is no \"=\" in this line: the load of the file ends here",
-     .advice = L"Take the line out; the engine's sections have no comments.",
+     .advice = L"%5",
      .inSection = Stop<StopCause::NoEqualSign>},
     {.name = L"no-colon",
      .group = Stops,
@@ -52,7 +52,7 @@ constexpr Rule Table[] = {
      .group = Stops,
      .endsTest = EndsTest,
      .meaning = L"%1: the load of the file ends here",
-     .advice = L"Write a number there.",
+     .advice = L"Write a number there.%4",
      .inSection = Stop<StopCause::NoNumber>},
     {.name = L"number-too-large",
      .group = Stops,
@@ -112,7 +112,9 @@ constexpr Rule Table[] = {
     {.name = L"section-beyond",
      .group = Lost,
      .meaning = L"the test has %1 of these, so nobody reads the section",
-     .advice = L"Raise [Workbench] SubRanges, or take the section out.",
+     .advice =
+         L"Raise their number (SubRanges in [Workbench], or --subranges), or take the section "
+         L"out.",
      .inFile = SectionBeyond},
     {.name = L"section-misspelt",
      .group = Lost,
@@ -157,9 +159,16 @@ constexpr Rule Table[] = {
                 L"%2 is used",
      .advice = L"Put the command into an enter list, or write its terminator into the command.",
      .inAction = LostTerminator},
+    {.name = L"save-changes",
+     .group = Lost,
+     .meaning = L"is saved as %1, and that is read as %2: a save changes the test",
+     .advice =
+         L"Don't save the file from the editor, or put the action where it takes over nothing "
+         L"and without a comma in a name.",
+     .inSection = SaveChanges},
     {.name = L"decimals-lost",
      .group = Lost,
-     .meaning = L"%1 is saved as %2",
+     .meaning = L"%1 is kept as %2",
      .advice = L"Write no more decimals than are kept.",
      .inAction = LostDecimals},
     {.name = L"too-many-fields",
@@ -207,18 +216,22 @@ constexpr Rule Table[] = {
     {.name = L"signal-path-taken-over",
      .group = TakenOver,
      .meaning = L"has the signal path %1, which comes from %2",
-     .advice = L"Write the signal path as the third field, or none behind a second comma.",
+     .advice =
+         L"Write the signal path as the third field, or put the action before those with one: "
+         L"a second comma without a path is not saved.",
      .inAction = InheritedSignalPath},
     {.name = L"generator-taken-over",
      .group = TakenOver,
      .meaning = L"tunes the generator %1, too, which comes from %2, and is saved as a line of the "
                 L"generator",
-     .advice = L"Put an entry FREQTRACK:,,40,0,0 before it: from there on there is no generator.",
+     .advice =
+         L"Put an entry FREQTRACK:,,40,0,0 before it, and don't save the file from the editor, "
+         L"which loses that entry.",
      .inAction = InheritedGenerator},
     {.name = L"monitor-taken-over",
      .group = TakenOver,
      .meaning = L"tunes the monitoring device %1, too, which comes from %2",
-     .advice = L"Put an entry FREQTRACK:,0 before it: from there on there is no monitoring device.",
+     .advice = L"Put an entry FREQTRACK:,0 before it: from there on no monitoring device follows.",
      .inAction = InheritedMonitor},
     {.name = L"loading-position-taken-over",
      .group = TakenOver,

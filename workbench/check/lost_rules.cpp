@@ -47,6 +47,11 @@ std::vector<StringView> KeyWords() {
     return words;
 }
 
+bool IsListKey(StringView key) {
+    return std::ranges::any_of(
+        KeyWords(), [&](StringView word) { return EqualNoCase(word, WithoutNumber(key)); });
+}
+
 /// How to write what has a comma too many, by the first field of its form.
 struct CommaAdvice {
     LineField first;
@@ -75,6 +80,15 @@ bool KeepsDigits(Number number, int decimals) {
     return static_cast<Number>(std::round(scaled) / scale) == number || std::abs(scaled) > 1e15;
 }
 
+/// A reader rounds what stands there.
+bool IsRounded(const FormField& field) {
+    static constexpr LineField Whole[] = {LineField::GpibAddress, LineField::SerComPort,
+                                          LineField::Terminator};
+    return field.reading == FieldReading::StrictNumber || field.reading == FieldReading::Port ||
+           (field.reading == FieldReading::Number &&
+            std::ranges::find(Whole, field.field) != std::end(Whole));
+}
+
 }  // namespace
 
 void RuleTests::UnknownKeyword(const CheckedFile& file, const CheckedSection& section,
@@ -100,11 +114,9 @@ void RuleTests::ForeignKey(const CheckedFile& file, const CheckedSection& sectio
         return;
     }
     const StringView key = Trimmed(line.key);
-    String hint = KeyHint(key);
-    if (!hint.empty() && key.size() != line.key.size()) {
-        hint = L" There are blanks around the key.";
-    }
-    found.At(file, section, line, {hint});
+    const bool hasBlanks = key.size() != line.key.size() && IsListKey(key);
+    found.At(file, section, line,
+             {hasBlanks ? String(L" There are blanks around the key.") : KeyHint(key)});
 }
 
 /// The line that counts is the last one of its entry.
@@ -127,8 +139,7 @@ void RuleTests::CountTwice(const CheckedFile& file, const CheckedSection& sectio
 }
 
 String RuleTests::KeyHint(StringView key) {
-    const std::vector<StringView> words = KeyWords();
-    return Hint(WithoutNumber(key), words);
+    return IsListKey(key) ? String() : Hint(WithoutNumber(key), KeyWords());
 }
 
 std::optional<std::int32_t> RuleTests::WrittenTerminator(const CheckedAction& action) {
@@ -154,6 +165,16 @@ void RuleTests::LostDecimals(const CheckedAction& action, const Found& found) {
     if (const auto* const wait = action.As<aceWait>()) {
         tell(wait->Time, 3);
     }
+    std::size_t index = 0;
+    for (const FormField& field : action.line.Form().fields) {
+        const auto text = IsRounded(field) ? action.line.Field(index) : std::nullopt;
+        const std::optional<double> number =
+            text ? WholeNumber(SplitPort(*text).port) : std::nullopt;
+        ++index;
+        if (number && *number != std::nearbyint(*number)) {
+            found.At(action, {FormatGeneral(*number, L'.'), FormatFixed(*number, 0, L'.')});
+        }
+    }
     const auto* const check = action.As<aceSetDevice>();
     if (check != nullptr && (action.IsOf(L"CHECKEUT:") || action.IsOf(L"MONITOREUT:"))) {
         tell(check->CycleTime, 2);
@@ -163,7 +184,7 @@ void RuleTests::LostDecimals(const CheckedAction& action, const Found& found) {
 
 void RuleTests::MoreFields(const CheckedAction& action, const Found& found) {
     const LineForm form = action.line.Form();
-    const std::size_t fields = action.line.Fields().size();
+    const std::size_t fields = action.line.FieldCount();
     if (!form.isOpen && fields > form.fields.size()) {
         found.At(action, {Counted(fields, L"field", L"fields"), std::to_wstring(form.fields.size()),
                           String(AdviceOf(form))});

@@ -32,6 +32,10 @@ void Stop(const CheckedFile& file, const CheckedSection& section, const Found& f
 void LoadFails(const CheckedFile& file, const Found& found);
 void EmptyEntry(const CheckedFile& file, const CheckedSection& section, const Found& found);
 
+// ---- save_rules.cpp ----------------------------------------------------------------------------
+
+void SaveChanges(const CheckedFile& file, const CheckedSection& section, const Found& found);
+
 // ---- lost_rules.cpp ----------------------------------------------------------------------------
 
 /// " Did you mean NumOfEnterActions?" for a key that is nearly one of a list, or nothing.
@@ -83,6 +87,8 @@ void SkippedAtFrequency(const CheckedAction& action, const Found& found);
 void ListNeverRuns(const CheckedFile& file, const CheckedSection& section, const Found& found);
 void TrackingOutside(const CheckedAction& action, const Found& found);
 void SignalStopsTest(const CheckedAction& action, const Found& found);
+void StopsHere(const CheckedAction& action, const Found& found);
+void TracksNothing(const CheckedAction& action, const Found& found);
 void ParksNothing(const CheckedAction& action, const Found& found);
 void WaitsForOperator(const CheckedAction& action, const Found& found);
 void PlaceholderStays(const CheckedAction& action, const Found& found);
@@ -107,6 +113,8 @@ void UnknownTerminator(const CheckedAction& action, const Found& found);
 void NoTerminator(const CheckedAction& action, const Found& found);
 void PortOutside(const CheckedAction& action, const Found& found);
 void HostMissing(const CheckedAction& action, const Found& found);
+/// 0 to 4, which an amplifier knows.
+bool IsAmplifierState(std::int32_t state);
 void AmplifierStateOutside(const CheckedAction& action, const Found& found);
 void NothingToDo(const CheckedAction& action, const Found& found);
 
@@ -122,6 +130,7 @@ void ChannelWithoutDevice(const CheckedFile& file, const Found& found);
 
 void AnswerForNoMoment(const CheckedFile& file, const Found& found);
 void AnswerForNoMessage(const CheckedFile& file, const Found& found);
+void AnswerForNoDevice(const CheckedFile& file, const Found& found);
 void FaultForNoDevice(const CheckedFile& file, const Found& found);
 void FaultForNothing(const CheckedFile& file, const Found& found);
 void FailureNeverRead(const CheckedFile& file, const Found& found);

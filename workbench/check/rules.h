@@ -77,7 +77,7 @@ using FindInFile = void (*)(const CheckedFile& file, const Found& found);
 struct Rule {
     StringView name;  ///< for programs and tests: never changed once it is known
     FindingGroup group = FindingGroup::Lost;
-    bool endsTest = false;  ///< the load, the save or the run surely ends there
+    bool endsTest = false;  ///< the load or the save ends there, or a run that comes there
     StringView meaning;
     StringView advice;
     FindInLine inLine = nullptr;        ///< of each line that was read

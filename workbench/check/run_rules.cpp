@@ -16,18 +16,20 @@ namespace ace::workbench {
 namespace {
 
 constexpr std::int32_t FreqListNumber = 3;
-constexpr std::int32_t Operate = 3;
 
 bool IsAtFrequency(const CheckedAction& action) {
     return action.line.list == FreqListNumber && action.section.fixed != nullptr &&
            FrequencySetOf(action.section.moduleKind) == action.section.fixed;
 }
 
-/// The list ends the test: what it switches off stays off.
-bool IsEndOfTest(const CheckedSection& section, std::int32_t list) {
-    const MomentRow* const row = FindMoment(section.moduleKind, ptStopTest);
-    return row != nullptr && row->fixed == section.fixed && row->fixed != nullptr &&
-           row->list == ActionLists[list - 1];
+/// Only a single test follows the frequency with its devices.
+bool TracksFrequency(const CheckedAction& action) {
+    return IsAtFrequency(action) && action.section.moduleKind == aceTemplate;
+}
+
+/// What the lists of a monitoring channel say goes to the channel.
+bool IsOfChannel(const CheckedSection& section) {
+    return section.sets == &ModuleLists::MoniChannels;
 }
 
 /// Nothing but messages to the operator stands behind it in its list.
@@ -90,70 +92,6 @@ bool IsReplaced(const CheckedAction& action, const String& name) {
     return isGiven || isOfRow || (action.As<aceAPI>() != nullptr && name == L"#FREQ#");
 }
 
-/// Where a command goes, as one text.
-String AddressOf(const aceRemote& record) {
-    switch (record.Iface) {
-        case aceRemote::Gpib:
-            return L"GPIB " + std::to_wstring(record.GpibAddress);
-        case aceRemote::Serial:
-            return L"COM" + std::to_wstring(record.SerComPort);
-        case aceRemote::TcpIp:
-            return record.TcpHost + L":" + std::to_wstring(record.TcpPort);
-        default:
-            return {};
-    }
-}
-
-String Upper(StringView text) {
-    String upper(text);
-    for (wchar_t& c : upper) {
-        c = c >= L'a' && c <= L'z' ? static_cast<wchar_t>(c - L'a' + L'A') : c;
-    }
-    return upper;
-}
-
-/// A command switches an output: "OUTP ON", ":OUTP:STAT 1", "RF OFF". A reset switches it off.
-enum class OutputSwitch { None, On, Off };
-OutputSwitch OutputOf(StringView command) {
-    const String text = Upper(command);
-    OutputSwitch last = OutputSwitch::None;
-    for (std::size_t begin = 0; begin <= text.size();) {
-        const std::size_t end = std::min(text.find(L';', begin), text.size());
-        const StringView part = Trimmed(StringView(text).substr(begin, end - begin));
-        const std::size_t blank = part.find_last_of(L" \t");
-        const StringView header = part.substr(0, std::min(blank, part.size()));
-        const StringView value = blank == StringView::npos ? StringView() : part.substr(blank + 1);
-        const bool isOutput = header.find(L"OUTP") != StringView::npos || Trimmed(header) == L"RF";
-        if (isOutput && (value == L"ON" || value == L"1")) {
-            last = OutputSwitch::On;
-        } else if (part == L"*RST" || (isOutput && (value == L"OFF" || value == L"0"))) {
-            last = OutputSwitch::Off;
-        }
-        begin = end + 1;
-    }
-    return last;
-}
-
-/// What an action switches on or off, as one text; empty for nothing.
-struct Radiation {
-    String source;
-    bool isOn = false;
-};
-Radiation RadiationOf(const CheckedAction& action) {
-    if (const auto* const remote = action.As<aceRemote>();
-        remote != nullptr && !remote->Command.empty()) {
-        const OutputSwitch output = OutputOf(remote->Command);
-        return output == OutputSwitch::None
-                   ? Radiation{}
-                   : Radiation{L"the output of " + AddressOf(*remote), output == OutputSwitch::On};
-    }
-    if (const auto* const amplifier = action.As<aceSetDevice>();
-        amplifier != nullptr && action.IsOf(L"SWITCHAMP:") && !amplifier->DevName.empty()) {
-        return {L"the amplifier " + amplifier->DevName, amplifier->AmpState == Operate};
-    }
-    return {};
-}
-
 }  // namespace
 
 void RuleTests::SkippedAtFrequency(const CheckedAction& action, const Found& found) {
@@ -179,11 +117,26 @@ void RuleTests::TrackingOutside(const CheckedAction& action, const Found& found)
     }
 }
 
+/// What stands behind it is passed over, and so is the rest of the test.
+void RuleTests::StopsHere(const CheckedAction& action, const Found& found) {
+    if (action.action.ActionType == atTestStop && !IsOfChannel(action.section) &&
+        !IsAtFrequency(action) && action.section.Runs(action.line.list)) {
+        found.At(action);
+    }
+}
+
+void RuleTests::TracksNothing(const CheckedAction& action, const Found& found) {
+    const std::optional<std::int32_t> kind = action.file.Input().setUp.testKind;
+    if (action.action.ActionType == atTrackFreq && TracksFrequency(action) && kind &&
+        FollowsNoFrequency(*kind)) {
+        found.At(action, {std::to_wstring(*kind)});
+    }
+}
+
 /// Results of a monitoring channel; in a walk that only goes on or ends, each of them ends it.
 void RuleTests::SignalStopsTest(const CheckedAction& action, const Found& found) {
     constexpr KindSet Results(atComment, atGotoSingle, atStopLevSweep, atNbBbEtsi);
-    const bool isChannel = action.section.sets == &ModuleLists::MoniChannels;
-    if (Results.Has(action.action.ActionType) && !isChannel &&
+    if (Results.Has(action.action.ActionType) && !IsOfChannel(action.section) &&
         action.section.Runs(action.line.list)) {
         found.At(action, {action.line.keyword});
     }
@@ -191,7 +144,7 @@ void RuleTests::SignalStopsTest(const CheckedAction& action, const Found& found)
 
 void RuleTests::ParksNothing(const CheckedAction& action, const Found& found) {
     const bool parks =
-        ParksAtTheEnd(action.section.moduleKind) && IsEndOfTest(action.section, action.line.list);
+        ParksAtTheEnd(action.section.moduleKind) && action.section.IsEndOfTest(action.line.list);
     if (action.action.ActionType == atParkAcc && !parks) {
         found.At(action);
     }
@@ -199,19 +152,26 @@ void RuleTests::ParksNothing(const CheckedAction& action, const Found& found) {
 
 /// At the end of the test the last words to the operator hold nothing up.
 void RuleTests::WaitsForOperator(const CheckedAction& action, const Found& found) {
-    const auto* const notify = action.As<aceNotify>();
-    const std::int32_t kind = action.action.ActionType;
-    if (const auto* const track = action.As<aceTrackFreq>();
-        track != nullptr && !track->GenName.empty() && track->AskOnMeasStart) {
-        found.At(action, {L"whether " + QuotedLine(track->GenName) + L" is to be on"});
-    }
-    if (notify == nullptr || (kind != atNotify && kind != atQuestion) ||
-        !action.section.Runs(action.line.list) || IsAtFrequency(action)) {
+    if (!action.section.Runs(action.line.list)) {
         return;
     }
-    const bool isLast = kind == atNotify && IsEndOfTest(action.section, action.line.list) &&
+    const auto* const track = action.As<aceTrackFreq>();
+    if (track != nullptr && !track->GenName.empty() && track->AskOnMeasStart &&
+        TracksFrequency(action)) {
+        found.At(action, {L"whether " + QuotedLine(track->GenName) + L" is to be on"});
+    }
+    const auto* const notify = action.As<aceNotify>();
+    const std::int32_t kind = action.action.ActionType;
+    if (notify == nullptr || notify->Message.empty() || IsAtFrequency(action) ||
+        (kind != atNotify && kind != atQuestion)) {
+        return;
+    }
+    const bool isLast = kind == atNotify && action.section.IsEndOfTest(action.line.list) &&
                         IsLastButForMessages(action);
-    if (!notify->Message.empty() && !isLast) {
+    const Answers* const answers = action.file.Input().answers;
+    const PromptKind prompt = kind == atQuestion ? PromptKind::Question : PromptKind::Notification;
+    const bool isAnswered = answers != nullptr && answers->CanAnswer(prompt, notify->Message);
+    if (!isLast && !isAnswered) {
         found.At(action, {QuotedLine(notify->Message)});
     }
 }
@@ -225,26 +185,6 @@ void RuleTests::PlaceholderStays(const CheckedAction& action, const Found& found
             }
         }
     }
-}
-
-/// At the first action that switches something on.
-void RuleTests::RadiationStays(const CheckedFile& file, const Found& found) {
-    std::set<String> off;
-    ForEachAction(file, [&](const CheckedAction& action) {
-        const Radiation radiation = RadiationOf(action);
-        if (IsEndOfTest(action.section, action.line.list) && !radiation.isOn) {
-            off.insert(radiation.source);
-        }
-    });
-    const MomentRow* const end = FindMoment(file.Input().setUp.moduleKind, ptStopTest);
-    std::set<String> told;
-    ForEachAction(file, [&](const CheckedAction& action) {
-        const Radiation radiation = RadiationOf(action);
-        if (end != nullptr && radiation.isOn && !off.contains(radiation.source) &&
-            action.section.Runs(action.line.list) && told.insert(radiation.source).second) {
-            found.At(action, {radiation.source});
-        }
-    });
 }
 
 }  // namespace ace::workbench

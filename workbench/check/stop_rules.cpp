@@ -7,6 +7,7 @@
 
 #include "sim/sim_settings.h"
 #include "workbench/check/rule_tests.h"
+#include "workbench/check/section_names.h"
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {
@@ -49,8 +50,39 @@ const CheckedLine* CountLineOf(const CheckedSection& section, std::int32_t list)
     return nullptr;
 }
 
+/// Also where a ":" stands for the "=".
 String KeyOf(StringView line) {
-    return String(Trimmed(line.substr(0, line.find(L'='))));
+    return String(Trimmed(line.substr(0, line.find_first_of(L"=:"))));
+}
+
+/// The line begins as an entry or a count does.
+bool BeginsWithKey(StringView line) {
+    return std::ranges::any_of(ActionListKeys, [&](const ListKeys& keys) {
+        return BeginsWith(line, keys.entry) || BeginsWith(line, keys.count);
+    });
+}
+
+/// " The value has 3 fields ..." where a comma too many may be why there is no number.
+String FieldsHint(const String& text) {
+    CheckedLine line;
+    line.text = text;
+    line.key = text.substr(0, text.find(L'='));
+    const String rest = text.substr(std::min(line.key.size() + 1, text.size()));
+    line.keyword = rest.substr(0, rest.find(L':') + 1);
+    line.row = FindKeyword(line.keyword);
+    if (line.row == nullptr) {
+        return {};
+    }
+    try {
+        const LineForm form = line.Form();
+        const std::size_t count = line.FieldCount();
+        return form.isOpen || count <= form.fields.size()
+                   ? String()
+                   : L" The value has " + std::to_wstring(count) + L" fields, and this form has " +
+                         std::to_wstring(form.fields.size()) + L"; names have no commas.";
+    } catch (const RunTimeError&) {
+        return {};  // of a command that has no number for its transport
+    }
 }
 
 /// "EnterAction4, EnterAction5 and 3 more"
@@ -69,7 +101,8 @@ void Tell(const CheckedFile& file, const CheckedSection& section, const CheckedL
           std::int32_t list, const String& keys, const Found& found) {
     const bool runs = section.Runs(list);
     (runs ? found : found.Perhaps())
-        .At(file, section, line, {keys, runs ? L"the test ends there with an error, and " : L""});
+        .At(file, section, line,
+            {keys, runs ? L"the test ends with an error when it comes there, and " : L""});
 }
 
 }  // namespace
@@ -83,7 +116,10 @@ void RuleTests::FindStops(const CheckedFile& file, const CheckedSection& section
             line.text = stop.text;
             found.At(file, section, line,
                      {stop.reason, std::to_wstring(CountOf(section, stop.list)),
-                      KeyHint(KeyOf(stop.text))});
+                      KeyHint(KeyOf(stop.text)), FieldsHint(stop.text),
+                      String(BeginsWithKey(stop.text)
+                                 ? L"Write \"=\" behind the key."
+                                 : L"Take the line out; the engine's sections have no comments.")});
         }
     }
 }

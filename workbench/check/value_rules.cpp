@@ -69,12 +69,13 @@ void TellUnlessNumber(const CheckedAction& action, const Found& found, StringVie
 /// Hands each field of the action's line that is read so to `look`, with its text.
 template <class Look>
 void ForEachField(const CheckedAction& action, FieldReading reading, Look&& look) {
-    const std::vector<StringView> texts = action.line.Fields();
-    const std::span<const FormField> fields = action.line.Form().fields;
-    for (std::size_t i = 0; i < std::min(fields.size(), texts.size()); ++i) {
-        if (fields[i].reading == reading) {
-            look(fields[i].field, texts[i]);
+    std::size_t index = 0;
+    for (const FormField& field : action.line.Form().fields) {
+        const auto text = field.reading == reading ? action.line.Field(index) : std::nullopt;
+        if (text) {
+            look(field.field, *text);
         }
+        ++index;
     }
 }
 
@@ -102,9 +103,16 @@ void RuleTests::FlagUnknown(const CheckedAction& action, const Found& found) {
 }
 
 void RuleTests::WaitOutside(const CheckedAction& action, const Found& found) {
-    const auto* const wait = action.As<aceWait>();
-    if (wait != nullptr && (wait->Time < 0.0 || wait->Time > LongestWait)) {
-        found.At(action, {wait->Time < 0.0 ? L"less than nothing" : L"longer than 24 days"});
+    double milliseconds = 0.0;
+    if (const auto* const wait = action.As<aceWait>()) {
+        milliseconds = wait->Time;
+    } else if (const auto* const track = action.As<aceTrackFreq>()) {
+        milliseconds = track->DelayTime;
+    } else if (action.line.TextOf(LineField::WaitTime)) {
+        milliseconds = 1000.0 * static_cast<double>(action.As<aceSetDevice>()->WaitTime);
+    }
+    if (milliseconds < 0.0 || milliseconds > LongestWait) {
+        found.At(action, {milliseconds < 0.0 ? L"less than nothing" : L"longer than 24 days"});
     }
 }
 
@@ -159,10 +167,13 @@ void RuleTests::HostMissing(const CheckedAction& action, const Found& found) {
     }
 }
 
+bool RuleTests::IsAmplifierState(std::int32_t state) {
+    return state >= 0 && state <= HighestAmplifierState;
+}
+
 void RuleTests::AmplifierStateOutside(const CheckedAction& action, const Found& found) {
     const auto* const record = action.As<aceSetDevice>();
-    if (record != nullptr && action.IsOf(L"SWITCHAMP:") &&
-        (record->AmpState < 0 || record->AmpState > HighestAmplifierState)) {
+    if (record != nullptr && action.IsOf(L"SWITCHAMP:") && !IsAmplifierState(record->AmpState)) {
         found.At(action, {std::to_wstring(record->AmpState)});
     }
 }

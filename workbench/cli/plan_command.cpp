@@ -52,7 +52,8 @@ Outcome PlanCommand(const TestArguments& arguments, std::ostream& out) {
     if (arguments.devices) {
         RequireWatchingDevices(setUp, host->bench);
     }
-    const Rehearsal rehearsal = Rehearse(host, setUp, answers, file, arguments.devices.has_value());
+    const Rehearsal rehearsal =
+        Rehearse(host, setUp, answers, file, {.hasBench = arguments.devices.has_value()});
 
     std::ostringstream text;
     ConsoleReport report(text, false);

@@ -6,6 +6,7 @@
 #include "workbench/cli/brief_report.h"
 #include "workbench/cli/check_input.h"
 #include "workbench/cli/run_outputs.h"
+#include "workbench/cli/sure_end.h"
 #include "workbench/files/text_encoding.h"
 #include "workbench/files/trace_file.h"
 #include "workbench/session/bench_host.h"
@@ -110,11 +111,15 @@ void RequireOutput(const ConsoleReport& report) {
 }
 
 /// A test that would end in the midst is not begun on real instruments.
-void RequireRunnable(const RunArguments& arguments, const std::vector<Finding>& findings) {
-    const auto first = std::ranges::find_if(findings, EndsTest);
-    if (arguments.real && !arguments.despiteFindings && first != findings.end()) {
-        RefuseFile(FindingWords(*first) +
-                   L"; no test was run: ace-workbench check tells all findings, "
+void RequireRunnable(const RunArguments& arguments, const TestSetUp& setUp, const Answers& answers,
+                     const std::vector<Finding>& findings) {
+    if (!arguments.real || arguments.despiteFindings) {
+        return;
+    }
+    const String why = WhyItSurelyEnds(arguments, arguments.ask, setUp, answers, findings);
+    if (!why.empty()) {
+        RefuseFile(why +
+                   L"; no test was run: ace-workbench check and plan tell more, "
                    L"--despite-findings runs it all the same");
     }
 }
@@ -182,7 +187,7 @@ Outcome RunCommand(const RunArguments& arguments, const CommandSurroundings& sur
     CheckInput input = InputOfCheck(arguments, arguments.faults, document, setUp, answers, *host);
     input.here = arguments.real;
     const std::vector<Finding> findings = FindingsOf(CheckedFile(input));
-    RequireRunnable(arguments, findings);
+    RequireRunnable(arguments, setUp, answers, findings);
 
     traffic = MakeOutputs(arguments, trace.get());
     if (traffic.is_open()) {

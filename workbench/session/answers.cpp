@@ -104,12 +104,14 @@ AnswerLine ReadLine(StringView text, std::size_t number, const String& path) {
     return line;
 }
 
+bool FitsMessage(const AnswerLine& line, PromptKind kind, const String& message) {
+    return FindWord(line.kind, line.answer, kind) != nullptr && (line.always || line.used == 0) &&
+           FitsPattern(OneLine(message), line.message);
+}
+
 bool Fits(const AnswerLine& line, const Prompt& prompt) {
-    return FindWord(line.kind, line.answer, prompt.kind) != nullptr &&
-           (line.always || line.used == 0) &&
-           (FitsPattern(prompt.moment, line.moment) ||
-            FitsPattern(prompt.operation, line.moment)) &&
-           FitsPattern(OneLine(prompt.message), line.message);
+    return FitsMessage(line, prompt.kind, prompt.message) &&
+           (FitsPattern(prompt.moment, line.moment) || FitsPattern(prompt.operation, line.moment));
 }
 
 }  // namespace
@@ -133,6 +135,11 @@ std::optional<Reply> Answers::Take(const Prompt& prompt) {
     }
     ++found->used;
     return FindWord(found->kind, found->answer, prompt.kind)->reply;
+}
+
+bool Answers::CanAnswer(PromptKind kind, const String& message) const {
+    return std::ranges::any_of(
+        x_lines, [&](const AnswerLine& line) { return FitsMessage(line, kind, message); });
 }
 
 std::vector<const AnswerLine*> Answers::Unused() const {

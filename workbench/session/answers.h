@@ -42,6 +42,8 @@ class Answers {
     /// The answer of the first line that fits and is not used up; it is used by that. None when no
     /// line fits.
     std::optional<Reply> Take(const Prompt& prompt);
+    /// A line that is not used up fits a message of that kind, in whatever moment it comes.
+    bool CanAnswer(PromptKind kind, const String& message) const;
     /// The lines that never gave an answer.
     std::vector<const AnswerLine*> Unused() const;
 

@@ -126,6 +126,7 @@ class Collector final : public SessionListener {
     bool x_isInAction = false;
     double x_startMs = 0.0;
     std::size_t x_stopping = None;   ///< the action that asked to stop the test in the moment
+    bool x_isAnswered = false;       ///< it asked for that by a line of the answers
     std::size_t x_lastFirst = None;  ///< the last action of the list that the moment ran first
     std::size_t x_parking = None;    ///< the list whose end parks the accessories
     std::size_t x_walked = 0;        ///< elements of that list to which the end of the test came
@@ -218,7 +219,10 @@ void Collector::FollowStop() {
     if (MomentCallRowOf(x_moment.call).meaning == AnswerMeaning::CodeCounts) {
         const p_Action* const action = x_context->RunningAction;
         const bool stops = action != nullptr && action->ActionType == atTestStop;
-        x_stopping = x_stopping == None && stops ? x_running : x_stopping;
+        if (x_stopping == None && stops) {
+            x_stopping = x_running;
+            x_isAnswered = false;
+        }
         return;
     }
     const std::size_t list = x_listOf[x_running];
@@ -289,7 +293,8 @@ void Collector::OnLine(const Place& place, LineKind kind, const String& words) {
     if (kind == LineKind::Error || isNews) {
         const bool isError = kind == LineKind::Error;
         const std::size_t stopping = x_stopping != None ? x_stopping : x_lastFirst;
-        x_result.ends.push_back({place.moment, words, isError, isError ? x_running : stopping});
+        x_result.ends.push_back({place.moment, words, isError, isError ? x_running : stopping,
+                                 !isError && x_stopping != None && x_isAnswered});
     }
 }
 
@@ -314,6 +319,7 @@ void Collector::OnDialog(const Dialog& dialog, Reply reply, bool isFromFile) {
     known.fromFile += isFromFile ? 1 : 0;
     if (reply == Reply::Stop && x_stopping == None) {
         x_stopping = x_running;
+        x_isAnswered = isFromFile;
     }
 }
 
@@ -362,16 +368,16 @@ class ActionWatch final : public DefaultTraceLog {
 }  // namespace
 
 Rehearsal Rehearse(const std::shared_ptr<TransportHost>& host, const TestSetUp& setUp,
-                   Answers& answers, const String& file, bool hasBench) {
+                   Answers& answers, const String& file, const RehearsalOptions& options) {
     Rehearsal result;
     Collector collector(*host, result);
     WillingOperator theOperator;
     host->journal.KeepNone();
-    Session session(host, setUp, answers, collector, &theOperator);
+    Session session(host, setUp, answers, collector, options.hasOperator ? &theOperator : nullptr);
     session.Load(file);
     collector.Begin(session.Context(), session.Places(), setUp);
     result.gone = session.Places().Gone();
-    if (hasBench) {
+    if (options.hasBench) {
         MakeEquipmentWell(host->bench);
     } else {
         AddNamedDevices(*host, setUp, session.Places());

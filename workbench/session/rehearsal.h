@@ -75,6 +75,7 @@ struct RehearsedEnd {
     String words;
     bool isError = false;           ///< a run-time error, whose words name its action
     std::size_t action = NoAction;  ///< the one that failed, or behind which the test is stopped
+    bool isAnswered = false;        ///< stopped as a line of the answers says
 };
 
 /// All of it, each thing in the order in which the test comes to it, the actions in that of the
@@ -95,11 +96,16 @@ struct Rehearsal {
     std::size_t parkedAtTheEnd = 0;
 };
 
+/// What a rehearsal takes for given.
+struct RehearsalOptions {
+    bool hasBench = true;     ///< otherwise each device is there that an action names
+    bool hasOperator = true;  ///< he says Yes, OK or Ignore; without him nobody answers a question
+};
+
 /// Runs the test of `file` on `host`, whose clock is virtual and whose transports are simulated.
-/// What no line of the answers fits is answered Yes, OK or Ignore, and equipment under test that
-/// the bench has is well. Without a bench (`hasBench`) each device is there that an action names. A
+/// The answers come before the operator, and equipment under test that the bench has is well. A
 /// file that can't be loaded is `CommandError` `BadFile`.
 Rehearsal Rehearse(const std::shared_ptr<TransportHost>& host, const TestSetUp& setUp,
-                   Answers& answers, const String& file, bool hasBench);
+                   Answers& answers, const String& file, const RehearsalOptions& options);
 
 }  // namespace ace::workbench

@@ -1,5 +1,6 @@
 #include <ace/execution/frequency_followers.h>
 #include <ace/execution/status_line.h>
+#include <ace/execution/what_runs.h>
 
 namespace ace {
 
@@ -9,14 +10,17 @@ constexpr std::int32_t FollowerTitleEnd = 9431;
 
 }  // namespace
 
+bool FollowsNoFrequency(std::int32_t testKind) {
+    return testKind == 1 || testKind == 2;
+}
+
 bool TestFollowsNoFrequency(ThreadContext& context) {
     const std::shared_ptr<ITestInfo> test = context.SystemServices().CurrentTest();
     if (!test) {
         return false;
     }
     String name;
-    const std::int32_t kind = test->TestKind(name);
-    return kind == 1 || kind == 2;
+    return FollowsNoFrequency(test->TestKind(name));
 }
 
 void AppendFollowerTitle(ThreadContext& context, String& title) {

@@ -20,6 +20,8 @@ bool HasMoment(std::int32_t moduleKind, DynArray<p_Subrange> ModuleLists::*sets,
 /// At the end of a module's test parking the accessories becomes a request to the host; anywhere
 /// else that kind does nothing.
 bool ParksAtTheEnd(std::int32_t moduleKind);
+/// Kinds of a host's test in which generators and monitoring devices follow no frequency.
+bool FollowsNoFrequency(std::int32_t testKind);
 /// The code of a command's terminator stands for characters, or for none on purpose. Any other code
 /// sends none either.
 bool IsTerminatorCode(std::int32_t code);
