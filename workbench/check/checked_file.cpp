@@ -1,7 +1,7 @@
 #include "workbench/check/checked_file.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <set>
 
 #include <ace/core/operation.h>
 #include <ace/core/text.h>
@@ -9,6 +9,8 @@
 #include <ace/settings/action_line.h>
 #include <ace/settings/wireless_names.h>
 
+#include "sim/sim_settings.h"
+#include "workbench/check/section_names.h"
 #include "workbench/words/wording.h"
 
 namespace ace::workbench {
@@ -161,9 +163,8 @@ const MomentRow* EndOf(aceModul moduleKind) {
 }
 
 bool CheckedSection::IsEndOfTest(std::int32_t list) const {
-    const MomentRow* const row = EndOf(moduleKind);
-    return row != nullptr && row->fixed == fixed && row->fixed != nullptr &&
-           row->list == ActionLists[list - 1];
+    const MomentRow* const row = fixed != nullptr ? EndOf(moduleKind) : nullptr;
+    return row != nullptr && row->fixed == fixed && row->list == ActionLists[list - 1];
 }
 
 const CheckedLine* CheckedSection::LineAt(std::int32_t index) const {
@@ -184,12 +185,13 @@ CheckedFile::CheckedFile(const CheckInput& input)
         input.setUp.subRanges > 0) {
         isComplete = Load(aceEMSAutoTemplate);
     }
-    std::unordered_set<String> names;
+    std::set<String, sim::NameLess> engineNames;
     for (CheckedSection& section : x_sections) {
-        section.isAgain = !names.insert(section.name).second;
-        MarkRead(section.name);
+        section.isAgain = MarkRead(section.name);
         MarkRead(WirelessNames::KeysOf(section.name));
+        engineNames.insert(Numberless(section.name));
     }
+    x_engineNames.assign(engineNames.begin(), engineNames.end());
     if (input.setUp.moduleKind == aceVKSDUT) {
         MarkRead(WirelessNames::MatrixSection(input.setUp.subRanges));
     } else if (input.setUp.moduleKind == aceEMSAutoTemplate) {
@@ -211,7 +213,8 @@ void CheckedFile::FindHeaders() {
     const std::vector<std::size_t> lines = x_input.document->HeaderLines();
     for (std::size_t i = 0; i < names.size(); ++i) {
         const bool isFirst = x_firstHeaders.emplace(InSmallLetters(names[i]), i).second;
-        x_headers.push_back({std::move(names[i]), lines[i], isFirst});
+        String numberless = Numberless(names[i]);
+        x_headers.push_back({std::move(names[i]), lines[i], std::move(numberless), isFirst});
     }
 }
 
@@ -240,11 +243,10 @@ const ModuleLists& CheckedFile::Lists() const {
     return x_engines.front()->State();
 }
 
-void CheckedFile::MarkRead(StringView name) {
+/// True when it was marked before.
+bool CheckedFile::MarkRead(StringView name) {
     const auto found = x_firstHeaders.find(InSmallLetters(name));
-    if (found != x_firstHeaders.end()) {
-        x_headers[found->second].isRead = true;
-    }
+    return found != x_firstHeaders.end() && std::exchange(x_headers[found->second].isRead, true);
 }
 
 /// Loads again and again, each time without the line that has stopped it before.

@@ -94,6 +94,7 @@ struct CheckedSection {
 struct SectionHeader {
     String name;
     std::size_t line = 0;  ///< in the file, from 1
+    String numberless;     ///< its name with "#" for each run of digits
     bool isFirst = true;   ///< of its name; the lines below the others are read by nobody
     bool isRead = false;   ///< by the engine
 };
@@ -136,6 +137,8 @@ class CheckedFile {
     const std::vector<CheckedSection>& Sections() const { return x_sections; }
     /// Every header of the file, in its order.
     const std::vector<SectionHeader>& Headers() const { return x_headers; }
+    /// The names of the sections that the engine asked for, each once, with "#" for their numbers.
+    const std::vector<String>& EngineNames() const { return x_engineNames; }
     /// Line of the section that is read under this name, from 1; 0 for a missing one.
     std::size_t HeaderLine(StringView name) const;
     /// The keys of a section in their order; none for a missing one.
@@ -154,7 +157,7 @@ class CheckedFile {
     class Host;
 
     void FindHeaders();
-    void MarkRead(StringView name);
+    bool MarkRead(StringView name);
     bool Load(aceModul moduleKind);
     void LeaveOut(const Reader& reader);
     void LeaveOutOfNumbered(aceModul moduleKind);
@@ -168,6 +171,7 @@ class CheckedFile {
     std::unique_ptr<ThreadContext> x_context;
     std::vector<std::unique_ptr<aceActionsEngine>> x_engines;
     std::vector<CheckedSection> x_sections;
+    std::vector<String> x_engineNames;
     struct Stop {
         String section;
         StoppedLine line;

@@ -26,11 +26,19 @@ Origin OriginOf(const CheckedAction& action, LineField field) {
     return {true, line != nullptr ? number + L" (" + line->key + L")" : number};
 }
 
-/// Tells of a field that is inherited with a value that matters.
+/// Tells of a field that is inherited with a value that matters, in these words.
 void Tell(const CheckedAction& action, const Found& found, LineField field, bool matters,
-          const String& value) {
-    if (const Origin origin = OriginOf(action, field); origin.isInherited && matters) {
-        found.At(action, {value, origin.words});
+          StringView words) {
+    if (const Origin origin = matters ? OriginOf(action, field) : Origin(); origin.isInherited) {
+        found.At(action, {String(words), origin.words});
+    }
+}
+
+/// The same for a text, which matters unless it is empty, in quotation marks behind `what`.
+void TellText(const CheckedAction& action, const Found& found, LineField field, const String& text,
+              StringView what = {}) {
+    if (!text.empty() && action.line.inherited.Contains(field)) {
+        Tell(action, found, field, true, String(what) + QuotedLine(text));
     }
 }
 
@@ -38,33 +46,29 @@ void Tell(const CheckedAction& action, const Found& found, LineField field, bool
 
 void RuleTests::InheritedMessage(const CheckedAction& action, const Found& found) {
     if (const auto* const record = action.As<aceNotify>()) {
-        Tell(action, found, LineField::Message, !record->Message.empty(),
-             QuotedLine(record->Message));
+        TellText(action, found, LineField::Message, record->Message);
     }
 }
 
 void RuleTests::InheritedSound(const CheckedAction& action, const Found& found) {
     const auto* const record = action.As<aceNotify>();
     if (record != nullptr) {
-        Tell(action, found, LineField::WaveFile, !record->WaveFile.empty(),
-             L"the sound " + QuotedLine(record->WaveFile));
+        TellText(action, found, LineField::WaveFile, record->WaveFile, L"the sound ");
         Tell(action, found, LineField::Beep, static_cast<bool>(record->Beep), L"the beep");
     }
 }
 
 void RuleTests::InheritedCommand(const CheckedAction& action, const Found& found) {
     if (const auto* const record = action.As<aceRemote>()) {
-        Tell(action, found, LineField::Command, !record->Command.empty(),
-             QuotedLine(record->Command));
+        TellText(action, found, LineField::Command, record->Command);
     }
 }
 
 void RuleTests::InheritedProgram(const CheckedAction& action, const Found& found) {
     const auto* const record = action.As<aceRemote>();
     if (record != nullptr) {
-        const bool starts = !record->Program.empty();
-        Tell(action, found, LineField::RemoteProgram, starts, QuotedLine(record->Program));
-        Tell(action, found, LineField::WaitPrgSync, starts && record->WaitPrgSync,
+        TellText(action, found, LineField::RemoteProgram, record->Program);
+        Tell(action, found, LineField::WaitPrgSync, !record->Program.empty() && record->WaitPrgSync,
              L"the wait for its confirmation");
     }
 }
@@ -81,22 +85,19 @@ void RuleTests::InheritedTerminator(const CheckedAction& action, const Found& fo
 void RuleTests::InheritedSignalPath(const CheckedAction& action, const Found& found) {
     if (const auto* const record = action.As<aceSetDevice>();
         record != nullptr && action.IsOf(L"SETDEV:")) {
-        Tell(action, found, LineField::DeviceSigPathName, !record->SigPathName.empty(),
-             QuotedLine(record->SigPathName));
+        TellText(action, found, LineField::DeviceSigPathName, record->SigPathName);
     }
 }
 
 void RuleTests::InheritedGenerator(const CheckedAction& action, const Found& found) {
     if (const auto* const record = action.As<aceTrackFreq>()) {
-        Tell(action, found, LineField::GenName, !record->GenName.empty(),
-             QuotedLine(record->GenName));
+        TellText(action, found, LineField::GenName, record->GenName);
     }
 }
 
 void RuleTests::InheritedMonitor(const CheckedAction& action, const Found& found) {
     if (const auto* const record = action.As<aceTrackFreq>()) {
-        Tell(action, found, LineField::MoniName, !record->MoniName.empty(),
-             QuotedLine(record->MoniName));
+        TellText(action, found, LineField::MoniName, record->MoniName);
     }
 }
 

@@ -103,8 +103,10 @@ std::optional<Radiation> RadiationOf(const CheckedAction& action) {
 std::set<String> LeftOff(const CheckedFile& file) {
     std::map<std::int32_t, Radiation> ofEnd;  // by the number of the entry
     ForEachAction(file, [&](const CheckedAction& action) {
-        const std::optional<Radiation> radiation = RadiationOf(action);
-        if (radiation && action.section.IsEndOfTest(action.line.list)) {
+        if (!action.section.IsEndOfTest(action.line.list)) {
+            return;
+        }
+        if (const std::optional<Radiation> radiation = RadiationOf(action)) {
             ofEnd.emplace(action.line.entry, *radiation);
         }
     });

@@ -17,27 +17,40 @@ constexpr GroupWords Groups[FindingGroupCount] = {
      L"of what does not do what it says"},
 };
 
-void Look(const CheckedFile& file, const Rule& rule, std::vector<Finding>& findings) {
-    const Found found(rule, findings);
-    if (rule.inFile != nullptr) {
-        rule.inFile(file, found);
-        return;
-    }
-    for (const CheckedSection& section : file.Sections()) {
-        if (section.isAgain) {
-            continue;  // its lines are told already
-        }
-        if (rule.inSection != nullptr) {
-            rule.inSection(file, section, found);
-        } else if (rule.inAction != nullptr) {
-            ForEachAction(file, section,
-                          [&](const CheckedAction& action) { rule.inAction(action, found); });
-        } else {
-            for (const CheckedLine& line : section.lines) {
-                rule.inLine(file, section, line, found);
+/// The rules by which a file is looked at: what is not loaded to its end is not known to be
+/// skipped, lost or unused.
+std::vector<const Rule*> RulesFor(const CheckedFile& file) {
+    std::vector<const Rule*> rules;
+    for (const auto part : {LoadRules(), RunRules()}) {
+        for (const Rule& rule : part) {
+            if (file.Failure().empty() || rule.group == FindingGroup::Stops) {
+                rules.push_back(&rule);
             }
         }
     }
+    return rules;
+}
+
+/// Each action is looked up once for all rules; a file has many.
+void LookAtSection(const CheckedFile& file, const CheckedSection& section,
+                   const std::vector<const Rule*>& rules, std::vector<Finding>& findings) {
+    std::vector<const Rule*> ofActions;
+    for (const Rule* const rule : rules) {
+        if (rule->inSection != nullptr) {
+            rule->inSection(file, section, Found(*rule, findings));
+        } else if (rule->inLine != nullptr) {
+            for (const CheckedLine& line : section.lines) {
+                rule->inLine(file, section, line, Found(*rule, findings));
+            }
+        } else if (rule->inAction != nullptr) {
+            ofActions.push_back(rule);
+        }
+    }
+    ForEachAction(file, section, [&](const CheckedAction& action) {
+        for (const Rule* const rule : ofActions) {
+            rule->inAction(action, Found(*rule, findings));
+        }
+    });
 }
 
 }  // namespace
@@ -93,16 +106,20 @@ void Found::At(const CheckedFile& file, const CheckedSection& section, const Che
 
 std::vector<Finding> FindingsOf(const CheckedFile& file) {
     std::vector<Finding> findings;
-    for (const auto part : {LoadRules(), RunRules()}) {
-        for (const Rule& rule : part) {
-            // what is not loaded to its end is not known to be skipped, lost or unused
-            if (file.Failure().empty() || rule.group == FindingGroup::Stops) {
-                Look(file, rule, findings);
-            }
+    const std::vector<const Rule*> rules = RulesFor(file);
+    for (const Rule* const rule : rules) {
+        if (rule->inFile != nullptr) {
+            rule->inFile(file, Found(*rule, findings));
         }
     }
+    for (const CheckedSection& section : file.Sections()) {
+        if (!section.isAgain) {  // otherwise its lines are told already
+            LookAtSection(file, section, rules, findings);
+        }
+    }
+    // those of a group stand in one table, so that their addresses are in its order
     std::ranges::stable_sort(findings, {}, [](const Finding& finding) {
-        return std::tuple(finding.rule->group, finding.place.line);
+        return std::tuple(finding.rule->group, finding.place.line, finding.rule);
     });
     return findings;
 }

@@ -21,7 +21,11 @@ struct CheckedAction {
     const Record* As() const {
         return std::get_if<Record>(&action.Parameter);
     }
-    bool IsOf(StringView keyword) const { return line.row->keyword == keyword; }
+    /// By a literal, whose length is known when this is compiled.
+    template <std::size_t Size>
+    bool IsOf(const wchar_t (&keyword)[Size]) const {
+        return line.row->keyword == StringView(keyword, Size - 1);
+    }
 };
 
 /// Hands each entry of a section that has a line to `look`, in the order of the file.
@@ -73,7 +77,7 @@ using FindInSection = void (*)(const CheckedFile& file, const CheckedSection& se
                                const Found& found);
 using FindInFile = void (*)(const CheckedFile& file, const Found& found);
 
-/// One rule. It has one of the four ways of looking.
+/// One rule. It has one of the four ways of looking. A rule stands in the table of its group.
 struct Rule {
     StringView name;  ///< for programs and tests: never changed once it is known
     FindingGroup group = FindingGroup::Lost;

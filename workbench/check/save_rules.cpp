@@ -19,9 +19,11 @@ using SavedLists = std::array<std::vector<String>, std::size(ActionLists)>;
 SavedLists Saved(ThreadContext& context, const p_Subrange& set) {
     SavedLists saved;
     for (std::size_t i = 0; i < saved.size(); ++i) {
-        const Value lines =
-            modActions::WriteSection(context, set.*ActionLists[i].actions,
-                                     set.*ActionLists[i].count, static_cast<std::int32_t>(i) + 1);
+        const std::int32_t count = set.*ActionLists[i].count;
+        const Value lines = count < 1
+                                ? Value()
+                                : modActions::WriteSection(context, set.*ActionLists[i].actions,
+                                                           count, static_cast<std::int32_t>(i) + 1);
         if (const auto* const texts = std::get_if<DynArray<String>>(&lines)) {
             for (std::int32_t k = 1; k <= texts->UpperBound(); ++k) {
                 saved[i].push_back((*texts)[k]);

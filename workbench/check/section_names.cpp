@@ -36,8 +36,7 @@ std::span<const OwnSection> OwnSections() {
     return Own;
 }
 
-const OwnSection* OwnSectionOf(StringView name) {
-    const String numberless = Numberless(name);
+const OwnSection* OwnSectionOf(StringView numberless) {
     for (const OwnSection& section : Own) {
         if (EqualNoCase(section.name, numberless)) {
             return &section;
@@ -47,7 +46,7 @@ const OwnSection* OwnSectionOf(StringView name) {
 }
 
 std::span<const StringView> KnownKeys(StringView name) {
-    if (const OwnSection* const own = OwnSectionOf(name)) {
+    if (const OwnSection* const own = OwnSectionOf(Numberless(name))) {
         return own->keys;
     }
     if (BeginsWith(name, L"ActionsOnVKSTemplate_")) {

@@ -19,8 +19,8 @@ struct OwnSection {
     std::span<const StringView> keys;
 };
 std::span<const OwnSection> OwnSections();
-/// None for a section that is not the workbench's.
-const OwnSection* OwnSectionOf(StringView name);
+/// By the name with "#" for its numbers; none for a section that is not the workbench's.
+const OwnSection* OwnSectionOf(StringView numberless);
 /// The keys that a section has beside lines of actions, or of the workbench; none for any keys.
 std::span<const StringView> KnownKeys(StringView name);
 

@@ -105,7 +105,7 @@ bool IsOfAnotherTemplate(const CheckedFile& file, StringView name) {
 template <class Look>
 void ForEachUnread(const CheckedFile& file, Look&& look) {
     for (const SectionHeader& section : file.Headers()) {
-        if (section.isFirst && !section.isRead && OwnSectionOf(section.name) == nullptr &&
+        if (section.isFirst && !section.isRead && OwnSectionOf(section.numberless) == nullptr &&
             !IsOfAnotherTemplate(file, section.name)) {
             look(section);
         }
@@ -121,14 +121,6 @@ std::vector<StringView> KnownNames(const std::vector<String>& engine) {
     names.push_back(DeviceSection);
     return names;
 }
-std::vector<String> EngineNames(const CheckedFile& file) {
-    Names names;
-    for (const CheckedSection& section : file.Sections()) {
-        names.insert(Numberless(section.name));
-    }
-    return {names.begin(), names.end()};
-}
-
 /// The name in a line that has one bracket of a header and not the other.
 std::optional<String> NameInHalfBrackets(StringView line) {
     const StringView text = Trimmed(line);
@@ -176,12 +168,11 @@ void RuleTests::SectionBeyond(const CheckedFile& file, const Found& found) {
 }
 
 void RuleTests::MisspeltSection(const CheckedFile& file, const Found& found) {
-    const std::vector<String> engine = EngineNames(file);
-    const std::vector<StringView> known = KnownNames(engine);
+    const std::vector<StringView> known = KnownNames(file.EngineNames());
     ForEachUnread(file, [&](const SectionHeader& section) {
-        const String numberless = Numberless(section.name);
-        const StringView near = NearestWord(numberless, known);
-        if (!NumberOf(file, section.name) && !near.empty() && !EqualNoCase(near, numberless)) {
+        const StringView near = NearestWord(section.numberless, known);
+        if (!NumberOf(file, section.name) && !near.empty() &&
+            !EqualNoCase(near, section.numberless)) {
             found.At({file.Input().path, section.line, section.name}, {String(near)});
         }
     });
@@ -189,20 +180,15 @@ void RuleTests::MisspeltSection(const CheckedFile& file, const Found& found) {
 
 /// A section with a number beyond is told as that, and one with a slip in its name as misspelt.
 void RuleTests::SectionUnread(const CheckedFile& file, const Found& found) {
-    if (!file.Failure().empty()) {
-        return;  // what stands behind the failure was not come to
-    }
     const std::int32_t count = file.Input().setUp.subRanges;
-    const std::vector<String> engine = EngineNames(file);
-    const std::vector<StringView> known = KnownNames(engine);
+    const std::vector<StringView> known = KnownNames(file.EngineNames());
     ForEachUnread(file, [&](const SectionHeader& section) {
         const bool isEngines =
             BeginsWith(section.name, EngineWord) && !EndsWith(section.name, KeysEnd);
         const std::optional<std::int32_t> number = NumberOf(file, section.name);
         const bool isBeyond = number && (*number > count || *number < 1);
-        const String numberless = Numberless(section.name);
-        const StringView near = NearestWord(numberless, known);
-        const bool isSlip = !near.empty() && !EqualNoCase(near, numberless) && !number;
+        const StringView near = NearestWord(section.numberless, known);
+        const bool isSlip = !near.empty() && !EqualNoCase(near, section.numberless) && !number;
         if ((isEngines || BeginsWith(section.name, L"Workbench")) && !isBeyond && !isSlip) {
             found.At({file.Input().path, section.line, section.name},
                      {String(ModuleWordsOf(file.Input().setUp.moduleKind).words)});
@@ -221,8 +207,7 @@ void RuleTests::SectionTwice(const CheckedFile& file, const Found& found) {
 /// A line that would open a section if it had both of its brackets. In the user's own sections only
 /// what looks like a name that is read.
 void RuleTests::HeaderBroken(const CheckedFile& file, const Found& found) {
-    const std::vector<String> engine = EngineNames(file);
-    const std::vector<StringView> known = KnownNames(engine);
+    const std::vector<StringView> known = KnownNames(file.EngineNames());
     for (const SectionHeader& section : file.Headers()) {
         if (section.isRead || !section.isFirst) {
             continue;  // in what is read it stops the load
@@ -231,7 +216,7 @@ void RuleTests::HeaderBroken(const CheckedFile& file, const Found& found) {
         for (const String& text : file.Input().document->GetSection(section.name)) {
             ++line;
             const std::optional<String> name = NameInHalfBrackets(text);
-            if (name && (OwnSectionOf(section.name) != nullptr ||
+            if (name && (OwnSectionOf(section.numberless) != nullptr ||
                          !NearestWord(Numberless(*name), known).empty())) {
                 found.At({file.Input().path, line, section.name, {}, text}, {*name});
             }
@@ -285,7 +270,7 @@ void RuleTests::MisspeltKey(const CheckedFile& file, const Found& found) {
 void RuleTests::KeyTwice(const CheckedFile& file, const Found& found) {
     for (const SectionHeader& section : file.Headers()) {
         Names seen;
-        if (OwnSectionOf(section.name) == nullptr || !section.isFirst) {
+        if (OwnSectionOf(section.numberless) == nullptr || !section.isFirst) {
             continue;
         }
         for (const KeyLine& key : file.KeyLines(section.name)) {
@@ -320,7 +305,7 @@ void RuleTests::UnusedDeviceSection(const CheckedFile& file, const Found& found)
     const aceModul moduleKind = file.Input().setUp.moduleKind;
     const bool isWhole = moduleKind != aceVKSDUT && moduleKind != aceEMSAutoTemplate;
     for (const SectionHeader& section : file.Headers()) {
-        if (isWhole && section.isFirst && EqualNoCase(Numberless(section.name), DeviceSection) &&
+        if (isWhole && section.isFirst && EqualNoCase(section.numberless, DeviceSection) &&
             !used.contains(section.name)) {
             found.At({file.Input().path, section.line, section.name});
         }
