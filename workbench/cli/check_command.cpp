@@ -50,9 +50,7 @@ void Print(ConsoleReport& report, const CheckInput& input, const std::vector<Fin
            std::size_t width) {
     report.PrintPair(L"File", input.path);
     report.PrintPair(L"Module", ModuleText(input.setUp.moduleKind, input.setUp.subRanges));
-    for (const String& note : input.setUp.notes) {
-        report.PrintPair(L"Note", note);
-    }
+    report.PrintNotes(input.setUp.notes);
     report.PrintPair(L"Findings", CountsText(findings));
     const Finding* before = nullptr;
     for (const Finding& finding : findings) {

@@ -107,11 +107,21 @@ String ErrorsText(const Summary& summary) {
 
 }  // namespace
 
-void ConsoleReport::PrintTest(const TestSetUp& setUp) {
+void ConsoleReport::PrintTitle(const TestSetUp& setUp) {
     if (!setUp.title.empty()) {
         PrintPair(L"Title", setUp.title);
     }
     PrintPair(L"Module", ModuleText(setUp.moduleKind, setUp.subRanges));
+}
+
+void ConsoleReport::PrintNotes(const std::vector<String>& notes) {
+    for (const String& note : notes) {
+        PrintPair(L"Note", note);
+    }
+}
+
+void ConsoleReport::PrintTest(const TestSetUp& setUp) {
+    PrintTitle(setUp);
     if (setUp.moduleKind == aceVKSDUT) {
         PrintPair(L"Matrix", MatrixText(setUp.matrix));
     }
@@ -130,9 +140,7 @@ void ConsoleReport::PrintSetUp(const String& file, const TestSetUp& setUp, Clock
     if (isReal) {
         PrintPair(L"Transports", L"real: commands leave this machine, programs are started");
     }
-    for (const String& note : setUp.notes) {
-        PrintPair(L"Note", note);
-    }
+    PrintNotes(setUp.notes);
     PrintFindings(findings);
     Print({});
 }

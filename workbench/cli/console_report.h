@@ -16,8 +16,12 @@ class ConsoleReport final : public SessionListener {
     /// `out` must outlive the object.
     ConsoleReport(std::ostream& out, bool isTerminal) : x_out(out), x_isTerminal(isTerminal) {}
 
+    /// Title and module.
+    void PrintTitle(const TestSetUp& setUp);
     /// What is tested: title, module, matrix and sweeps.
     void PrintTest(const TestSetUp& setUp);
+    /// What the user should know before, one line each.
+    void PrintNotes(const std::vector<String>& notes);
     /// `isReal` says that the transports are. Of the findings those that surely end the test are
     /// told, and the number of the others.
     void PrintSetUp(const String& file, const TestSetUp& setUp, Clock clock, bool isReal,

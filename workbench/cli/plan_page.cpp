@@ -112,7 +112,6 @@ class Page {
     Page(ConsoleReport& report, const TestSetUp& setUp, const Rehearsal& rehearsal)
         : x_report(report), x_setUp(setUp), x_rehearsal(rehearsal) {}
 
-    void PrintNotes(const std::vector<String>& notes);
     void PrintEnds();
     void PrintLists();
     void PrintWaiting();
@@ -146,12 +145,6 @@ void Page::PrintSome(const String& title, const std::vector<Item>& items, std::s
     }
     if (items.size() > most) {
         x_report.PrintText(L"  and " + Counted(items.size() - most, one, many) + L" more");
-    }
-}
-
-void Page::PrintNotes(const std::vector<String>& notes) {
-    for (const String& note : notes) {
-        x_report.PrintPair(L"Note", note);
     }
 }
 
@@ -295,7 +288,7 @@ void PrintPlan(ConsoleReport& report, const TestSetUp& setUp, const std::vector<
     report.PrintTest(setUp);
     Page page(report, setUp, rehearsal);
     page.PrintTime();
-    page.PrintNotes(notes);
+    report.PrintNotes(notes);
     report.PrintUnused(answers);
     page.PrintEnds();
     page.PrintLists();

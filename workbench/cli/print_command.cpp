@@ -101,15 +101,9 @@ String Joined(const std::vector<String>& lines) {
 void Print(ConsoleReport& report, const TestSetUp& setUp, const Content& content,
            std::size_t width) {
     constexpr std::size_t PageWidth = 78;
-    if (!setUp.title.empty()) {
-        report.PrintPair(L"Title", setUp.title);
-    }
-    report.PrintPair(L"Module", ModuleText(setUp.moduleKind, setUp.subRanges));
-    for (const auto* notes : {&setUp.notes, &content.notes}) {
-        for (const String& note : *notes) {
-            report.PrintPair(L"Note", note);
-        }
-    }
+    report.PrintTitle(setUp);
+    report.PrintNotes(setUp.notes);
+    report.PrintNotes(content.notes);
     report.PrintText(Joined(content.lines));
     const std::vector<Paragraph> note = GapsText(content.gaps);
     if (!note.empty()) {

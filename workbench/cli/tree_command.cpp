@@ -121,15 +121,9 @@ Content ReadContent(const TestSetUp& setUp, const String& file) {
 }
 
 void Print(ConsoleReport& report, const TestSetUp& setUp, const Content& content) {
-    if (!setUp.title.empty()) {
-        report.PrintPair(L"Title", setUp.title);
-    }
-    report.PrintPair(L"Module", ModuleText(setUp.moduleKind, setUp.subRanges));
-    for (const auto* notes : {&setUp.notes, &content.notes}) {
-        for (const String& note : *notes) {
-            report.PrintPair(L"Note", note);
-        }
-    }
+    report.PrintTitle(setUp);
+    report.PrintNotes(setUp.notes);
+    report.PrintNotes(content.notes);
     report.PrintText(content.rows.empty() ? L"\nno moments" : L"\n");
     for (const Row& row : content.rows) {
         report.PrintText(LineOf(row));
