@@ -103,6 +103,8 @@ TEST(WhatRuns, NoMomentRunsTheListsOfAnotherModule) {
     EXPECT_EQ(ListsThatRun(aceEMSAutoTemplate, &L::EMSAutoGeneral), ListNumbers());
     EXPECT_EQ(ListsThatRun(aceEMSAutoTemplateGeneral, &L::EMSAutoSteps), ListNumbers());
     EXPECT_EQ(ListsThatRun(aceVKSDUT, &L::VKSTests), ListNumbers());
+    p_Subrange L::*const none = nullptr;
+    EXPECT_EQ(ListsThatRun(aceTSTemplate, none), ListNumbers());
     for (const std::int32_t moduleKind : {-1, ModulCount}) {
         EXPECT_EQ(ListsThatRun(moduleKind, &L::MainTest), ListNumbers());
         EXPECT_EQ(ListsThatRun(moduleKind, &L::MainSubranges), ListNumbers());

@@ -135,7 +135,7 @@ String DeviceIn(const String& pattern, ThreadContext& context) {
 }
 
 /// Why a failure of the equipment never shows; empty when it can.
-String WhyNeverRead(const CheckedFile& file, const Acts& acts, const String& device,
+String WhyNeverRead(const std::vector<Moment>& plan, const Acts& acts, const String& device,
                     const sim::SimEutFailure& failure) {
     const bool isRead = std::ranges::any_of(acts.readings, [&](const auto& reading) {
         return EqualNoCase(reading.first, device) && reading.second == failure.channel;
@@ -144,7 +144,6 @@ String WhyNeverRead(const CheckedFile& file, const Acts& acts, const String& dev
         return L"no action reads channel " + std::to_wstring(failure.channel) + L" of " +
                QuotedLine(device);
     }
-    const std::vector<Moment> plan = PlanOf(file.Input().setUp);
     const bool isReached = std::ranges::any_of(plan, [&](const Moment& moment) {
         return moment.hertz >= failure.fromHz && moment.hertz <= failure.toHz;
     });
@@ -239,6 +238,7 @@ void RuleTests::FailureNeverRead(const CheckedFile& file, const Found& found) {
     if (input.bench == nullptr || !input.benchDocument) {
         return;
     }
+    const std::vector<Moment> plan = PlanOf(input.setUp);
     const Acts acts = ActsOf(file);
     for (const auto& device : input.bench->devices) {
         const auto* const monitor = dynamic_cast<const sim::SimMonitor*>(device.get());
@@ -255,7 +255,7 @@ void RuleTests::FailureNeverRead(const CheckedFile& file, const Found& found) {
                 failure == monitor->failures.end()) {
                 continue;
             }
-            if (const String why = WhyNeverRead(file, acts, device->name, *failure); !why.empty()) {
+            if (const String why = WhyNeverRead(plan, acts, device->name, *failure); !why.empty()) {
                 found.At(
                     {input.benchPath, line, device->name, String(key), text.substr(equals + 1)},
                     {why});

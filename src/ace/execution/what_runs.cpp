@@ -10,7 +10,8 @@ bool HasMoment(std::int32_t moduleKind, p_Subrange ModuleLists::*fixed, std::int
     const bool isMoment = std::ranges::any_of(MomentTable(), [&](const MomentRow& row) {
         return row.moduleKind == moduleKind && row.fixed == fixed && row.list == list;
     });
-    return isMoment || (list == FreqList && FrequencySetOf(moduleKind) == fixed);
+    return fixed != nullptr &&
+           (isMoment || (list == FreqList && FrequencySetOf(moduleKind) == fixed));
 }
 
 bool HasMoment(std::int32_t moduleKind, DynArray<p_Subrange> ModuleLists::*sets,
